@@ -1,0 +1,80 @@
+# Every target of the project is declared through these functions, so that all of them share warnings, include folder
+# and sanitizers.
+#
+#   panel_library(NAME SOURCES a.cpp ... LINK panel_basic ...)   static library, or INTERFACE without any SOURCES
+#   panel_program(NAME SOURCES main.cpp ... LINK ...)            executable
+#   panel_test(NAME SOURCES a_test.cpp ... LINK ...)             GoogleTest program whose cases ctest lists one by one
+#   panel_add_folder(folder ...)                                 add_subdirectory for the folders that have a CMakeLists.txt
+
+# Files below src/ and hosts/ are included by their path from there: "basic/variant.h", "recording/trace.h".
+set(PANEL_INCLUDE_DIRS "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}/hosts")
+
+function(panel_target_defaults target)
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+    if(SERVOPANEL_WERROR)
+        target_compile_options(${target} PRIVATE -Werror)
+    endif()
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+        # g++ 12 reports overlaps inside std::string's operator+ that cannot happen.
+        target_compile_options(${target} PRIVATE -Wno-restrict)
+    endif()
+    if(SERVOPANEL_SANITIZE)
+        target_compile_options(${target} PRIVATE -fsanitize=${SERVOPANEL_SANITIZE} -fno-sanitize-recover=all
+                                                 -fno-omit-frame-pointer)
+        if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+            # Instrumented code makes g++ doubt variables that every path sets.
+            target_compile_options(${target} PRIVATE -Wno-maybe-uninitialized)
+        endif()
+        target_link_options(${target} PUBLIC -fsanitize=${SERVOPANEL_SANITIZE})
+    endif()
+endfunction()
+
+function(panel_library name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK")
+    if(arg_UNPARSED_ARGUMENTS)
+        message(FATAL_ERROR "panel_library(${name}): do not know what to do with ${arg_UNPARSED_ARGUMENTS}")
+    endif()
+    if(NOT arg_SOURCES)
+        add_library(${name} INTERFACE)
+        target_include_directories(${name} INTERFACE ${PANEL_INCLUDE_DIRS})
+        target_link_libraries(${name} INTERFACE ${arg_LINK})
+        return()
+    endif()
+    add_library(${name} STATIC ${arg_SOURCES})
+    panel_target_defaults(${name})
+    target_include_directories(${name} PUBLIC ${PANEL_INCLUDE_DIRS})
+    target_link_libraries(${name} PUBLIC ${arg_LINK})
+endfunction()
+
+function(panel_program name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK")
+    if(arg_UNPARSED_ARGUMENTS)
+        message(FATAL_ERROR "panel_program(${name}): do not know what to do with ${arg_UNPARSED_ARGUMENTS}")
+    endif()
+    add_executable(${name} ${arg_SOURCES})
+    panel_target_defaults(${name})
+    target_include_directories(${name} PRIVATE ${PANEL_INCLUDE_DIRS})
+    target_link_libraries(${name} PRIVATE ${arg_LINK})
+endfunction()
+
+function(panel_test name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK")
+    if(arg_UNPARSED_ARGUMENTS)
+        message(FATAL_ERROR "panel_test(${name}): do not know what to do with ${arg_UNPARSED_ARGUMENTS}")
+    endif()
+    add_executable(${name} ${arg_SOURCES})
+    panel_target_defaults(${name})
+    # Test helpers are included by their path from tests/.
+    target_include_directories(${name} PRIVATE ${PANEL_INCLUDE_DIRS} "${PROJECT_SOURCE_DIR}/tests")
+    target_compile_definitions(${name} PRIVATE SERVOPANEL_TESTS_DIR="${PROJECT_SOURCE_DIR}/tests")
+    target_link_libraries(${name} PRIVATE ${arg_LINK} GTest::gtest GTest::gtest_main)
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+endfunction()
+
+function(panel_add_folder)
+    foreach(folder IN LISTS ARGN)
+        if(EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/${folder}/CMakeLists.txt")
+            add_subdirectory(${folder})
+        endif()
+    endforeach()
+endfunction()
