@@ -1,0 +1,125 @@
+#include "basic/text.h"
+
+#include "basic/conversions.h"
+#include "basic/error.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+
+namespace servopanel::basic {
+
+std::string upperCase(std::string_view text)
+{
+    std::string upper;
+    upper.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(text[i]);
+        if (byte >= 'a' && byte <= 'z') {
+            upper += static_cast<char>(byte - 'a' + 'A');
+            continue;
+        }
+        const auto next = i + 1 < text.size() ? static_cast<unsigned char>(text[i + 1]) : 0U;
+        // U+00E0..U+00FE but the division sign: the capitals lie 32 code points below.
+        if (byte == 0xC3 && next >= 0xA0 && next <= 0xBE && next != 0xB7) {
+            upper += static_cast<char>(byte);
+            upper += static_cast<char>(next - 0x20);
+            ++i;
+            continue;
+        }
+        if (byte == 0xC3 && next == 0xBF) { // y with diaeresis, whose capital is U+0178
+            upper += "\xC5\xB8";
+            ++i;
+            continue;
+        }
+        upper += text[i];
+    }
+    return upper;
+}
+
+std::string_view trim(std::string_view text)
+{
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+namespace {
+
+bool isDigit(char sign) { return sign >= '0' && sign <= '9'; }
+
+// The longest start of the text that is a decimal number, with "D" accepted for the exponent.
+std::string leadingNumber(std::string_view text)
+{
+    std::string number;
+    std::size_t i = 0;
+    if (i < text.size() && (text[i] == '-' || text[i] == '+')) {
+        if (text[i] == '-') number += '-';
+        ++i;
+    }
+    const std::size_t first = i;
+    bool point = false;
+    while (i < text.size() && (isDigit(text[i]) || (text[i] == '.' && !point))) {
+        point = point || text[i] == '.';
+        number += text[i++];
+    }
+    if (i == first) return {};
+    if (i < text.size() && (text[i] == 'E' || text[i] == 'e' || text[i] == 'D' || text[i] == 'd')) {
+        std::size_t digits = i + 1;
+        std::string exponent = "e";
+        if (digits < text.size() && (text[digits] == '-' || text[digits] == '+')) exponent += text[digits++];
+        if (digits < text.size() && isDigit(text[digits])) {
+            while (digits < text.size() && isDigit(text[digits]))
+                exponent += text[digits++];
+            number += exponent;
+        }
+    }
+    return number;
+}
+
+double hexadecimalStart(std::string_view digits)
+{
+    std::uint32_t bits = 0;
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), bits, 16);
+    if (result.ec == std::errc::result_out_of_range) raise(ErrorNumber::Overflow);
+    return result.ptr - digits.data() <= 4 ? static_cast<double>(static_cast<std::int16_t>(bits))
+                                           : static_cast<double>(static_cast<std::int32_t>(bits));
+}
+
+} // namespace
+
+double Val(std::string_view text)
+{
+    std::string packed;
+    for (char sign : text)
+        if (sign != ' ' && sign != '\t' && sign != '\n' && sign != '\r') packed += sign;
+    if (packed.size() > 2 && packed[0] == '&' && (packed[1] == 'H' || packed[1] == 'h'))
+        return hexadecimalStart(std::string_view{packed}.substr(2));
+    const std::string number = leadingNumber(packed);
+    double value = 0;
+    const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
+    if (result.ec == std::errc::result_out_of_range) raise(ErrorNumber::Overflow);
+    return value;
+}
+
+std::string Format(const Variant& value, std::string_view zeros)
+{
+    if (value.type() == VariantType::Null || value.type() == VariantType::Empty) return {};
+    double number = 0;
+    try {
+        number = toDouble(value);
+    } catch (const Error&) {
+        if (const std::string* text = value.get<std::string>()) return *text;
+        throw;
+    }
+    const double rounded = std::round(std::fabs(number));
+    if (!std::isfinite(rounded)) raise(ErrorNumber::Overflow);
+    char buffer[352];
+    const auto result =
+        std::to_chars(std::begin(buffer), std::end(buffer), rounded, std::chars_format::fixed, 0);
+    std::string digits{std::begin(buffer), result.ptr};
+    if (digits.size() < zeros.size()) digits.insert(0, zeros.size() - digits.size(), '0');
+    return number < 0 && rounded != 0.0 ? "-" + digits : digits;
+}
+
+} // namespace servopanel::basic

@@ -1,0 +1,60 @@
+#include "basic/variant.h"
+
+#include "basic/conversions.h"
+#include "basic/error.h"
+
+namespace servopanel::basic {
+
+bool operator==(const Array& left, const Array& right)
+{
+    return left.elementType == right.elementType && left.lowerBound == right.lowerBound
+        && left.elements == right.elements;
+}
+
+VariantType Variant::type() const
+{
+    // In the order of the alternatives of value_.
+    constexpr VariantType types[]{VariantType::Empty, VariantType::Null, VariantType::Error,
+        VariantType::Boolean, VariantType::Byte, VariantType::Int16, VariantType::Int32, VariantType::Single,
+        VariantType::Double, VariantType::Currency, VariantType::Date, VariantType::Text, VariantType::Error,
+        VariantType::Object, VariantType::Array};
+    return types[value_.index()];
+}
+
+Variant doubles(const std::vector<double>& values)
+{
+    Array array{VariantType::Double, 0, {}};
+    array.elements.reserve(values.size());
+    for (double value : values)
+        array.elements.emplace_back(value);
+    return array;
+}
+
+namespace {
+
+std::size_t position(const Array& array, std::int32_t index)
+{
+    const std::int64_t offset = std::int64_t{index} - array.lowerBound;
+    if (offset < 0 || offset >= static_cast<std::int64_t>(array.elements.size()))
+        raise(ErrorNumber::SubscriptOutOfRange);
+    return static_cast<std::size_t>(offset);
+}
+
+} // namespace
+
+const Variant& element(const Variant& array, std::int32_t index)
+{
+    const Array* elements = array.get<Array>();
+    if (!elements) raise(ErrorNumber::TypeMismatch);
+    return elements->elements[position(*elements, index)];
+}
+
+void setElement(Variant& array, std::int32_t index, const Variant& value)
+{
+    Array* elements = array.get<Array>();
+    if (!elements) raise(ErrorNumber::TypeMismatch);
+    Variant& target = elements->elements[position(*elements, index)];
+    target = elements->elementType == VariantType::Variant ? value : convert(value, elements->elementType);
+}
+
+} // namespace servopanel::basic

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "basic/error.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace servopanel::platform {
+
+// The lines of a text file without their ends, in UTF-8. failure: why reading stopped before the end.
+struct TextLines {
+    std::vector<std::string> lines;
+    std::optional<basic::Error> failure;
+};
+
+// Files and folders by full path, with backslashes and drive letters.
+class Files {
+public:
+    virtual ~Files() = default;
+
+    // Opens and reads a configuration file; error 53 or 76 when it cannot be opened. One file at a time is in use:
+    // closeText ends the use, and a host may keep the file to itself until then.
+    virtual TextLines openText(std::string_view path) = 0;
+    virtual void closeText() = 0;
+    // Replaces a text file by these lines, each ended by CR LF.
+    virtual void writeText(std::string_view path, const std::vector<std::string>& lines) = 0;
+
+    // Whether a file or a folder of this name exists.
+    virtual bool exists(std::string_view path) = 0;
+    // Error 76 when its parent is missing.
+    virtual void createFolder(std::string_view path) = 0;
+};
+
+} // namespace servopanel::platform
