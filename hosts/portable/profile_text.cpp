@@ -1,0 +1,76 @@
+#include "portable/profile_text.h"
+
+#include "basic/text.h"
+
+#include <cstddef>
+
+namespace servopanel::portable {
+
+namespace {
+
+constexpr std::size_t longestValue = 254;
+
+// Tabs count as blanks here, unlike in basic::trim.
+std::string_view trimBlanks(std::string_view text)
+{
+    constexpr std::string_view blanks{" \t"};
+    const std::size_t first = text.find_first_not_of(blanks);
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+std::string_view withoutQuotes(std::string_view value)
+{
+    if (value.size() < 2) return value;
+    const char quote = value.front();
+    if ((quote != '"' && quote != '\'') || value.back() != quote) return value;
+    return value.substr(1, value.size() - 2);
+}
+
+// Whole characters only: a continuation byte never counts.
+std::string_view cutAfter(std::string_view text, std::size_t characters)
+{
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool startsCharacter = (static_cast<unsigned char>(text[i]) & 0xC0U) != 0x80U;
+        if (startsCharacter && characters-- == 0) return text.substr(0, i);
+    }
+    return text;
+}
+
+// The name between the brackets when the line is the head of a section.
+std::optional<std::string_view> sectionName(std::string_view line)
+{
+    if (line.empty() || line.front() != '[') return std::nullopt;
+    const std::size_t end = line.find(']');
+    if (end == std::string_view::npos) return std::nullopt;
+    return trimBlanks(line.substr(1, end - 1));
+}
+
+} // namespace
+
+std::optional<std::string> profileLookUp(
+    const std::vector<std::string>& lines, std::string_view section, std::string_view entry)
+{
+    const std::string wantedSection = basic::upperCase(trimBlanks(section));
+    const std::string wantedEntry = basic::upperCase(trimBlanks(entry));
+    if (wantedEntry.empty()) return std::nullopt;
+
+    bool inside = false;
+    for (const std::string& text : lines) {
+        const std::string_view line = trimBlanks(text);
+        if (line.empty() || line.front() == ';') continue;
+        if (const auto name = sectionName(line)) {
+            if (inside) return std::nullopt;
+            inside = basic::upperCase(*name) == wantedSection;
+            continue;
+        }
+        const std::size_t equals = line.find('=');
+        if (!inside || equals == std::string_view::npos) continue;
+        if (basic::upperCase(trimBlanks(line.substr(0, equals))) != wantedEntry) continue;
+        const std::string_view value = withoutQuotes(trimBlanks(line.substr(equals + 1)));
+        return std::string{cutAfter(value, longestValue)};
+    }
+    return std::nullopt;
+}
+
+} // namespace servopanel::portable

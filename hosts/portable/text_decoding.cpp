@@ -1,0 +1,101 @@
+#include "portable/text_decoding.h"
+
+#include <array>
+#include <cstddef>
+
+namespace servopanel::portable {
+
+namespace {
+
+// Code points of the bytes 0x80 to 0x9F; all other bytes stand for the code point of their own number.
+constexpr std::array<char16_t, 32> windows1252High{0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020,
+    0x2021, 0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C,
+    0x201D, 0x2022, 0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+void append(std::string& text, unsigned codePoint)
+{
+    const auto put = [&text](unsigned byte) { text += static_cast<char>(static_cast<unsigned char>(byte)); };
+    if (codePoint < 0x80U) {
+        put(codePoint);
+    } else if (codePoint < 0x800U) {
+        put(0xC0U | (codePoint >> 6U));
+        put(0x80U | (codePoint & 0x3FU));
+    } else {
+        put(0xE0U | (codePoint >> 12U));
+        put(0x80U | ((codePoint >> 6U) & 0x3FU));
+        put(0x80U | (codePoint & 0x3FU));
+    }
+}
+
+// What may follow a lead byte: how many bytes in all, and the range of the second one, which rules out overlong forms,
+// surrogates and code points that do not exist. Length 0: no lead byte.
+struct Sequence {
+    std::size_t length = 0;
+    unsigned secondLow = 0x80;
+    unsigned secondHigh = 0xBF;
+};
+
+constexpr Sequence sequence(unsigned lead)
+{
+    if (lead < 0x80U) return {1};
+    if (lead < 0xC2U) return {0};
+    if (lead < 0xE0U) return {2};
+    if (lead == 0xE0U) return {3, 0xA0, 0xBF};
+    if (lead == 0xEDU) return {3, 0x80, 0x9F};
+    if (lead < 0xF0U) return {3};
+    if (lead == 0xF0U) return {4, 0x90, 0xBF};
+    if (lead < 0xF4U) return {4};
+    if (lead == 0xF4U) return {4, 0x80, 0x8F};
+    return {0};
+}
+
+} // namespace
+
+bool isUtf8(std::string_view bytes)
+{
+    const auto byteAt = [bytes](std::size_t index) {
+        return static_cast<unsigned>(static_cast<unsigned char>(bytes[index]));
+    };
+    std::size_t i = 0;
+    while (i < bytes.size()) {
+        const Sequence expected = sequence(byteAt(i));
+        if (expected.length == 0 || expected.length > bytes.size() - i) return false;
+        if (expected.length > 1
+            && (byteAt(i + 1) < expected.secondLow || byteAt(i + 1) > expected.secondHigh))
+            return false;
+        for (std::size_t next = 2; next < expected.length; ++next)
+            if ((byteAt(i + next) & 0xC0U) != 0x80U) return false;
+        i += expected.length;
+    }
+    return true;
+}
+
+std::string fromWindows1252(std::string_view bytes)
+{
+    std::string text;
+    text.reserve(bytes.size() + bytes.size() / 8);
+    for (const char sign : bytes) {
+        const auto byte = static_cast<unsigned>(static_cast<unsigned char>(sign));
+        append(text, byte >= 0x80U && byte < 0xA0U ? windows1252High[byte - 0x80U] : byte);
+    }
+    return text;
+}
+
+std::vector<std::string> decodeLines(std::string_view bytes)
+{
+    constexpr std::string_view byteOrderMark{"\xEF\xBB\xBF"};
+    if (bytes.substr(0, byteOrderMark.size()) == byteOrderMark) bytes.remove_prefix(byteOrderMark.size());
+
+    const bool utf8 = isUtf8(bytes);
+    std::vector<std::string> lines;
+    while (!bytes.empty()) {
+        const std::size_t end = bytes.find_first_of("\r\n");
+        const std::string_view line = bytes.substr(0, end);
+        lines.push_back(utf8 ? std::string{line} : fromWindows1252(line));
+        if (end == std::string_view::npos) break;
+        bytes.remove_prefix(bytes.substr(end, 2) == "\r\n" ? end + 2 : end + 1);
+    }
+    return lines;
+}
+
+} // namespace servopanel::portable
