@@ -1,0 +1,35 @@
+#pragma once
+
+#include "machine/problem.h"
+
+#include <filesystem>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace servopanel::machine {
+
+// The texts of one language: lines "key = text", "#" begins a comment line. Blanks around key and text do not count; a
+// text in double quotes keeps the blanks inside them. Keys compare exactly.
+class Texts {
+public:
+    // Never fails: what is missing or wrong is among the problems. The file may be in UTF-8 or Windows-1252.
+    static Texts load(const std::filesystem::path& file);
+    // file: its name for the problems.
+    static Texts fromLines(const std::vector<std::string>& lines, std::string file);
+
+    // nullptr for an unknown key.
+    const std::string* find(std::string_view key) const;
+    // The text, "" for an unknown key.
+    std::string text(std::string_view key) const;
+
+    std::size_t size() const { return texts_.size(); }
+    const std::vector<Problem>& problems() const { return problems_; }
+
+private:
+    std::map<std::string, std::string, std::less<>> texts_;
+    std::vector<Problem> problems_;
+};
+
+} // namespace servopanel::machine
