@@ -14,10 +14,10 @@ template <class Result, class... Args>
 class FunctionRef<Result(Args...)> {
 public:
     template <class F, class = std::enable_if_t<!std::is_same_v<std::remove_cvref_t<F>, FunctionRef>>>
-    FunctionRef(F& function) // NOLINT(google-explicit-constructor): stands in for the function at the call
+    FunctionRef(F&& function) // NOLINT(google-explicit-constructor): stands in for the function at the call
         : object_{const_cast<void*>(static_cast<const void*>(std::addressof(function)))}
         , call_{[](void* object, Args... args) -> Result {
-            return (*static_cast<F*>(object))(std::forward<Args>(args)...);
+            return (*static_cast<std::remove_reference_t<F>*>(object))(std::forward<Args>(args)...);
         }}
     {
     }

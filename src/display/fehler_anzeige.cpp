@@ -13,4 +13,4 @@ void fehlerAnzeigeSchliessen(GemeinsamerZustand& zustand)
     anzeige->CloseMe();
 }
 
-}
+} // namespace servopanel::display

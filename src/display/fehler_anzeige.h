@@ -8,4 +8,4 @@ namespace servopanel::display {
 // of reports goes on. basic::Error when the display fails. Called at the end of every control.
 void fehlerAnzeigeSchliessen(GemeinsamerZustand& zustand);
 
-}
+} // namespace servopanel::display

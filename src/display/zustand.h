@@ -49,9 +49,6 @@ struct GemeinsamerZustand {
     std::int16_t PasswortStufe = 0; // access level at start-up
     std::int16_t SchriftStufe = 0; // 1 on 800-pixel panels, else 2; also the key frame's width in pixels
 
-    // Lives between start-ups: a machine whose servos have no such variable has only active ones.
-    basic::Variant servopassiv;
-
     // Written by HoleAufloesung.
     std::int16_t Aufloesung = 0; // panel width in pixels: 800, 1024 or 1280
     std::string AufloesungText; // the same in decimal, part of picture names

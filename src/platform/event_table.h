@@ -12,7 +12,8 @@
 namespace servopanel::platform {
 
 // One event of a child and the member of the control that handles it. index is the element of a control array.
-template <class C> struct EventRow {
+template <class C>
+struct EventRow {
     std::string_view child; // empty: the control's own surface
     std::string_view event;
     void (*handle)(C& control, std::int16_t index, Args args);
@@ -20,7 +21,8 @@ template <class C> struct EventRow {
 
 // The row of an event, nullptr when the control does not handle it.
 template <class C>
-const EventRow<C>* findEvent(std::span<const EventRow<C>> rows, std::string_view child, std::string_view event)
+const EventRow<C>* findEvent(
+    std::span<const EventRow<C>> rows, std::string_view child, std::string_view event)
 {
     for (const EventRow<C>& row : rows)
         if (row.child == child && row.event == event) return &row;
@@ -37,9 +39,6 @@ inline std::int16_t number(Args args, std::size_t position)
 {
     return basic::toInt16(argument(args, position));
 }
-inline float twips(Args args, std::size_t position)
-{
-    return basic::toSingle(argument(args, position));
-}
+inline float twips(Args args, std::size_t position) { return basic::toSingle(argument(args, position)); }
 
-}
+} // namespace servopanel::platform

@@ -1,54 +1,16 @@
 #pragma once
 
-#include "basic/arithmetic.h"
+#include "basic/statement_trap.h"
 #include "config/module.h"
 #include "platform/control_platform.h"
 #include "platform/hosted_control.h"
+#include "servo_menu/menue_zustand.h"
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace servopanel::servo_menu {
-
-// The key grid in twips; unscaled, with sizes of its own for 800-pixel panels.
-struct TastenRaster {
-    basic::CheckedArray<float, 2> Spalte; // left edges
-    basic::CheckedArray<float, 4> Zeile; // top edges
-    float TastenHöhe = 0;
-    float TastenBreite = 0; // left column
-    float Maß3 = 0; // width of the right column's frame and hit area
-    float Maß4 = 0; // distance of the caption from the key's left edge
-    float Maß5 = 0; // height of the caption's strip
-    float Maß6 = 0; // width of caption and source picture
-    float Maß7 = 0; // height of the source picture
-};
-
-// One footer key F1 to F10 as configured for the machine.
-struct MenüTaste {
-    std::string Bild;
-    bool Frei = false;
-};
-
-// A scroll that arrives while the page is being built is served by the running build.
-struct Rollanforderung {
-    std::int16_t Beschaeftigt = 0;
-    std::int16_t Position = 0;
-    std::int16_t Anforderungen = 0;
-    std::int16_t Bedient = 0;
-    bool Abbruch = false; // the running build stops before its next key
-};
-
-struct MenüZustand {
-    std::int16_t BildNummer = 0;
-    std::int16_t BildShow = 0;
-    std::string Bibliothek;
-    TastenRaster raster;
-    basic::CheckedArray<MenüTaste, 10, 1> Tasten;
-    Rollanforderung rollen;
-    std::int16_t GedrückteTaste = 0; // 1 to 8, 0 none
-    basic::CheckedArray<bool, 9> Gezeichnet; // by key, the look last drawn: True is pressed
-};
 
 // The menu of servo pictures: eight keys in two columns, a scroll bar, a footer. Every procedure has its own statement
 // trap and returns normally, each in the file of its name.
@@ -99,6 +61,25 @@ private:
         return platform_.form.child({name, index});
     }
     display::GemeinsamerZustand& gemeinsam() { return module_.umfeld.zustand; }
+    basic::ErrorSink& fehler() { return module_.umfeld.fehler; }
+
+    // List position that a key shows at the scroll bar's present position, from 1 on; beyond ServoAnzahl: an empty key.
+    std::int16_t listenPosition(std::int16_t taste);
+    // The edges of a key's frame and hit area in twips.
+    float tastenBreite(std::int16_t taste) const;
+
+    // Steps of procedures, each in its procedure's file.
+    void bedienelementeAnordnen(basic::StatementTrap& trap);
+    void tastenAnordnen(basic::StatementTrap& trap);
+    void fußzeileLesen(basic::StatementTrap& trap);
+    void fußzeileZeigen(basic::StatementTrap& trap);
+    void tasteBauen(basic::StatementTrap& trap, std::int16_t taste, std::int16_t position);
+    void bildBeschaffen(basic::StatementTrap& trap, std::int16_t servo, std::int16_t variante);
+    void bildSkalieren(basic::StatementTrap& trap, const std::string& quelle);
+    void kopieSichern(basic::StatementTrap& trap, const std::string& kopie, std::int16_t servo);
+    void schriftÜbernehmen(basic::StatementTrap& trap, platform::ChildId ziel);
+    void rahmenZeichnen(basic::StatementTrap& trap, std::int16_t taste, std::int16_t einzug,
+        std::int32_t erste, std::int32_t zweite);
 
     config::Module module_;
     platform::ControlPlatform platform_;
