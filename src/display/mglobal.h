@@ -1,5 +1,6 @@
 #pragma once
 
+#include "basic/statement_trap.h"
 #include "display/umfeld.h"
 #include "platform/control.h"
 
@@ -60,6 +61,8 @@ public:
     void BildLaden(std::string_view bibliothek, std::int16_t servoNummer, std::int16_t variante);
 
 private:
+    void SchriftAnpassen(basic::StatementTrap& trap, platform::Control& objekt, const PosAngaben& angaben);
+
     Umfeld& umfeld_;
 };
 
