@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -29,6 +30,19 @@ constexpr std::int16_t zeichnungsFeld(std::int16_t item)
 {
     return istZeichnungLinks(item) ? std::int16_t{41} : std::int16_t{42};
 }
+// The three items of the drawing number of field 41 or 42, in reading order.
+constexpr std::array<std::int16_t, 3> zeichnungsItems(std::int16_t feld)
+{
+    return {feld, static_cast<std::int16_t>(feld + 2), static_cast<std::int16_t>(feld + 4)};
+}
+
+// The two groups of setpoints; each has its own families of variables, element 0 belongs to the first field.
+struct FeldBereich {
+    std::int16_t erstes;
+    std::int16_t letztes;
+};
+inline constexpr FeldBereich ersteGruppe{1, 20};
+inline constexpr FeldBereich zweiteGruppe{21, 24};
 
 // Control arrays of the half that a field lies on.
 constexpr std::string_view sollwertName(std::int16_t feld)
@@ -39,6 +53,28 @@ constexpr std::string_view schalterName(std::int16_t feld) { return feld <= 32 ?
 constexpr std::string_view zeichnungName(std::int16_t item)
 {
     return istZeichnungLinks(item) ? "ZeichnungL" : "ZeichnungR";
+}
+
+// The half that a field or drawing item lies on.
+constexpr bool istLinkeHälfte(std::int16_t feld)
+{
+    return istSollwertLinks(feld) || feld == 31 || feld == 32 || istZeichnungLinks(feld);
+}
+constexpr std::string_view beschriftungName(std::int16_t feld)
+{
+    return istLinkeHälfte(feld) ? "BeschriftungL" : "BeschriftungR";
+}
+constexpr std::string_view beschriftung2Name(std::int16_t feld)
+{
+    return istLinkeHälfte(feld) ? "BeschriftungL2" : "BeschriftungR2";
+}
+constexpr std::string_view einheitName(std::int16_t feld)
+{
+    return istLinkeHälfte(feld) ? "EinheitL" : "EinheitR";
+}
+constexpr std::string_view punktName(std::int16_t item)
+{
+    return istZeichnungLinks(item) ? "PunktL" : "PunktR";
 }
 
 // Where a field's value and definition come from: the family of process variables and the element within it.
