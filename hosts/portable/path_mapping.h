@@ -24,8 +24,8 @@ public:
     void mapFolder(std::string_view name, const std::filesystem::path& folder);
 
     // Lets the value of the environment variable TEMPVELM name a temporary folder: an existing folder of this system
-    // is used as it is; a drive name that leads nowhere yet becomes the system's temporary folder. An empty text does
-    // nothing.
+    // is used as it is; a drive name that leads nowhere yet becomes the system's temporary folder. Any other text
+    // does nothing.
     void mapTemporaryFolder(std::string_view name);
 
     // The full name of a project-relative name, with backslashes: the project's own place, so that a message tells

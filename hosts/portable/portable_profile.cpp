@@ -1,0 +1,22 @@
+#include "portable/portable_profile.h"
+
+#include "basic/error.h"
+#include "portable/portable_files.h"
+#include "portable/profile_text.h"
+#include "portable/text_decoding.h"
+#include "portable/text_reading.h"
+
+namespace servopanel::portable {
+
+std::optional<std::string> PortableProfile::text(
+    std::string_view file, std::string_view section, std::string_view entry)
+{
+    try {
+        const FileBytes content = readFile(mapping_.resolve(file), PortableFiles::largestText, file);
+        return profileLookUp(decodeLines(content.bytes), section, entry);
+    } catch (const basic::Error&) {
+        return std::nullopt;
+    }
+}
+
+} // namespace servopanel::portable
