@@ -1,0 +1,59 @@
+#include "config/mservice.h"
+
+#include "basic/statement_trap.h"
+
+#include <vector>
+
+namespace servopanel::config {
+
+namespace {
+
+// What happens while the file is written back is nobody's business any more.
+class Schweigen final : public basic::ErrorSink {
+public:
+    void report(const basic::Error&, std::string_view) noexcept override { }
+};
+
+// The lines of the sections. LEGACY: entries before the first section are lost.
+std::vector<std::string> zeilen(basic::StatementTrap& trap, const IniSpeicher& speicher)
+{
+    std::vector<std::string> ergebnis;
+    for (std::int32_t i = 1; i <= speicher.IniSektionAnzahl; ++i) {
+        const IniSektion* sektion = nullptr;
+        trap([&] { sektion = &speicher.IniSektionen[i]; });
+        if (!sektion) break;
+        ergebnis.push_back("[" + sektion->Name + "]");
+        for (std::int32_t j = sektion->ErsterEintrag; j <= sektion->LetzterEintrag; ++j) {
+            trap([&] {
+                const IniEintrag& eintrag = speicher.IniEintraege[j];
+                ergebnis.push_back(eintrag.Name + "=" + eintrag.Wert);
+            });
+        }
+    }
+    return ergebnis;
+}
+
+} // namespace
+
+void MService::CloseIni()
+{
+    basic::StatementTrap trap{umfeld_.fehler, "CloseIni"};
+    IniSpeicher& speicher = *speicher_;
+
+    // 1. Nothing is open.
+    if (!speicher.IniGeoeffnet) return;
+
+    // 2. The file is free for others, and for being replaced.
+    trap([&] { umfeld_.platform.files.closeText(); });
+
+    // 3. Write a changed cache back; whatever fails from here on is passed over in silence.
+    if (speicher.IniGeaendert) {
+        Schweigen schweigen;
+        basic::StatementTrap still{schweigen, "CloseIni"};
+        const std::vector<std::string> inhalt = zeilen(still, speicher);
+        still([&] { umfeld_.platform.files.writeText(speicher.IniDateiName, inhalt); });
+    }
+    speicher.IniGeoeffnet = false;
+}
+
+} // namespace servopanel::config
