@@ -52,6 +52,7 @@ struct Bearbeitung {
     std::int16_t Geaendert = 0; // there are changes not yet written
     std::int16_t Bestaetigen = 0; // keys 10 and 11 stand for confirm and cancel
     std::int16_t ZweiterModus = 0; // a touch opens the definition editor
+    std::int16_t AktiverSollwert = 0; // setpoint that the mask edits, 0 none
     std::int16_t AktiveZeichnung = 0; // item 41 to 46 that the mask edits, 0 none
     std::int16_t EditorZiel = 0; // field whose definition the editor edits
 };

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "basic/statement_trap.h"
 #include "config/module.h"
 #include "platform/control_platform.h"
+#include "platform/facades/sollwert.h"
 #include "platform/hosted_control.h"
+#include "servo_page/felder.h"
 #include "servo_page/seiten_zustand.h"
 
 #include <cstdint>
@@ -65,6 +68,7 @@ private:
     }
 
     display::GemeinsamerZustand& gemeinsam() { return module_.umfeld.zustand; }
+    basic::ErrorSink& fehler() { return module_.umfeld.fehler; }
     // Servo number of the shown servo; error 9 when AktServo is outside 1..50.
     std::int16_t servoNummer() { return gemeinsam().ServoNr[gemeinsam().AktServo]; }
     // A variable of the shown servo, such as family "_servo_para_".
@@ -77,6 +81,39 @@ private:
     // procedure's file.
     // -- structure --
     // -- values --
+    // Position of a field's definition in the shared table, 0 or less when it has none.
+    std::int16_t definitionsPosition(const Familie& familie);
+    // Key 11 leaves the page again, keys 10, 11 and 31 carry their normal texts.
+    void tastenNormal(basic::StatementTrap& trap);
+    using Sollwertgrenze = void (platform::Sollwert::*)(std::string_view);
+    void sollwerteLesen(basic::StatementTrap& trap, std::string_view familie, FeldBereich felder);
+    void grenzenLesen(
+        basic::StatementTrap& trap, std::string_view familie, FeldBereich felder, Sollwertgrenze grenze);
+    void schalterLesen(basic::StatementTrap& trap);
+    void zeichnungenLesen(basic::StatementTrap& trap);
+    void diagnoseLesen(basic::StatementTrap& trap);
+    void sollwerteSchreiben(basic::StatementTrap& trap, std::string_view familie, FeldBereich felder);
+    void schalterSchreiben(basic::StatementTrap& trap);
+    void zeichnungenSchreiben(basic::StatementTrap& trap);
+    double zeichnungsNummer(std::int16_t feld);
+    void sollwertDarstellen(basic::StatementTrap& trap, std::int16_t feld, bool frei, bool markenBehalten);
+    void zeichnungDarstellen(basic::StatementTrap& trap, std::int16_t feld, bool frei, bool markenBehalten);
+    bool eingabeOffen(basic::StatementTrap& trap);
+    void eingabenAbschalten(basic::StatementTrap& trap);
+    void eingabePlatzieren(basic::StatementTrap& trap, std::string_view eingabe, std::int16_t feld);
+    void definitionBearbeiten(basic::StatementTrap& trap, std::int16_t feld);
+    void schalterUmlegen(basic::StatementTrap& trap, std::int16_t feld);
+    void sollwertBearbeiten(basic::StatementTrap& trap, std::int16_t feld);
+    void zeichnungBearbeiten(basic::StatementTrap& trap, std::int16_t item);
+    void geändertFärben(basic::StatementTrap& trap);
+    void zweitenModusUmschalten(basic::StatementTrap& trap);
+    void servoWechseln(basic::StatementTrap& trap, std::int16_t schritt);
+    void bestätigenOderBlättern(basic::StatementTrap& trap);
+    void verwerfenOderVerlassen(basic::StatementTrap& trap);
+    // The panel no longer remembers a servo: the next start opens the menu.
+    void servoVergessen();
+    // Opens screen machine x 100 + basis; error 6 beyond 16 bits.
+    void bildschirmÖffnen(std::int16_t basis);
 
     config::Module module_;
     platform::ControlPlatform platform_;
