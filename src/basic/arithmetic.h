@@ -46,10 +46,10 @@ inline float single(double value)
     return narrowed;
 }
 
-// A quotient; division by 0 is error 11.
+// A quotient; division by 0 is error 11, of 0 by 0 error 6.
 inline double divide(double dividend, double divisor)
 {
-    if (divisor == 0.0) raise(ErrorNumber::DivisionByZero);
+    if (divisor == 0.0) raise(dividend == 0.0 ? ErrorNumber::Overflow : ErrorNumber::DivisionByZero);
     return checked(dividend / divisor);
 }
 

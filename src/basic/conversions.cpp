@@ -69,8 +69,10 @@ double numberFromText(std::string_view text)
     std::string_view digits = trim(text);
     if (digits.size() > 2 && digits[0] == '&' && (digits[1] == 'H' || digits[1] == 'h'))
         return hexadecimal(digits.substr(2));
-    if (!digits.empty() && digits[0] == '+') digits.remove_prefix(1);
-    if (digits.empty() || digits[0] == '+') raise(ErrorNumber::TypeMismatch);
+    if (!digits.empty() && digits[0] == '+') {
+        digits.remove_prefix(1);
+        if (!digits.empty() && digits[0] == '-') raise(ErrorNumber::TypeMismatch);
+    }
     double value = 0;
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
     if (result.ec == std::errc::result_out_of_range) raise(ErrorNumber::Overflow);

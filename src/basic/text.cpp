@@ -9,30 +9,43 @@
 
 namespace servopanel::basic {
 
+namespace {
+
+// The capital of a letter between U+0080 and U+07FF; whatever has none there stays.
+unsigned capital(unsigned letter)
+{
+    const bool odd = letter % 2 == 1;
+    if (letter >= 0xE0 && letter <= 0xFE && letter != 0xF7) return letter - 0x20; // but the division sign
+    if (letter == 0xFF) return 0x178; // y with diaeresis
+    if (letter == 0x131 || letter == 0x138 || letter == 0x149)
+        return letter; // dotless i, kra, n with apostrophe
+    // Capital and small letters in turn, the capital on even numbers, odd ones, even ones, odd ones.
+    if (letter >= 0x100 && letter <= 0x137) return odd ? letter - 1 : letter;
+    if (letter >= 0x139 && letter <= 0x148) return odd ? letter : letter - 1;
+    if (letter >= 0x14A && letter <= 0x177) return odd ? letter - 1 : letter;
+    if (letter >= 0x179 && letter <= 0x17E) return odd ? letter : letter - 1;
+    return letter;
+}
+
+} // namespace
+
 std::string upperCase(std::string_view text)
 {
     std::string upper;
     upper.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
         const auto byte = static_cast<unsigned char>(text[i]);
+        const auto next = i + 1 < text.size() ? static_cast<unsigned char>(text[i + 1]) : 0U;
         if (byte >= 'a' && byte <= 'z') {
             upper += static_cast<char>(byte - 'a' + 'A');
-            continue;
-        }
-        const auto next = i + 1 < text.size() ? static_cast<unsigned char>(text[i + 1]) : 0U;
-        // U+00E0..U+00FE but the division sign: the capitals lie 32 code points below.
-        if (byte == 0xC3 && next >= 0xA0 && next <= 0xBE && next != 0xB7) {
-            upper += static_cast<char>(byte);
-            upper += static_cast<char>(next - 0x20);
+        } else if (byte >= 0xC2 && byte <= 0xDF && (next & 0xC0U) == 0x80U) {
+            const unsigned letter = capital((byte & 0x1FU) << 6 | (next & 0x3FU));
+            upper += static_cast<char>(0xC0U | letter >> 6);
+            upper += static_cast<char>(0x80U | (letter & 0x3FU));
             ++i;
-            continue;
+        } else {
+            upper += text[i];
         }
-        if (byte == 0xC3 && next == 0xBF) { // y with diaeresis, whose capital is U+0178
-            upper += "\xC5\xB8";
-            ++i;
-            continue;
-        }
-        upper += text[i];
     }
     return upper;
 }
