@@ -77,7 +77,7 @@ SERVOS = [
             Fault("E101 Bahnzug außerhalb der Toleranz", "Web tension out of tolerance", 160.0, 9.0, effects=[(1, 103, 48.0)]),
             Fault("E108 Tänzer in Endlage", "Dancer at its end stop", 420.0, 12.0, stops=True, effects=[(1, 105, 44.0)]),
         ],
-        captions=[Caption("4,2 kW", "4.2 kW", 1320, 1020, white=True), Caption("Bahnlauf", "Web run", 6960, 165, right=True)],
+        captions=[Caption("4,2 kW", "4.2 kW", 1110, 1020, white=True), Caption("Bahnlauf", "Web run", 7215, 180, right=True)],
     ),
     Servo(
         2, "Vorzug", "Infeed nip",
@@ -111,8 +111,8 @@ SERVOS = [
                  steps("Schlupf (%)", "Slip (%)"), SPEEDS, table(0.08, 0.035, 3)),
         ],
         faults=[Fault("E121 Schlupf im Vorzug", "Slip in infeed nip", 240.0, 7.0, effects=[(1, 109, 1.8)])],
-        captions=[Caption("3,1 kW", "3.1 kW", 1050, 1020, white=True),
-                  Caption("Anpressung", "Nip load", 7140, 300, right=True)],
+        captions=[Caption("3,1 kW", "3.1 kW", 750, 1020, white=True),
+                  Caption("Anpressung", "Nip load", 5550, 345)],
     ),
     Servo(
         3, "Bahnkantenregler", "Web guide",
@@ -144,7 +144,7 @@ SERVOS = [
                  steps("Kantenfehler (mm)", "Edge error (mm)"), SPEEDS, table(0.06, 0.05, 3)),
         ],
         faults=[Fault("E134 Bahnkante nicht erkannt", "Web edge not found", 300.0, 8.0, effects=[(1, 108, 8.0)])],
-        captions=[Caption("0,4 kW", "0.4 kW", 1020, 1020, white=True), Caption("Hub ± 75 mm", "Travel ± 75 mm", 1875, 1860)],
+        captions=[Caption("0,4 kW", "0.4 kW", 840, 1020, white=True), Caption("Hub ± 75 mm", "Travel ± 75 mm", 2700, 1800)],
     ),
     Servo(
         5, "Druckwerk", "Printing unit",
@@ -197,7 +197,7 @@ SERVOS = [
             Fault("E151 Registermarke fehlt", "Register mark missing", 200.0, 8.0, effects=[(1, 108, 0.9)]),
             Fault("E156 Farbstand zu niedrig", "Ink level too low", 380.0, 14.0),
         ],
-        captions=[Caption("2,8 kW", "2.8 kW", 630, 1020, white=True), Caption("Farbwerk", "Inking", 7140, 240, right=True)],
+        captions=[Caption("2,8 kW", "2.8 kW", 630, 1020, white=True), Caption("Farbwerk", "Inking", 7050, 540, right=True)],
     ),
     Servo(
         6, "Lackwerk", "Varnish unit", passive=True,
@@ -224,7 +224,7 @@ SERVOS = [
                  steps("Auftragsfehler (g/m²)", "Coating error (g/m²)"), SPEEDS, table(0.05, 0.03, 3)),
         ],
         faults=[Fault("E162 Wanne leer", "Trough empty", 500.0, 12.0)],
-        captions=[Caption("1,9 kW", "1.9 kW", 780, 1020, white=True), Caption("Lackwanne", "Trough", 5160, 1905, right=True)],
+        captions=[Caption("1,9 kW", "1.9 kW", 900, 1020, white=True), Caption("Lackwanne", "Trough", 5160, 1710, right=True)],
     ),
     Servo(
         8, "Rillwerk", "Creasing unit",
@@ -255,7 +255,7 @@ SERVOS = [
                  steps("Rillkraft (N)", "Creasing force (N)"), SPEEDS, table(590.0, 22.0, 0)),
         ],
         faults=[Fault("E182 Andruckkraft zu hoch", "Pressing force too high", 260.0, 8.0, effects=[(1, 104, 420.0)])],
-        captions=[Caption("1,5 kW", "1.5 kW", 780, 1020, white=True), Caption("Rilltiefe", "Depth", 7140, 1905, right=True)],
+        captions=[Caption("1,5 kW", "1.5 kW", 900, 690, white=True), Caption("Rilltiefe", "Depth", 7140, 1605, right=True)],
     ),
     Servo(
         9, "Falzwalze", "Folding roller",
@@ -287,7 +287,7 @@ SERVOS = [
                  steps("Falzfehler (mm)", "Fold error (mm)"), SPEEDS, table(0.11, 0.07, 2)),
         ],
         faults=[Fault("E191 Stau in der Falztasche", "Jam in buckle plate", 310.0, 10.0, stops=True)],
-        captions=[Caption("2,2 kW", "2.2 kW", 585, 1020, white=True), Caption("Falztasche", "Buckle plate", 7140, 210, right=True)],
+        captions=[Caption("2,2 kW", "2.2 kW", 600, 1020, white=True), Caption("Falztasche", "Buckle plate", 7140, 300, right=True)],
     ),
     Servo(
         11, "Querschneider", "Cross cutter", picture=2,
@@ -343,7 +343,7 @@ SERVOS = [
             Fault("E214 Schleppfehler Messertrommel", "Following error of knife drum", 460.0, 12.0, stops=True,
                   effects=[(1, 113, 70.0)]),
         ],
-        captions=[Caption("9,6 kW", "9.6 kW", 780, 1020, white=True), Caption("Messer 1 / 2", "Knife 1 / 2", 7140, 150, right=True)],
+        captions=[Caption("9,6 kW", "9.6 kW", 810, 1020, white=True), Caption("Messer 1 / 2", "Knife 1 / 2", 7140, 45, right=True)],
     ),
     Servo(
         12, "Leimwerk", "Glue unit",
@@ -375,7 +375,7 @@ SERVOS = [
         ],
         faults=[Fault("E223 Leimdruck zu hoch", "Glue pressure too high", 280.0, 9.0, effects=[(1, 104, 16.0)]),
                 Fault("E227 Leimstand niedrig", "Glue level low", 520.0, 15.0)],
-        captions=[Caption("0,9 kW", "0.9 kW", 930, 1020, white=True), Caption("Leimdüse", "Nozzle", 7140, 1035, right=True)],
+        captions=[Caption("0,9 kW", "0.9 kW", 1020, 1020, white=True), Caption("Leimdüse", "Nozzle", 5730, 690)],
     ),
     Servo(
         14, "Beschleunigungsband", "Accelerating belt", passive=True,
@@ -401,7 +401,7 @@ SERVOS = [
                  steps("Schlupf (%)", "Slip (%)"), SPEEDS, table(0.4, 0.15, 2)),
         ],
         faults=[Fault("E241 Bogenstau am Bandeinlauf", "Sheet jam at belt infeed", 350.0, 9.0)],
-        captions=[Caption("1,5 kW", "1.5 kW", 780, 1230, white=True), Caption("Förderrichtung", "Direction", 7140, 210, right=True)],
+        captions=[Caption("1,5 kW", "1.5 kW", 960, 1260, white=True), Caption("Förderrichtung", "Direction", 7140, 210, right=True)],
     ),
     Servo(
         17, "Ablagetisch", "Delivery table", external=True,
@@ -442,7 +442,7 @@ SERVOS = [
         ],
         faults=[Fault("E271 Lastgrenze überschritten", "Load limit exceeded", 400.0, 10.0, effects=[(1, 106, 480.0)]),
                 Fault("E275 Endschalter unten erreicht", "Lower limit switch reached", 620.0, 8.0, stops=True)],
-        captions=[Caption("5,5 kW", "5.5 kW", 780, 1200, white=True), Caption("Hub 1300 mm", "Travel 1300 mm", 7140, 150, right=True)],
+        captions=[Caption("5,5 kW", "5.5 kW", 870, 1350, white=True), Caption("Hub 1300 mm", "Travel 1300 mm", 1650, 450)],
     ),
     Servo(
         20, "Stapelausschub", "Stack pusher",
@@ -470,6 +470,6 @@ SERVOS = [
                  steps("Positionsfehler (mm)", "Position error (mm)"), SPEEDS, table(0.06, 0.02, 3)),
         ],
         faults=[Fault("E291 Schubkraft zu hoch", "Pushing force too high", 330.0, 8.0, effects=[(1, 105, 520.0)])],
-        captions=[Caption("2,4 kW", "2.4 kW", 660, 1140, white=True), Caption("Hub 950 mm", "Travel 950 mm", 7140, 210, right=True)],
+        captions=[Caption("2,4 kW", "2.4 kW", 780, 1140, white=True), Caption("Hub 950 mm", "Travel 950 mm", 7140, 210, right=True)],
     ),
 ]

@@ -46,7 +46,7 @@ SERVOS = [
                  steps("Lagefehler (mm)", "Position error (mm)"), LOADS, table(0.12, 0.05, 3)),
         ],
         faults=[Fault("E511 Schlaffriemen erkannt", "Slack belt detected", 360.0, 9.0, stops=True, effects=[(1, 107, -1100.0)])],
-        captions=[Caption("7,5 kW", "7.5 kW", 900, 390, white=True), Caption("Hub 2400 mm", "Travel 2400 mm", 7140, 150, right=True)],
+        captions=[Caption("7,5 kW", "7.5 kW", 1110, 630, white=True), Caption("Hub 2400 mm", "Travel 2400 mm", 7140, 150, right=True)],
     ),
     Servo(
         2, "Drehtisch", "Turntable",
@@ -80,7 +80,7 @@ SERVOS = [
                  steps("Drehmoment (%)", "Torque (%)"), LOADS, table(12.0, 4.0, 1)),
         ],
         faults=[Fault("E523 Positionsfenster nicht erreicht", "Position window not reached", 290.0, 7.0, effects=[(1, 105, 0.6)])],
-        captions=[Caption("1,8 kW", "1.8 kW", 780, 1320, white=True), Caption("i = 48", "i = 48", 2760, 1905)],
+        captions=[Caption("1,8 kW", "1.8 kW", 780, 1320, white=True), Caption("i = 48", "i = 48", 2850, 1230)],
     ),
     Servo(
         4, "Portalfahrwerk", "Gantry drive", external=True,
@@ -111,6 +111,6 @@ SERVOS = [
                  steps("Lagefehler (mm)", "Position error (mm)"), LOADS, table(0.2, 0.08, 3)),
         ],
         faults=[Fault("E541 Hindernis im Fahrweg", "Obstacle in travel path", 450.0, 11.0, stops=True)],
-        captions=[Caption("3,6 kW", "3.6 kW", 3465, 360, white=True), Caption("Zahnstange", "Rack", 7140, 1110, right=True)],
+        captions=[Caption("3,6 kW", "3.6 kW", 3435, 480, white=True), Caption("Zahnstange", "Rack", 6450, 1380, right=True)],
     ),
 ]
