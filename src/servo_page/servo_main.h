@@ -14,130 +14,111 @@
 
 namespace servopanel::servo_page {
 
-// The parameter page of one servo. Every procedure has its own statement trap
-// and returns normally. Structure (what the page consists of and shows) is
-// implemented in structure/, values and editing in values/, each procedure in
-// the file of its name.
+// The parameter page of one servo. Every procedure has its own statement trap and returns normally. Structure (what the
+// page consists of and shows) is implemented in structure/, values and editing in values/, each procedure in the file
+// of its name.
 class ServoMain final : public platform::HostedControl {
 public:
-  ServoMain(config::Module module, const platform::ControlPlatform &platform);
+    ServoMain(config::Module module, const platform::ControlPlatform& platform);
 
-  // Seen by hosts.
-  void initialize() override;
-  void show() override;
-  void terminate() override;
-  basic::Variant get(const platform::Member &member) override;
-  void put(const platform::Member &member,
-           const basic::Variant &value) override;
-  bool deliver(platform::ChildId child, std::string_view event,
-               platform::Args args) override;
-  platform::FormData form() const override;
+    // Seen by hosts.
+    void initialize() override;
+    void show() override;
+    void terminate() override;
+    basic::Variant get(const platform::Member& member) override;
+    void put(const platform::Member& member, const basic::Variant& value) override;
+    bool deliver(platform::ChildId child, std::string_view event, platform::Args args) override;
+    platform::FormData form() const override;
 
-  // Structure. Booleans that come from outside are 16-bit: -1 and 0, "is False"
-  // means 0.
-  void BildInit(std::int16_t bildNummer); // builds the page once
-  std::int16_t BildInit();
-  void BildShow(
-      std::int16_t zeigen); // fills in the shown servo and raises JetztAnzeigen
-  std::int16_t BildShow();
-  void SpracheGeandert(std::int16_t sprache);
-  void UserControl_Terminate();
-  void SeiteUmschalten(
-      bool servoGewechselt); // binds servo AktServo and the page's mode
-  void AdressenUmschalten(bool seitenWechsel); // texts and places of all items
-  void TextAufdröseln(std::string_view text, std::string &beschriftung,
-                      std::string &einheit);
-  void ZeichnenDesMainBereichsTeile(platform::ChildId ziel, std::int16_t oben,
-                                    std::int16_t unten, bool mitLinie); // twips
+    // Structure. Booleans that come from outside are 16-bit: -1 and 0, "is False" means 0.
+    void BildInit(std::int16_t bildNummer); // builds the page once
+    std::int16_t BildInit();
+    void BildShow(std::int16_t zeigen); // fills in the shown servo and raises JetztAnzeigen
+    std::int16_t BildShow();
+    void SpracheGeandert(std::int16_t sprache);
+    void UserControl_Terminate();
+    void SeiteUmschalten(bool servoGewechselt); // binds servo AktServo and the page's mode
+    void AdressenUmschalten(bool seitenWechsel); // texts and places of all items
+    void TextAufdröseln(std::string_view text, std::string& beschriftung, std::string& einheit);
+    void ZeichnenDesMainBereichsTeile(
+        platform::ChildId ziel, std::int16_t oben, std::int16_t unten, bool mitLinie); // twips
 
-  // Values and editing. feld: field number (1..24 setpoints, 31..34
-  // switches, 41..46 drawing number items).
-  void IniLesen();
-  void IniSchreiben();
-  void WerteLesen(bool nurAuffrischen);
-  void WerteSchreiben();
-  void EingabeDarstellen(bool markenBehalten);
-  void Sollwert_MouseDown(std::int16_t feld, std::int16_t taste,
-                          std::int16_t umschalt, float x, float y);
-  void Eingabemaske_EingabeAenderung();
-  void Eingabemaske_Eingabefertig();
-  void IniEingabe_EingabeFertig();
-  void IniEingabe_LostFocus();
-  void FußzeileFreigabe(bool frei);
-  void Fußzeile_TasteClick(std::int16_t taste);
-  void Timer_Timer();
-  void ScrollBar_NeuePos(std::int16_t neuePos);
-  void ScrollbarAnzeigen();
+    // Values and editing. feld: field number (1..24 setpoints, 31..34 switches, 41..46 drawing number items).
+    void IniLesen();
+    void IniSchreiben();
+    void WerteLesen(bool nurAuffrischen);
+    void WerteSchreiben();
+    void EingabeDarstellen(bool markenBehalten);
+    void Sollwert_MouseDown(std::int16_t feld, std::int16_t taste, std::int16_t umschalt, float x, float y);
+    void Eingabemaske_EingabeAenderung();
+    void Eingabemaske_Eingabefertig();
+    void IniEingabe_EingabeFertig();
+    void IniEingabe_LostFocus();
+    void FußzeileFreigabe(bool frei);
+    void Fußzeile_TasteClick(std::int16_t taste);
+    void Timer_Timer();
+    void ScrollBar_NeuePos(std::int16_t neuePos);
+    void ScrollbarAnzeigen();
 
 private:
-  // Children of the form by name, for one statement.
-  platform::ControlRef kind(std::string_view name,
-                            std::int16_t index = platform::ChildId::noIndex) {
-    return platform_.form.child({name, index});
-  }
+    // Children of the form by name, for one statement.
+    platform::ControlRef kind(std::string_view name, std::int16_t index = platform::ChildId::noIndex)
+    {
+        return platform_.form.child({name, index});
+    }
 
-  display::GemeinsamerZustand &gemeinsam() { return module_.umfeld.zustand; }
-  basic::ErrorSink &fehler() { return module_.umfeld.fehler; }
-  // Servo number of the shown servo; error 9 when AktServo is outside 1..50.
-  std::int16_t servoNummer() {
-    return gemeinsam().ServoNr[gemeinsam().AktServo];
-  }
-  // A variable of the shown servo, such as family "_servo_para_".
-  std::string servoVariable(std::string_view familie,
-                            std::string_view zusatz = {});
-  // The database file of the parameter definitions.
-  std::string datenbankName();
-  std::string textSchlüssel(std::int16_t textNummer);
+    display::GemeinsamerZustand& gemeinsam() { return module_.umfeld.zustand; }
+    basic::ErrorSink& fehler() { return module_.umfeld.fehler; }
+    // Servo number of the shown servo; error 9 when AktServo is outside 1..50.
+    std::int16_t servoNummer() { return gemeinsam().ServoNr[gemeinsam().AktServo]; }
+    // A variable of the shown servo, such as family "_servo_para_".
+    std::string servoVariable(std::string_view familie, std::string_view zusatz = {});
+    // The database file of the parameter definitions.
+    std::string datenbankName();
+    std::string textSchlüssel(std::int16_t textNummer);
 
-  // Steps of procedures that have more than a few statements; each is declared
-  // here and implemented in its procedure's file.
-  // -- structure --
-  // -- values --
-  // Position of a field's definition in the shared table, 0 or less when it has
-  // none.
-  std::int16_t definitionsPosition(const Familie &familie);
-  // Key 11 leaves the page again, keys 10, 11 and 31 carry their normal texts.
-  void tastenNormal(basic::StatementTrap &trap);
-  using Sollwertgrenze = void (platform::Sollwert::*)(std::string_view);
-  void sollwerteLesen(basic::StatementTrap &trap, std::string_view familie,
-                      FeldBereich felder);
-  void grenzenLesen(basic::StatementTrap &trap, std::string_view familie,
-                    FeldBereich felder, Sollwertgrenze grenze);
-  void schalterLesen(basic::StatementTrap &trap);
-  void zeichnungenLesen(basic::StatementTrap &trap);
-  void diagnoseLesen(basic::StatementTrap &trap);
-  void sollwerteSchreiben(basic::StatementTrap &trap, std::string_view familie,
-                          FeldBereich felder);
-  void schalterSchreiben(basic::StatementTrap &trap);
-  void zeichnungenSchreiben(basic::StatementTrap &trap);
-  double zeichnungsNummer(std::int16_t feld);
-  void sollwertDarstellen(basic::StatementTrap &trap, std::int16_t feld,
-                          bool frei, bool markenBehalten);
-  void zeichnungDarstellen(basic::StatementTrap &trap, std::int16_t feld,
-                           bool frei, bool markenBehalten);
-  void beschriftungDarstellen(basic::StatementTrap &trap, std::int16_t feld,
-                              bool frei);
-  bool eingabeOffen(basic::StatementTrap &trap);
-  void eingabenAbschalten(basic::StatementTrap &trap);
-  void eingabePlatzieren(basic::StatementTrap &trap, std::string_view eingabe,
-                         std::int16_t feld);
-  void definitionBearbeiten(basic::StatementTrap &trap, std::int16_t feld);
-  void schalterUmlegen(basic::StatementTrap &trap, std::int16_t feld);
-  void sollwertBearbeiten(basic::StatementTrap &trap, std::int16_t feld);
-  void zeichnungBearbeiten(basic::StatementTrap &trap, std::int16_t item);
-  void geändertFärben(basic::StatementTrap &trap);
-  void zweitenModusUmschalten(basic::StatementTrap &trap);
-  void servoWechseln(basic::StatementTrap &trap, std::int16_t schritt);
-  void bestätigenOderBlättern(basic::StatementTrap &trap);
-  void verwerfenOderVerlassen(basic::StatementTrap &trap);
-  // The panel no longer remembers a servo: the next start opens the menu.
-  void servoVergessen();
-  // Opens screen machine x 100 + basis; error 6 beyond 16 bits.
-  void bildschirmÖffnen(std::int16_t basis);
+    // Steps of procedures that have more than a few statements; each is declared here and implemented in its
+    // procedure's file.
+    // -- structure --
+    // -- values --
+    // Position of a field's definition in the shared table, 0 or less when it has none.
+    std::int16_t definitionsPosition(const Familie& familie);
+    // Key 11 leaves the page again, keys 10, 11 and 31 carry their normal texts.
+    void tastenNormal(basic::StatementTrap& trap);
+    using Sollwertgrenze = void (platform::Sollwert::*)(std::string_view);
+    void sollwerteLesen(basic::StatementTrap& trap, std::string_view familie, FeldBereich felder);
+    void grenzenLesen(
+        basic::StatementTrap& trap, std::string_view familie, FeldBereich felder, Sollwertgrenze grenze);
+    void schalterLesen(basic::StatementTrap& trap);
+    void zeichnungenLesen(basic::StatementTrap& trap);
+    void diagnoseLesen(basic::StatementTrap& trap);
+    void sollwerteSchreiben(basic::StatementTrap& trap, std::string_view familie, FeldBereich felder);
+    void schalterSchreiben(basic::StatementTrap& trap);
+    void zeichnungenSchreiben(basic::StatementTrap& trap);
+    double zeichnungsNummer(std::int16_t feld);
+    void sollwertDarstellen(basic::StatementTrap& trap, std::int16_t feld, bool frei, bool markenBehalten);
+    void zeichnungDarstellen(basic::StatementTrap& trap, std::int16_t feld, bool frei, bool markenBehalten);
+    void beschriftungDarstellen(basic::StatementTrap& trap, std::int16_t feld, bool frei);
+    bool eingabeOffen(basic::StatementTrap& trap);
+    void eingabenAbschalten(basic::StatementTrap& trap);
+    void eingabePlatzieren(basic::StatementTrap& trap, std::string_view eingabe, std::int16_t feld);
+    void definitionBearbeiten(basic::StatementTrap& trap, std::int16_t feld);
+    void schalterUmlegen(basic::StatementTrap& trap, std::int16_t feld);
+    void sollwertBearbeiten(basic::StatementTrap& trap, std::int16_t feld);
+    void zeichnungBearbeiten(basic::StatementTrap& trap, std::int16_t item);
+    void geändertFärben(basic::StatementTrap& trap);
+    void zweitenModusUmschalten(basic::StatementTrap& trap);
+    void servoWechseln(basic::StatementTrap& trap, std::int16_t schritt);
+    void bestätigenOderBlättern(basic::StatementTrap& trap);
+    void verwerfenOderVerlassen(basic::StatementTrap& trap);
+    // The panel no longer remembers a servo: the next start opens the menu.
+    void servoVergessen();
+    // Opens screen machine x 100 + basis; error 6 beyond 16 bits.
+    void bildschirmÖffnen(std::int16_t basis);
 
-  config::Module module_;
-  platform::ControlPlatform platform_;
-  SeitenZustand zustand_;
+    config::Module module_;
+    platform::ControlPlatform platform_;
+    SeitenZustand zustand_;
 };
 
 } // namespace servopanel::servo_page
