@@ -3,6 +3,7 @@
 #include "basic/error.h"
 #include "basic/function_ref.h"
 
+#include <optional>
 #include <string_view>
 
 namespace servopanel::basic {
@@ -30,6 +31,15 @@ public:
     bool condition(F test)
     {
         bool met = false;
+        (*this)([&] { met = test(); });
+        return met;
+    }
+
+    // A condition with an "else": nothing when it fails, so that neither branch is done.
+    template <class F>
+    std::optional<bool> decision(F test)
+    {
+        std::optional<bool> met;
         (*this)([&] { met = test(); });
         return met;
     }

@@ -7,6 +7,7 @@
 #include "platform/hosted_control.h"
 #include "servo_page/felder.h"
 #include "servo_page/seiten_zustand.h"
+#include "servo_page/structure/platzierung.h"
 
 #include <cstdint>
 #include <string>
@@ -60,6 +61,9 @@ public:
     void ScrollBar_NeuePos(std::int16_t neuePos);
     void ScrollbarAnzeigen();
 
+    // Puts the modified flag (16-bit) to a state that editing itself never leaves; for replay scenarios only.
+    void geaendertSetzen(std::int16_t geaendert);
+
 private:
     // Children of the form by name, for one statement.
     platform::ControlRef kind(std::string_view name, std::int16_t index = platform::ChildId::noIndex)
@@ -80,6 +84,54 @@ private:
     // Steps of procedures that have more than a few statements; each is declared here and implemented in its
     // procedure's file.
     // -- structure --
+    // BildInit.
+    void bibliothekBestimmen(basic::StatementTrap& trap);
+    void eingabenSchließen(basic::StatementTrap& trap);
+    void layoutKonstanten(basic::StatementTrap& trap);
+    void platzieren(basic::StatementTrap& trap, platform::ChildId id, const entwurf::Rechteck& platz,
+        Schrift schrift = Schrift::Behalten, Korrektur korrektur = {});
+    void kinderPlatzieren(basic::StatementTrap& trap);
+    void halbePlatzieren(
+        basic::StatementTrap& trap, std::int16_t sollwert, std::int16_t schalter, std::int16_t zeichnung);
+    void diagnosePlatzieren(basic::StatementTrap& trap);
+    void laden(basic::StatementTrap& trap, platform::ChildId id);
+    void sollwertzeileLaden(basic::StatementTrap& trap, std::int16_t feld);
+    void schalterAnlegen(basic::StatementTrap& trap);
+    void zeichnungenAnlegen(basic::StatementTrap& trap);
+    void diagnosezeilenAnlegen(basic::StatementTrap& trap);
+    void diagnosezeilenZeigen(basic::StatementTrap& trap);
+    void tabelleAnlegen(basic::StatementTrap& trap);
+    Korrektur nebenEingabe() const;
+    Korrektur diagnoseKorrektur(std::int16_t zeile) const;
+    // BildShow.
+    void fußzeileLesen(basic::StatementTrap& trap);
+    void fußzeileZeigen(basic::StatementTrap& trap);
+    bool mehrereMaschinen(); // whether key 9 has a machine to switch to
+    // SeiteUmschalten.
+    void servoEinlesen(basic::StatementTrap& trap);
+    void seitenteileZeigen(basic::StatementTrap& trap);
+    void tasteSetzen(basic::StatementTrap& trap, std::uint8_t taste, const std::string& bild, bool frei);
+    void tasteLeeren(basic::StatementTrap& trap, std::uint8_t taste);
+    void tasteFärben(basic::StatementTrap& trap, std::uint8_t taste, bool aktiv);
+    void blätterTasten(basic::StatementTrap& trap);
+    void diagnoseTasten(basic::StatementTrap& trap);
+    void parameterTasten(basic::StatementTrap& trap);
+    void paraBeschriftungen(basic::StatementTrap& trap);
+    std::string layoutDatei(); // layout of the captions on the servo's picture
+    std::string bibliotheksBild(std::string_view zusatz); // "Servo\Servo_Diag_1280.gif" for "_Diag_"
+    // AdressenUmschalten.
+    void hauptbereichTexte(basic::StatementTrap& trap);
+    void textZeile(basic::StatementTrap& trap, std::int16_t textNummer, std::int16_t zeile, bool mitEinheit);
+    void sollwertzeile(basic::StatementTrap& trap, std::int16_t feld);
+    void schalterzeile(basic::StatementTrap& trap, std::int16_t feld);
+    void zeichnungszeile(basic::StatementTrap& trap, std::int16_t feld);
+    void mittigNeben(basic::StatementTrap& trap, platform::ChildId anzeige, platform::ChildId eingabe);
+    void umbrechen(basic::StatementTrap& trap, std::int16_t feld, const std::string& beschriftung);
+    void band(basic::StatementTrap& trap, std::int16_t feld, platform::ChildId eingabe);
+    void zeigen(basic::StatementTrap& trap, platform::ChildId id, bool sichtbar);
+    bool feldFehlt(std::int16_t feld);
+    bool breiterAlsErlaubt(platform::ChildId anzeige, std::string_view text);
+    std::string sprachtext(std::int16_t textNummer); // the shown servo's text in the current language
     // -- values --
     // Position of a field's definition in the shared table, 0 or less when it has none.
     std::int16_t definitionsPosition(const Familie& familie);

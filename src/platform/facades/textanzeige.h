@@ -13,6 +13,7 @@ public:
     void Text(std::string_view text) { control().put(ids::VWSIndex::Text, text); }
     std::int32_t Farbe() const { return basic::toInt32(control().get(ids::VWSIndex::Farbe)); }
     void Farbe(std::int32_t farbe) { control().put(ids::VWSIndex::Farbe, farbe); }
+    void FontBold(bool fett) { control().put(names::FontBold, fett); }
     void Hintergrund(std::int32_t farbe) { control().put(ids::VWSIndex::Hintergrund, farbe); }
 };
 

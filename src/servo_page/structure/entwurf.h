@@ -17,6 +17,7 @@ struct Rechteck {
 
 inline constexpr Rechteck überschrift{105, 1635, 5700, 600};
 inline constexpr Rechteck paraPic{5940, 1635, 7305, 2190};
+inline constexpr Rechteck paraBeschriftung{0, 0, 600, 240}; // its place comes from the servo's layout file
 inline constexpr Rechteck scrollBar{18285, 3900, 810, 9765};
 inline constexpr Rechteck detailBox{105, 3900, 18990, 9765};
 inline constexpr Rechteck fehlertext{105, 8400, 18750, 1200};

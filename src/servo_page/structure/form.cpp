@@ -46,7 +46,7 @@ constexpr auto überschrift = werte(entwurf::überschrift, sichtbar,
     FirstValue{"Font.Size", entwurf::schriftÜberschrift}, fett, linksbündig, schwarzeSchrift, durchsichtig);
 constexpr auto paraPic = werte(entwurf::paraPic, sichtbar, ohneRahmen);
 constexpr auto paraBeschriftung =
-    werte(Rechteck{0, 0, 600, 240}, textGröße, FirstValue{"AutoSize", true}, durchsichtig);
+    werte(entwurf::paraBeschriftung, textGröße, FirstValue{"AutoSize", true}, durchsichtig);
 
 constexpr auto mainRahmen1 = werte(entwurf::mainRahmen(1), sichtbar, ohneRahmen, silbernerGrund);
 constexpr auto mainRahmen2 = werte(entwurf::mainRahmen(2), sichtbar, ohneRahmen, silbernerGrund);
