@@ -1,6 +1,5 @@
 #include "platform/facades/fusszeile.h"
 
-#include "basic/conversions.h"
 #include "servo_page/servo_main.h"
 
 namespace servopanel::servo_page {
@@ -27,9 +26,7 @@ void ServoMain::FußzeileFreigabe(bool frei)
     for (std::uint8_t taste = 1; taste <= 10; ++taste) {
         if (taste == 4) continue;
         trap([&] {
-            const bool benutzt = taste == 9
-                ? basic::toDouble(display::ReadValue(module_.umfeld, "parameter<.maschinenanzahl>")) > 1
-                : zustand_.fußzeile.Tasten[taste].Benutzt;
+            const bool benutzt = taste == 9 ? mehrereMaschinen() : zustand_.fußzeile.Tasten[taste].Benutzt;
             if (benutzt) Fußzeile{kind("Fußzeile")}.Freigabe(taste, true);
         });
     }
