@@ -22,8 +22,8 @@ LINES = [*range(103, 111), *range(112, 121)]
 # Field numbers by family; a field's element is its distance from the first.
 FAMILIES = {"servo_para": range(1, 21), "servo_para2": range(21, 25), "servo_schalt": range(31, 35), "servo_zeich": range(41, 43)}
 COLUMNS = ["machine_type", "var_name", "abs_max", "abs_min", "offset_or_bitno", "Max", "Min", "Pass"]
-PANEL_TEXTS = ["OK", "Cancel", "Clear", "Back", "Min", "Max", "Pass", "AbsMin", "AbsMax", "On", "Off", "Errors", "Close", "Machine",
-               "Servo", "Language", "OutOfRange", "Definition", "Screen", "Link"]
+PANEL_TEXTS = ["Ok", "Cancel", "Clear", "Back", "Close", "On", "Off", "Lowest", "Highest", "Level", "Definition", "TooSmall",
+               "TooLarge", "NoNumber", "LevelRange", "LimitsCrossed", "Machine", "AccessLevel", "Errors", "Message", "Screen"]
 FOOTER_KEYS = range(1, 11)
 # Screens that keys open: the machine key, leaving, and the key without a place of its own.
 SCREENS = (1009, 1011, 1031)

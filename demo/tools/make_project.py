@@ -86,7 +86,7 @@ def start_values(machine, servo, entries):
             value = entry["gain"] * source + entry["offset"]
         elif kind == "lag":
             value = 0.0
-        elif kind == "rate":
+        elif kind in ("rate", "starts", "faults"):
             value = entry["offset"]
         elif kind == "integral":
             value = entry["start"]

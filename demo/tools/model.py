@@ -146,6 +146,14 @@ def wander(centre, amplitude, period, phase=0.0, noise=0.0, dec=1, **more):
                 **more)
 
 
+def starts(before):
+    return dict(kind="starts", offset=float(before), decimals=0)
+
+
+def faults(before, stops=False):
+    return dict(kind="faults", stops=stops, offset=float(before), decimals=0)
+
+
 def reference(number):
     if number <= 20:
         return dict(family="servo_para", index=number - 1)
@@ -199,12 +207,12 @@ def wear(extra, brake, grease):
         Line("Getriebetemperatur", "Gearbox temperature", "°C", of(116, 0.86, 2.0, tau=60000, noise=0.1, page=1)),
         Line("Lagertemperatur A-Seite", "Bearing temperature drive end", "°C", of(116, 0.78, 1.5, tau=40000, noise=0.1, page=1)),
         Line("Lagertemperatur B-Seite", "Bearing temperature other end", "°C", of(116, 0.74, 0.5, tau=40000, noise=0.1, page=1)),
-        Line("Starts seit Wartung", "Starts since service", "", constant(1284, 0)),
-        Line("Not-Halte seit Wartung", "Emergency stops since service", "", constant(17, 0)),
+        Line("Starts seit Wartung", "Starts since service", "", starts(1284)),
+        Line("Not-Halte seit Wartung", "Emergency stops since service", "", faults(17, stops=True)),
         Line("Bremsbelag Rest", "Brake lining left", "%", constant(brake, 0)),
         extra,
         Line("Schmierung fällig in", "Lubrication due in", "h", integral(-PER_HOUR, grease, low=0.0, high=2000.0, dec=2)),
-        Line("Netzausfälle", "Mains failures", "", constant(3, 0)),
+        Line("Störungen seit Wartung", "Faults since service", "", faults(64)),
     ]
 
 
