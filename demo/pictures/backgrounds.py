@@ -12,6 +12,7 @@ HEIGHTS = {1280: 1024, 1024: 768, 800: 600}
 
 BASE = [(0.0, (190, 196, 203)), (0.5, (172, 180, 189)), (1.0, (154, 163, 174))]
 LINE_DARK, LINE_LIGHT = (150, 156, 163), (222, 226, 230)
+KEY_LIGHT, KEY_SHADOW = (255, 255, 255), (128, 128, 128)
 RULE = (70, 112, 150)
 
 # The menu's keys are not scaled: one grid for 800, one for all others.
@@ -48,6 +49,14 @@ class Sheet:
     def field(self, x0, y0, x1, y1, fill=PANEL_GREY):
         self.inset(self.x(x0), self.y(y0), self.x(x1), self.y(y1), fill)
 
+    def key(self, x0, y0, x1, y1, frame):
+        """A raised key, its edges the same as those of a key that was pressed and released; pixels."""
+        self.draw.rectangle((x0, y0, x1 - 1, y1 - 1), fill=PANEL_GREY)
+        for ring in range(frame):
+            a, b, c, d = x0 + ring, y0 + ring, x1 - 1 - ring, y1 - 1 - ring
+            self.draw.line(((a, d), (a, b), (c, b)), fill=KEY_LIGHT)
+            self.draw.line(((a, d), (c, d), (c, b + 1)), fill=KEY_SHADOW)
+
     def groove(self, x0, y0, x1, y1):
         """An engraved line; twips."""
         a, b, c, d = self.x(x0), self.y(y0), self.x(x1), self.y(y1)
@@ -74,7 +83,8 @@ def menu(resolution):
     lefts, tops, left_width, right_width, height = KEY_GRID.get(resolution, KEY_GRID[1280])
     for left, width in zip(lefts, (left_width, right_width)):
         for top in tops:
-            sheet.inset(left // TWIPS, top // TWIPS, (left + width) // TWIPS, (top + height) // TWIPS, (178, 184, 191), 1)
+            edges = [edge // TWIPS for edge in (left, top, left + width, top + height)]
+            sheet.key(*edges, 1 if resolution == 800 else 2)
     return sheet.image
 
 
