@@ -117,6 +117,7 @@ private:
     void diagnoseTasten(basic::StatementTrap& trap);
     void parameterTasten(basic::StatementTrap& trap);
     void paraBeschriftungen(basic::StatementTrap& trap);
+    void paraBeschriftung(basic::StatementTrap& trap, std::int16_t n);
     std::string layoutDatei(); // layout of the captions on the servo's picture
     std::string bibliotheksBild(std::string_view zusatz); // "Servo\Servo_Diag_1280.gif" for "_Diag_"
     // AdressenUmschalten.
@@ -129,6 +130,7 @@ private:
     void umbrechen(basic::StatementTrap& trap, std::int16_t feld, const std::string& beschriftung);
     void band(basic::StatementTrap& trap, std::int16_t feld, platform::ChildId eingabe);
     void zeigen(basic::StatementTrap& trap, platform::ChildId id, bool sichtbar);
+    void indirekterText(platform::ChildId anzeige, std::int16_t textNummer);
     bool feldFehlt(std::int16_t feld);
     bool breiterAlsErlaubt(platform::ChildId anzeige, std::string_view text);
     std::string sprachtext(std::int16_t textNummer); // the shown servo's text in the current language
