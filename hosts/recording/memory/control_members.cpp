@@ -77,6 +77,7 @@ constexpr ClassRow classTable[]{
     {classes::VWSVarIn, varIn},
     {classes::VWSVarOut, varOut},
     {classes::VWSIndex, index},
+    {classes::VWSLangSelect, index},
     {classes::Eingabemaske, maske},
     {classes::IniEingabe, iniEingabe},
     {classes::ScrollBar, scrollBar},
