@@ -18,8 +18,7 @@ std::optional<std::int32_t> stelle(basic::StatementTrap& trap, const Speicher& s
     std::int32_t letzter, std::string_view nameGross)
 {
     for (std::int32_t i = erster;; ++i) {
-        std::optional<bool> gleich;
-        trap([&] { gleich = sätze[i].NameGross == nameGross; });
+        const std::optional<bool> gleich = trap.decision([&] { return sätze[i].NameGross == nameGross; });
         if (!gleich) return std::nullopt;
         if (*gleich) return i;
         if (i > letzter) return std::nullopt;

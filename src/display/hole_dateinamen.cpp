@@ -15,8 +15,7 @@ std::string MGlobal::HoleDateiNamen(std::string_view name)
     trap([&] { voll = pathHelper(umfeld_).path(name); });
 
     // 2. Say so when there is no such file. A search that fails finds nothing and says nothing.
-    std::optional<bool> gefunden;
-    trap([&] { gefunden = umfeld_.platform.files.exists(voll); });
+    const std::optional<bool> gefunden = trap.decision([&] { return umfeld_.platform.files.exists(voll); });
     if (!gefunden) return {};
     if (!*gefunden) {
         trap([&] { umfeld_.platform.messages.show("File '" + voll + "' can not be loaded !"); });

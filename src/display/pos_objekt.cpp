@@ -94,8 +94,8 @@ void MGlobal::SchriftAnpassen(
     }
 
     // 2.3 and 2.4 Which kind of control; when even that is unknown, its font stays.
-    std::optional<bool> textanzeige;
-    trap([&] { textanzeige = basic::upperCase(objekt.className()) == "VWSINDEX"; });
+    const std::optional<bool> textanzeige =
+        trap.decision([&] { return basic::upperCase(objekt.className()) == "VWSINDEX"; });
     if (!textanzeige) return;
     if (!*textanzeige) {
         trap([&] { objekt.put(names::FontSize, punkte); });
