@@ -12,6 +12,9 @@ namespace servopanel::servo_page {
 
 inline constexpr std::int16_t letztesFeld = 42;
 
+// Captions on the servo's picture count from 1; element 0 is only what the others are made from.
+inline constexpr std::int16_t letzteParaBeschriftung = 2;
+
 constexpr bool istSollwertLinks(std::int16_t feld)
 {
     return (feld >= 1 && feld <= 10) || feld == 21 || feld == 22;

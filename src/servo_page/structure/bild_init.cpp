@@ -61,7 +61,9 @@ void ServoMain::BildInit(std::int16_t bildNummer)
     for (std::int16_t feld = 23; feld <= 24; ++feld)
         sollwertzeileLaden(trap, feld);
 
-    // 11. Switches, drawing numbers, then the lines and the table of the diagnosis pages.
+    // 11. Captions on the servo's picture, switches, drawing numbers, then lines and table of the diagnosis pages.
+    for (std::int16_t n = 1; n <= letzteParaBeschriftung; ++n)
+        laden(trap, {"ParaBeschriftung", n});
     schalterAnlegen(trap);
     zeichnungenAnlegen(trap);
     diagnosezeilenAnlegen(trap);

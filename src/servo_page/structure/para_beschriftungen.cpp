@@ -24,7 +24,7 @@ std::string ServoMain::layoutDatei()
 // Step 8 of SeiteUmschalten. The layout file gives colour and place of each caption for a panel of 1280 x 1024 pixels.
 void ServoMain::paraBeschriftungen(StatementTrap& trap)
 {
-    for (std::int16_t n = 1; n <= 2; ++n)
+    for (std::int16_t n = 1; n <= letzteParaBeschriftung; ++n)
         paraBeschriftung(trap, n);
 }
 
