@@ -33,6 +33,12 @@ public:
     void endServo();
     // Destroys the controls that have ended; called when none of their procedures runs.
     void destroyEnded() { ended_.clear(); }
+    // Destroys all controls without their end, as when the process ends.
+    void discardControls()
+    {
+        ended_.clear();
+        servo_.reset();
+    }
 
 private:
     MemoryWorld world_;
