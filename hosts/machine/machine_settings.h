@@ -26,7 +26,7 @@ struct Setpoint {
 
 using NumberOrSetpoint = std::variant<double, Setpoint>;
 
-enum class ValueKind { Constant, Setpoint, Line, Value, Lag, Rate, Integral, Swing, Wander, Faults };
+enum class ValueKind { Constant, Setpoint, Line, Value, Lag, Rate, Integral, Swing, Wander, Faults, Starts };
 
 // One diagnosis value.
 struct ValueRule {
@@ -42,7 +42,7 @@ struct ValueRule {
 
     double value = 0; // Constant
     double gain = 1; // all kinds but Constant, Swing and Wander
-    double offset = 0; // Setpoint, Line, Value, Rate, Faults
+    double offset = 0; // Setpoint, Line, Value, Rate, Faults, Starts
     std::optional<Setpoint> setpoint; // Setpoint: the source; Line: the draw in percent
     std::optional<Place> source; // Value, Lag, Rate, Integral: an earlier value of the same servo
     double start = 0; // Integral
@@ -52,6 +52,7 @@ struct ValueRule {
     double amplitude = 0; // Wander
     double periodSeconds = 1; // Swing, Wander
     double phase = 0; // Wander, 0..1
+    bool stopsOnly = false; // Faults: count only those that stop the line
 };
 
 struct FaultEffect {

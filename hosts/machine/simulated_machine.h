@@ -18,15 +18,16 @@ class VariableStore;
 // its own limits, writes back those it had to change, and sets "servoaender" to 0.
 class SimulatedMachine {
 public:
-    // The store lives as long as this. Rules that name variables missing in the store are left out and are among the
-    // problems. Diagnosis values are right from the start.
+    // The store lives as long as this. Variables that are missing or of the wrong kind are told once among the
+    // problems, everything else goes on without them. Diagnosis values are right from the start.
     SimulatedMachine(MachineSettings settings, VariableStore& store);
     ~SimulatedMachine();
     SimulatedMachine(const SimulatedMachine&) = delete;
     SimulatedMachine& operator=(const SimulatedMachine&) = delete;
 
     // Advances by so many seconds in whole periods; a rest is kept for the next call. Writes to the store, as
-    // Writer::Machine, what has changed after each period. Not to be called from a listener of the store.
+    // Writer::Machine, what has changed after each period. Called by the host's timer, best with periodSeconds each
+    // time: a panel that slept for hours has no use for the machine's hours. Not to be called from a listener.
     void step(double seconds);
 
     double periodSeconds() const;

@@ -1,0 +1,132 @@
+#include "machine/json_text.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+
+namespace servopanel::machine {
+
+namespace {
+
+// Builds the document event by event and keeps it when the text breaks off.
+class Builder : public nlohmann::json_sax<Json> {
+public:
+    Builder(std::string_view text, const std::string& file, std::vector<Problem>& problems)
+        : text_{text}
+        , file_{file}
+        , problems_{problems}
+    {
+    }
+
+    Json take() { return std::move(root_); }
+
+    bool null() override { return add(nullptr); }
+    bool boolean(bool value) override { return add(value); }
+    bool number_integer(std::int64_t value) override { return add(value); }
+    bool number_unsigned(std::uint64_t value) override { return add(value); }
+    bool number_float(double value, const std::string&) override { return add(value); }
+    bool string(std::string& value) override { return add(std::move(value)); }
+    bool binary(Json::binary_t&) override { return false; }
+
+    bool start_object(std::size_t) override { return open(Json::object()); }
+    bool end_object() override { return close(); }
+    bool start_array(std::size_t) override { return open(Json::array()); }
+    bool end_array() override { return close(); }
+
+    bool key(std::string& name) override
+    {
+        if (open_.back().value.contains(name))
+            problems_.push_back({file_, path() + "/" + name, "is there twice; the last one counts"});
+        open_.back().key = std::move(name);
+        return true;
+    }
+
+    bool parse_error(
+        std::size_t position, const std::string&, const nlohmann::detail::exception& error) override
+    {
+        const std::string_view read =
+            text_.substr(0, std::min(position == 0 ? 0 : position - 1, text_.size()));
+        const auto line = 1 + std::count(read.begin(), read.end(), '\n');
+        problems_.push_back({file_, "line " + std::to_string(line), reason(error.what())});
+        keepWhatIsComplete();
+        return false;
+    }
+
+private:
+    struct Open {
+        Json value;
+        std::string key; // of the member that is being read
+    };
+
+    // Without what the parser puts before it: "[...] parse error at line 3, column 5: REASON" or "[...] REASON".
+    static std::string reason(std::string_view what)
+    {
+        for (const std::string_view start : {"[", "parse error at line "}) {
+            const std::string_view end = start == "[" ? "] " : ": ";
+            const std::size_t found =
+                what.substr(0, start.size()) == start ? what.find(end) : std::string_view::npos;
+            if (found != std::string_view::npos) what.remove_prefix(found + end.size());
+        }
+        return std::string{what};
+    }
+
+    std::string path() const
+    {
+        std::string path;
+        for (std::size_t i = 0; i + 1 < open_.size(); ++i) {
+            const Open& outer = open_[i];
+            path += "/" + (outer.value.is_array() ? std::to_string(outer.value.size()) : outer.key);
+        }
+        return path;
+    }
+
+    bool open(Json value)
+    {
+        open_.push_back({std::move(value), {}});
+        return true;
+    }
+
+    bool close()
+    {
+        Json value = std::move(open_.back().value);
+        open_.pop_back();
+        return add(std::move(value));
+    }
+
+    bool add(Json value)
+    {
+        if (open_.empty())
+            root_ = std::move(value);
+        else if (open_.back().value.is_array())
+            open_.back().value.push_back(std::move(value));
+        else
+            open_.back().value[open_.back().key] = std::move(value);
+        return true;
+    }
+
+    // Complete members of the top level and complete entries of a member that broke off; half an entry is worth nothing.
+    void keepWhatIsComplete()
+    {
+        if (open_.size() > 2) open_.resize(2);
+        while (!open_.empty())
+            close();
+    }
+
+    std::string_view text_;
+    const std::string& file_;
+    std::vector<Problem>& problems_;
+    Json root_;
+    std::vector<Open> open_;
+};
+
+} // namespace
+
+Json readJson(std::string_view text, const std::string& file, std::vector<Problem>& problems)
+{
+    Builder builder{text, file, problems};
+    Json::sax_parse(text, &builder);
+    return builder.take();
+}
+
+} // namespace servopanel::machine

@@ -1,0 +1,144 @@
+#include "machine/project_file.h"
+
+#include "basic/error.h"
+#include "machine/json_object.h"
+#include "machine/machine_settings_reader.h"
+#include "machine/variable_store.h"
+#include "machine/variable_value.h"
+#include "portable/text_reading.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+#include <utility>
+
+namespace servopanel::machine {
+
+namespace {
+
+using Need = JsonObject::Need;
+
+constexpr std::int64_t least16 = std::numeric_limits<std::int16_t>::min();
+constexpr std::int64_t largest16 = std::numeric_limits<std::int16_t>::max();
+
+void take(std::int16_t& field, std::optional<std::int64_t> value)
+{
+    if (value) field = static_cast<std::int16_t>(*value);
+}
+
+void readSettings(JsonObject& object, ProjectFile& project)
+{
+    project.title = object.text("title", Need::Optional).value_or("");
+    if (const auto width = object.whole("resolution", Need::Optional, 800, 1280)) {
+        if (*width == 800 || *width == 1024 || *width == 1280)
+            project.resolution = static_cast<int>(*width);
+        else
+            object.problem("resolution", "must be 800, 1024 or 1280");
+    }
+    take(project.level, object.whole("level", Need::Optional, 0, 5));
+    take(project.input, object.whole("input", Need::Optional, least16, largest16));
+}
+
+void readLanguages(JsonObject& object, ProjectFile& project, const std::string& file)
+{
+    if (const Json* const languages = object.array("languages", Need::Optional)) {
+        std::size_t number = 0;
+        for (const Json& json : *languages) {
+            const std::string path = object.pathOf("languages") + "/" + std::to_string(number++);
+            JsonObject entry{json, file, path, project.problems};
+            ProjectFile::Language language;
+            take(language.number, entry.whole("number", Need::Required, least16, largest16));
+            language.code = entry.text("code", Need::Required).value_or("");
+            language.name = entry.text("name", Need::Optional).value_or(language.code);
+            entry.finish();
+            if (!entry.failed()) project.languages.push_back(std::move(language));
+        }
+    }
+    if (project.languages.empty()) {
+        take(project.language, object.whole("language", Need::Optional, least16, largest16));
+        return;
+    }
+    project.language = project.languages.front().number;
+    const auto wanted = object.whole("language", Need::Optional, least16, largest16);
+    if (!wanted) return;
+    const bool listed = std::any_of(project.languages.begin(), project.languages.end(),
+        [&](const ProjectFile::Language& language) { return language.number == *wanted; });
+    if (listed)
+        project.language = static_cast<std::int16_t>(*wanted);
+    else
+        object.problem("language", "is not among the languages");
+}
+
+void readVariables(JsonObject& object, ProjectFile& project)
+{
+    const Json* const variables = object.object("variables", Need::Required);
+    if (!variables) return;
+    for (const auto& member : variables->items()) {
+        std::variant<basic::Variant, std::string> value = variableValue(member.value());
+        if (auto* const good = std::get_if<basic::Variant>(&value))
+            project.variables.push_back({member.key(), std::move(*good)});
+        else
+            object.problem("variables/" + member.key(), std::get<std::string>(value));
+    }
+}
+
+void readScreens(JsonObject& object, ProjectFile& project)
+{
+    const Json* const screens = object.object("screens", Need::Optional);
+    if (!screens) return;
+    for (const auto& member : screens->items()) {
+        const std::string& key = member.key();
+        ProjectFile::Screen screen;
+        const auto [end, error] = std::from_chars(key.data(), key.data() + key.size(), screen.number);
+        if (error != std::errc{} || end != key.data() + key.size())
+            object.problem("screens/" + key, "the number of a screen has 16 bits");
+        else if (!member.value().is_string())
+            object.problem("screens/" + key, "must be the name of the screen, a text in quotes");
+        else {
+            screen.name = member.value().get<std::string>();
+            project.screens.push_back(std::move(screen));
+        }
+    }
+}
+
+} // namespace
+
+ProjectFile ProjectFile::load(const std::filesystem::path& file)
+{
+    constexpr std::uintmax_t largest = 20'000'000;
+    const std::string name = file.filename().string();
+    try {
+        const portable::FileBytes content = portable::readFile(file, largest, file.string());
+        ProjectFile project = parse(content.bytes, name);
+        if (content.failure) project.problems.push_back({name, "", content.failure->description});
+        return project;
+    } catch (const basic::Error& error) {
+        ProjectFile project;
+        project.problems.push_back({name, "", error.description});
+        return project;
+    }
+}
+
+ProjectFile ProjectFile::parse(std::string_view text, std::string file)
+{
+    ProjectFile project;
+    const Json json = readJson(text, file, project.problems);
+    if (json.is_null()) return project;
+    JsonObject object{json, file, "", project.problems};
+    readSettings(object, project);
+    readLanguages(object, project, file);
+    readVariables(object, project);
+    readScreens(object, project);
+    if (const Json* const machine = object.object("machine", Need::Optional))
+        project.machine = readMachineSettings(*machine, file, object.pathOf("machine"), project.problems);
+    object.finish();
+    return project;
+}
+
+void ProjectFile::declareVariables(VariableStore& store) const
+{
+    for (const Variable& variable : variables)
+        store.declare(variable.name, variable.value);
+}
+
+} // namespace servopanel::machine
