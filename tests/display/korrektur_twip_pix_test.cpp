@@ -1,0 +1,80 @@
+#include "display/mglobal.h"
+#include "support/fakes.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace {
+
+using namespace servopanel;
+using servopanel::testing::Reports;
+using servopanel::testing::Surround;
+
+struct KorrekturTwipPix : ::testing::Test {
+    Surround surround;
+    display::MGlobal global{surround.umfeld};
+
+    KorrekturTwipPix() { screen(15, 15); }
+    void screen(float x, float y)
+    {
+        surround.zustand.TwipsProPixelX = x;
+        surround.zustand.TwipsProPixelY = y;
+    }
+};
+
+TEST_F(KorrekturTwipPix, SnapsDownToWholePixels)
+{
+    EXPECT_EQ(global.KorrekturTwipPix(100, true, 15, 15), 90);
+    EXPECT_EQ(global.KorrekturTwipPix(30, false, 15, 15), 30);
+    EXPECT_EQ(global.KorrekturTwipPix(14.99F, true, 15, 15), 0);
+    EXPECT_EQ(global.KorrekturTwipPix(0, true, 15, 15), 0);
+    EXPECT_TRUE(surround.reports().empty());
+}
+
+TEST_F(KorrekturTwipPix, SnapsNegativeValuesDownwards)
+{
+    EXPECT_EQ(global.KorrekturTwipPix(-1, true, 15, 15), -15);
+    EXPECT_EQ(global.KorrekturTwipPix(-15, true, 15, 15), -15);
+}
+
+TEST_F(KorrekturTwipPix, CountsWithTheExactStepAndMultipliesWithTheWholeOne)
+{
+    screen(12, 12);
+    EXPECT_EQ(global.KorrekturTwipPix(100, true, 15, 15), 90);
+    EXPECT_EQ(global.KorrekturTwipPix(960, true, 15, 15), 900);
+}
+
+TEST_F(KorrekturTwipPix, TakesTheStepOfItsDirection)
+{
+    screen(15, 30);
+    EXPECT_EQ(global.KorrekturTwipPix(100, true, 15, 15), 90);
+    EXPECT_EQ(global.KorrekturTwipPix(100, false, 15, 15), 60);
+    EXPECT_EQ(global.KorrekturTwipPix(100, false, 15, 30), 90);
+}
+
+TEST_F(KorrekturTwipPix, ReportsADesignValueOf0AndGivesZeroInEitherDirection)
+{
+    EXPECT_EQ(global.KorrekturTwipPix(100, true, 0, 15), 0);
+    EXPECT_EQ(surround.reports(), (Reports{{11, "KorrekturTwipPix"}}));
+    EXPECT_EQ(global.KorrekturTwipPix(100, false, 0, 15), 0);
+    EXPECT_EQ(surround.reports().size(), 2U);
+    EXPECT_EQ(global.KorrekturTwipPix(100, true, 15, 0), 0);
+    EXPECT_EQ(surround.reports().size(), 3U);
+}
+
+TEST_F(KorrekturTwipPix, ReportsAResultBeyond16BitsAndGivesZero)
+{
+    EXPECT_EQ(global.KorrekturTwipPix(32767, true, 15, 15), 32760);
+    EXPECT_EQ(global.KorrekturTwipPix(32775, true, 15, 15), 0);
+    EXPECT_EQ(surround.reports(), (Reports{{6, "KorrekturTwipPix"}}));
+}
+
+TEST_F(KorrekturTwipPix, FailsBeforeTheScreenIsKnown)
+{
+    screen(0, 0);
+    EXPECT_EQ(global.KorrekturTwipPix(100, true, 15, 15), 0);
+    EXPECT_EQ(surround.reports(), (Reports{{11, "KorrekturTwipPix"}}));
+}
+
+} // namespace

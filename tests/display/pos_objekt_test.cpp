@@ -1,0 +1,172 @@
+#include "display/mglobal.h"
+#include "support/fake_control.h"
+#include "support/fakes.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace servopanel;
+using servopanel::testing::FakeControl;
+using servopanel::testing::Reports;
+using servopanel::testing::Surround;
+using servopanel::testing::Texts;
+
+struct PosObjekt : ::testing::Test {
+    Surround surround;
+    display::MGlobal global{surround.umfeld};
+    FakeControl textanzeige{"VWSIndex"};
+    FakeControl label{"Label"};
+
+    PosObjekt()
+    {
+        panel(1280, 1.0F, 1.0F);
+        for (FakeControl* control : {&textanzeige, &label}) {
+            control->properties = {{"HEIGHT", 300.0F}, {"LEFT", 150.0F}, {"TOP", 75.0F}, {"WIDTH", 1500.0F},
+                {"FONT.SIZE", 12.0F}, {"ALIGNMENT", std::int16_t{0}}};
+        }
+    }
+    void panel(std::int16_t breite, float faktorX, float faktorY, float twips = 15)
+    {
+        surround.zustand.Aufloesung = breite;
+        surround.zustand.FaktorX = faktorX;
+        surround.zustand.FaktorY = faktorY;
+        surround.zustand.TwipsProPixelX = twips;
+        surround.zustand.TwipsProPixelY = twips;
+    }
+};
+
+TEST_F(PosObjekt, SetsWhatTheCallerHasScaledInAFixedOrder)
+{
+    global.PosObjekt(label, {.höhe = 10.5F, .links = 20, .oben = 30, .breite = 40});
+    EXPECT_EQ(label.puts(), (Texts{"Height = 10.5", "Left = 20", "Top = 30", "Width = 40"}));
+    for (const auto& crossing : label.crossings) {
+        EXPECT_TRUE(crossing.member.isNamed());
+        EXPECT_EQ(crossing.value.type(), basic::VariantType::Single);
+    }
+}
+
+TEST_F(PosObjekt, ChangesOnlyTheFontOfATextDisplayOnThePanelOfTheDesign)
+{
+    global.PosObjekt(textanzeige, {.schriftAnpassen = true});
+    EXPECT_EQ(textanzeige.puts(), Texts{"FontClass = LSU12"});
+    global.PosObjekt(label, {});
+    EXPECT_TRUE(label.puts().empty());
+}
+
+TEST_F(PosObjekt, ScalesWhatIsThereToWholePixels)
+{
+    panel(1024, 0.8F, 0.75F);
+    label.properties["HEIGHT"] = 299.0F; // 14.95 pixels
+    label.properties["LEFT"] = 100.0F; // 5.33 pixels
+    global.PosObjekt(label, {});
+    EXPECT_EQ(label.puts(), (Texts{"Height = 210", "Left = 75", "Top = 45", "Width = 1200"}));
+}
+
+TEST_F(PosObjekt, MixesGivenAndScaledLengths)
+{
+    panel(800, 0.625F, 0.5859375F);
+    global.PosObjekt(label, {.höhe = 7, .breite = 9});
+    EXPECT_EQ(label.puts(), (Texts{"Height = 7", "Left = 90", "Top = 30", "Width = 9"}));
+}
+
+TEST_F(PosObjekt, CountsPixelsOf12TwipsBySquaringThem)
+{
+    panel(1024, 0.8F, 0.75F, 12);
+    label.properties["HEIGHT"] = 1000.0F; // 750 twips in steps of 9.6: 78
+    global.PosObjekt(label, {});
+    EXPECT_EQ(label.puts().front(), "Height = 936");
+}
+
+TEST_F(PosObjekt, ScalesTheFontButNotBelowTheSmallest)
+{
+    panel(1024, 0.8F, 0.75F);
+    global.PosObjekt(textanzeige, {.höhe = 1, .links = 1, .oben = 1, .breite = 1, .schriftAnpassen = true});
+    EXPECT_EQ(textanzeige.puts().front(), "FontClass = LSU9");
+
+    panel(800, 0.625F, 0.5859375F);
+    label.properties["FONT.SIZE"] = 8.0F; // 4.6875
+    global.PosObjekt(label, {.höhe = 1, .links = 1, .oben = 1, .breite = 1, .schriftAnpassen = true});
+    EXPECT_EQ(label.puts().front(), "Font.Size = 8");
+    EXPECT_EQ(label.properties["FONT.SIZE"], basic::Variant{std::int16_t{8}});
+}
+
+TEST_F(PosObjekt, RoundsTheFontDownWhenScalingAndToWholePointsOtherwise)
+{
+    label.properties["FONT.SIZE"] = 8.25F;
+    global.PosObjekt(label, {.schriftAnpassen = true});
+    EXPECT_EQ(label.puts(), Texts{"Font.Size = 8"});
+    panel(1024, 0.8F, 0.75F);
+    label.properties["FONT.SIZE"] = 15.9F; // 11.925
+    global.PosObjekt(label, {.höhe = 1, .links = 1, .oben = 1, .breite = 1, .schriftAnpassen = true});
+    EXPECT_EQ(label.puts()[1], "Font.Size = 11");
+}
+
+TEST_F(PosObjekt, KnowsATextDisplayInAnyCase)
+{
+    FakeControl other{"vwsindex"};
+    other.properties = textanzeige.properties;
+    global.PosObjekt(other, {.schriftAnpassen = true});
+    EXPECT_EQ(other.puts(), Texts{"FontClass = LSU12"});
+}
+
+TEST_F(PosObjekt, MirrorsTheAlignmentOnRightToLeftPanels)
+{
+    surround.zustand.Arabisch = true;
+    for (std::int16_t alignment = 0; alignment <= 2; ++alignment) {
+        textanzeige.properties["ALIGNMENT"] = alignment;
+        global.PosObjekt(textanzeige, {.schriftAnpassen = true});
+        EXPECT_EQ(
+            textanzeige.properties["ALIGNMENT"], basic::Variant{static_cast<std::int16_t>(alignment + 3)});
+    }
+    textanzeige.properties["ALIGNMENT"] = std::int16_t{3};
+    global.PosObjekt(textanzeige, {.schriftAnpassen = true});
+    EXPECT_EQ(textanzeige.properties["ALIGNMENT"], basic::Variant{std::int16_t{3}});
+}
+
+TEST_F(PosObjekt, KeepsTheAlignmentWhenToldToOrOnLeftToRightPanels)
+{
+    global.PosObjekt(textanzeige, {.schriftAnpassen = true});
+    surround.zustand.Arabisch = true;
+    global.PosObjekt(textanzeige, {.schriftAnpassen = true, .ausrichtungBehalten = true});
+    global.PosObjekt(label, {.schriftAnpassen = true});
+    global.PosObjekt(textanzeige, {});
+    EXPECT_EQ(textanzeige.properties["ALIGNMENT"], basic::Variant{std::int16_t{0}});
+    EXPECT_EQ(label.properties["ALIGNMENT"], basic::Variant{std::int16_t{0}});
+}
+
+TEST_F(PosObjekt, ReportsAMissingPropertyAndSetsTheOthers)
+{
+    panel(1024, 0.8F, 0.75F);
+    label.missing = {"LEFT"};
+    global.PosObjekt(label, {});
+    EXPECT_EQ(label.puts(), (Texts{"Height = 225", "Top = 45", "Width = 1200"}));
+    EXPECT_EQ(surround.reports(), (Reports{{438, "PosObjekt"}}));
+}
+
+TEST_F(PosObjekt, ReportsAControlWithoutAFontAndPlacesIt)
+{
+    label.missing = {"FONT.SIZE"};
+    global.PosObjekt(label, {.links = 30, .schriftAnpassen = true});
+    EXPECT_EQ(label.properties["LEFT"], basic::Variant{30.0F});
+    EXPECT_EQ(surround.reports(), (Reports{{438, "PosObjekt"}, {438, "PosObjekt"}}));
+}
+
+TEST_F(PosObjekt, ReportsADesignWithoutPixelsForItsDirectionOnly)
+{
+    panel(1024, 0.8F, 0.75F);
+    global.PosObjekt(label, {.entwurfTwipsX = 0});
+    EXPECT_EQ(label.puts(), (Texts{"Height = 225", "Top = 45"}));
+    EXPECT_EQ(surround.reports(), (Reports{{11, "PosObjekt"}, {11, "PosObjekt"}, {11, "PosObjekt"}}));
+}
+
+TEST_F(PosObjekt, ReportsAValueThatIsNoLength)
+{
+    panel(1024, 0.8F, 0.75F);
+    label.properties["TOP"] = "high";
+    global.PosObjekt(label, {});
+    EXPECT_EQ(label.puts(), (Texts{"Height = 225", "Left = 120", "Width = 1200"}));
+    EXPECT_EQ(surround.reports(), (Reports{{13, "PosObjekt"}}));
+}
+
+} // namespace

@@ -1,0 +1,39 @@
+#include "display/umfeld.h"
+#include "support/error_number.h"
+#include "support/fakes.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace servopanel;
+using servopanel::testing::errorNumber;
+using servopanel::testing::Surround;
+using servopanel::testing::Texts;
+
+TEST(Umfeld, MakesEachObjectOnce)
+{
+    Surround surround;
+    EXPECT_EQ(&display::processVarAccess(surround.umfeld), &display::processVarAccess(surround.umfeld));
+    EXPECT_EQ(&display::pathHelper(surround.umfeld), &display::pathHelper(surround.umfeld));
+    EXPECT_EQ(&display::dbEngine(surround.umfeld), &display::dbEngine(surround.umfeld));
+    EXPECT_EQ(surround.logged("create"), (Texts{"ProcessVarAccess", "PathHelper", "DBEngine"}));
+}
+
+TEST(Umfeld, TriesAgainAfterAFailure)
+{
+    Surround surround;
+    surround.world().fail("create DBEngine", 1);
+    EXPECT_EQ(errorNumber([&] { return &display::dbEngine(surround.umfeld); }), 1000);
+    EXPECT_EQ(errorNumber([&] { return &display::dbEngine(surround.umfeld); }), 0);
+}
+
+TEST(Umfeld, ReadsAndWritesProcessVariables)
+{
+    Surround surround;
+    display::WriteValue(surround.umfeld, "Ch-1.intern<.ocxname>", "Servo");
+    EXPECT_EQ(display::ReadValue(surround.umfeld, "Ch-1.intern<.ocxname>"), basic::Variant{"Servo"});
+    EXPECT_EQ(errorNumber([&] { return display::ReadValue(surround.umfeld, "unknown"); }), 1001);
+}
+
+} // namespace
