@@ -43,7 +43,12 @@ void MemoryDisk::putFile(std::string_view path, File file)
 {
     const std::string place = normalisedPath(path);
     files_.insert_or_assign(place, std::move(file));
-    for (std::string folder = parentOf(place); !folder.empty(); folder = parentOf(folder))
+    putFolder(parentOf(place));
+}
+
+void MemoryDisk::putFolder(std::string_view path)
+{
+    for (std::string folder = normalisedPath(path); !folder.empty(); folder = parentOf(folder))
         folders_.insert(folder);
 }
 

@@ -21,6 +21,7 @@ public:
     void putPicture(std::string_view path, PictureSize size);
     // A file that is neither text nor picture, such as a database.
     void putOther(std::string_view path);
+    void putFolder(std::string_view path);
 
     PictureSize loadPicture(std::string_view path) const;
     void savePicture(std::string_view path, PictureSize size);

@@ -4,6 +4,8 @@
 #include "basic/error.h"
 #include "platform/ids.h"
 #include "recording/memory/sibling_controls.h"
+#include "recording/project/folder_project.h"
+#include "recording/project/project_engine.h"
 
 #include <utility>
 
@@ -87,6 +89,15 @@ std::shared_ptr<MemoryControl> Player::pageChild(std::string_view name, std::int
 {
     ControlInstance* owner = part(page);
     return owner == nullptr ? nullptr : owner->form().find(ChildId{name, index});
+}
+
+void Player::useProjectFolder(const std::string& folder)
+{
+    try {
+        host_.useProject(std::make_shared<FolderProject>(folder, makeProjectEngine));
+    } catch (const basic::Error& error) {
+        throw Malformed{error.description};
+    }
 }
 
 void Player::create()

@@ -33,6 +33,9 @@ public:
     MemoryHost& host() { return host_; }
     MemoryWorld& world() { return host_.world(); }
 
+    // A folder of this system, from the current folder on when it is relative.
+    void useProjectFolder(const std::string& folder);
+
     void create();
     void show();
     void terminate();

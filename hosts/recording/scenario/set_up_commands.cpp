@@ -152,6 +152,11 @@ Action picture(LineReader& line)
     return [name, size](Player& player) { player.host().memoryProject().putPicture(name, size); };
 }
 
+Action project(LineReader& line)
+{
+    return [folder = line.word("the project's folder")](Player& player) { player.useProjectFolder(folder); };
+}
+
 struct Row {
     std::string_view name;
     Action (*parse)(LineReader& line);
@@ -166,6 +171,7 @@ constexpr Row rows[]{
     {"text", text},
     {"db", database},
     {"picture", picture},
+    {"project", project},
 };
 
 } // namespace

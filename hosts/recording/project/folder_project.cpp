@@ -1,0 +1,92 @@
+#include "recording/project/folder_project.h"
+
+#include "recording/memory/failures.h"
+#include "recording/project/picture_size.h"
+
+#include <fstream>
+#include <iterator>
+#include <optional>
+
+namespace servopanel::recording {
+
+namespace {
+
+constexpr std::int32_t invalidPicture = 481;
+
+std::string bytesOf(const std::filesystem::path& file)
+{
+    std::ifstream in{file, std::ios::binary};
+    return {std::istreambuf_iterator<char>{in}, {}};
+}
+
+} // namespace
+
+FolderProject::FolderProject(const std::filesystem::path& folder, const EngineMaker& makeEngine)
+    : mapping_{folder}
+    , engine_{makeEngine(mapping_)}
+{
+    constexpr std::string_view anyName = "x";
+    const std::string file = mapping_.fullName(anyName);
+    folder_ = normalisedPath(std::string_view{file}.substr(0, file.size() - anyName.size()));
+    // Every panel has it, and the library makes its own folder in there.
+    written_.putFolder("C:\\Temp");
+}
+
+bool FolderProject::isInside(std::string_view path) const
+{
+    const std::string place = normalisedPath(path);
+    return place == folder_ || place.compare(0, folder_.size() + 1, folder_ + "\\") == 0;
+}
+
+PictureSize FolderProject::loadPicture(std::string_view path)
+{
+    if (written_.exists(path) || !isInside(path)) return written_.loadPicture(path);
+    const std::optional<std::filesystem::path> file = mapping_.find(path);
+    if (!file) raiseError(53, "File not found: " + std::string{path});
+    const std::optional<PictureSize> size = pictureSize(bytesOf(*file));
+    if (!size) raiseError(invalidPicture, "Invalid picture: " + std::string{path});
+    return *size;
+}
+
+void FolderProject::savePicture(std::string_view path, PictureSize size)
+{
+    if (isInside(path))
+        written_.putPicture(path, size);
+    else
+        written_.savePicture(path, size);
+}
+
+platform::TextLines FolderProject::openText(std::string_view path)
+{
+    return written_.exists(path) || !isInside(path) ? written_.openText(path) : files_.openText(path);
+}
+
+void FolderProject::writeText(std::string_view path, const std::vector<std::string>& lines)
+{
+    if (isInside(path))
+        written_.putText(path, lines);
+    else
+        written_.writeText(path, lines);
+}
+
+bool FolderProject::exists(std::string_view path)
+{
+    return written_.exists(path) || (isInside(path) && files_.exists(path));
+}
+
+void FolderProject::createFolder(std::string_view path)
+{
+    if (isInside(path) && !exists(path))
+        written_.putFolder(path);
+    else
+        written_.createFolder(path);
+}
+
+std::optional<std::string> FolderProject::text(
+    std::string_view file, std::string_view section, std::string_view entry)
+{
+    if (written_.exists(file) || !isInside(file)) return written_.text(file, section, entry);
+    return profile_.text(file, section, entry);
+}
+
+} // namespace servopanel::recording
