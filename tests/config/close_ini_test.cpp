@@ -1,0 +1,99 @@
+#include "ini_fixture.h"
+
+namespace {
+
+using namespace servopanel;
+using servopanel::testing::Reports;
+using servopanel::testing::Texts;
+
+struct CloseIni : servopanel::testing::IniTest {
+    void openChanged(std::vector<std::string> lines)
+    {
+        file("a.ini", std::move(lines));
+        open("a.ini");
+        speicher.IniGeaendert = true;
+    }
+    Texts& written() { return surround.platform.written["P:\\a.ini"]; }
+};
+
+TEST_F(CloseIni, DoesNothingWhenNothingIsOpen)
+{
+    service.CloseIni();
+    EXPECT_TRUE(surround.world().log.empty());
+}
+
+TEST_F(CloseIni, WritesNothingThatWasNotChanged)
+{
+    file("a.ini", {"[A]", "x=1"});
+    open("a.ini");
+    service.CloseIni();
+    EXPECT_FALSE(speicher.IniGeoeffnet);
+    EXPECT_TRUE(surround.platform.written.empty());
+    EXPECT_EQ(surround.world().log.back(), "close");
+}
+
+TEST_F(CloseIni, LetsGoOfTheFileBeforeItIsReplaced)
+{
+    openChanged({"[A]"});
+    service.CloseIni();
+    const Texts& log = surround.world().log;
+    EXPECT_EQ(Texts(log.end() - 2, log.end()), (Texts{"close", "write P:\\a.ini"}));
+    EXPECT_FALSE(speicher.IniGeoeffnet);
+}
+
+TEST_F(CloseIni, WritesSectionsAndTheirEntries)
+{
+    openChanged({"[A]", " x = 1", "; comment", "[B]", "[C]", "y=2"});
+    speicher.IniEintraege[2].Wert = "3";
+    service.CloseIni();
+    EXPECT_EQ(written(), (Texts{"[A]", " x = 1", "[B]", "[C]", "y=3"}));
+}
+
+TEST_F(CloseIni, LosesEntriesBeforeTheFirstSection)
+{
+    openChanged({"x=1", "[A]", "y=2"});
+    service.CloseIni();
+    EXPECT_EQ(written(), (Texts{"[A]", "y=2"}));
+}
+
+TEST_F(CloseIni, PassesOverAFailedWritingInSilence)
+{
+    openChanged({"[A]"});
+    surround.world().fail("write P:\\a.ini");
+    service.CloseIni();
+    EXPECT_TRUE(reports().empty());
+    EXPECT_FALSE(speicher.IniGeoeffnet);
+}
+
+TEST_F(CloseIni, ReportsAFailedClosingAndCountsAsClosed)
+{
+    file("a.ini", {"[A]"});
+    open("a.ini");
+    surround.world().fail("close");
+    service.CloseIni();
+    EXPECT_EQ(reports(), (Reports{{1000, "CloseIni"}}));
+    EXPECT_FALSE(speicher.IniGeoeffnet);
+}
+
+TEST_F(CloseIni, WritesOnlyWhatFoundRoom)
+{
+    std::vector<std::string> lines;
+    for (int i = 1; i <= 1002; ++i)
+        lines.push_back("[S" + std::to_string(i) + "]");
+    openChanged(lines);
+    const std::size_t before = reports().size();
+    service.CloseIni();
+    EXPECT_EQ(written().size(), 1000U);
+    EXPECT_EQ(reports().size(), before);
+}
+
+TEST_F(CloseIni, TakesAnotherFileAfterwards)
+{
+    file("a.ini", {"[A]", "x=1"});
+    open("a.ini");
+    service.CloseIni();
+    EXPECT_TRUE(open("a.ini"));
+    EXPECT_FALSE(speicher.IniGeaendert);
+}
+
+} // namespace

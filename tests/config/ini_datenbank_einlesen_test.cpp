@@ -1,0 +1,168 @@
+#include "definitions_fixture.h"
+
+namespace {
+
+using namespace servopanel;
+using servopanel::testing::Reports;
+using servopanel::testing::Texts;
+
+struct IniDatenbankEinlesen : servopanel::testing::DefinitionsTest { };
+
+TEST_F(IniDatenbankEinlesen, TakesEveryRowOfTheMachineInTableOrder)
+{
+    row("M1", "b", 1);
+    row("M2", "x", 2);
+    row("M1", "a", 3);
+    EXPECT_EQ(read(), 2);
+    EXPECT_EQ(modul.ParamDefAnzahl(), 2);
+    EXPECT_EQ(def(1).VarName, "b");
+    EXPECT_EQ(def(2).VarName, "a");
+    EXPECT_TRUE(reports().empty());
+}
+
+TEST_F(IniDatenbankEinlesen, ConvertsTheColumns)
+{
+    servopanel::testing::FakeRow& source = row("M1", "a", 3);
+    source.columns["ABS_MIN"] = std::int32_t{-200};
+    source.columns["ABS_MAX"] = "250.5";
+    source.columns["MIN"] = 1.5F;
+    source.columns["PASS"] = 2.5;
+    source.columns["OFFSET_OR_BITNO"] = "7";
+    EXPECT_EQ(read(), 1);
+    EXPECT_EQ(def(1).Lesezeichen, basic::Variant{source.id});
+    EXPECT_EQ(def(1).AbsMin, -200.0);
+    EXPECT_EQ(def(1).AbsMax, 250.5);
+    EXPECT_EQ(def(1).Min, 1.5);
+    EXPECT_EQ(def(1).Max, 10.0);
+    EXPECT_EQ(def(1).Pass, 2);
+    EXPECT_EQ(def(1).OffsetOderBitNr, 7);
+}
+
+TEST_F(IniDatenbankEinlesen, SelectsWithRegardToCase)
+{
+    row("M1", "a", 1);
+    row("m1", "a", 2);
+    row("M1", "A", 3);
+    row("M1 ", "a", 4);
+    EXPECT_EQ(read("M1", "a"), 1);
+    EXPECT_EQ(def(1).OffsetOderBitNr, 1);
+    EXPECT_EQ(read("M1", "Alle"), 0);
+    EXPECT_EQ(read("M1", "alle"), 2);
+}
+
+TEST_F(IniDatenbankEinlesen, CountsNothingForAMachineWithoutRows)
+{
+    row("M1", "a", 1);
+    EXPECT_EQ(read("M1"), 1);
+    EXPECT_EQ(read("M3"), 0);
+    EXPECT_EQ(modul.ParamDefAnzahl(), 0);
+    EXPECT_TRUE(reports().empty());
+}
+
+TEST_F(IniDatenbankEinlesen, OpensAndReleasesTheFileEachTime)
+{
+    row("M1", "a", 1);
+    read();
+    read();
+    EXPECT_EQ(surround.logged("create"), (Texts{"DBEngine", "PathHelper"}));
+    EXPECT_EQ(surround.logged("db"),
+        (Texts{"open P:\\Servo\\Servo.mdb", "close", "open P:\\Servo\\Servo.mdb", "close"}));
+    EXPECT_EQ(surround.logged("SELECT"), Texts(2, "PRESET_DEFS.* FROM PRESET_DEFS"));
+}
+
+TEST_F(IniDatenbankEinlesen, LeavesAFieldEmptyWhoseColumnDoesNotConvert)
+{
+    row("M1", "a", 1);
+    row("M1", "b", 2);
+    read();
+    table.rows[0].columns["MAX"] = "much";
+    table.rows[0].columns["OFFSET_OR_BITNO"] = std::int32_t{70000};
+    table.rows[0].columns["VAR_NAME"] = basic::Null{};
+    EXPECT_EQ(read(), 2);
+    EXPECT_EQ(def(1).Max, 0.0);
+    EXPECT_EQ(def(1).OffsetOderBitNr, 0);
+    EXPECT_EQ(def(1).VarName, "");
+    EXPECT_EQ(def(1).Min, -10.0);
+    EXPECT_EQ(def(2).VarName, "b");
+    EXPECT_EQ(reports(),
+        (Reports{
+            {6, "INI_Datenbank_Einlesen"}, {13, "INI_Datenbank_Einlesen"}, {94, "INI_Datenbank_Einlesen"}}));
+}
+
+TEST_F(IniDatenbankEinlesen, LocksAFieldWhoseAccessLevelIsUnreadable)
+{
+    row("M1", "a", 1).columns["PASS"] = "nobody";
+    row("M1", "b", 2).columns["PASS"] = basic::Null{};
+    row("M1", "c", 3).columns.erase("PASS");
+    row("M1", "d", 4).columns["PASS"] = std::int32_t{40000};
+    EXPECT_EQ(read(), 4);
+    for (std::int32_t i = 1; i <= 4; ++i)
+        EXPECT_EQ(def(i).Pass, 32767) << i;
+    EXPECT_EQ(reports().size(), 4U);
+}
+
+TEST_F(IniDatenbankEinlesen, PassesOverRowsWithoutAType)
+{
+    row("M1", "a", 1).columns["MACHINE_TYPE"] = basic::Null{};
+    EXPECT_EQ(read(), 0);
+    EXPECT_TRUE(reports().empty());
+    table.rows[0].columns.erase("MACHINE_TYPE");
+    EXPECT_EQ(read(), 0);
+    EXPECT_EQ(reports(), (Reports{{3265, "INI_Datenbank_Einlesen"}}));
+}
+
+TEST_F(IniDatenbankEinlesen, ReportsADatabaseThatCannotBeOpenedOnce)
+{
+    row("M1", "a", 1);
+    read();
+    surround.platform.tables.clear();
+    EXPECT_EQ(read(), 0);
+    EXPECT_EQ(modul.ParamDefAnzahl(), 0);
+    EXPECT_EQ(reports(), (Reports{{3024, "INI_Datenbank_Einlesen"}}));
+}
+
+TEST_F(IniDatenbankEinlesen, TellsTheOperatorAboutAMissingFileToo)
+{
+    surround.world().existing.clear();
+    EXPECT_EQ(read(), 0);
+    EXPECT_EQ(surround.platform.shown, Texts{"File 'P:\\Servo\\Servo.mdb' can not be loaded !"});
+    EXPECT_EQ(surround.logged("db"), Texts{"open "});
+    EXPECT_EQ(reports(), (Reports{{3024, "INI_Datenbank_Einlesen"}}));
+}
+
+TEST_F(IniDatenbankEinlesen, ReportsAFileWithoutTheTableOnceAndReleasesIt)
+{
+    row("M1", "a", 1);
+    surround.world().fail("SELECT PRESET_DEFS.* FROM PRESET_DEFS");
+    EXPECT_EQ(read(), 0);
+    EXPECT_EQ(reports(), (Reports{{1000, "INI_Datenbank_Einlesen"}}));
+    EXPECT_EQ(surround.world().log.back(), "db close");
+}
+
+TEST_F(IniDatenbankEinlesen, EndsTheWalkWhenItCannotMoveOn)
+{
+    row("M1", "a", 1);
+    row("M1", "b", 2);
+    surround.world().fail("moveNext");
+    EXPECT_EQ(read(), 1);
+    surround.world().fail("atEnd");
+    EXPECT_EQ(read(), 0);
+    EXPECT_EQ(reports().size(), 2U);
+    EXPECT_EQ(surround.world().log.back(), "db close");
+}
+
+TEST_F(IniDatenbankEinlesen, CountsTheRowThatFindsNoRoomAndReportsItsStore)
+{
+    for (std::int16_t i = 1; i <= 2001; ++i)
+        row("M1", "a", i);
+    EXPECT_EQ(read(), 2001);
+    EXPECT_EQ(def(2000).OffsetOderBitNr, 2000);
+    EXPECT_EQ(reports(), (Reports{{9, "INI_Datenbank_Einlesen"}}));
+    EXPECT_EQ(modul.INI_Daten_Lesen("a", 2001), -1);
+    EXPECT_EQ(modul.INI_Daten_Lesen("a", 2000), 2000);
+    modul.INI_Datenbank_Schreiben(file, "alle");
+    EXPECT_EQ(table.updates, 2000);
+    EXPECT_EQ(reports().size(), 1U);
+}
+
+} // namespace

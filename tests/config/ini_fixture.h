@@ -1,0 +1,34 @@
+#pragma once
+
+#include "config/mservice.h"
+#include "support/fakes.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace servopanel::testing {
+
+// The module of INI files and a file system to read from.
+struct IniTest : ::testing::Test {
+    Surround surround;
+    config::MService service{surround.umfeld};
+    config::IniSpeicher& speicher = service.speicher();
+
+    // The file of this project-relative name has these lines.
+    void file(const std::string& name, std::vector<std::string> lines)
+    {
+        surround.world().texts["P:\\" + name] = {std::move(lines), std::nullopt};
+    }
+    bool open(const std::string& name) { return service.OpenIni(name, true); }
+    std::string find(const char* section, const char* entry)
+    {
+        return service.FindeIniEintrag(section, entry, false);
+    }
+    const std::vector<std::string>& shown() const { return surround.platform.shown; }
+    const Reports& reports() const { return surround.reports(); }
+};
+
+} // namespace servopanel::testing
