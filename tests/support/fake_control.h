@@ -1,6 +1,7 @@
 #pragma once
 
 #include "basic/conversions.h"
+#include "basic/error.h"
 #include "basic/text.h"
 #include "platform/control.h"
 
