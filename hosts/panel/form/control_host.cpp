@@ -1,0 +1,281 @@
+#include "panel/form/control_host.h"
+
+#include "basic/conversions.h"
+#include "panel/form/replay_command.h"
+#include "panel/form/text_child.h"
+#include "panel/form/vws_index.h"
+#include "panel/look/colours.h"
+#include "panel/look/twips.h"
+#include "platform/ids.h"
+
+namespace servopanel::panel {
+
+using basic::Variant;
+using platform::Args;
+using platform::ChildId;
+using platform::Member;
+
+namespace {
+
+constexpr std::int32_t noSuchElement = 340;
+
+[[noreturn]] void raiseNoSuch(ChildId id, bool isArray)
+{
+    const std::string name{id.name};
+    if (!isArray) basic::raise(basic::ErrorNumber::ObjectNotSet, "There is no control '" + name + "'");
+    throw basic::Error{noSuchElement, {},
+        "Control array element " + name + "(" + basic::decimal(std::int32_t{id.index}) + ") doesn't exist"};
+}
+
+Variant variantOf(const std::variant<bool, std::int16_t, std::int32_t, float, std::string_view>& value)
+{
+    return std::visit([](const auto& each) { return Variant{each}; }, value);
+}
+
+} // namespace
+
+ControlHost::ControlHost(std::string className, QWidget* parent, FormSurroundings& surroundings)
+    : PictureChild{std::move(className), parent, surroundings.services}
+    , surroundings_{surroundings}
+{
+    canvas().setTouchHandler(touchEvents([this](std::string_view event, std::initializer_list<Variant> args) {
+        deliver({}, event, std::vector<Variant>{args});
+    }));
+    made_ = surroundings_.make(this->className(), platform::ControlPlatform{*this, *this, *this});
+    if (!made_.control) return;
+    makeChildren();
+    const EventGate::Entry entry{surroundings_.gate};
+    made_.control->initialize();
+}
+
+ControlHost::~ControlHost()
+{
+    if (!ended_) terminate();
+}
+
+void ControlHost::show()
+{
+    if (ended_ || !made_.control) return;
+    const EventGate::Entry entry{surroundings_.gate};
+    made_.control->show();
+}
+
+void ControlHost::terminate()
+{
+    if (ended_) return;
+    // The controls inside end before the one that holds them.
+    for (const auto& [key, child] : children_)
+        if (auto* host = dynamic_cast<ControlHost*>(child.get())) host->terminate();
+    if (made_.control) {
+        const EventGate::Entry entry{surroundings_.gate};
+        made_.control->terminate();
+    }
+    ended_ = true;
+    for (const auto& [key, child] : children_)
+        child->end();
+    end();
+}
+
+Variant ControlHost::get(const Member& member, Args args)
+{
+    try {
+        return PictureChild::get(member, args);
+    } catch (const basic::Error& error) {
+        const bool isOwn = error.number == static_cast<std::int32_t>(basic::ErrorNumber::NoSuchMember);
+        if (!isOwn || !made_.control) throw;
+    }
+    const EventGate::Entry entry{surroundings_.gate};
+    return made_.control->get(member);
+}
+
+void ControlHost::put(const Member& member, Args args, const Variant& value)
+{
+    try {
+        PictureChild::put(member, args, value);
+        return;
+    } catch (const basic::Error& error) {
+        const bool isOwn = error.number == static_cast<std::int32_t>(basic::ErrorNumber::NoSuchMember);
+        if (!isOwn || !made_.control) throw;
+    }
+    const EventGate::Entry entry{surroundings_.gate};
+    made_.control->put(member, value);
+}
+
+Child* ControlHost::find(std::string_view name, std::int16_t index)
+{
+    const auto found = children_.find({std::string{name}, index});
+    return found == children_.end() ? nullptr : found->second.get();
+}
+
+void ControlHost::forEach(const std::function<void(std::string_view, std::int16_t, Child&)>& visit)
+{
+    for (const auto& [key, child] : children_)
+        visit(key.first, key.second, *child);
+}
+
+void ControlHost::languageChanged()
+{
+    for (const auto& [key, child] : children_)
+        child->languageChanged();
+}
+
+bool ControlHost::deliver(ChildId id, std::string_view event, Args args)
+{
+    if (ended_ || !made_.control || surroundings_.gate.isClosed()) return false;
+    if (const std::optional<std::string> command = replayCommand(className(), id, event, args))
+        services().operation(*command);
+    const EventGate::Entry entry{surroundings_.gate};
+    return made_.control->deliver(id, event, args);
+}
+
+// Events of a control come from its own procedures, so they are passed on at once, whatever else is going on.
+void ControlHost::raise(std::string_view event, Args args)
+{
+    if (!ended_ && owner_) owner_(event, args);
+}
+
+ChildRef ControlHost::require(ChildId id)
+{
+    if (ended_) basic::raise(basic::ErrorNumber::ObjectNotSet);
+    const auto found = children_.find({std::string{id.name}, id.index});
+    if (found == children_.end()) raiseNoSuch(id, id.hasIndex() && arrays_.count(id.name) > 0);
+    return found->second;
+}
+
+platform::ControlRef ControlHost::child(ChildId id) { return require(id); }
+
+void ControlHost::load(ChildId id)
+{
+    if (ended_) basic::raise(basic::ErrorNumber::ObjectNotSet);
+    if (children_.count({std::string{id.name}, id.index}) > 0)
+        basic::raise(basic::ErrorNumber::ElementAlreadyLoaded);
+    const auto array = arrays_.find(id.name);
+    if (array == arrays_.end() || !id.hasIndex()) raiseNoSuch(id, false);
+    Elements& elements = array->second;
+    const ChildRef highest = require({id.name, elements.highest});
+    const ChildRef made = makeChild(elements.className, elements.parent);
+    made->copyFrom(*elements.first);
+
+    // Directly above the highest element: below whatever stands on that one.
+    const QObjectList& siblings = elements.parent->children();
+    const auto above = siblings.indexOf(&highest->view()) + 1;
+    if (above > 0 && above < siblings.size() && siblings.at(above)->isWidgetType()
+        && siblings.at(above) != &made->view())
+        made->view().stackUnder(static_cast<QWidget*>(siblings.at(above)));
+    adopt({std::string{id.name}, id.index}, made, elements.parent);
+}
+
+float ControlHost::textWidth(ChildId id, std::string_view text)
+{
+    return toTwips(require(id)->textWidth(QString::fromUtf8(text.data(), static_cast<int>(text.size()))));
+}
+
+Variant ControlHost::get(const Member& member)
+{
+    if (ended_) basic::raise(basic::ErrorNumber::ObjectNotSet);
+    return PictureChild::get(member, {});
+}
+
+void ControlHost::put(const Member& member, const Variant& value)
+{
+    if (ended_) basic::raise(basic::ErrorNumber::ObjectNotSet);
+    PictureChild::put(member, {}, value);
+}
+
+CanvasView& ControlHost::canvasOf(ChildId id)
+{
+    if (ended_) basic::raise(basic::ErrorNumber::ObjectNotSet);
+    if (id.name.empty()) return canvas();
+    auto* box = dynamic_cast<PictureChild*>(require(id).get());
+    if (box == nullptr) basic::raise(basic::ErrorNumber::NoSuchMember);
+    return box->canvas();
+}
+
+void ControlHost::line(
+    ChildId target, float x1, float y1, float x2, float y2, std::int32_t colour, std::int16_t flags)
+{
+    CanvasView& view = canvasOf(target);
+    const QPoint from{toPixels(x1), toPixels(y1)};
+    const QPoint to{toPixels(x2), toPixels(y2)};
+    if (flags == filledBoxFlags)
+        view.canvas().box(from, to, fromLibrary(colour));
+    else
+        view.canvas().line(from, to, fromLibrary(colour));
+    view.refresh();
+}
+
+void ControlHost::clear(ChildId target)
+{
+    canvasOf(target).canvas().clear();
+    canvasOf(target).refresh();
+}
+
+void ControlHost::refresh(ChildId target) { canvasOf(target).refresh(); }
+
+void ControlHost::bitBlt(
+    ChildId from, ChildId to, std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height)
+{
+    const QImage source = canvasOf(from).canvas().image();
+    canvasOf(to).canvas().copy(source, {x, y}, {width, height});
+    canvasOf(to).refresh();
+}
+
+void ControlHost::stretchBlt(ChildId from, ChildId to, std::int32_t fromWidth, std::int32_t fromHeight,
+    std::int32_t width, std::int32_t height)
+{
+    const QImage source = canvasOf(from).canvas().image();
+    canvasOf(to).canvas().stretch(source, {fromWidth, fromHeight}, {width, height});
+    canvasOf(to).refresh();
+}
+
+void ControlHost::makeChildren()
+{
+    for (const platform::FormChild& row : made_.control->form()) {
+        QWidget* parent = row.parent.name.empty() ? &view() : &require(row.parent)->view();
+        const ChildRef made = makeChild(row.className, parent);
+        adopt({std::string{row.id.name}, row.id.index}, made, parent);
+        for (const platform::FirstValue& first : row.values)
+            made->put(platform::named(first.property), {}, variantOf(first.value));
+    }
+}
+
+void ControlHost::adopt(const Key& key, const ChildRef& child, QWidget* parent)
+{
+    children_[key] = child;
+    if (key.second != ChildId::noIndex) {
+        const auto [array, isNew] = arrays_.try_emplace(
+            key.first, Elements{child, std::string{child->className()}, parent, key.second});
+        if (!isNew && key.second > array->second.highest) array->second.highest = key.second;
+    }
+    const auto pass = [this, key](std::string_view event, Args args) {
+        return deliver({key.first, key.second}, event, args);
+    };
+    child->setRaise(pass);
+    if (auto* host = dynamic_cast<ControlHost*>(child.get()))
+        host->setOwner([this, key](std::string_view event, Args args) {
+            if (ended_ || !made_.control) return;
+            const EventGate::Entry entry{surroundings_.gate};
+            made_.control->deliver({key.first, key.second}, event, args);
+        });
+}
+
+// Captions and units stand in arrays whose names end like the input's own: SollwertL, BeschriftungL, EinheitL.
+Beside ControlHost::beside(const platform::Control& input)
+{
+    constexpr std::string_view inputStem = "Sollwert";
+    for (const auto& [key, child] : children_) {
+        if (child.get() != &input || key.first.rfind(inputStem, 0) != 0) continue;
+        const std::string side = key.first.substr(inputStem.size());
+        const auto shown = [&](const std::string& name) {
+            auto* text = dynamic_cast<VWSIndex*>(find(name, key.second));
+            const bool isSeen =
+                text != nullptr && basic::toBoolean(text->Child::get(platform::names::Visible, {}));
+            return isSeen ? text->shown() : QString{};
+        };
+        const QString caption = shown("Beschriftung" + side) + u' ' + shown("Beschriftung" + side + "2");
+        return {caption.trimmed(), shown("Einheit" + side).trimmed()};
+    }
+    return {};
+}
+
+} // namespace servopanel::panel

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "panel/form/child.h"
+#include "panel/widgets/input_mask.h"
+
+namespace servopanel::panel {
+
+// What stands beside an input on the form.
+struct Beside {
+    QString caption;
+    QString unit;
+};
+using FindBeside = std::function<Beside(const platform::Control& input)>;
+
+// Numeric input mask, class Eingabemaske. It edits the value of its target within the target's own limits and reports
+// a changed value once, when it is accepted, right before it reports that it is done.
+class EingabemaskeChild : public Child {
+public:
+    EingabemaskeChild(QWidget* parent, Services& services, FindBeside findBeside);
+    void languageChanged() override;
+
+    InputMask& mask() { return static_cast<InputMask&>(view()); }
+    bool isOpen() const { return open_; }
+
+private:
+    void setOpen(bool open);
+    void accepted(double value, bool changed);
+    void cancelled();
+
+    FindBeside findBeside_;
+    platform::ControlRef target_;
+    bool open_ = false;
+};
+
+} // namespace servopanel::panel

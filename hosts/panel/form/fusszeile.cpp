@@ -1,0 +1,80 @@
+#include "panel/form/fusszeile.h"
+
+#include "basic/conversions.h"
+#include "panel/look/colours.h"
+#include "platform/ids.h"
+
+namespace servopanel::panel {
+
+using basic::Variant;
+using platform::Args;
+namespace ids = platform::ids::Fußzeile;
+
+namespace {
+
+constexpr std::int32_t normalColour = 0xC0C0C0;
+constexpr std::int16_t noText = 10000;
+
+} // namespace
+
+FußzeileChild::FußzeileChild(QWidget* parent, Services& panel)
+    : Child{"Fußzeile", *new FooterBar{parent}, panel}
+{
+    keys_[hardwareKey].on = true;
+    bar().setHandler([this](int key) { press(key); });
+    addMethod(ids::Freigabe, 2, [this](Args args) {
+        const int key = basic::toByte(args[0]);
+        keys_[key].on = basic::toBoolean(args[1]);
+        show(key);
+        return Variant{};
+    });
+    addMethod(ids::TextNummer, 2, [this](Args args) {
+        const int key = basic::toByte(args[0]);
+        keys_[key].textNumber = basic::toInt16(args[1]);
+        show(key);
+        return Variant{};
+    });
+    addMethod(ids::Farbe, 2, [this](Args args) {
+        const int key = basic::toByte(args[0]);
+        keys_[key].colour = basic::toInt32(args[1]);
+        show(key);
+        return Variant{};
+    });
+    addMethod(ids::Bild, 2, [this](Args args) {
+        const int key = basic::toByte(args[0]);
+        const std::string name = basic::toText(args[1]);
+        if (FooterBar::hasKey(key))
+            bar().key(key).setPicture(name.empty() ? QImage{} : services().picture(name));
+        return Variant{};
+    });
+    addMethod(
+        ids::Einstellung, 1, [this](Args args) { return Variant{keys_[basic::toByte(args[0])].colour}; });
+}
+
+void FußzeileChild::show(int number)
+{
+    if (!FooterBar::hasKey(number) || viewOrNull() == nullptr) return;
+    const Key& key = keys_[number];
+    TouchKey& shown = bar().key(number);
+    const bool hasText = key.textNumber != 0 && key.textNumber != noText;
+    shown.setText(hasText ? QString::fromStdString(
+                      services().text("Standard." + basic::decimal(std::int32_t{key.textNumber})))
+                          : QString{});
+    shown.setHighlight(key.colour == normalColour ? std::nullopt : std::optional{fromLibrary(key.colour)});
+    bar().setKeyOn(number, key.on);
+}
+
+void FußzeileChild::languageChanged()
+{
+    for (const auto& [number, key] : keys_)
+        show(number);
+}
+
+void FußzeileChild::press(int key)
+{
+    const auto found = keys_.find(key);
+    if (found == keys_.end() || !found->second.on || !enabled()) return;
+    raise("TasteClick", {Variant{static_cast<std::int16_t>(key)}});
+}
+
+} // namespace servopanel::panel

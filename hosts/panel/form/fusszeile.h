@@ -1,0 +1,35 @@
+#pragma once
+
+#include "panel/form/child.h"
+#include "panel/widgets/footer_bar.h"
+
+#include <map>
+
+namespace servopanel::panel {
+
+// Footer keys, class Fußzeile. Every key number has a state; those of the bar also have a key on the screen, and key 31
+// is a key of the panel's hardware, which is always on.
+class FußzeileChild : public Child {
+public:
+    FußzeileChild(QWidget* parent, Services& services);
+    void languageChanged() override;
+
+    FooterBar& bar() { return static_cast<FooterBar&>(view()); }
+    // The operator presses a key, on the screen or on the keyboard; nothing happens while it is off.
+    void press(int key);
+
+    static constexpr int hardwareKey = 31;
+
+private:
+    struct Key {
+        bool on = false;
+        std::int16_t textNumber = 0;
+        std::int32_t colour = 0xC0C0C0;
+    };
+
+    void show(int number);
+
+    std::map<int, Key> keys_;
+};
+
+} // namespace servopanel::panel

@@ -1,0 +1,25 @@
+#include "panel/form/header.h"
+
+namespace servopanel::panel {
+
+HeaderChild::HeaderChild(QWidget* parent, Services& panel, HeaderSource& source)
+    : Child{"Header", *new HeaderBar{parent}, panel}
+    , source_{source}
+{
+    bar().setLanguages(source_.languages(), [this](int number) {
+        if (number == source_.language()) return;
+        source_.chooseLanguage(number);
+        raise("SpracheGeandert", {basic::Variant{static_cast<std::int16_t>(number)}});
+    });
+    bar().setLanguage(source_.language());
+    bar().setTexts([this] { return source_.headerTexts(); });
+}
+
+void HeaderChild::languageChanged()
+{
+    if (viewOrNull() == nullptr) return;
+    bar().setLanguage(source_.language());
+    bar().refresh();
+}
+
+} // namespace servopanel::panel

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "panel/form/child.h"
+#include "panel/widgets/header_bar.h"
+
+namespace servopanel::panel {
+
+// What the header needs from the panel.
+class HeaderSource {
+public:
+    virtual ~HeaderSource() = default;
+    virtual std::vector<HeaderLanguage> languages() = 0;
+    virtual int language() = 0;
+    // Makes it the panel's language; every control shows its texts in it afterwards.
+    virtual void chooseLanguage(int number) = 0;
+    virtual HeaderTexts headerTexts() = 0;
+};
+
+// Title bar with language selection, class Header. A chosen language is the panel's before it is reported.
+class HeaderChild : public Child {
+public:
+    HeaderChild(QWidget* parent, Services& services, HeaderSource& source);
+    void languageChanged() override;
+
+    HeaderBar& bar() { return static_cast<HeaderBar&>(view()); }
+
+private:
+    HeaderSource& source_;
+};
+
+} // namespace servopanel::panel

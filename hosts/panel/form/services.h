@@ -1,0 +1,42 @@
+#pragma once
+
+#include "basic/variant.h"
+#include "panel/look/panel_text.h"
+
+#include <QImage>
+#include <QString>
+
+#include <string>
+#include <string_view>
+
+namespace servopanel::panel {
+
+// The font of a language, as its texts are to be shown in.
+struct LanguageFont {
+    std::string name = "DejaVu Sans";
+    std::int16_t charset = 0;
+    std::int16_t weight = 400;
+};
+
+// What the controls of a form ask of the panel around them.
+class Services {
+public:
+    virtual ~Services() = default;
+
+    // A text in the current language, empty when there is none.
+    virtual std::string text(std::string_view key) = 0;
+    virtual LanguageFont font() = 0;
+    // A word of the panel itself in the current language.
+    virtual QString word(PanelText text) = 0;
+
+    // A picture of the project by its relative name; a null image, and a note for the engineer, when it cannot be had.
+    virtual QImage picture(std::string_view name) = 0;
+
+    // The value of an input, into the process variable that mirrors it.
+    virtual void mirror(std::string_view variable, const basic::Variant& value) = 0;
+
+    // What a control did by itself at the operator's hand, in the words of a replay scenario ("mask 12.5").
+    virtual void operation(const std::string& command) = 0;
+};
+
+} // namespace servopanel::panel

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "panel/form/child.h"
+#include "panel/widgets/text_view.h"
+
+namespace servopanel::panel {
+
+// What all controls that show a text have in common: alignment, background style, frame, and the touch on them.
+class TextChild : public Child {
+public:
+    TextChild(std::string className, TextView& view, Services& services);
+
+protected:
+    TextView& text() { return static_cast<TextView&>(view()); }
+    // Sets font, colours and alignment of the view anew.
+    void applyLook();
+    virtual void lookChanged() { }
+    void fontChanged() override { applyLook(); }
+    void enabledChanged() override;
+
+    std::int32_t ink_ = 0; // 0xBBGGRR
+    std::int32_t ground_ = 0xC0C0C0;
+    std::int16_t backStyle_ = 1; // 0: the background shows through
+    std::int16_t borderStyle_ = 0; // 1: a frame around the text
+    std::int16_t alignment_ = 0; // 0 left, 1 right, 2 centred; 3 to 5 the same mirrored
+};
+
+// Makes a touch view report to the library: MouseDown, MouseMove and MouseUp with button, shift and place in twips.
+std::function<void(const TouchPoint&)> touchEvents(
+    std::function<void(std::string_view event, std::initializer_list<basic::Variant> args)> raise);
+
+} // namespace servopanel::panel

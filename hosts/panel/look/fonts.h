@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QFont>
+#include <QString>
+
+namespace servopanel::panel {
+
+// The panel's own font at a height in pixels.
+QFont panelFont(int pixels, bool bold = false);
+
+// A font of the library: size in points of 20 twips.
+QFont libraryFont(const QString& name, float points, bool bold);
+
+// The font, made smaller in steps down to 70 % until the text fits into the width.
+QFont fitted(const QFont& font, const QString& text, int width);
+
+// A height in proportion to the space at hand, kept within limits; all in pixels.
+int scaled(double share, int whole, int least, int most);
+
+} // namespace servopanel::panel

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <string_view>
+
+namespace servopanel::panel {
+
+// Words of the panel itself. A project may give its own under "Panel.<name>"; otherwise the panel's German or English
+// ones are used.
+enum class PanelText {
+    Ok,
+    Cancel,
+    Clear,
+    Lowest,
+    Highest,
+    TooSmall,
+    TooLarge,
+    NoNumber,
+    Level,
+    LevelRange,
+    LimitsCrossed,
+    Definition,
+    On,
+    Off,
+    Machine,
+    AccessLevel,
+    Errors,
+    Close,
+    Back,
+    Screen,
+    Message,
+};
+
+// "Panel.Ok" and so on.
+std::string_view panelTextKey(PanelText text);
+
+// The panel's own word in a language ("de", any other is English).
+QString panelWord(PanelText text, std::string_view languageCode);
+
+using PanelWords = std::function<QString(PanelText)>;
+
+} // namespace servopanel::panel

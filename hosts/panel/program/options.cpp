@@ -1,0 +1,94 @@
+#include "panel/program/options.h"
+
+#include <charconv>
+
+namespace servopanel::panel {
+
+namespace {
+
+std::optional<int> wholeNumber(const std::string& text)
+{
+    int value = 0;
+    const char* end = text.data() + text.size();
+    const auto result = std::from_chars(text.data(), end, value);
+    if (result.ec != std::errc{} || result.ptr != end) return {};
+    return value;
+}
+
+void take(Options& options, const std::string& name, const std::string& value)
+{
+    const auto fail = [&](const std::string& expected) {
+        options.problem = name + " takes " + expected + ", not '" + value + "'";
+    };
+    if (name == "--resolution") {
+        options.settings.resolution = wholeNumber(value);
+        const int width = options.settings.resolution.value_or(0);
+        if (width != 800 && width != 1024 && width != 1280) fail("800, 1024 or 1280");
+    } else if (name == "--zoom") {
+        options.zoomToFit = value == "fit";
+        if (!options.zoomToFit) fail("fit");
+    } else if (name == "--language") {
+        options.settings.language = value;
+    } else if (name == "--level") {
+        const int level = wholeNumber(value).value_or(-1);
+        if (level < 0 || level > 99)
+            fail("an access level from 0 to 99");
+        else
+            options.settings.level = static_cast<std::int16_t>(level);
+    } else if (name == "--trace") {
+        options.settings.trace = value;
+    } else if (name == "--tour") {
+        options.tour = value;
+    } else {
+        options.problem = "unknown option " + name;
+    }
+}
+
+} // namespace
+
+Options parseOptions(const std::vector<std::string>& arguments)
+{
+    Options options;
+    for (std::size_t i = 0; i < arguments.size() && options.problem.empty(); ++i) {
+        const std::string& argument = arguments[i];
+        if (argument == "--help" || argument == "-h") {
+            options.help = true;
+            return options;
+        }
+        if (argument.rfind("--", 0) == 0) {
+            const std::size_t sign = argument.find('=');
+            if (sign != std::string::npos)
+                take(options, argument.substr(0, sign), argument.substr(sign + 1));
+            else if (i + 1 == arguments.size())
+                options.problem = argument + " needs a value";
+            else
+                take(options, argument, arguments[++i]);
+        } else if (options.settings.project.empty()) {
+            options.settings.project = argument;
+        } else {
+            options.problem = "one project at a time: '" + argument + "'";
+        }
+    }
+    if (options.problem.empty() && options.settings.project.empty()) options.problem = "no project given";
+    return options;
+}
+
+std::string helpText()
+{
+    return "servo-panel PROJECT [OPTION...]\n"
+           "\n"
+           "Opens the HMI project in the folder PROJECT as an operator sees it.\n"
+           "\n"
+           "  --resolution 800|1024|1280   width of the panel in pixels instead of the project's\n"
+           "  --zoom fit                   as large as the monitor allows\n"
+           "  --language NUMBER|CODE       language at start instead of the project's\n"
+           "  --level N                    access level instead of the project's, 0 operator to 5 service\n"
+           "  --trace FILE                 write everything that crosses the library's border to FILE\n"
+           "  --tour FOLDER                play an operator's tour, save a picture of every step to FOLDER,\n"
+           "                               print what was written to the machine, and end\n"
+           "  --help                       this text\n"
+           "\n"
+           "Exit status: 0 at the end, 2 when the panel cannot be started.\n";
+}
+
+} // namespace servopanel::panel

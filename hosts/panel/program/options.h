@@ -1,0 +1,23 @@
+#pragma once
+
+#include "panel/runtime/panel.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace servopanel::panel {
+
+// What the command line asks for.
+struct Options {
+    PanelSettings settings;
+    bool help = false;
+    bool zoomToFit = false;
+    std::filesystem::path tour; // folder for the pictures of a tour; empty: no tour
+    std::string problem; // what is wrong with the command line
+};
+
+Options parseOptions(const std::vector<std::string>& arguments);
+std::string helpText();
+
+} // namespace servopanel::panel

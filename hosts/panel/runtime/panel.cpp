@@ -1,0 +1,287 @@
+#include "panel/runtime/panel.h"
+
+#include "basic/conversions.h"
+#include "panel/form/fusszeile.h"
+#include "panel/form/vws_index.h"
+#include "panel/form/vws_var.h"
+#include "panel/pictures/picture_file.h"
+#include "panel/window/other_screen.h"
+#include "platform/ids.h"
+
+namespace servopanel::panel {
+
+using basic::Variant;
+namespace names = platform::names;
+
+namespace {
+
+constexpr std::string_view resolutionVariable = "parameter<.aufloesung>";
+constexpr std::string_view levelVariable = "Ch-1.intern<.passwort>";
+constexpr std::string_view machineVariable = "Ch-1.intern<.aktuelle_maschine>";
+constexpr std::string_view designationVariable = "parameter<.maschinenbez_";
+
+QString toQt(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QSize stageSize(int resolution)
+{
+    switch (resolution) {
+    case 800: return {800, 600};
+    case 1024: return {1024, 768};
+    default: return {1280, 1024};
+    }
+}
+
+bool isVisible(Child& child) { return basic::toBoolean(child.get(names::Visible, {})); }
+
+portable::PathMapping mapping(const PanelSettings& settings)
+{
+    portable::PathMapping result{settings.project};
+    const platform::EnvironmentValue folder = portable::environmentValue("TEMPVELM");
+    if (folder.state == platform::EnvironmentValue::State::Present) result.mapTemporaryFolder(folder.text);
+    if (!settings.temporary.empty()) {
+        result.mapFolder("C:\\Temp", settings.temporary);
+        if (folder.state == platform::EnvironmentValue::State::Present && !folder.text.empty())
+            result.mapFolder(folder.text, settings.temporary);
+    }
+    return result;
+}
+
+} // namespace
+
+machine::ProjectFile Panel::loadProject(const std::filesystem::path& folder)
+{
+    if (!std::filesystem::is_directory(folder)) throw CannotStart{"'" + folder.string() + "' is no folder"};
+    const std::filesystem::path file = folder / "project.json";
+    if (!std::filesystem::is_regular_file(file))
+        throw CannotStart{"'" + folder.string() + "' is no project: it has no project.json"};
+    return machine::ProjectFile::load(file);
+}
+
+Panel::Panel(PanelSettings settings)
+    : settings_{std::move(settings)}
+    , file_{loadProject(settings_.project)}
+    , mapping_{mapping(settings_)}
+    , languages_{settings_.project, file_}
+    , window_{stageSize(settings_.resolution.value_or(file_.resolution))}
+    , errors_{window_.stage(), [this](PanelText text) { return word(text); }}
+    , messages_{window_.stage(), gate_, [this](PanelText text) { return word(text); }}
+    , objects_{{variables_,
+          std::make_shared<PanelPathHelper>(mapping_, file_.input,
+              [this](std::int16_t number) { gate_.later([this, number] { openScreen(number); }); }),
+          errors_, settings_.makeDatabase}}
+    , forms_{
+          *this, gate_, *this, [this](std::string_view className, const platform::ControlPlatform& platform) {
+              return make(className, platform);
+          }}
+{
+    applySettings();
+    window_.setWindowTitle(toQt(file_.title.empty() ? std::string{"servo-panel"} : file_.title));
+    window_.setKeyHandler([this](int number) { pressKey(number); });
+    window_.setCloseHandler([this] {
+        gate_.later([this] {
+            closeScreen();
+            window_.closeNow();
+        });
+    });
+    const QSize stage = window_.stage().size();
+    errors_.place({stage.width() * 48 / 100, stage.height() / 100, std::max(64, stage.width() * 6 / 100),
+        std::max(32, stage.height() * 4 / 100)});
+    noteProblems();
+    if (file_.machine && settings_.simulate) {
+        machine_ = std::make_unique<MachineRunner>(*file_.machine, *variables_);
+        for (const machine::Problem& problem : machine_->problems())
+            note(problem.text());
+    }
+    startTrace();
+    platform::LibraryPlatform platform{objects_, messages_, profile_, files_, surroundings_, pictures_};
+    if (sink_) {
+        recorder_ = std::make_unique<recording::Recorder>(platform, *sink_);
+        library_ = std::make_unique<shell::Library>(recorder_->platform());
+    } else {
+        library_ = std::make_unique<shell::Library>(platform);
+    }
+}
+
+Panel::~Panel() { closeScreen(); }
+
+void Panel::applySettings()
+{
+    file_.declareVariables(*variables_);
+    if (settings_.resolution)
+        setVariable(resolutionVariable, static_cast<std::int16_t>(*settings_.resolution));
+    setVariable(levelVariable, settings_.level.value_or(file_.level));
+    if (!settings_.language.empty() && !languages_.choose(settings_.language))
+        throw CannotStart{"the project has no language '" + settings_.language + "'"};
+}
+
+void Panel::setVariable(std::string_view name, std::int16_t value)
+{
+    if (variables_->find(name) == nullptr)
+        variables_->declare(name, Variant{value});
+    else
+        variables_->write(name, Variant{value}, machine::Writer::Host);
+}
+
+void Panel::noteProblems()
+{
+    for (const machine::Problem& problem : file_.problems)
+        note(problem.text());
+    for (const machine::Problem& problem : languages_.problems())
+        note(problem.text());
+}
+
+void Panel::note(const std::string& text)
+{
+    if (noted_.insert(text).second) errors_.add(ErrorEntry::Origin::Panel, toQt(text));
+}
+
+void Panel::startTrace()
+{
+    if (settings_.trace.empty()) return;
+    traceFile_.open(settings_.trace, std::ios::binary | std::ios::trunc);
+    if (!traceFile_) throw CannotStart{"the trace cannot be written to '" + settings_.trace.string() + "'"};
+    sink_ = std::make_unique<recording::TraceSink>([this](std::string_view lines) {
+        traceFile_ << lines;
+        traceFile_.flush(); // a trace is wanted most when the panel does not come to its end
+    });
+}
+
+MadeControl Panel::make(std::string_view className, const platform::ControlPlatform& platform)
+{
+    if (!recorder_) return {nullptr, library_->createControl(className, platform)};
+    std::shared_ptr<recording::RecordedControl> recorded = recorder_->control(className, platform);
+    auto control = library_->createControl(className, recorded->platform());
+    return {std::move(recorded), std::move(control)};
+}
+
+void Panel::openServo()
+{
+    closeScreen();
+    operation("create");
+    servo_ = std::make_unique<ControlHost>("Servo", &window_.stage(), forms_);
+    servo_->put(names::Visible, {}, Variant{true});
+    window_.showScreen(servo_->view());
+    operation("show");
+    servo_->show();
+}
+
+void Panel::closeScreen()
+{
+    otherScreen_ = 0;
+    window_.showNothing();
+    if (!servo_) return;
+    operation("terminate");
+    servo_->terminate();
+    servo_.reset();
+}
+
+void Panel::openScreen(std::int16_t number)
+{
+    closeScreen();
+    otherScreen_ = number;
+    const std::string title = text("Panel.Screen." + basic::decimal(std::int32_t{number}));
+    const QString numbered = word(PanelText::Screen) + u' ' + QString::number(number);
+    bool isKnown = false;
+    for (const machine::ProjectFile::Screen& screen : file_.screens)
+        isKnown = isKnown || screen.number == number;
+    if (!isKnown) note("The project has no screen " + basic::decimal(std::int32_t{number}));
+    auto* screen = new OtherScreen{
+        &window_.stage(), title.empty() ? numbered : toQt(title), numbered, word(PanelText::Back)};
+    screen->backKey().setAction([this] { gate_.later([this] { openServo(); }); });
+    window_.showScreen(*screen);
+}
+
+ControlHost* Panel::shownPart()
+{
+    if (!servo_) return nullptr;
+    for (const std::string_view name : {"ServoMain", "ServoMenu"}) {
+        auto* part = dynamic_cast<ControlHost*>(servo_->find(name));
+        if (part != nullptr && !part->hasEnded() && isVisible(*part)) return part;
+    }
+    return nullptr;
+}
+
+void Panel::pressKey(int number)
+{
+    if (gate_.isClosed()) return;
+    if (ControlHost* part = shownPart()) {
+        if (auto* footer = dynamic_cast<FußzeileChild*>(part->find("Fußzeile"))) footer->press(number);
+    } else if (otherScreen_ != 0 && number == 11) {
+        gate_.later([this] { openServo(); });
+    }
+}
+
+QString Panel::word(PanelText text)
+{
+    const std::string own = languages_.text(panelTextKey(text));
+    return own.empty() ? panelWord(text, languages_.currentCode()) : toQt(own);
+}
+
+QImage Panel::picture(std::string_view name)
+{
+    const std::string key{name};
+    if (const auto cached = pictureCache_.find(key); cached != pictureCache_.end()) return cached->second;
+    try {
+        const std::optional<std::filesystem::path> file = mapping_.find(name);
+        if (!file) {
+            note("'" + key + "': no such file");
+            return {};
+        }
+        return pictureCache_[key] = loadPicture(*file, key);
+    } catch (const basic::Error& error) {
+        note(error.description);
+        return {};
+    }
+}
+
+void Panel::mirror(std::string_view variable, const Variant& value)
+{
+    try {
+        variables_->write(variable, value, machine::Writer::Host);
+    } catch (const basic::Error& error) {
+        note(error.description);
+    }
+}
+
+void Panel::operation(const std::string& command)
+{
+    if (sink_) sink_->line("> " + command);
+}
+
+std::vector<HeaderLanguage> Panel::languages()
+{
+    std::vector<HeaderLanguage> result;
+    for (const Languages::Language& language : languages_.all())
+        result.push_back({language.number, toQt(language.name)});
+    return result;
+}
+
+void Panel::chooseLanguage(int number)
+{
+    if (languages_.choose(static_cast<std::int16_t>(number)) && servo_) servo_->languageChanged();
+}
+
+HeaderTexts Panel::headerTexts()
+{
+    HeaderTexts texts;
+    texts.title = toQt(file_.title);
+    const auto value = [this](const std::string& name) {
+        const Variant* found = variables_->find(name);
+        return found == nullptr ? QString{} : valueText(*found);
+    };
+    const QString number = value(std::string{machineVariable});
+    const QString designation = value(std::string{designationVariable} + number.toStdString() + ">");
+    const std::string machineName = text("Panel.Machine." + designation.toStdString());
+    texts.machine = word(PanelText::Machine) + u' ' + designation;
+    if (!machineName.empty()) texts.machine += QStringLiteral(" – ") + toQt(machineName);
+    texts.level = word(PanelText::AccessLevel) + u' ' + value(std::string{levelVariable});
+    if (ControlHost* part = shownPart())
+        if (auto* heading = dynamic_cast<VWSIndex*>(part->find("Überschrift")))
+            texts.shown = heading->shown();
+    return texts;
+}
+
+} // namespace servopanel::panel

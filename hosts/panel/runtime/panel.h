@@ -1,0 +1,120 @@
+#pragma once
+
+#include "machine/project_file.h"
+#include "machine/variable_store.h"
+#include "panel/form/control_host.h"
+#include "panel/runtime/languages.h"
+#include "panel/runtime/machine_runner.h"
+#include "panel/runtime/panel_services.h"
+#include "panel/window/panel_window.h"
+#include "portable/portable_files.h"
+#include "portable/portable_profile.h"
+#include "recording/trace/recorder.h"
+#include "shell/library.h"
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+
+namespace servopanel::panel {
+
+struct PanelSettings {
+    std::filesystem::path project;
+    std::optional<int> resolution; // pixels of width; otherwise the project's
+    std::string language; // number or code; empty: the project's
+    std::optional<std::int16_t> level; // access level; otherwise the project's
+    std::filesystem::path trace; // file for everything that crosses the library's border; empty: none
+    std::filesystem::path temporary; // where scaled pictures are kept; empty: the system's temporary folder
+    bool simulate = true; // false: the process variables stay as they are
+    MakeDatabase makeDatabase;
+};
+
+// Why a panel cannot be started at all: one line for the engineer.
+struct CannotStart {
+    std::string reason;
+};
+
+// One panel: a project opened, the library with everything it asks for, and the window with the screen that is shown.
+class Panel : public Services, public HeaderSource {
+public:
+    // Raises CannotStart when the folder is no project. Anything else that is wrong is noted in the list of reports.
+    explicit Panel(PanelSettings settings);
+    ~Panel() override;
+
+    PanelWindow& window() { return window_; }
+    machine::VariableStore& variables() { return *variables_; }
+    ErrorList& errors() { return errors_; }
+    EventGate& gate() { return gate_; }
+    const machine::ProjectFile& project() const { return file_; }
+
+    // Shows the screen with the Servo control, made anew.
+    void openServo();
+    // The control of the shown screen, nullptr while another screen is shown.
+    ControlHost* servo() { return servo_.get(); }
+    // ServoMain or ServoMenu, whichever is visible; nullptr when none is.
+    ControlHost* shownPart();
+    // Number of the other screen that is shown, 0 for none.
+    std::int16_t otherScreen() const { return otherScreen_; }
+    // Ends the control that is shown.
+    void closeScreen();
+
+    // A key of the keyboard: footer keys 1 to 12.
+    void pressKey(int number);
+    void note(const std::string& text);
+
+    // Services
+    std::string text(std::string_view key) override { return languages_.text(key); }
+    LanguageFont font() override { return {}; }
+    QString word(PanelText text) override;
+    QImage picture(std::string_view name) override;
+    void mirror(std::string_view variable, const basic::Variant& value) override;
+    void operation(const std::string& command) override;
+    // HeaderSource
+    std::vector<HeaderLanguage> languages() override;
+    int language() override { return languages_.current(); }
+    void chooseLanguage(int number) override;
+    HeaderTexts headerTexts() override;
+
+private:
+    static machine::ProjectFile loadProject(const std::filesystem::path& folder);
+    void applySettings();
+    void setVariable(std::string_view name, std::int16_t value);
+    void noteProblems();
+    void startTrace();
+    MadeControl make(std::string_view className, const platform::ControlPlatform& platform);
+    void openScreen(std::int16_t number);
+
+    PanelSettings settings_;
+    machine::ProjectFile file_;
+    portable::PathMapping mapping_;
+    Languages languages_;
+    std::shared_ptr<machine::VariableStore> variables_ = std::make_shared<machine::VariableStore>();
+    EventGate gate_;
+    PanelWindow window_;
+    ErrorList errors_;
+    std::unique_ptr<MachineRunner> machine_;
+    std::map<std::string, QImage> pictureCache_;
+    std::set<std::string> noted_;
+
+    portable::PortableFiles files_{mapping_};
+    portable::PortableProfile profile_{mapping_};
+    PanelPictures pictures_{mapping_};
+    PanelMessages messages_;
+    PanelSurroundings surroundings_{portable::PortableSurroundings::Settings{}};
+    PanelObjects objects_;
+
+    std::ofstream traceFile_;
+    std::unique_ptr<recording::TraceSink> sink_;
+    std::unique_ptr<recording::Recorder> recorder_;
+    std::unique_ptr<shell::Library> library_;
+
+    FormSurroundings forms_;
+    std::unique_ptr<ControlHost> servo_;
+    std::int16_t otherScreen_ = 0;
+};
+
+} // namespace servopanel::panel

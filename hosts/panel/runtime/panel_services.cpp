@@ -1,0 +1,75 @@
+#include "panel/runtime/panel_services.h"
+
+#include "basic/conversions.h"
+#include "basic/error.h"
+#include "panel/form/picture_child.h"
+#include "panel/pictures/picture_file.h"
+#include "panel/widgets/message_sheet.h"
+#include "portable/file_error.h"
+
+#include <QCoreApplication>
+
+namespace servopanel::panel {
+
+namespace {
+
+constexpr std::int32_t cannotCreateObject = 429;
+
+QString toQt(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+} // namespace
+
+void PanelErrorDisplay::ErrMessage(
+    std::int32_t number, std::string_view source, std::string_view description, std::string_view text)
+{
+    // The composed report ends in the procedure's name, behind the last mark.
+    const std::size_t mark = text.rfind("###");
+    const std::string_view procedure = mark == std::string_view::npos ? text : text.substr(mark + 3);
+    list_.add(ErrorEntry::Origin::Library,
+        toQt(procedure) + QStringLiteral(": ") + toQt(description) + QStringLiteral(" (")
+            + (source.empty() ? QString{} : toQt(source) + QStringLiteral(", "))
+            + QString::fromStdString(basic::decimal(number)) + u')');
+}
+
+void PanelErrorDisplay::CloseMe() { list_.forget(ErrorEntry::Origin::Library); }
+
+void PanelMessages::show(std::string_view text)
+{
+    MessageSheet sheet{&stage_, words_(PanelText::Message), toQt(text), words_(PanelText::Ok)};
+    gate_.close();
+    sheet.run();
+    gate_.open();
+}
+
+basic::ObjectRef PanelPictures::load(std::string_view path)
+{
+    const std::string name{path};
+    const std::optional<std::filesystem::path> file = mapping_.find(path);
+    if (!file) portable::raiseFileError(portable::FileError::FileNotFound, name, "no such file");
+    return std::make_shared<PanelPicture>(loadPicture(*file, name), name);
+}
+
+void PanelPictures::save(platform::Control& box, std::string_view path)
+{
+    auto* picture = dynamic_cast<PictureChild*>(&box);
+    if (picture == nullptr) basic::raise(basic::ErrorNumber::TypeMismatch);
+    saveBitmap(picture->canvas().canvas().image(), mapping_.resolve(path), std::string{path});
+}
+
+void PanelSurroundings::letEventsRun() { QCoreApplication::processEvents(); }
+
+std::shared_ptr<platform::ErrorDisplay> PanelObjects::createErrorDisplay()
+{
+    return std::make_shared<PanelErrorDisplay>(parts_.errors);
+}
+
+std::shared_ptr<platform::DBEngine> PanelObjects::createDBEngine()
+{
+    if (parts_.makeDatabase) return parts_.makeDatabase();
+    throw basic::Error{cannotCreateObject, "Panel", "No database engine"};
+}
+
+} // namespace servopanel::panel

@@ -1,0 +1,154 @@
+#include "panel/widgets/definition_editor.h"
+
+#include "panel/look/colours.h"
+#include "panel/look/fonts.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+#include <cmath>
+#include <limits>
+
+namespace servopanel::panel {
+
+namespace {
+
+constexpr int gap = 4; // pixels between keys
+constexpr double highestLevel = std::numeric_limits<std::int16_t>::max();
+
+} // namespace
+
+DefinitionEditor::DefinitionEditor(QWidget* parent, PanelWords words)
+    : Sheet{parent}
+    , words_{std::move(words)}
+    , pad_{new KeyPad{this, [this] { changed(); }}}
+    , cancel_{new TouchKey{this}}
+    , ok_{new TouchKey{this}}
+{
+    for (std::size_t i = 0; i < rowCount; ++i) {
+        rowKeys_[i] = new TouchKey{this};
+        rowKeys_[i]->setAction([this, i] { choose(static_cast<Row>(i)); });
+    }
+    ok_->setRole(TouchKey::Role::Accept);
+    ok_->setAction([this] { accept(); });
+    cancel_->setRole(TouchKey::Role::Refuse);
+    cancel_->setAction([this] { cancel(); });
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+void DefinitionEditor::setHandlers(
+    std::function<void(const Definition&)> accepted, std::function<void()> cancelled)
+{
+    accepted_ = std::move(accepted);
+    cancelled_ = std::move(cancelled);
+}
+
+void DefinitionEditor::start(const Definition& definition)
+{
+    setTitle(words_(PanelText::Definition));
+    entries_[Least].start(definition.least, {}, {});
+    entries_[Most].start(definition.most, {}, {});
+    entries_[Level].start(definition.level, 0.0, highestLevel);
+    ok_->setText(words_(PanelText::Ok));
+    cancel_->setText(words_(PanelText::Cancel));
+    choose(Least);
+    setFocus();
+}
+
+void DefinitionEditor::choose(Row row)
+{
+    chosen_ = row;
+    pad_->workOn(&entries_[static_cast<std::size_t>(row)]);
+    changed();
+}
+
+void DefinitionEditor::changed()
+{
+    const std::array names{PanelText::Lowest, PanelText::Highest, PanelText::Level};
+    for (std::size_t i = 0; i < rowCount; ++i) {
+        rowKeys_[i]->setText(
+            words_(names[i]) + QStringLiteral(":  ") + QString::fromStdString(entries_[i].text()));
+        rowKeys_[i]->setChosen(static_cast<Row>(i) == chosen_);
+    }
+    remark_.clear();
+    update();
+}
+
+QString DefinitionEditor::reasonAgainst() const
+{
+    for (const Row row : {Least, Most})
+        if (entries_[static_cast<std::size_t>(row)].verdict() != NumberEntry::Verdict::Fine)
+            return words_(PanelText::NoNumber);
+    const std::optional<double> level = entries_[Level].value();
+    if (!level || entries_[Level].verdict() != NumberEntry::Verdict::Fine || *level != std::floor(*level))
+        return words_(PanelText::LevelRange);
+    if (*entries_[Least].value() > *entries_[Most].value()) return words_(PanelText::LimitsCrossed);
+    return {};
+}
+
+void DefinitionEditor::accept()
+{
+    remark_ = reasonAgainst();
+    update();
+    if (!remark_.isEmpty() || !accepted_) return;
+    accepted_({*entries_[Least].value(), *entries_[Most].value(),
+        static_cast<std::int16_t>(*entries_[Level].value())});
+}
+
+void DefinitionEditor::cancel()
+{
+    if (cancelled_) cancelled_();
+}
+
+void DefinitionEditor::keyPressEvent(QKeyEvent* event)
+{
+    event->accept();
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter: accept(); break;
+    case Qt::Key_Escape: cancel(); break;
+    case Qt::Key_Backspace: pad_->pressBack(); break;
+    case Qt::Key_Up: choose(static_cast<Row>(std::max(0, chosen_ - 1))); break;
+    case Qt::Key_Down: choose(static_cast<Row>(std::min(2, chosen_ + 1))); break;
+    default:
+        if (!pad_->type(event->text())) event->ignore();
+    }
+}
+
+QRect DefinitionEditor::remarkPlace() const
+{
+    const QRect last = rowKeys_[Level]->geometry();
+    return {last.left(), last.bottom() + 2, last.width(), scaled(0.055, height(), 15, 26)};
+}
+
+void DefinitionEditor::paintEvent(QPaintEvent* event)
+{
+    Sheet::paintEvent(event);
+    if (remark_.isEmpty()) return;
+    QPainter painter{this};
+    painter.fillRect(remarkPlace(), colours::refuse);
+    painter.setPen(colours::barInk);
+    painter.setFont(
+        fitted(panelFont(scaled(0.032, height(), 10, 15), true), remark_, remarkPlace().width() - 4));
+    painter.drawText(remarkPlace(), Qt::AlignCenter, remark_);
+}
+
+void DefinitionEditor::resizeEvent(QResizeEvent*)
+{
+    const QRect place = inner();
+    const int rowHeight = scaled(0.085, height(), 22, 40);
+    for (std::size_t i = 0; i < rowCount; ++i) {
+        rowKeys_[i]->setGeometry(
+            place.left(), place.top() + static_cast<int>(i) * (rowHeight + 2), place.width(), rowHeight);
+        rowKeys_[i]->setTextPixels(scaled(0.45, rowHeight, 11, 18));
+    }
+    const int top = remarkPlace().bottom() + gap;
+    const int row = (place.bottom() + 1 - top + gap) / (KeyPad::rows + 1);
+    pad_->setGeometry(place.left(), top, place.width(), row * KeyPad::rows - gap);
+    const int last = top + row * KeyPad::rows;
+    const int half = (place.width() - gap) / 2;
+    cancel_->setGeometry(place.left(), last, half, place.bottom() + 1 - last);
+    ok_->setGeometry(place.right() + 1 - half, last, half, place.bottom() + 1 - last);
+}
+
+} // namespace servopanel::panel

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "panel/look/panel_text.h"
+#include "panel/widgets/sheet.h"
+#include "panel/widgets/touch_key.h"
+
+namespace servopanel::panel {
+
+// A message with an OK key. It covers its parent, so that nothing behind it can be touched while it is open.
+class MessageSheet : public QWidget {
+public:
+    MessageSheet(QWidget* parent, const QString& title, const QString& text, const QString& ok);
+
+    // Returns when the operator has read the message, or when the program ends.
+    void run();
+    TouchKey& okKey() { return *ok_; }
+    const QString& text() const { return text_; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void close();
+
+    QString text_;
+    Sheet* sheet_;
+    TouchKey* ok_;
+    std::function<void()> done_;
+};
+
+} // namespace servopanel::panel

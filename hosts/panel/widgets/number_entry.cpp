@@ -1,0 +1,113 @@
+#include "panel/widgets/number_entry.h"
+
+#include "basic/conversions.h"
+#include "basic/error.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace servopanel::panel {
+
+namespace {
+constexpr std::size_t longest = 12; // characters that the display of the mask holds
+}
+
+void NumberEntry::start(double value, std::optional<double> lower, std::optional<double> upper)
+{
+    text_ = basic::decimal(value);
+    first_ = value;
+    lower_ = lower;
+    upper_ = upper;
+    fresh_ = true;
+}
+
+void NumberEntry::begin()
+{
+    if (fresh_) text_.clear();
+    fresh_ = false;
+}
+
+void NumberEntry::digit(int digit)
+{
+    begin();
+    if (text_ == "0") text_.clear();
+    if (text_ == "-0") text_ = "-";
+    if (text_.size() < longest) text_ += static_cast<char>('0' + digit);
+}
+
+void NumberEntry::point()
+{
+    begin();
+    if (text_.find('.') != std::string::npos || text_.size() + 2 > longest) return;
+    if (text_.empty() || text_ == "-") text_ += '0';
+    text_ += '.';
+}
+
+void NumberEntry::sign()
+{
+    if (!signAllowed()) return;
+    // The sign belongs to the number that is shown, so it does not start a new one.
+    fresh_ = false;
+    if (!text_.empty() && text_.front() == '-') {
+        text_.erase(0, 1);
+    } else if (text_.size() < longest) {
+        text_.insert(0, 1, '-');
+    }
+}
+
+void NumberEntry::back()
+{
+    fresh_ = false;
+    if (!text_.empty()) text_.pop_back();
+}
+
+void NumberEntry::clear()
+{
+    fresh_ = false;
+    text_.clear();
+}
+
+int NumberEntry::decimals() const
+{
+    const std::size_t point = text_.find('.');
+    if (point == std::string::npos || text_.find('E') != std::string::npos) return 0;
+    return static_cast<int>(text_.size() - point - 1);
+}
+
+void NumberEntry::step(int direction)
+{
+    // Counted in units of the last place, so that 0.1 three times up is 0.3 and nothing beside it.
+    const double unit = std::pow(10.0, decimals());
+    double next = (std::round(value().value_or(0) * unit) + direction) / unit;
+    if (upper_) next = std::min(next, *upper_);
+    if (lower_) next = std::max(next, *lower_);
+    text_ = basic::decimal(next);
+    fresh_ = false;
+}
+
+std::optional<double> NumberEntry::value() const
+{
+    if (text_.empty() || text_ == "-") return {};
+    try {
+        return basic::numberFromText(text_);
+    } catch (const basic::Error&) {
+        return {};
+    }
+}
+
+NumberEntry::Verdict NumberEntry::verdict() const
+{
+    const std::optional<double> number = value();
+    if (!number) return Verdict::NoNumber;
+    if (lower_ && *number < *lower_) return Verdict::TooSmall;
+    if (upper_ && *number > *upper_) return Verdict::TooLarge;
+    return Verdict::Fine;
+}
+
+bool NumberEntry::changed() const
+{
+    const std::optional<double> number = value();
+    return number && *number != first_;
+}
+
+} // namespace servopanel::panel

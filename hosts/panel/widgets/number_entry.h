@@ -1,0 +1,43 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace servopanel::panel {
+
+// A number that is being typed, with the limits that it must keep. Knows nothing of keys on a screen.
+class NumberEntry {
+public:
+    enum class Verdict { Fine, NoNumber, TooSmall, TooLarge };
+
+    // Limits that are missing do not limit. The first digit replaces the value that is there at first.
+    void start(double value, std::optional<double> lower, std::optional<double> upper);
+
+    void digit(int digit); // 0..9
+    void point(); // once; whoever types a comma means the same
+    void sign(); // changes the sign where values below 0 are allowed
+    void back(); // takes away the last character
+    void clear();
+    // One up or down in the last place that is shown, not beyond the limits.
+    void step(int direction);
+
+    bool signAllowed() const { return !lower_ || *lower_ < 0; }
+    const std::string& text() const { return text_; }
+    std::optional<double> value() const;
+    Verdict verdict() const;
+    bool changed() const; // a number, and another one than at the start
+    const std::optional<double>& lower() const { return lower_; }
+    const std::optional<double>& upper() const { return upper_; }
+
+private:
+    void begin(); // before the first typed character
+    int decimals() const;
+
+    std::string text_;
+    double first_ = 0;
+    std::optional<double> lower_;
+    std::optional<double> upper_;
+    bool fresh_ = true;
+};
+
+} // namespace servopanel::panel

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QString>
+#include <QWidget>
+
+namespace servopanel::panel {
+
+// A sheet that lies on the page: dark title bar, light face, strong border. It takes every touch on itself.
+class Sheet : public QWidget {
+public:
+    explicit Sheet(QWidget* parent);
+    void setTitle(const QString& title);
+
+    int titleHeight() const;
+    // The space inside the border and below the title.
+    QRect inner() const;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private:
+    QString title_;
+};
+
+} // namespace servopanel::panel

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "panel/look/panel_text.h"
+
+#include <QWidget>
+
+#include <functional>
+
+namespace servopanel::panel {
+
+// A switch with two positions. Where its slider stands, the word on it and its colour tell the state. A touch is only
+// reported: whoever owns the switch decides what it then shows.
+class SwitchView : public QWidget {
+public:
+    SwitchView(QWidget* parent, PanelWords words);
+
+    void setHandler(std::function<void()> touched) { touched_ = std::move(touched); }
+    void setState(bool on);
+    void setFree(bool free);
+    bool state() const { return state_; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private:
+    PanelWords words_;
+    std::function<void()> touched_;
+    bool state_ = false;
+    bool free_ = true;
+    bool down_ = false;
+};
+
+} // namespace servopanel::panel

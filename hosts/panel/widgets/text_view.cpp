@@ -1,0 +1,102 @@
+#include "panel/widgets/text_view.h"
+
+#include "panel/look/colours.h"
+#include "panel/look/fonts.h"
+
+#include <QPainter>
+
+namespace servopanel::panel {
+
+namespace {
+constexpr int framePadding = 6; // between frame and text, pixels
+}
+
+void TextView::setText(const QString& text)
+{
+    if (text_ == text) return;
+    text_ = text;
+    update();
+}
+
+void TextView::setLook(const QFont& font, const QColor& ink, Qt::Alignment alignment)
+{
+    if (font_ == font && ink_ == ink && alignment_ == alignment) return;
+    font_ = font;
+    ink_ = ink;
+    alignment_ = alignment;
+    update();
+}
+
+void TextView::setFrame(Frame frame)
+{
+    frame_ = frame;
+    update();
+}
+
+void TextView::setBackground(std::optional<QColor> background)
+{
+    if (background_ == background) return;
+    background_ = background;
+    update();
+}
+
+void TextView::setWrapping(bool wrapping)
+{
+    wrapping_ = wrapping;
+    update();
+}
+
+void TextView::setBeingEdited(bool edited)
+{
+    if (edited_ == edited) return;
+    edited_ = edited;
+    update();
+}
+
+QSize TextView::textSize() const
+{
+    const QFontMetrics metrics{font_};
+    return {metrics.horizontalAdvance(text_), metrics.height()};
+}
+
+QColor TextView::face() const
+{
+    if (frame_ == Frame::Value) return background_.value_or(colours::value);
+    if (isLocked() && !edited_) return colours::lockedField;
+    return background_.value_or(colours::field);
+}
+
+void TextView::paintEvent(QPaintEvent*)
+{
+    QPainter painter{this};
+    QRect inside = rect();
+    if (frame_ == Frame::None) {
+        if (background_) painter.fillRect(inside, *background_);
+    } else {
+        painter.setRenderHint(QPainter::Antialiasing);
+        const double line = edited_ ? 3 : 1;
+        const bool strong = frame_ == Frame::Field && !isLocked();
+        painter.setPen(QPen{edited_ ? colours::accent
+                : strong            ? colours::border
+                                    : colours::faintBorder,
+            line});
+        painter.setBrush(face());
+        painter.drawRoundedRect(QRectF{inside}.adjusted(line / 2, line / 2, -line / 2, -line / 2), 3, 3);
+        painter.setRenderHint(QPainter::Antialiasing, false);
+        const int padding = std::min(framePadding, inside.width() / 8);
+        inside.adjust(padding, 1, -padding, -1);
+    }
+    if (text_.isEmpty()) return;
+    painter.setPen(ink_);
+    if (wrapping_) {
+        painter.setFont(font_);
+        painter.drawText(inside, static_cast<int>(alignment_) | Qt::TextWordWrap, text_);
+        return;
+    }
+    const QFont font = fitted(font_, text_, inside.width());
+    painter.setFont(font);
+    painter.drawText(inside, static_cast<int>(alignment_) | Qt::TextSingleLine,
+        QFontMetrics{font}.elidedText(text_, Qt::ElideRight, inside.width()));
+}
+
+} // namespace servopanel::panel

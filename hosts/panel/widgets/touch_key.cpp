@@ -1,0 +1,197 @@
+#include "panel/widgets/touch_key.h"
+
+#include "panel/look/colours.h"
+#include "panel/look/fonts.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace servopanel::panel {
+
+namespace {
+constexpr int repeatAfterMs = 450;
+constexpr int repeatEveryMs = 120;
+constexpr double offOpacity = 0.35;
+} // namespace
+
+TouchKey::TouchKey(QWidget* parent)
+    : QWidget{parent}
+{
+    connect(&repeat_, &QTimer::timeout, this, [this] {
+        repeat_.setInterval(repeatEveryMs);
+        if (down_) act();
+    });
+}
+
+void TouchKey::setText(const QString& text)
+{
+    if (text_ == text) return;
+    text_ = text;
+    update();
+}
+
+void TouchKey::setCorner(const QString& corner)
+{
+    corner_ = corner;
+    update();
+}
+
+void TouchKey::setPicture(const QImage& picture)
+{
+    picture_ = picture;
+    update();
+}
+
+void TouchKey::setRole(Role role)
+{
+    role_ = role;
+    update();
+}
+
+void TouchKey::setHighlight(std::optional<QColor> colour)
+{
+    if (highlight_ == colour) return;
+    highlight_ = colour;
+    update();
+}
+
+void TouchKey::setOn(bool on)
+{
+    if (on_ == on) return;
+    on_ = on;
+    if (!on) {
+        repeat_.stop();
+        down_ = false;
+    }
+    update();
+}
+
+void TouchKey::setChosen(bool chosen)
+{
+    if (chosen_ == chosen) return;
+    chosen_ = chosen;
+    update();
+}
+
+void TouchKey::act()
+{
+    if (!on_ || !action_) return;
+    const auto action = action_;
+    action();
+}
+
+void TouchKey::mousePressEvent(QMouseEvent* event)
+{
+    event->accept();
+    if (!on_ || event->button() != Qt::LeftButton) return;
+    held_ = true;
+    down_ = true;
+    update();
+    if (!repeating_) return;
+    repeat_.start(repeatAfterMs);
+    act();
+}
+
+void TouchKey::mouseMoveEvent(QMouseEvent* event)
+{
+    event->accept();
+    const bool inside = held_ && on_ && rect().contains(event->position().toPoint());
+    if (inside == down_) return;
+    down_ = inside;
+    update();
+}
+
+void TouchKey::mouseReleaseEvent(QMouseEvent* event)
+{
+    event->accept();
+    if (event->button() != Qt::LeftButton) return;
+    const bool chosen = held_ && down_ && on_ && rect().contains(event->position().toPoint());
+    held_ = false;
+    down_ = false;
+    repeat_.stop();
+    update();
+    if (chosen && !repeating_) act();
+}
+
+void TouchKey::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
+
+void TouchKey::hideEvent(QHideEvent* event)
+{
+    held_ = false;
+    down_ = false;
+    repeat_.stop();
+    QWidget::hideEvent(event);
+}
+
+QColor TouchKey::face() const
+{
+    if (!on_) return role_ == Role::Dark ? colours::bar : colours::keyOff;
+    QColor face = colours::key;
+    if (role_ == Role::Accept) face = colours::accept;
+    if (role_ == Role::Refuse) face = mix(colours::key, colours::refuse, 0.16);
+    if (role_ == Role::Dark) face = mix(colours::bar, colours::barInk, 0.14);
+    if (chosen_) face = colours::accent;
+    if (highlight_) face = mix(*highlight_, colours::key, 0.35);
+    if (down_) return role_ == Role::Plain && !highlight_ ? colours::keyPressed : face.darker(125);
+    return face;
+}
+
+QColor TouchKey::ink() const
+{
+    if (!on_) return role_ == Role::Dark ? colours::faintInk : colours::lockedInk;
+    if (chosen_ || role_ == Role::Accept || role_ == Role::Dark) return colours::barInk;
+    return colours::ink;
+}
+
+void TouchKey::paintEvent(QPaintEvent*)
+{
+    QPainter painter{this};
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    const QRectF frame = QRectF{rect()}.adjusted(1, 1, -1, -1);
+    const QColor filling = face();
+    QLinearGradient shade{frame.topLeft(), frame.bottomLeft()};
+    shade.setColorAt(0, down_ || !on_ ? filling : filling.lighter(104));
+    shade.setColorAt(1, down_ || !on_ ? filling : filling.darker(107));
+    painter.setBrush(shade);
+    painter.setPen(QPen{on_ ? colours::border : colours::faintBorder, 1});
+    painter.drawRoundedRect(frame, 4, 4);
+
+    const int shift = down_ ? 1 : 0;
+    QRect inside = rect().adjusted(4, 3, -4, -3).translated(shift, shift);
+    if (!on_ && !picture_.isNull()) painter.setOpacity(offOpacity);
+
+    const int corner = corner_.isEmpty() ? 0 : scaled(0.16, height(), 9, 14);
+    const int textPixels = textPixels_ != 0 ? textPixels_ : scaled(0.42, height(), 9, 26);
+    QRect textPlace = inside;
+    if (!picture_.isNull()) {
+        QRect picturePlace = inside;
+        if (!text_.isEmpty()) {
+            const int line = scaled(0.2, height(), 11, 19);
+            picturePlace.setBottom(inside.bottom() - line);
+            textPlace = {inside.left(), inside.bottom() - line, inside.width(), line};
+        }
+        QSize size = picture_.size();
+        if (size.width() > picturePlace.width() || size.height() > picturePlace.height())
+            size.scale(picturePlace.size(), Qt::KeepAspectRatio);
+        QRect place{{0, 0}, size};
+        place.moveCenter(picturePlace.center());
+        painter.drawImage(place, picture_);
+    }
+    painter.setOpacity(1);
+    painter.setPen(ink());
+    if (!text_.isEmpty()) {
+        const int pixels = picture_.isNull() ? textPixels : std::min(textPixels, textPlace.height() * 3 / 4);
+        const QFont font = fitted(panelFont(pixels, picture_.isNull()), text_, textPlace.width());
+        painter.setFont(font);
+        const QString shown = QFontMetrics{font}.elidedText(text_, Qt::ElideRight, textPlace.width());
+        painter.drawText(textPlace, Qt::AlignCenter, shown);
+    }
+    if (corner != 0) {
+        painter.setFont(panelFont(corner));
+        painter.setPen(on_ ? colours::faintInk : colours::lockedInk);
+        painter.drawText(inside.adjusted(1, 0, 0, 0), Qt::AlignLeft | Qt::AlignTop, corner_);
+    }
+}
+
+} // namespace servopanel::panel

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QImage>
+#include <QString>
+#include <QTimer>
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+
+namespace servopanel::panel {
+
+// A key on the screen: pressed look while the finger is on it, and it acts when the finger is lifted inside. A
+// repeating key acts at once and again while it is held.
+class TouchKey : public QWidget {
+public:
+    enum class Role { Plain, Accept, Refuse, Dark };
+
+    explicit TouchKey(QWidget* parent);
+
+    void setAction(std::function<void()> action) { action_ = std::move(action); }
+    void setText(const QString& text);
+    const QString& text() const { return text_; }
+    // A small name in the corner, such as "F1".
+    void setCorner(const QString& corner);
+    void setPicture(const QImage& picture);
+    const QImage& picture() const { return picture_; }
+    void setRole(Role role);
+    // A face of another colour, for a key that stands for something active.
+    void setHighlight(std::optional<QColor> colour);
+    void setOn(bool on);
+    bool isOn() const { return on_; }
+    void setRepeating(bool repeating) { repeating_ = repeating; }
+    void setChosen(bool chosen); // the chosen one of several keys
+    void setTextPixels(int pixels) { textPixels_ = pixels; }
+    bool isDown() const { return down_; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    void act();
+    QColor face() const;
+    QColor ink() const;
+
+    std::function<void()> action_;
+    QString text_;
+    QString corner_;
+    QImage picture_;
+    QTimer repeat_;
+    std::optional<QColor> highlight_;
+    Role role_ = Role::Plain;
+    int textPixels_ = 0; // 0: by the key's height
+    bool on_ = true;
+    bool down_ = false; // finger on it
+    bool held_ = false; // finger came down on it and is not lifted
+    bool repeating_ = false;
+    bool chosen_ = false;
+};
+
+} // namespace servopanel::panel
