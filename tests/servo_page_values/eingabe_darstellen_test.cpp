@@ -1,0 +1,91 @@
+#include "servo_page_values/page.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <string>
+
+namespace servopanel::servo_page::tests {
+namespace {
+
+bool holds(std::string_view trace, std::string_view part)
+{
+    return trace.find(part) != std::string_view::npos;
+}
+
+TEST(EingabeDarstellen, GoesThroughTheFieldsInOrderAndSkipsTheUnusedNumbers)
+{
+    Page page;
+    EXPECT_TRUE(holds(page.start(), inputs()));
+}
+
+TEST(EingabeDarstellen, LocksWhatAsksForMoreThanTheAccessLevel)
+{
+    Page page{definition("_servo_para_", 0, 3) + definition("_servo_para_", 1, 2)
+        + definition("_servo_para_", 19, 32767) + definition("_servo_para2_", 3, 3)
+        + definition("_servo_schalt_", 0, 3) + definition("_servo_schalt_", 3, 2)
+        + definition("_servo_zeich_", 1, 5)};
+    EXPECT_TRUE(holds(page.start(), inputs({1, 20, 24, 31, 42}))) << page.start();
+}
+
+TEST(EingabeDarstellen, OpensAFieldAtItsOwnLevel)
+{
+    Page page{"var Ch-1.intern<.passwort> = 3\n" + definitions(3)};
+    EXPECT_TRUE(holds(page.start(), inputs())) << page.start();
+}
+
+TEST(EingabeDarstellen, LocksEverythingOneLevelBelow)
+{
+    Page page{definitions(3)};
+    Fields all;
+    for (int field = 1; field <= 42; ++field)
+        all.insert(field);
+    EXPECT_TRUE(holds(page.start(), inputs(all))) << page.start();
+}
+
+TEST(EingabeDarstellen, KeepsAChangedSetpointGreenWhenTheMaskCloses)
+{
+    Page page;
+    page.run("touch SollwertL 5\n");
+    EXPECT_TRUE(holds(page.run("mask 55\n"), inputs({}, {5})));
+}
+
+TEST(EingabeDarstellen, KeepsAChangedDrawingItemGreenWhenTheMaskCloses)
+{
+    Page page;
+    page.run("touch ZeichnungR 44\n");
+    EXPECT_TRUE(holds(page.run("mask 7\n"), inputs({}, {44})));
+}
+
+TEST(EingabeDarstellen, KeepsEarlierChangesGreenThroughALaterEdit)
+{
+    Page page;
+    page.run("touch SollwertL 5\nmask 55\ntouch ZeichnungL 45\nmask 7\ntouch SollwertR 12\n");
+    EXPECT_TRUE(holds(page.run("mask cancel\n"), inputs({}, {5, 45})));
+}
+
+TEST(EingabeDarstellen, TurnsGreenBlackAfterWriting)
+{
+    Page page;
+    page.run("touch SollwertL 5\nmask 55\ntouch ZeichnungL 45\nmask 7\n");
+    EXPECT_TRUE(holds(page.run("key 10\n"), inputs()));
+    EXPECT_EQ(page.state("ServoMain.SollwertL(5).-513"), "0");
+    EXPECT_EQ(page.state("ServoMain.ZeichnungL(45).19"), "0");
+}
+
+TEST(EingabeDarstellen, LeavesAnUnchangedFieldBlack)
+{
+    Page page;
+    page.run("touch SollwertL 5\n");
+    EXPECT_TRUE(holds(page.run("mask 50\n"), inputs()));
+}
+
+TEST(EingabeDarstellen, KeepsLockedFieldsGreyWhenTheMaskCloses)
+{
+    Page page{definition("_servo_para_", 0, 3) + definition("_servo_para_", 4, 2)};
+    page.run("touch SollwertL 5\n");
+    EXPECT_TRUE(holds(page.run("mask 55\n"), inputs({1}, {5})));
+}
+
+} // namespace
+} // namespace servopanel::servo_page::tests

@@ -1,0 +1,162 @@
+#include "servo_page_values/page.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace servopanel::servo_page::tests {
+namespace {
+
+// Which setpoints, switches and drawing numbers the last EingabeDarstellen of a trace locked.
+std::string locked(std::string_view trace)
+{
+    return holding(holding(trace, "put ServoMain.Beschriftung"), ".19 = 8421504");
+}
+
+TEST(IniLesen, TakesTheDefinitionOfEachFieldThatHasOne)
+{
+    Page page{definition("_servo_para_", 0, 3) + definition("_servo_zeich_", 1, 3)};
+    EXPECT_EQ(
+        count(locked(page.start()), "BeschriftungL(1)"), count(locked(page.start()), "BeschriftungR(42)"));
+    EXPECT_GE(count(locked(page.start()), "BeschriftungR(42)"), 1U);
+}
+
+TEST(IniLesen, BuildsTheNamesFromDesignationAndServoNumber)
+{
+    Page page{R"(var parameter<.maschinenbez_1> = "A7"
+var Ch1.A7_T_servo_12<.mA7_servopassiv_12> = false
+file Parameter\Program.ini
+[1Machine]
+Servo1=12
+end
+db Servo\Servo.mdb A7 Ch1.A7_T_servo_12<.mA7_servo_schalt_12> 2 0 1 0 1 3
+)"};
+    EXPECT_GE(count(locked(page.start()), "BeschriftungR(33)"), 1U);
+    EXPECT_EQ(count(locked(page.start()), "BeschriftungR(34)"), 0U);
+}
+
+TEST(IniLesen, LooksUpNothingForNumbersWithoutAParameter)
+{
+    Page page{definition("_servo_para2_", 4, 9) + definition("_servo_schalt_", 4, 9)
+        + definition("_servo_zeich_", 2, 9)};
+    EXPECT_EQ(locked(page.start()), "");
+}
+
+TEST(IniLesen, KeepsThePagesDefinitionsWhenTheDatabaseHoldsNothing)
+{
+    Page page{definition("_servo_para_", 0, 3)};
+    page.run("db Servo\\Servo.mdb empty\n");
+    const std::string trace = page.run("key 6\n");
+    EXPECT_EQ(holding(trace, "db row"), "");
+    EXPECT_GE(count(locked(trace), "BeschriftungL(1)"), 1U);
+}
+
+TEST(IniLesen, KeepsTheDefinitionOfAFieldThatHasNoRowForThisServo)
+{
+    Page page{definition("_servo_para_", 0, 3)};
+    EXPECT_GE(count(locked(page.run("key 6\n")), "BeschriftungL(1)"), 1U);
+}
+
+TEST(IniLesen, ReportsEachLookUpWithoutAServo)
+{
+    Page page{"var Ch-1.intern<.servo_zeiger> = 51\n" + definitions(3)};
+    EXPECT_EQ(count(page.start(), "error 9 \"Ma IniLesen\" \"Subscript out of range\"\n"), 30U);
+    EXPECT_EQ(locked(page.start()), "");
+}
+
+TEST(IniEingabe, ChangesLimitsAndAccessLevelOfAField)
+{
+    Page page{levelFive() + definitions(3)};
+    page.run("key 4\ntouch SollwertL 5\n");
+    const std::string trace = page.run("ini 2 50 4\n");
+    const std::string expected = R"(> ini 2 50 4
+put ServoMain.IniEingabe.0x68030009 = false
+put ServoMain.IniEingabe.Visible = false
+)";
+    EXPECT_EQ(trace.substr(0, expected.size()), expected);
+    EXPECT_EQ(count(trace, "db update "), 30U);
+    EXPECT_EQ(count(trace, "db update " + variable("_servo_para_") + " 4\n"), 1U);
+    // The row itself has changed: the editor shows it after the definitions were read anew.
+    page.run("key 4\nkey 6\nkey 5\nkey 4\n");
+    EXPECT_EQ(holding(page.run("touch SollwertL 5\n"), "put ServoMain.IniEingabe.0x6803000"),
+        R"(put ServoMain.IniEingabe.0x68030004 = 4
+put ServoMain.IniEingabe.0x68030005 = 50
+put ServoMain.IniEingabe.0x68030006 = 2
+put ServoMain.IniEingabe.0x68030009 = true
+)");
+}
+
+TEST(IniEingabe, ChangesOnlyTheAccessLevelOfADrawingNumber)
+{
+    Page page{levelFive() + definitions(3)};
+    page.run("key 4\ntouch ZeichnungL 43\n");
+    const std::string trace = page.run("ini 2 50 4\n");
+    EXPECT_EQ(holding(trace, ".17 ="), R"(put ServoMain.ZeichnungL(41).17 = 12632256
+put ServoMain.ZeichnungL(43).17 = 12632256
+put ServoMain.ZeichnungL(45).17 = 12632256
+)");
+    EXPECT_EQ(holding(page.run("touch ZeichnungL 41\n"), "put ServoMain.IniEingabe.0x6803000"),
+        R"(put ServoMain.IniEingabe.0x68030004 = 4
+put ServoMain.IniEingabe.0x68030005 = 99
+put ServoMain.IniEingabe.0x68030006 = 1
+put ServoMain.IniEingabe.0x68030009 = true
+)");
+}
+
+TEST(IniEingabe, FinishesInItsOrder)
+{
+    Page page{levelFive() + definitions(3)};
+    page.run("key 4\ntouch SchalterL 32\n");
+    const std::string trace = page.run("ini 0 1 5\n");
+    const std::size_t close = trace.find("db close\n");
+    ASSERT_NE(close, std::string::npos);
+    const std::string after = inputs() + released();
+    EXPECT_EQ(trace.substr(close + 9, after.size()), after);
+}
+
+TEST(IniEingabe, LocksAFieldThatAsksForMoreThanTheOperatorHas)
+{
+    Page page{levelFive() + definitions(3)};
+    page.run("key 4\ntouch SchalterL 32\n");
+    EXPECT_EQ(locked(page.run("ini 0 1 6\n")), "put ServoMain.BeschriftungL(32).19 = 8421504\n");
+}
+
+TEST(IniEingabe, CancelCompletesWithTheOldDefinition)
+{
+    Page page{levelFive() + definitions(3)};
+    page.run("key 4\ntouch SollwertL 5\n");
+    const std::string trace = page.run("ini cancel\n");
+    EXPECT_EQ(count(trace, "put ServoMain.IniEingabe.0x68030009 = false\n"), 1U);
+    EXPECT_EQ(locked(trace), "");
+}
+
+TEST(IniEingabe, RefusesALowerLimitAboveTheUpper)
+{
+    Page page{levelFive() + definitions(3)};
+    page.run("key 4\ntouch SollwertL 5\n");
+    EXPECT_EQ(page.run("ini 3 2 1\n"), "> ini 3 2 1\nrefused ini\n");
+}
+
+TEST(IniSchreiben, WritesTheDatabaseEvenWhenNoFieldHasADefinition)
+{
+    Page page{
+        levelFive() + "db Servo\\Servo.mdb M1 " + variable("_servo_para_", {}, "9") + " 0 0 1000 1 99 1\n"};
+    // Without a row of this servo all inputs are hidden; the editor is reached on the other servo.
+    page.run(
+        "db Servo\\Servo.mdb M1 " + variable("_servo_para_", {}, "5") + " 0 0 1000 1 99 1\nkey 6\nkey 4\n");
+    page.run("db Servo\\Servo.mdb delete " + variable("_servo_para_", {}, "5") + " 0\n");
+    page.run("touch SollwertL 1\n");
+    EXPECT_GE(count(page.run("ini 1 2 3\n"), "db update " + variable("_servo_para_", {}, "9") + " 0\n"), 1U);
+}
+
+TEST(IniSchreiben, ReportsADatabaseThatRefusesUpdatesAndGoesOn)
+{
+    Page page{levelFive() + definition("_servo_para_", 0, 3)};
+    page.run("key 4\ntouch SollwertL 1\nfail db update\n");
+    const std::string trace = page.run("ini 1 2 3\n");
+    EXPECT_EQ(count(trace, "\"INI_Datenbank_Schreiben\""), 1U);
+    EXPECT_NE(trace.find(released()), std::string::npos);
+}
+
+} // namespace
+} // namespace servopanel::servo_page::tests

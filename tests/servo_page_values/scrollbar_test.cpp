@@ -1,0 +1,35 @@
+#include "servo_page_values/page.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace servopanel::servo_page::tests {
+namespace {
+
+std::string moved(const std::string& top)
+{
+    return "put ServoMain.MainBereich(1).Top = " + top + "\nput ServoMain.MainBereich(2).Top = " + top + "\n";
+}
+
+TEST(ScrollBar_NeuePos, MovesBothHalvesByPixels)
+{
+    Page page;
+    EXPECT_EQ(page.run("pagescroll 11\n"), "> pagescroll 11\n" + moved("-150"));
+    EXPECT_EQ(page.run("pagescroll 1\n"), "> pagescroll 1\n" + moved("0"));
+}
+
+TEST(ScrollBar_NeuePos, CountsInThePanelsPixels)
+{
+    Page page{"screen 12 12\n"};
+    EXPECT_EQ(page.run("pagescroll 3\n"), "> pagescroll 3\n" + moved("-24"));
+}
+
+TEST(ScrollBar_NeuePos, GoesAsFarAsPositionsGo)
+{
+    Page page;
+    EXPECT_EQ(page.run("pagescroll 32767\n"), "> pagescroll 32767\n" + moved("-491490"));
+}
+
+} // namespace
+} // namespace servopanel::servo_page::tests

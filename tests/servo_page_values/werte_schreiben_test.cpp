@@ -1,0 +1,270 @@
+#include "servo_page_values/page.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <string>
+
+namespace servopanel::servo_page::tests {
+namespace {
+
+const std::string setpointArray =
+    "[10, 20, 30, 40, 50, 60, 70, 80, 90, 100, 110, 120, 130, 140, 150, 160, 170, 180, "
+    "190, 200]";
+
+std::string readAndWrite(std::string_view family, const std::string& read, const std::string& written)
+{
+    return "read " + variable(family) + " = " + read + "\nwrite " + variable(family) + " = " + written + "\n";
+}
+
+// Confirms although nothing was touched.
+const char* const confirmUntouched = "poke modified -1\nkey! 10\n";
+
+TEST(WerteSchreiben, DoesEverythingInItsOrder)
+{
+    Page page;
+    page.run("touch SollwertL 5\nmask 55\n");
+    const std::string expected = R"(> key 10
+call ServoMain.Fußzeile.0x68030006(10, 12632256)
+call ServoMain.Fußzeile.0x68030004(10, false)
+call ServoMain.Fußzeile.0x68030007(10, "Servo\Servo_Diag_1280.gif")
+)" + normalKeys()
+        + refresh({5})
+        + readAndWrite("_servo_para_", setpointArray,
+            "[10, 20, 30, 40, 55, 60, 70, 80, 90, 100, 110, 120, 130, 140, 150, 160, 170, 180, 190, 200]")
+        + readAndWrite("_servo_para2_", "[210, 220, 230, 240]", "[210, 220, 230, 240]")
+        + readAndWrite("_servo_schalt_", "5", "5")
+        + readAndWrite("_servo_zeich_", "[123456789, 7000012]", "[123456789, 7000012]") + inputs()
+        + released() + "write " + variable("_servoaender_") + " = 1\n";
+    EXPECT_EQ(page.run("key 10\n").substr(0, expected.size()), expected);
+}
+
+TEST(WerteSchreiben, WritesEveryFamilyBackUnchangedWhenNothingIsMarked)
+{
+    Page page;
+    EXPECT_EQ(beginning(page.run(confirmUntouched), {"write "}),
+        "write " + variable("_servo_para_") + " = " + setpointArray + "\nwrite " + variable("_servo_para2_")
+            + " = [210, 220, 230, 240]\nwrite " + variable("_servo_schalt_") + " = 5\nwrite "
+            + variable("_servo_zeich_") + " = [123456789, 7000012]\nwrite " + variable("_servoaender_")
+            + " = 1\n");
+}
+
+TEST(WerteSchreiben, NeverWritesLimits)
+{
+    Page page;
+    page.run("touch SollwertL 5\nmask 55\nkey 10\n");
+    const std::string written = page.run("vars\n");
+    EXPECT_EQ(holding(written, "_un_"), "");
+    EXPECT_EQ(holding(written, "_ob_"), "");
+}
+
+TEST(WerteSchreiben, KeepsWhatTheMachineChangedMeanwhile)
+{
+    Page page;
+    page.run("touch SollwertL 22\nmask 25\n");
+    page.run("var " + variable("_servo_para2_") + " = [1.25, 2, 3, 4]\n");
+    EXPECT_EQ(holding(page.run("key 10\n"), "write " + variable("_servo_para2_")),
+        "write " + variable("_servo_para2_") + " = [1.25, 25, 3, 4]\n");
+}
+
+TEST(WerteSchreiben, WritesATouchedFieldThatEqualsTheMachine)
+{
+    Page page;
+    page.run("touch SollwertL 5\nmask 50\n");
+    page.run("var " + variable("_servo_para_")
+        + " = [1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, "
+          "19, 20]\n");
+    EXPECT_EQ(holding(page.run(confirmUntouched), "write " + variable("_servo_para_")),
+        "write " + variable("_servo_para_")
+            + " = [1, 2, 3, 4, 50, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20]\n");
+}
+
+struct Edit {
+    const char* name;
+    const char* touch;
+    const char* value;
+    const char* family;
+    const char* written;
+};
+void PrintTo(const Edit& row, std::ostream* out) { *out << row.name; }
+
+class WerteSchreibenEdit : public ::testing::TestWithParam<Edit> { };
+
+TEST_P(WerteSchreibenEdit, PutsTheFieldIntoItsElement)
+{
+    Page page;
+    page.run(std::string{"touch "} + GetParam().touch + "\nmask " + GetParam().value + "\n");
+    EXPECT_EQ(holding(page.run("key 10\n"), "write " + variable(GetParam().family)),
+        "write " + variable(GetParam().family) + " = " + GetParam().written + "\n");
+}
+
+const Edit edits[] = {
+    {"field_1", "SollwertL 1", "7", "_servo_para_",
+        "[7, 20, 30, 40, 50, 60, 70, 80, 90, 100, 110, 120, 130, 140, 150, 160, 170, 180, 190, 200]"},
+    {"field_11", "SollwertR 11", "17", "_servo_para_",
+        "[10, 20, 30, 40, 50, 60, 70, 80, 90, 100, 17, 120, 130, 140, 150, 160, 170, 180, 190, 200]"},
+    {"field_20", "SollwertR 20", "27.5", "_servo_para_",
+        "[10, 20, 30, 40, 50, 60, 70, 80, 90, 100, 110, 120, 130, 140, 150, 160, 170, 180, 190, 27.5]"},
+    {"field_21", "SollwertL 21", "100", "_servo_para2_", "[100, 220, 230, 240]"},
+    {"field_24", "SollwertR 24", "100", "_servo_para2_", "[210, 220, 230, 100]"},
+    {"item_41", "ZeichnungL 41", "12", "_servo_zeich_", "[12456789, 7000012]"},
+    {"item_43", "ZeichnungL 43", "3", "_servo_zeich_", "[123036789, 7000012]"},
+    {"item_45", "ZeichnungL 45", "0", "_servo_zeich_", "[123450000, 7000012]"},
+    {"item_42", "ZeichnungR 42", "999", "_servo_zeich_", "[123456789, 999000012]"},
+    {"item_44", "ZeichnungR 44", "99", "_servo_zeich_", "[123456789, 7990012]"},
+    {"item_46", "ZeichnungR 46", "9999", "_servo_zeich_", "[123456789, 7009999]"},
+};
+INSTANTIATE_TEST_SUITE_P(Fields, WerteSchreibenEdit, ::testing::ValuesIn(edits),
+    [](const auto& row) { return std::string{row.param.name}; });
+
+TEST(WerteSchreiben, JoinsThePartsOfADrawingNumber)
+{
+    Page page;
+    page.run("touch ZeichnungL 41\nmask 12\ntouch ZeichnungL 43\nmask 3\ntouch ZeichnungL 45\nmask 45\n");
+    EXPECT_EQ(holding(page.run("key 10\n"), "write " + variable("_servo_zeich_")),
+        "write " + variable("_servo_zeich_") + " = [12030045, 7000012]\n");
+}
+
+TEST(WerteSchreiben, ClearsTheHigherBitsOfTheSwitchWord)
+{
+    Page page{"var " + variable("_servo_schalt_") + " = 245\n"};
+    EXPECT_EQ(holding(page.run(confirmUntouched), "write " + variable("_servo_schalt_")),
+        "write " + variable("_servo_schalt_") + " = 5\n");
+}
+
+TEST(WerteSchreiben, TakesMarkedSwitchesFromTheControlAndTheOthersFromTheMachine)
+{
+    Page page;
+    page.run("touch SchalterL 31\ntouch SchalterR 34\n"); // off, on
+    page.run("var " + variable("_servo_schalt_") + " = 3\n"); // 32 was switched on elsewhere, 33 off
+    EXPECT_EQ(holding(page.run("key 10\n"), "write " + variable("_servo_schalt_")),
+        "write " + variable("_servo_schalt_") + " = 10\n");
+}
+
+TEST(WerteSchreiben, TakesUnmarkedSwitchesFromItsOwnReadAndNotFromWhatIsShown)
+{
+    Page page;
+    page.run("touch SchalterL 31\n");
+    page.run("var " + variable("_servo_schalt_") + " = 8\nfail read " + variable("_servo_schalt_") + " 1\n");
+    EXPECT_EQ(holding(page.run("key 10\n"), "write " + variable("_servo_schalt_")),
+        "write " + variable("_servo_schalt_") + " = 8\n");
+}
+
+struct Family {
+    const char* name;
+    const char* family;
+};
+void PrintTo(const Family& row, std::ostream* out) { *out << row.name; }
+
+// The variables of a servo that a confirm writes, but for one family.
+std::string othersThan(std::string_view family)
+{
+    std::string names;
+    for (const char* one :
+        {"_servo_para_", "_servo_para2_", "_servo_schalt_", "_servo_zeich_", "_servoaender_"})
+        if (one != family) names += variable(one) + "\n";
+    return names;
+}
+
+// The variables of a servo that a trace shows written, without their values.
+std::string written(std::string_view trace)
+{
+    std::string lines = beginning(trace, {"write Ch1."});
+    std::string names;
+    while (!lines.empty()) {
+        names += lines.substr(6, lines.find('>') - 5) + "\n";
+        lines.erase(0, lines.find('\n') + 1);
+    }
+    return names;
+}
+
+class WerteSchreibenFailing : public ::testing::TestWithParam<Family> { };
+
+TEST_P(WerteSchreibenFailing, LeavesAFamilyAloneThatItCouldNotRead)
+{
+    Page page;
+    page.run("touch SollwertL 5\nmask 55\n");
+    page.run("fail read " + variable(GetParam().family) + "\n");
+    const std::string trace = page.run("key 10\n");
+    EXPECT_EQ(written(trace), othersThan(GetParam().family));
+    EXPECT_GE(count(trace, "error 13 \"Ma WerteSchreiben\""), 1U);
+}
+
+TEST_P(WerteSchreibenFailing, WritesAFamilyThatOnlyTheRefreshCouldNotRead)
+{
+    Page page;
+    page.run("touch SollwertL 5\nmask 55\n");
+    page.run("fail read " + variable(GetParam().family) + " 1\n");
+    const std::string trace = page.run("key 10\n");
+    EXPECT_EQ(written(trace), othersThan({}));
+    EXPECT_EQ(count(trace, "\"Ma WerteSchreiben\""), 0U);
+}
+
+TEST_P(WerteSchreibenFailing, LeavesAFamilyAloneWhoseValueIsOfAnotherKind)
+{
+    Page page;
+    const bool word = std::string_view{GetParam().family} == "_servo_schalt_";
+    page.run("var " + variable(GetParam().family) + (word ? " = \"on\"\n" : " = 12\n"));
+    const std::string trace = page.run(confirmUntouched);
+    EXPECT_EQ(written(trace), othersThan(GetParam().family));
+    EXPECT_EQ(count(trace, "error 13 \"Ma WerteSchreiben\""), word ? 5U : 1U);
+}
+
+TEST_P(WerteSchreibenFailing, GoesOnWhenAWriteFails)
+{
+    Page page;
+    page.run("touch SollwertL 5\nmask 55\n");
+    page.run("fail write " + variable(GetParam().family) + "\n");
+    const std::string trace = page.run("key 10\n");
+    EXPECT_EQ(
+        written(without(trace, {"write " + variable(GetParam().family)})), othersThan(GetParam().family));
+    EXPECT_EQ(count(trace, "write " + variable(GetParam().family) + " failed\n"), 1U);
+    EXPECT_EQ(count(trace, "\"Ma WerteSchreiben\""), 1U);
+}
+
+const Family families[] = {
+    {"setpoints", "_servo_para_"},
+    {"second_setpoints", "_servo_para2_"},
+    {"switch_word", "_servo_schalt_"},
+    {"drawing_numbers", "_servo_zeich_"},
+};
+INSTANTIATE_TEST_SUITE_P(Families, WerteSchreibenFailing, ::testing::ValuesIn(families),
+    [](const auto& row) { return std::string{row.param.name}; });
+
+TEST(WerteSchreiben, ReportsAMarkedFieldThatTheArrayDoesNotHave)
+{
+    Page page;
+    page.run("touch SollwertR 24\nmask 100\n");
+    page.run("var " + variable("_servo_para2_") + " = [1, 2, 3]\n");
+    const std::string trace = page.run("key 10\n");
+    EXPECT_EQ(count(trace, "error 9 \"Ma WerteSchreiben\""), 1U);
+    EXPECT_EQ(holding(trace, "write " + variable("_servo_para2_")),
+        "write " + variable("_servo_para2_") + " = [1, 2, 3]\n");
+}
+
+TEST(WerteSchreiben, ClearsTheMarksEvenWhenAWriteFails)
+{
+    Page page;
+    page.run("touch SollwertL 5\nmask 55\nfail write " + variable("_servo_para_") + "\nkey 10\n");
+    EXPECT_EQ(page.run("timer\n"), "> timer\n" + refresh());
+}
+
+TEST(WerteSchreiben, ClearsTheModifiedFlag)
+{
+    Page page;
+    page.run("touch SollwertL 5\nmask 55\nkey 10\n");
+    // With nothing left to write the key goes to the diagnosis page.
+    EXPECT_EQ(beginning(page.run("key 10\n"), {"write "}), "");
+}
+
+TEST(WerteSchreiben, TurnsTheFieldBlackAgain)
+{
+    Page page;
+    page.run("touch SollwertL 5\nmask 55\n");
+    EXPECT_EQ(page.state("ServoMain.SollwertL(5).-513"), "32768");
+    page.run("key 10\n");
+    EXPECT_EQ(page.state("ServoMain.SollwertL(5).-513"), "0");
+}
+
+} // namespace
+} // namespace servopanel::servo_page::tests
