@@ -105,10 +105,9 @@ void readScreens(JsonObject& object, ProjectFile& project)
 
 ProjectFile ProjectFile::load(const std::filesystem::path& file)
 {
-    constexpr std::uintmax_t largest = 20'000'000;
     const std::string name = file.filename().string();
     try {
-        const portable::FileBytes content = portable::readFile(file, largest, file.string());
+        const portable::FileBytes content = portable::readFile(file, file.string());
         ProjectFile project = parse(content.bytes, name);
         if (content.failure) project.problems.push_back({name, "", content.failure->description});
         return project;
@@ -119,7 +118,7 @@ ProjectFile ProjectFile::load(const std::filesystem::path& file)
     }
 }
 
-ProjectFile ProjectFile::parse(std::string_view text, std::string file)
+ProjectFile ProjectFile::parse(std::string_view text, const std::string& file)
 {
     ProjectFile project;
     const Json json = readJson(text, file, project.problems);

@@ -46,7 +46,7 @@ struct ProjectFile {
 
     static ProjectFile load(const std::filesystem::path& file);
     // file: its name for the problems.
-    static ProjectFile parse(std::string_view text, std::string file);
+    static ProjectFile parse(std::string_view text, const std::string& file);
 
     // Declares all variables of the project in the store.
     void declareVariables(VariableStore& store) const;

@@ -151,7 +151,7 @@ double SimulatedServo::integral(Value& value, double seconds)
     if (!rule.low || !rule.high) return value.sum;
     const double low = number(rule.low);
     const double span = number(rule.high) - low;
-    if (value.sum < low || value.sum > low + span) {
+    if (value.sum < low || value.sum >= low + span) {
         const double above = std::fmod(value.sum - low, span);
         value.sum = low + (above < 0 ? above + span : above);
     }

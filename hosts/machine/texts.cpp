@@ -3,36 +3,17 @@
 #include "basic/error.h"
 #include "portable/text_decoding.h"
 #include "portable/text_reading.h"
+#include "portable/trimming.h"
 
-#include <cstdint>
 #include <utility>
 
 namespace servopanel::machine {
 
-namespace {
-
-std::string_view trimBlanks(std::string_view text)
-{
-    constexpr std::string_view blanks{" \t"};
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
-
-std::string_view withoutQuotes(std::string_view text)
-{
-    const bool quoted = text.size() >= 2 && text.front() == '"' && text.back() == '"';
-    return quoted ? text.substr(1, text.size() - 2) : text;
-}
-
-} // namespace
-
 Texts Texts::load(const std::filesystem::path& file)
 {
-    constexpr std::uintmax_t largest = 20'000'000;
     const std::string name = file.filename().string();
     try {
-        const portable::FileBytes content = portable::readFile(file, largest, file.string());
+        const portable::FileBytes content = portable::readFile(file, file.string());
         Texts texts = fromLines(portable::decodeLines(content.bytes), name);
         if (content.failure) texts.problems_.push_back({name, "", content.failure->description});
         return texts;
@@ -43,26 +24,27 @@ Texts Texts::load(const std::filesystem::path& file)
     }
 }
 
-Texts Texts::fromLines(const std::vector<std::string>& lines, std::string file)
+Texts Texts::fromLines(const std::vector<std::string>& lines, const std::string& file)
 {
     Texts texts;
     for (std::size_t i = 0; i < lines.size(); ++i) {
         const auto problem = [&](std::string reason) {
             texts.problems_.push_back({file, "line " + std::to_string(i + 1), std::move(reason)});
         };
-        const std::string_view line = trimBlanks(lines[i]);
+        const std::string_view line = portable::trimBlanks(lines[i]);
         if (line.empty() || line.front() == '#') continue;
         const std::size_t equals = line.find('=');
         if (equals == std::string_view::npos) {
             problem("no \"=\"; a line is \"key = text\"");
             continue;
         }
-        const std::string_view key = trimBlanks(line.substr(0, equals));
+        const std::string_view key = portable::trimBlanks(line.substr(0, equals));
         if (key.empty()) {
             problem("no key before \"=\"");
             continue;
         }
-        const std::string_view text = withoutQuotes(trimBlanks(line.substr(equals + 1)));
+        const std::string_view text =
+            portable::withoutQuotes(portable::trimBlanks(line.substr(equals + 1)), "\"");
         const bool added = texts.texts_.insert_or_assign(std::string{key}, std::string{text}).second;
         if (!added) problem("the key \"" + std::string{key} + "\" stands here again; this text counts");
     }

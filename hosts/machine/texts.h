@@ -17,7 +17,7 @@ public:
     // Never fails: what is missing or wrong is among the problems. The file may be in UTF-8 or Windows-1252.
     static Texts load(const std::filesystem::path& file);
     // file: its name for the problems.
-    static Texts fromLines(const std::vector<std::string>& lines, std::string file);
+    static Texts fromLines(const std::vector<std::string>& lines, const std::string& file);
 
     // nullptr for an unknown key.
     const std::string* find(std::string_view key) const;

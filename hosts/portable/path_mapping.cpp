@@ -175,7 +175,7 @@ try {
 std::string PathMapping::fullName(std::string_view name) const
 {
     if (isAbsolute(name)) return std::string{name};
-    const std::string project = withBackslashes(project_.string());
+    std::string project = withBackslashes(project_.string());
     if (name.empty()) return project;
     return project + (project.back() == '\\' ? "" : "\\") + withBackslashes(name);
 }

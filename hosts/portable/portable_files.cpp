@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 
 platform::TextLines PortableFiles::openText(std::string_view path)
 {
-    FileBytes content = readFile(mapping_.resolve(path), largestText, path);
+    FileBytes content = readFile(mapping_.resolve(path), path);
     return {decodeLines(content.bytes), std::move(content.failure)};
 }
 

@@ -1,7 +1,6 @@
 #include "portable/portable_profile.h"
 
 #include "basic/error.h"
-#include "portable/portable_files.h"
 #include "portable/profile_text.h"
 #include "portable/text_decoding.h"
 #include "portable/text_reading.h"
@@ -12,7 +11,7 @@ std::optional<std::string> PortableProfile::text(
     std::string_view file, std::string_view section, std::string_view entry)
 {
     try {
-        const FileBytes content = readFile(mapping_.resolve(file), PortableFiles::largestText, file);
+        const FileBytes content = readFile(mapping_.resolve(file), file);
         return profileLookUp(decodeLines(content.bytes), section, entry);
     } catch (const basic::Error&) {
         return std::nullopt;

@@ -1,6 +1,7 @@
 #include "portable/profile_text.h"
 
 #include "basic/text.h"
+#include "portable/trimming.h"
 
 #include <cstddef>
 
@@ -9,23 +10,6 @@ namespace servopanel::portable {
 namespace {
 
 constexpr std::size_t longestValue = 254;
-
-// Tabs count as blanks here, unlike in basic::trim.
-std::string_view trimBlanks(std::string_view text)
-{
-    constexpr std::string_view blanks{" \t"};
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
-
-std::string_view withoutQuotes(std::string_view value)
-{
-    if (value.size() < 2) return value;
-    const char quote = value.front();
-    if ((quote != '"' && quote != '\'') || value.back() != quote) return value;
-    return value.substr(1, value.size() - 2);
-}
 
 // Whole characters only: a continuation byte never counts.
 std::string_view cutAfter(std::string_view text, std::size_t characters)
@@ -67,7 +51,7 @@ std::optional<std::string> profileLookUp(
         const std::size_t equals = line.find('=');
         if (!inside || equals == std::string_view::npos) continue;
         if (basic::upperCase(trimBlanks(line.substr(0, equals))) != wantedEntry) continue;
-        const std::string_view value = withoutQuotes(trimBlanks(line.substr(equals + 1)));
+        const std::string_view value = withoutQuotes(trimBlanks(line.substr(equals + 1)), "\"'");
         return std::string{cutAfter(value, longestValue)};
     }
     return std::nullopt;

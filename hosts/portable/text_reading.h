@@ -18,14 +18,17 @@ struct FileBytes {
     std::optional<basic::Error> failure;
 };
 
-// Reads an ordinary file of at most largest bytes. Error 53 when there is none, 76 when its folder is missing, 75 when
-// it cannot be opened or is too large. name: the file's name for the error texts.
-FileBytes readFile(const std::filesystem::path& file, std::uintmax_t largest, std::string_view name);
+// No text file of a project comes near it; a larger one was put there by mistake and would hold the panel up.
+inline constexpr std::uintmax_t largestTextFile = 20'000'000; // bytes
+
+// Reads an ordinary file. Error 53 when there is none, 76 when its folder is missing, 75 when it cannot be opened or is
+// larger than largestTextFile. name: the file's name for the error texts.
+FileBytes readFile(const std::filesystem::path& file, std::string_view name);
 
 // Puts up to the given number of bytes into the buffer: how many, 0 at the end, -1 on failure with errno set.
 using ReadSome = basic::FunctionRef<std::ptrdiff_t(char*, std::size_t)>;
 
-// Reads to the end. A character in UTF-8 that a failure has cut in two is dropped, so that the rest is still
+// Reads to the end, at most so many bytes. A character in UTF-8 that a failure has cut in two is dropped, so that the rest is still
 // recognised as UTF-8.
 FileBytes readToEnd(ReadSome readSome, std::uintmax_t largest, std::string_view name);
 
