@@ -20,8 +20,8 @@ class Files {
 public:
     virtual ~Files() = default;
 
-    // Opens and reads a configuration file; error 53, 75 or 76 when it cannot be opened. One file at a time is in use:
-    // closeText ends the use, and a host may keep the file to itself until then.
+    // Opens and reads a configuration file; error 53, 75 or 76 when it cannot be opened. One file at a time is in
+    // use: closeText ends the use, and a host may keep the file to itself until then.
     virtual TextLines openText(std::string_view path) = 0;
     virtual void closeText() = 0;
     // Replaces a text file by these lines, each ended by CR LF.
