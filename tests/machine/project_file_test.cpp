@@ -171,6 +171,24 @@ TEST(ProjectFile, NamesTheLineWhereItBreaksOffAndKeepsWhatStandsBefore)
     EXPECT_EQ(project.problems[0].reason.find("json.exception"), std::string::npos);
 }
 
+TEST(ProjectFile, SurvivesACutAnywhereAndKeepsMoreTheLaterItComes)
+{
+    const std::string whole =
+        R"({"title": "Linie", "languages": [{"number": 1, "code": "de"}, {"number": 2, "code": "en"}],
+        "variables": {"a": 1, "b": [1, 2], "c": {"type": "int16", "value": 3}}, "screens": {"1": "x"}})";
+    std::size_t kept = 0;
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        const ProjectFile project = ProjectFile::parse(whole.substr(0, length), "project.json");
+        EXPECT_FALSE(project.problems.empty()) << length;
+        const std::size_t now = project.languages.size() + project.variables.size() + project.screens.size()
+            + (project.title.empty() ? 0U : 1U);
+        EXPECT_GE(now, kept) << length;
+        kept = now;
+    }
+    EXPECT_EQ(kept, 7U);
+    EXPECT_TRUE(ProjectFile::parse(whole, "project.json").problems.empty());
+}
+
 TEST(ProjectFile, SaysSoWhenThereIsNoProject)
 {
     EXPECT_EQ(ProjectFile::parse("", "project.json").problems.at(0).place, "line 1");
