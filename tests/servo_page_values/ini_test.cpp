@@ -91,7 +91,7 @@ TEST(IniEingabe, ChangesOnlyTheAccessLevelOfADrawingNumber)
     Page page{levelFive() + definitions(3)};
     page.run("key 4\ntouch ZeichnungL 43\n");
     const std::string trace = page.run("ini 2 50 4\n");
-    EXPECT_EQ(holding(trace, ".17 ="), R"(put ServoMain.ZeichnungL(41).17 = 12632256
+    EXPECT_EQ(holding(trace, ").17 ="), R"(put ServoMain.ZeichnungL(41).17 = 12632256
 put ServoMain.ZeichnungL(43).17 = 12632256
 put ServoMain.ZeichnungL(45).17 = 12632256
 )");

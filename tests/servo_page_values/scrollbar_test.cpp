@@ -25,10 +25,22 @@ TEST(ScrollBar_NeuePos, CountsInThePanelsPixels)
     EXPECT_EQ(page.run("pagescroll 3\n"), "> pagescroll 3\n" + moved("-24"));
 }
 
-TEST(ScrollBar_NeuePos, GoesAsFarAsPositionsGo)
+TEST(ScrollBar_NeuePos, MovesEvenWhenTheEndOfTheListCannotBeTold)
 {
     Page page;
-    EXPECT_EQ(page.run("pagescroll 32767\n"), "> pagescroll 32767\n" + moved("-491490"));
+    EXPECT_EQ(page.run("pagescroll 32767\n"),
+        "> pagescroll 32767\nerror 6 \"Ma ScrollBar_NeuePos\" \"Overflow\"\n" + moved("-491490"));
+}
+
+// Everything fits on the panel, so each position shows the end of the list. The page goes to its top when it is built
+// anew, unless it shows that end.
+TEST(ScrollBar_NeuePos, KnowsTheEndOfTheList)
+{
+    Page page;
+    const char* const rebuilt = "touch SollwertL 5\nmask cancel\n";
+    EXPECT_EQ(holding(page.run(rebuilt), "MainBereich(1).Top"), "put ServoMain.MainBereich(1).Top = 0\n");
+    page.run("pagescroll 2\n");
+    EXPECT_EQ(holding(page.run(rebuilt), "MainBereich(1).Top"), "");
 }
 
 } // namespace

@@ -132,7 +132,7 @@ TEST(Sollwert_MouseDown, ScalesTheMasksPlaceWithoutSnapping)
     Page page{"var parameter<.aufloesung> = 800\n"};
     EXPECT_EQ(holding(page.run("touch SollwertL 9\n"), "ServoMain.Eingabemaske"),
         R"(put ServoMain.Eingabemaske.0x68030001 = ServoMain.SollwertL(9)
-put ServoMain.Eingabemaske.Top = 1396.875
+put ServoMain.Eingabemaske.Top = 1309.5703
 put ServoMain.Eingabemaske.Left = 7381.25
 put ServoMain.Eingabemaske.0x68030000 = true
 put ServoMain.Eingabemaske.Visible = true
@@ -212,7 +212,7 @@ TEST(DefinitionBearbeiten, MarksAllThreeItemsOfADrawingNumber)
     Page page{levelFive() + definitions(3) + definition("_servo_zeich_", 1, 4)};
     page.run("key 4\n");
     const std::string trace = page.run("touch ZeichnungR 46\n");
-    EXPECT_EQ(holding(trace, ".17 ="), R"(put ServoMain.ZeichnungR(42).17 = 65280
+    EXPECT_EQ(holding(trace, ").17 ="), R"(put ServoMain.ZeichnungR(42).17 = 65280
 put ServoMain.ZeichnungR(44).17 = 65280
 put ServoMain.ZeichnungR(46).17 = 65280
 )");

@@ -29,8 +29,8 @@ TEST(Timer_Timer, TouchesNoKeyNoLockNoColour)
     EXPECT_EQ(holding(trace, "Enabled"), "");
     EXPECT_EQ(holding(trace, "0x68030001"), "");
     EXPECT_EQ(holding(trace, ".-513"), "");
-    EXPECT_EQ(holding(trace, ".19 ="), "");
-    EXPECT_EQ(holding(trace, ".17 ="), "");
+    EXPECT_EQ(holding(trace, ").19 ="), "");
+    EXPECT_EQ(holding(trace, ").17 ="), "");
 }
 
 TEST(Timer_Timer, ShowsWhatTheMachineChanged)

@@ -67,16 +67,22 @@ TEST(WerteSchreiben, KeepsWhatTheMachineChangedMeanwhile)
         "write " + variable("_servo_para2_") + " = [1.25, 25, 3, 4]\n");
 }
 
-TEST(WerteSchreiben, WritesATouchedFieldThatEqualsTheMachine)
+TEST(WerteSchreiben, WritesATouchedFieldThatKeptItsValue)
 {
     Page page;
-    page.run("touch SollwertL 5\nmask 50\n");
-    page.run("var " + variable("_servo_para_")
-        + " = [1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, "
-          "19, 20]\n");
-    EXPECT_EQ(holding(page.run(confirmUntouched), "write " + variable("_servo_para_")),
-        "write " + variable("_servo_para_")
-            + " = [1, 2, 3, 4, 50, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20]\n");
+    page.run("touch SollwertL 22\nmask 25\ntouch SollwertR 23\nmask cancel\n");
+    page.run("var " + variable("_servo_para2_") + " = [1, 2, 3, 4]\n");
+    EXPECT_EQ(holding(page.run("key 10\n"), "write " + variable("_servo_para2_")),
+        "write " + variable("_servo_para2_") + " = [1, 25, 230, 4]\n");
+}
+
+TEST(WerteSchreiben, WritesAnEditThatEqualsTheMachineMeanwhile)
+{
+    Page page;
+    page.run("touch SollwertL 22\nmask 25\n");
+    page.run("var " + variable("_servo_para2_") + " = [1, 25, 3, 4]\n");
+    EXPECT_EQ(holding(page.run("key 10\n"), "write " + variable("_servo_para2_")),
+        "write " + variable("_servo_para2_") + " = [1, 25, 3, 4]\n");
 }
 
 struct Edit {
