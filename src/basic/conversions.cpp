@@ -1,6 +1,7 @@
 #include "basic/conversions.h"
 
 #include "basic/error.h"
+#include "basic/leading_decimal.h"
 #include "basic/text.h"
 
 #include <charconv>
@@ -31,6 +32,22 @@ Whole roundTo(double value)
             && rounded <= static_cast<double>(std::numeric_limits<Whole>::max())))
         raise(ErrorNumber::Overflow);
     return static_cast<Whole>(rounded);
+}
+
+// Exact to the last ten-thousandth, without zeros at the end.
+std::string currencyText(std::int64_t scaled)
+{
+    // Two's complement: the magnitude of the smallest number has no signed form.
+    const std::uint64_t bits = static_cast<std::uint64_t>(scaled);
+    const std::uint64_t magnitude = scaled < 0 ? 0 - bits : bits;
+    char buffer[24];
+    const auto result = std::to_chars(std::begin(buffer), std::end(buffer), magnitude);
+    std::string digits{std::begin(buffer), result.ptr};
+    if (digits.size() < 5) digits.insert(0, 5 - digits.size(), '0');
+    digits.insert(digits.size() - 4, 1, '.');
+    digits.erase(digits.find_last_not_of('0') + 1);
+    if (digits.back() == '.') digits.pop_back();
+    return scaled < 0 ? "-" + digits : digits;
 }
 
 // "1e+15" of the standard library as "1E+15", and never a negative zero.
@@ -73,12 +90,9 @@ double numberFromText(std::string_view text)
         digits.remove_prefix(1);
         if (!digits.empty() && digits[0] == '-') raise(ErrorNumber::TypeMismatch);
     }
-    double value = 0;
-    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-    if (result.ec == std::errc::result_out_of_range) raise(ErrorNumber::Overflow);
-    if (result.ec != std::errc{} || result.ptr != digits.data() + digits.size() || !std::isfinite(value))
-        raise(ErrorNumber::TypeMismatch);
-    return value;
+    const LeadingDecimal number = leadingDecimal(digits);
+    if (number.length == 0 || number.length != digits.size()) raise(ErrorNumber::TypeMismatch);
+    return number.value;
 }
 
 double toDouble(const Variant& value)
@@ -137,6 +151,7 @@ std::string toText(const Variant& value)
     case VariantType::Int16:
     case VariantType::Int32: return decimal(toInt32(value));
     case VariantType::Single: return decimal(*value.get<float>());
+    case VariantType::Currency: return currencyText(value.get<Currency>()->scaled);
     default: return decimal(toDouble(value));
     }
 }

@@ -2,6 +2,7 @@
 
 #include "basic/conversions.h"
 #include "basic/error.h"
+#include "basic/leading_decimal.h"
 
 #include <charconv>
 #include <cmath>
@@ -108,11 +109,7 @@ double Val(std::string_view text)
         if (sign != ' ' && sign != '\t' && sign != '\n' && sign != '\r') packed += sign;
     if (packed.size() > 2 && packed[0] == '&' && (packed[1] == 'H' || packed[1] == 'h'))
         return hexadecimalStart(std::string_view{packed}.substr(2));
-    const std::string number = leadingNumber(packed);
-    double value = 0;
-    const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
-    if (result.ec == std::errc::result_out_of_range) raise(ErrorNumber::Overflow);
-    return value;
+    return leadingDecimal(leadingNumber(packed)).value;
 }
 
 std::string Format(const Variant& value, std::string_view zeros)

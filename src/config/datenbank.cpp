@@ -6,6 +6,14 @@ namespace {
 
 constexpr std::string_view abfrage = "SELECT PRESET_DEFS.* FROM PRESET_DEFS";
 
+// A host that gives nothing is treated like one that failed.
+template <class T>
+std::unique_ptr<T> vorhanden(std::unique_ptr<T> objekt)
+{
+    if (!objekt) basic::raise(basic::ErrorNumber::ObjectNotSet);
+    return objekt;
+}
+
 } // namespace
 
 void Tabelle::schließen(basic::StatementTrap& trap)
@@ -19,8 +27,10 @@ Tabelle öffnen(
     display::Umfeld& umfeld, display::MGlobal& global, basic::StatementTrap& trap, std::string_view datei)
 {
     Tabelle tabelle;
-    trap([&] { tabelle.datenbank = display::dbEngine(umfeld).open(global.HoleDateiNamen(datei)); });
-    if (tabelle.datenbank) trap([&] { tabelle.sätze = tabelle.datenbank->openRecordSet(abfrage); });
+    trap(
+        [&] { tabelle.datenbank = vorhanden(display::dbEngine(umfeld).open(global.HoleDateiNamen(datei))); });
+    if (tabelle.datenbank)
+        trap([&] { tabelle.sätze = vorhanden(tabelle.datenbank->openRecordSet(abfrage)); });
     return tabelle;
 }
 

@@ -41,6 +41,19 @@ TEST(Decimal, ChangesToAnExponentForLargeAndSmallNumbers)
     EXPECT_EQ(decimal(12345678.0F), "1.234568E+07");
 }
 
+TEST(Decimal, WritesCurrencyExactly)
+{
+    const auto text = [](std::int64_t scaled) {
+        return servopanel::basic::toText(servopanel::basic::Currency{scaled});
+    };
+    EXPECT_EQ(text(0), "0");
+    EXPECT_EQ(text(12500), "1.25");
+    EXPECT_EQ(text(-1), "-0.0001");
+    EXPECT_EQ(text(100000), "10");
+    EXPECT_EQ(text(std::numeric_limits<std::int64_t>::max()), "922337203685477.5807");
+    EXPECT_EQ(text(std::numeric_limits<std::int64_t>::min()), "-922337203685477.5808");
+}
+
 TEST(Decimal, KnowsNoNegativeZero)
 {
     EXPECT_EQ(decimal(-0.0), "0");

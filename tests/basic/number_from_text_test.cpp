@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace {
 
 using servopanel::basic::numberFromText;
@@ -40,6 +42,14 @@ TEST(NumberFromText, ReportsNumbersBeyondTheRangeAsOverflow)
 {
     EXPECT_EQ(errorNumber([] { return numberFromText("1E999"); }), 6);
     EXPECT_EQ(errorNumber([] { return numberFromText("-1E999"); }), 6);
+    EXPECT_EQ(errorNumber([] { return numberFromText(std::string(400, '9')); }), 6);
+}
+
+TEST(NumberFromText, TakesNumbersTooSmallForZero)
+{
+    EXPECT_EQ(numberFromText("1E-999"), 0.0);
+    EXPECT_EQ(numberFromText("-0.5E-999"), 0.0);
+    EXPECT_EQ(numberFromText("0." + std::string(400, '0') + "1"), 0.0);
 }
 
 } // namespace

@@ -45,6 +45,8 @@ TEST(Val, ReadsHexadecimalDigits)
         EXPECT_EQ(Val(row.text), row.value) << '"' << row.text << '"';
 }
 
+TEST(Val, TakesNumbersTooSmallForZero) { EXPECT_EQ(Val("1E-999"), 0.0); }
+
 TEST(Val, ReportsNumbersBeyondTheRange)
 {
     EXPECT_EQ(errorNumber([] { return Val("1E999"); }), 6);
