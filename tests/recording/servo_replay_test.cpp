@@ -1,0 +1,92 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdio>
+#include <fstream>
+#include <string>
+#include <sys/wait.h>
+
+namespace {
+
+struct Outcome {
+    int status = -1;
+    std::string text; // both outputs
+};
+
+// Runs the replay tool as a shell would.
+Outcome servoReplay(const std::string& arguments)
+{
+    const std::string command = std::string{SERVO_REPLAY} + " " + arguments + " 2>&1";
+    std::FILE* pipe = popen(command.c_str(), "r");
+    if (pipe == nullptr) return {};
+    Outcome outcome;
+    std::array<char, 4096> buffer{};
+    for (std::size_t count = 0; (count = std::fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
+        outcome.text.append(buffer.data(), count);
+    const int status = pclose(pipe);
+    outcome.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return outcome;
+}
+
+std::string scenarioFile(const std::string& name, const std::string& text)
+{
+    const std::string path = ::testing::TempDir() + name;
+    std::ofstream{path, std::ios::binary} << text;
+    return path;
+}
+
+TEST(ServoReplay, EndsWithZeroWhenTheScenarioRan)
+{
+    const Outcome outcome = servoReplay(scenarioFile("good.scenario", "var A = 1\nvars\nget Servo.Height\n"));
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.text, "> vars\n> get Servo.Height\nstate Servo.Height failed\n");
+}
+
+TEST(ServoReplay, NamesFileLineAndReasonAndPlaysNothing)
+{
+    const std::string path = scenarioFile("bad.scenario", "vars\nfoo\n");
+    const Outcome outcome = servoReplay(path);
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.text, path + ":2: unknown command 'foo'\n");
+}
+
+TEST(ServoReplay, NamesTheLineThatCannotBePlayed)
+{
+    const std::string path = scenarioFile("show.scenario", "vars\nshow\n");
+    const Outcome outcome = servoReplay(path);
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.text, "> vars\n> show\n" + path + ":2: there is no control; 'create' makes one\n");
+}
+
+TEST(ServoReplay, ReadsStandardInput)
+{
+    EXPECT_EQ(servoReplay("- < " + scenarioFile("in.scenario", "vars\n")).text, "> vars\n");
+    const Outcome outcome = servoReplay("- < " + scenarioFile("bad.scenario", "foo\n"));
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.text, "-:1: unknown command 'foo'\n");
+}
+
+TEST(ServoReplay, ExplainsItself)
+{
+    const Outcome help = servoReplay("--help");
+    EXPECT_EQ(help.status, 0);
+    EXPECT_EQ(help.text.substr(0, 38), "servo-replay SCENARIO [--project DIR]\n");
+    for (const char* wrong : {"", "--other x", "a b", "x --project"}) {
+        const Outcome outcome = servoReplay(wrong);
+        EXPECT_EQ(outcome.status, 2) << wrong;
+        EXPECT_EQ(outcome.text, help.text) << wrong;
+    }
+}
+
+TEST(ServoReplay, SaysThatAFileOrFolderIsMissing)
+{
+    const Outcome file = servoReplay("/no/such/file");
+    EXPECT_EQ(file.status, 2);
+    EXPECT_EQ(file.text, "servo-replay: cannot read /no/such/file\n");
+    const Outcome folder =
+        servoReplay(scenarioFile("good.scenario", "vars\n") + " --project /no/such/folder");
+    EXPECT_EQ(folder.status, 2);
+    EXPECT_EQ(folder.text.find("servo-replay: "), 0U);
+}
+
+} // namespace
