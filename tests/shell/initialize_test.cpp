@@ -1,0 +1,206 @@
+#include "servo_menu/menu_project.h"
+#include "support/replay_fixture.h"
+
+namespace servopanel::testing {
+
+class UserControlInitialize : public ReplayFixture {
+protected:
+    // The trace of a start with these changes to a project of four servos with a menu.
+    std::string created(const std::string& changes = {})
+    {
+        run(menuProject(4) + changes);
+        return run("create");
+    }
+    std::string reportedBy(const std::string& description)
+    {
+        return "error -2147467259 \"UserControl_Initialize\" \"" + description + "\"\n";
+    }
+    static std::string programIni(
+        const std::string& machine, const std::string& project = "ServoWithMenu=TRUE\n")
+    {
+        return "file Parameter\\Program.ini\n[Project]\n" + project + "[1Machine]\n" + machine + "end\n";
+    }
+};
+
+TEST_F(UserControlInitialize, LoadsTheSharedStateInOrder)
+{
+    created();
+    EXPECT_EQ(replay.lines({"read Ch-1", "read parameter", "write", "put Servo.", "put Header",
+                  "profile Parameter\\Program.ini [P"}),
+        "write Ch-1.intern<.ocxname> = \"Servo\"\n"
+        "read parameter<.aufloesung> = 1280\n"
+        "read Ch-1.param_client<.arabisch> = false\n"
+        "read Ch-1.intern<.aktuelle_maschine> = 1\n"
+        "read parameter<.maschinenbez_1> = \"M1\"\n"
+        "read parameter<.servo_anzahl_1> = 4\n"
+        "read parameter<.mit_navi> = false\n"
+        "profile Parameter\\Program.ini [Project] ServoWithMachineType = \"\"\n"
+        "profile Parameter\\Program.ini [Project] ServoWithFault = \"\"\n"
+        "read Ch-1.intern<.passwort> = 3\n"
+        "put Servo.Height = 15360\n"
+        "put Servo.Width = 19200\n"
+        "put Header.Height = 1560\n"
+        "put Header.Width = 19200\n"
+        "profile Parameter\\Program.ini [Project] ServoWithMenu = \"TRUE\"\n"
+        "read Ch-1.intern<.servo_zeiger> = 0\n"
+        // what the menu reads for itself
+        "write Ch-1.intern<.ocxname> = \"Servo\"\n"
+        "read parameter<.aufloesung> = 1280\n"
+        "read Ch-1.param_client<.arabisch> = false\n");
+}
+
+TEST_F(UserControlInitialize, PlacesMenuAndPageAndBuildsTheFirstView)
+{
+    created();
+    EXPECT_EQ(
+        replay.lines({"put ServoMenu.Left", "put ServoMenu.Top", "put ServoMain", "put ServoMenu.BildInit"}),
+        "put ServoMenu.Left = 0\nput ServoMenu.Top = 0\nput ServoMain.Left = 0\nput ServoMain.Top = 0\n"
+        "put ServoMenu.BildInit = true\n");
+}
+
+TEST_F(UserControlInitialize, ScalesShellAndHeaderToThePanel)
+{
+    created("var parameter<.aufloesung> = 800\n");
+    EXPECT_EQ(replay.lines({"put Servo.", "put Header"}),
+        "put Servo.Height = 9000\nput Servo.Width = 12000\nput Header.Height = 914.0625\n"
+        "put Header.Left = 0\nput Header.Top = 0\nput Header.Width = 12000\n");
+}
+
+TEST_F(UserControlInitialize, OpensTheMenuWhenNoServoIsRemembered)
+{
+    created();
+    run("show");
+    EXPECT_EQ(
+        replay.lines({"put ServoMenu.BildShow", "put ServoMain.BildShow", "raise", "put ServoMenu.Visible"}),
+        "put ServoMenu.BildShow = true\nraise ServoMenu.JetztAnzeigen()\nput ServoMenu.Visible = true\n");
+}
+
+TEST_F(UserControlInitialize, OpensThePageOfTheRememberedServo)
+{
+    created("var Ch-1.intern<.servo_zeiger> = 2\n");
+    EXPECT_EQ(replay.lines({"put ServoMenu.BildInit", "put ServoMain.BildInit"}),
+        "put ServoMain.BildInit = true\n");
+    run("show");
+    EXPECT_EQ(
+        replay.lines({"put ServoMain.BildShow", "write Ch-1.intern<.servo_zeiger>", "put ServoMain.Visible"}),
+        "put ServoMain.BildShow = true\nwrite Ch-1.intern<.servo_zeiger> = 2\nput ServoMain.Visible = "
+        "true\n");
+}
+
+TEST_F(UserControlInitialize, OpensTheFirstServoWhenTheRememberedOneIsNegative)
+{
+    created("var Ch-1.intern<.servo_zeiger> = -3\n");
+    run("show");
+    EXPECT_EQ(replay.lines("write Ch-1.intern<.servo_zeiger>"), "write Ch-1.intern<.servo_zeiger> = 1\n");
+}
+
+TEST_F(UserControlInitialize, OpensTheFirstServoInAProjectWithoutMenu)
+{
+    for (const char* project : {"", "ServoWithMenu=FALSE\n"}) {
+        recording::Replay panel;
+        panel.run(menuProject(4) + programIni("Servo1=1\nServo2=2\n", project));
+        panel.run("create\nshow");
+        EXPECT_EQ(panel.lines({"write Ch-1.intern<.servo_zeiger>", "put ServoMenu.Bild"}),
+            "write Ch-1.intern<.servo_zeiger> = 1\n");
+    }
+}
+
+TEST_F(UserControlInitialize, CountsTheNavigationOnlyWhenItIsTrue)
+{
+    created("var parameter<.mit_navi> = 1\nvar Ch-1.intern<.navi_password_countdown> = 7\n");
+    EXPECT_EQ(replay.lines({"read Ch-1.intern<.navi", "write Ch-1.intern<.navi"}), "");
+    recording::Replay panel;
+    panel.run(
+        menuProject(1) + "var parameter<.mit_navi> = true\nvar Ch-1.intern<.navi_password_countdown> = 7\n");
+    panel.run("create");
+    EXPECT_EQ(panel.lines({"read Ch-1.intern<.navi", "write Ch-1.intern<.navi"}),
+        "read Ch-1.intern<.navi_password_countdown> = 7\nwrite Ch-1.intern<.navi_password_countdown> = 8\n");
+}
+
+TEST_F(UserControlInitialize, WritesACountdownBackThatCannotGoOn)
+{
+    created("var parameter<.mit_navi> = true\nvar Ch-1.intern<.navi_password_countdown> = 32767\n");
+    EXPECT_EQ(replay.lines({"write Ch-1.intern<.navi", "error"}),
+        "error 6 \"UserControl_Initialize\" \"Overflow\"\nwrite Ch-1.intern<.navi_password_countdown> = "
+        "32767\n");
+}
+
+TEST_F(UserControlInitialize, LeavesPassiveServosOutButKeepsTheEntriesOfTheirPositions)
+{
+    created("var Ch1.M1_T_servo_2<.mM1_servopassiv_2> = true\n"
+        + programIni("Servo1=1\nServo2=2\nServo3=3\nServo4=4\nServoPic3=2\nDiag2Servo4=TRUE\n")
+        + "picture Servo\\Servo_3_2_1280.gif 487 146\n");
+    EXPECT_EQ(replay.lines("profile Parameter\\Program.ini [1Machine]"),
+        "profile Parameter\\Program.ini [1Machine] Servo1 = \"1\"\n"
+        "profile Parameter\\Program.ini [1Machine] Diag2Servo1 = \"\"\n"
+        "profile Parameter\\Program.ini [1Machine] ServoPic1 = \"\"\n"
+        "profile Parameter\\Program.ini [1Machine] Servo2 = \"2\"\n"
+        "profile Parameter\\Program.ini [1Machine] Servo3 = \"3\"\n"
+        "profile Parameter\\Program.ini [1Machine] Diag2Servo3 = \"\"\n"
+        "profile Parameter\\Program.ini [1Machine] ServoPic3 = \"2\"\n"
+        "profile Parameter\\Program.ini [1Machine] Servo4 = \"4\"\n"
+        "profile Parameter\\Program.ini [1Machine] Diag2Servo4 = \"TRUE\"\n"
+        "profile Parameter\\Program.ini [1Machine] ServoPic4 = \"\"\n");
+    run("show");
+    // Three servos in the menu: rows of Int((3 + 1) / 2) and one; the second key has the variant of position 3.
+    EXPECT_EQ(replay.lines({"put ServoMenu.ScrollBar.0x68030002", "picture Servo\\Servo_"}),
+        "put ServoMenu.ScrollBar.0x68030002 = 3\n"
+        "picture Servo\\Servo_1_1280.gif\npicture Servo\\Servo_3_2_1280.gif\npicture "
+        "Servo\\Servo_4_1280.gif\n");
+}
+
+TEST_F(UserControlInitialize, CountsAServoWhoseFlagIsOneAsPassive)
+{
+    created("var Ch1.M1_T_servo_2<.mM1_servopassiv_2> = 1\n");
+    run("show");
+    EXPECT_EQ(replay.lines("picture Servo\\Servo_2"), "");
+}
+
+TEST_F(UserControlInitialize, ShowsAllServosOfAMachineWithoutPassiveFlags)
+{
+    created(
+        "fail read Ch1.M1_T_servo_1<.mM1_servopassiv_1>\nfail read Ch1.M1_T_servo_2<.mM1_servopassiv_2>\n"
+        "fail read Ch1.M1_T_servo_3<.mM1_servopassiv_3>\nfail read Ch1.M1_T_servo_4<.mM1_servopassiv_4>\n");
+    run("show");
+    EXPECT_EQ(replay.lines("put ServoMenu.ScrollBar.0x68030002"), "put ServoMenu.ScrollBar.0x68030002 = 3\n");
+}
+
+TEST_F(UserControlInitialize, UsesAMissingEntryAsServoNumberMinusOne)
+{
+    created(programIni("Servo1=1\n"));
+    EXPECT_NE(replay.lines("read Ch1.M1_T_servo_-1<.mM1_servopassiv_-1> failed"), "");
+}
+
+TEST_F(UserControlInitialize, ReportsTheFiftyFirstServo)
+{
+    run(menuProject(51));
+    run("create");
+    const std::string errors = replay.lines("error");
+    EXPECT_EQ(
+        errors.substr(0, errors.find('\n')), "error 9 \"UserControl_Initialize\" \"Subscript out of range\"");
+}
+
+TEST_F(UserControlInitialize, PutsTheMachineIntoFileNamesOnlyByOption)
+{
+    const std::string project = programIni("Servo1=1\n", "ServoWithMenu=TRUE\nServoWithMachineType=1\n");
+    created(project + "var parameter<.servo_anzahl_1> = 1\npicture Servo\\Servo_M1_1_1280.gif 487 146\n");
+    run("show");
+    EXPECT_EQ(replay.lines("picture Servo\\Servo_"), "picture Servo\\Servo_M1_1_1280.gif\n");
+}
+
+// Each variable of the start in turn: its failure is reported once and nothing else is lost.
+TEST_F(UserControlInitialize, GoesOnAfterEachFailure)
+{
+    const std::string variables[]{"Ch-1.intern<.aktuelle_maschine>", "parameter<.maschinenbez_1>",
+        "parameter<.servo_anzahl_1>", "parameter<.mit_navi>", "Ch-1.intern<.passwort>",
+        "Ch-1.intern<.servo_zeiger>"};
+    for (const std::string& variable : variables) {
+        recording::Replay panel;
+        panel.run(menuProject(2) + "fail read " + variable + "\n");
+        panel.run("create");
+        EXPECT_NE(panel.lines("error").find("\"UserControl_Initialize\""), std::string::npos) << variable;
+        EXPECT_EQ(panel.lines("put ServoMenu.BildInit"), "put ServoMenu.BildInit = true\n") << variable;
+    }
+}
+
+} // namespace servopanel::testing
