@@ -24,6 +24,8 @@ public:
     std::string run(std::string_view commands) { return replay_.run(std::string{commands}); }
     // The trace of creating and showing.
     const std::string& start() const { return start_; }
+    // What the host answers from, for values that scenarios cannot write.
+    recording::MemoryWorld& world() { return replay_.host().world(); }
     // The answer to `get OBJECT.ID`.
     std::string state(std::string_view object);
 

@@ -1,5 +1,7 @@
 #include "servo_page_values/page.h"
 
+#include "basic/variant.h"
+
 #include <gtest/gtest.h>
 
 #include <ostream>
@@ -143,6 +145,30 @@ TEST(WerteLesen, TurnsLimitsIntoTexts)
     EXPECT_EQ(page.state("ServoMain.SollwertL(22).22"), "\"0.1\"");
     EXPECT_EQ(page.state("ServoMain.SollwertR(23).22"), "\"1000000.25\"");
     EXPECT_EQ(page.state("ServoMain.SollwertR(24).22"), "\"-3\"");
+}
+
+TEST(WerteLesen, LosesOnlyTheElementsThatHaveNoText)
+{
+    Page page;
+    page.world().variables.set(variable("_servo_para2_ob_"),
+        basic::Array{basic::VariantType::Variant, 0, {1.5, basic::Null{}, "x", basic::Variant{}}});
+    EXPECT_EQ(page.run("timer\n"),
+        "> timer\n"
+            + refresh({},
+                {{"_servo_para2_ob_", "read " + variable("_servo_para2_ob_") + R"( = [1.5, null, "x", empty]
+put ServoMain.SollwertL(21).21 = "1.5"
+error 94 "Ma WerteLesen" "Invalid use of Null"
+put ServoMain.SollwertR(23).21 = "x"
+put ServoMain.SollwertR(24).21 = ""
+)"}}));
+}
+
+TEST(WerteLesen, DoesNotTakeAnEmptySwitchWordForZero)
+{
+    Page page;
+    page.world().variables.set(variable("_servo_schalt_"), basic::Variant{});
+    EXPECT_EQ(holding(page.run("timer\n"), "put ServoMain.Schalter"), "");
+    EXPECT_EQ(page.state("ServoMain.SchalterR(33).0x68030000"), "4");
 }
 
 struct Word {

@@ -1,7 +1,10 @@
 #include "servo_page_values/page.h"
 
+#include "basic/variant.h"
+
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <ostream>
 #include <string>
 
@@ -83,6 +86,55 @@ TEST(WerteSchreiben, WritesAnEditThatEqualsTheMachineMeanwhile)
     page.run("var " + variable("_servo_para2_") + " = [1, 25, 3, 4]\n");
     EXPECT_EQ(holding(page.run("key 10\n"), "write " + variable("_servo_para2_")),
         "write " + variable("_servo_para2_") + " = [1, 25, 3, 4]\n");
+}
+
+TEST(WerteSchreiben, KeepsElementTypeAndLowerBound)
+{
+    Page page;
+    page.world().variables.set(variable("_servo_para2_"),
+        basic::Array{basic::VariantType::Int16, 0,
+            {std::int16_t{1}, std::int16_t{2}, std::int16_t{3}, std::int16_t{4}}});
+    page.run("timer\ntouch SollwertL 22\nmask 26.5\nkey 10\n");
+    const basic::Variant* written = page.world().variables.find(variable("_servo_para2_"));
+    ASSERT_NE(written, nullptr);
+    EXPECT_EQ(*written,
+        (basic::Variant{basic::Array{basic::VariantType::Int16, 0,
+            {std::int16_t{1}, std::int16_t{26}, std::int16_t{3}, std::int16_t{4}}}}));
+}
+
+TEST(WerteSchreiben, WritesAnArrayThatCountsFromOneBackAsItCame)
+{
+    Page page;
+    const basic::Variant fromOne{basic::Array{basic::VariantType::Double, 1, {1.0, 2.0, 3.0, 4.0}}};
+    page.run("touch SollwertL 21\nmask 100\n");
+    page.world().variables.set(variable("_servo_para2_"), fromOne);
+    const std::string trace = page.run("key 10\n");
+    EXPECT_EQ(count(trace, "error 9 \"Ma WerteSchreiben\""), 1U);
+    EXPECT_EQ(count(trace, "write " + variable("_servo_para2_") + " = [1, 2, 3, 4]\n"), 1U);
+    EXPECT_EQ(*page.world().variables.find(variable("_servo_para2_")), fromOne);
+}
+
+TEST(WerteSchreiben, KeepsTheMachinesElementWhenTheInputDoesNotFitIt)
+{
+    Page page;
+    page.run("touch SollwertL 21\nmask 300\n");
+    page.world().variables.set(variable("_servo_para2_"),
+        basic::Array{basic::VariantType::Byte, 0,
+            {std::uint8_t{1}, std::uint8_t{2}, std::uint8_t{3}, std::uint8_t{4}}});
+    const std::string trace = page.run("key 10\n");
+    EXPECT_EQ(count(trace, "error 6 \"Ma WerteSchreiben\""), 1U);
+    EXPECT_EQ(count(trace, "write " + variable("_servo_para2_") + " = [1, 2, 3, 4]\n"), 1U);
+}
+
+TEST(WerteSchreiben, LeavesAFamilyAloneThatIsEmptyOrNull)
+{
+    for (const basic::Variant& nothing : {basic::Variant{}, basic::Variant{basic::Null{}}}) {
+        for (const char* family : {"_servo_para_", "_servo_para2_", "_servo_schalt_", "_servo_zeich_"}) {
+            Page page;
+            page.world().variables.set(variable(family), nothing);
+            EXPECT_EQ(holding(page.run(confirmUntouched), "write " + variable(family)), "") << family;
+        }
+    }
 }
 
 struct Edit {

@@ -99,6 +99,7 @@ void ServoMain::verwerfenOderVerlassen(basic::StatementTrap& trap)
     Bearbeitung& bearbeitung = zustand_.bearbeitung;
     if (bearbeitung.Bestaetigen != falsch) {
         bearbeitung.Bestaetigen = falsch;
+        // LEGACY: building the page anew reads everything a second time.
         if (bearbeitung.Geaendert == wahr) WerteLesen(false);
         SeiteUmschalten(false);
         return;

@@ -20,7 +20,7 @@ void ServoMain::IniLesen()
     });
     if (anzahl <= 0) return;
 
-    // 3. Take over the definition of each field that has one.
+    // 3. Take over the definition of each field that has one. LEGACY: a field without one keeps that of the servo before.
     for (std::int16_t feld = 1; feld <= letztesFeld; ++feld) {
         const std::optional<Familie> familie = familieDesFelds(feld);
         if (!familie) continue;

@@ -70,8 +70,8 @@ void ServoMain::eingabenAbschalten(basic::StatementTrap& trap)
     }
 }
 
-// Mask and editor stand over the half that was not touched. Field 10 has the place of the right half, although it lies
-// on the left one: the mask ends above its row.
+// Mask and editor stand over the half that was not touched. LEGACY: left fields from 10 on have the place of the right
+// half; their rows lie below the mask.
 void ServoMain::eingabePlatzieren(basic::StatementTrap& trap, std::string_view eingabe, std::int16_t feld)
 {
     trap([&] { platform::Facade{kind(eingabe)}.Top(basic::single(2235.0 * gemeinsam().FaktorY)); });

@@ -62,7 +62,7 @@ void ServoMain::schalterSchreiben(basic::StatementTrap& trap)
 {
     basic::Variant wort;
     trap([&] { wort = display::ReadValue(module_.umfeld, servoVariable(familien::Schalter)); });
-    // The machine expects the bits of the four switches and nothing else: all higher ones become 0.
+    // LEGACY: the bits above those of the four switches are not carried over, they become 0.
     std::int32_t neu = 0;
     for (std::int16_t feld = 31; feld <= 34; ++feld) {
         trap([&] {
