@@ -33,14 +33,15 @@ constexpr Rechteck mainRahmen(std::int16_t hälfte)
 inline constexpr Rechteck mainBereich{0, 0, 9015, 9765};
 
 // Rows of a half: ten setpoints, two of the second group, two switches, the drawing number; a gap between the groups.
+// The first row stands low enough for the upper of two caption lines on every panel.
 inline constexpr float zeilenHöhe = 630;
 inline constexpr float eingabeHöhe = 540;
 constexpr float zeileOben(std::int16_t item)
 {
-    if (item <= 20) return 30 + zeilenHöhe * static_cast<float>((item - 1) % 10);
-    if (item <= 24) return 6420 + zeilenHöhe * static_cast<float>((item - 21) % 2);
-    if (item <= 34) return 7770 + zeilenHöhe * static_cast<float>((item - 31) % 2);
-    return 9120;
+    if (item <= 20) return 45 + zeilenHöhe * static_cast<float>((item - 1) % 10);
+    if (item <= 24) return 6435 + zeilenHöhe * static_cast<float>((item - 21) % 2);
+    if (item <= 34) return 7785 + zeilenHöhe * static_cast<float>((item - 31) % 2);
+    return 9135;
 }
 
 // Captions reach up to the input; the width correction keeps them clear of it.

@@ -1,0 +1,227 @@
+#include "page_test.h"
+
+namespace servopanel::testing {
+
+namespace {
+
+class BildInit : public PageTest {
+protected:
+    std::string create(std::string_view more = {})
+    {
+        run(standardProject);
+        run("var Ch-1.intern<.servo_zeiger> = 1\n");
+        run(more);
+        return run("create\n");
+    }
+};
+
+TEST_F(BildInit, PublishesTheLibrarysName)
+{
+    create("library Achsen\n");
+    EXPECT_EQ(lines("write"),
+        "write Ch-1.intern<.ocxname> = \"Achsen\"\n"
+        "write Ch-1.intern<.ocxname> = \"Achsen\"\n");
+}
+
+TEST_F(BildInit, GoesOnWhenTheNameCannotBeWritten)
+{
+    const std::string trace = create("fail write Ch-1.intern<.ocxname>\n");
+    EXPECT_TRUE(contains(trace, "\"Ma BildInit Let\""));
+    EXPECT_TRUE(contains(trace, "load ServoMain.SollwertR(24)\n"));
+}
+
+TEST_F(BildInit, ClosesAndHidesMaskAndEditor)
+{
+    create();
+    EXPECT_EQ(lines({"put ServoMain.Eingabemaske.0x", "put ServoMain.Eingabemaske.V",
+                  "put ServoMain.IniEingabe.0x", "put ServoMain.IniEingabe.V"}),
+        "put ServoMain.Eingabemaske.0x68030000 = false\n"
+        "put ServoMain.Eingabemaske.Visible = false\n"
+        "put ServoMain.IniEingabe.0x68030009 = false\n"
+        "put ServoMain.IniEingabe.Visible = false\n");
+}
+
+TEST_F(BildInit, FillsThePanel)
+{
+    create("var parameter<.aufloesung> = 800\n");
+    EXPECT_EQ(lines({"put ServoMain.Height", "put ServoMain.Width"}),
+        "put ServoMain.Height = 9000\nput ServoMain.Width = 12000\n");
+}
+
+TEST_F(BildInit, LoadsCaptionSecondCaptionUnitAndInputOfEachRow)
+{
+    create();
+    const std::string loads = lines("load ServoMain.");
+    EXPECT_EQ(loads.substr(0, loads.find("load ServoMain.BeschriftungL(3)")),
+        "load ServoMain.BeschriftungL(2)\n"
+        "load ServoMain.BeschriftungL2(2)\n"
+        "load ServoMain.EinheitL(2)\n"
+        "load ServoMain.SollwertL(2)\n");
+}
+
+TEST_F(BildInit, LoadsRowsInFourRuns)
+{
+    create();
+    std::string expected;
+    const auto run = [&](const std::string& half, int first, int last) {
+        for (int item = first; item <= last; ++item)
+            expected += "load ServoMain.Sollwert" + half + "(" + std::to_string(item) + ")\n";
+    };
+    run("L", 2, 10);
+    run("R", 12, 20);
+    run("L", 21, 22);
+    run("R", 23, 24);
+    EXPECT_EQ(lines("load ServoMain.Sollwert"), expected);
+}
+
+TEST_F(BildInit, BindsEveryInputToItsEditVariable)
+{
+    const std::string trace = create();
+    EXPECT_TRUE(contains(trace, "put ServoMain.SollwertL(7).7 = \"Ch-1.intern_v<.l2_07>\"\n"));
+    EXPECT_TRUE(contains(trace, "put ServoMain.SollwertR(24).7 = \"Ch-1.intern_v<.l2_24>\"\n"));
+    // The first input of each half has its variable from the form.
+    EXPECT_EQ(count(trace, "Ch-1.intern_v<.l2_"), 22U);
+    EXPECT_EQ(state("SollwertL(1).7"), "\"Ch-1.intern_v<.l2_01>\"");
+    EXPECT_EQ(state("SollwertR(11).7"), "\"Ch-1.intern_v<.l2_11>\"");
+}
+
+TEST_F(BildInit, LoadsSwitchesAndDrawingNumbers)
+{
+    create();
+    EXPECT_EQ(lines({"load ServoMain.Schalter", "load ServoMain.Zeichnung", "load ServoMain.Punkt",
+                  "load ServoMain.BeschriftungL(3", "load ServoMain.BeschriftungR(3",
+                  "load ServoMain.BeschriftungL(4", "load ServoMain.BeschriftungR(4"}),
+        "load ServoMain.BeschriftungL(3)\n"
+        "load ServoMain.BeschriftungL(4)\n"
+        "load ServoMain.BeschriftungL(31)\n"
+        "load ServoMain.BeschriftungL(32)\n"
+        "load ServoMain.SchalterL(32)\n"
+        "load ServoMain.BeschriftungR(33)\n"
+        "load ServoMain.BeschriftungR(34)\n"
+        "load ServoMain.SchalterR(34)\n"
+        "load ServoMain.BeschriftungL(41)\n"
+        "load ServoMain.ZeichnungL(43)\n"
+        "load ServoMain.PunktL(43)\n"
+        "load ServoMain.ZeichnungL(45)\n"
+        "load ServoMain.PunktL(45)\n"
+        "load ServoMain.BeschriftungR(42)\n"
+        "load ServoMain.ZeichnungR(44)\n"
+        "load ServoMain.PunktR(44)\n"
+        "load ServoMain.ZeichnungR(46)\n"
+        "load ServoMain.PunktR(46)\n");
+}
+
+TEST_F(BildInit, HasAValueInEveryDiagnosisLineAndACellInEveryPlaceOfTheTable)
+{
+    create();
+    EXPECT_EQ(count(lines("load ServoMain.IstWert("), "\n"), 19U);
+    EXPECT_EQ(count(lines("load ServoMain.Einheit("), "\n"), 19U);
+    EXPECT_EQ(count(lines("load ServoMain.Beschriftung("), "\n"), 21U);
+    EXPECT_EQ(count(lines("load ServoMain.IstWertTab("), "\n"), 19U);
+}
+
+TEST_F(BildInit, ShowsCaptionsOnlyInHeadingLines)
+{
+    create();
+    for (const std::string line : {"101", "102", "111"}) {
+        EXPECT_EQ(state("Beschriftung(" + line + ").Visible"), "true");
+        EXPECT_EQ(state("IstWert(" + line + ").Visible"), "false");
+        EXPECT_EQ(state("Einheit(" + line + ").Visible"), "false");
+        EXPECT_EQ(state("Beschriftung(" + line + ").Font.Bold"), "true");
+    }
+    for (const std::string line : {"103", "110", "112", "120"}) {
+        EXPECT_EQ(state("Beschriftung(" + line + ").Visible"), "true");
+        EXPECT_EQ(state("IstWert(" + line + ").Visible"), "true");
+        EXPECT_EQ(state("Einheit(" + line + ").Visible"), "true");
+        EXPECT_EQ(state("Beschriftung(" + line + ").Font.Bold"), "false");
+    }
+}
+
+TEST_F(BildInit, MarksTheColumnHeadingsOfTheTable)
+{
+    create();
+    EXPECT_EQ(
+        lines("put ServoMain.IstWertTab(121).Font.Bold"), "put ServoMain.IstWertTab(121).Font.Bold = true\n");
+    for (const std::string heading : {"121", "122", "126", "131", "136"})
+        EXPECT_EQ(state("IstWertTab(" + heading + ").Font.Bold"), "true") << heading;
+    for (const std::string cell : {"123", "125", "127", "130", "132", "135", "137", "140"})
+        EXPECT_EQ(state("IstWertTab(" + cell + ").Font.Bold"), "false") << cell;
+}
+
+TEST_F(BildInit, LeavesTwoPixelsBetweenTheColumnsOfTheTable)
+{
+    create();
+    EXPECT_EQ(std::stof(state("IstWertTab(126).Left")),
+        std::stof(state("IstWertTab(121).Left")) + std::stof(state("IstWertTab(121).Width")) + 30);
+    EXPECT_EQ(state("IstWertTab(125).Left"), state("IstWertTab(121).Left"));
+}
+
+TEST_F(BildInit, HidesTheFaultText)
+{
+    create();
+    EXPECT_EQ(lines("put ServoMain.Fehlertext.Visible"), "put ServoMain.Fehlertext.Visible = false\n");
+}
+
+TEST_F(BildInit, LoadsTheBackgroundsLast)
+{
+    const std::string trace = create();
+    EXPECT_EQ(trace.substr(trace.find("picture ")),
+        "picture Servo\\ServoMain_1280.bmp\n"
+        "put ServoMain.Picture = <picture Servo\\ServoMain_1280.bmp>\n"
+        "picture Servo\\ServoDiag_1280.bmp\n"
+        "put ServoMain.DetailBox.Picture = <picture Servo\\ServoDiag_1280.bmp>\n");
+}
+
+TEST_F(BildInit, TellsOfAMissingBackgroundAndGoesOn)
+{
+    const std::string trace = create("var parameter<.aufloesung> = 1024\n");
+    EXPECT_TRUE(contains(trace,
+        "picture Servo\\ServoMain_1024.bmp missing\n"
+        "message \"Picture '<project>\\Servo\\ServoMain_1024.bmp' can not be loaded !\"\n"
+        "put ServoMain.Picture = <none>\n"));
+    EXPECT_FALSE(contains(trace, "error "));
+}
+
+TEST_F(BildInit, BringsFontsToThePanelsSizeOnce)
+{
+    create("var parameter<.aufloesung> = 1024\n");
+    EXPECT_EQ(lines({"put ServoMain.BeschriftungL(1).FontClass", "put ServoMain.SollwertL(1).Font"}),
+        "put ServoMain.BeschriftungL(1).FontClass = \"LSU8\"\n"
+        "put ServoMain.SollwertL(1).Font.Size = 9\n");
+    EXPECT_EQ(lines("put ServoMain.SollwertL(2).Font"), "");
+    EXPECT_EQ(state("SollwertL(2).Font.Size"), "9");
+    EXPECT_EQ(state("BeschriftungL(2).FontClass"), "\"LSU8\"");
+}
+
+TEST_F(BildInit, MirrorsTextsOnRightToLeftPanels)
+{
+    create("var Ch-1.param_client<.arabisch> = true\n");
+    EXPECT_EQ(state("BeschriftungL(1).Alignment"), "3");
+    EXPECT_EQ(state("BeschriftungL(2).Alignment"), "3");
+    EXPECT_EQ(state("ZeichnungR(46).Alignment"), "5");
+}
+
+TEST_F(BildInit, StandsCaptionsThreePixelsFurtherLeftOnTheSmallestPanel)
+{
+    create("var parameter<.aufloesung> = 800\n");
+    EXPECT_EQ(state("BeschriftungL(1).Left"), "15");
+    EXPECT_EQ(state("EinheitL(1).Left"), "4485");
+}
+
+TEST_F(BildInit, ReadsTheAccessLevelOnce)
+{
+    create("fail read Ch-1.intern<.passwort>\n");
+    EXPECT_EQ(count(lines("error "), "\"Ma BildInit Let\""), 1U);
+}
+
+TEST_F(BildInit, ReportsElementsThatExistAlreadyWhenItRunsTwice)
+{
+    create();
+    EXPECT_EQ(lines("error "), "");
+    run("terminate\ncreate\n");
+    EXPECT_EQ(lines("error "), "") << "a control created again is a new one";
+}
+
+} // namespace
+
+} // namespace servopanel::testing

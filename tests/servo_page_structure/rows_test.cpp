@@ -1,0 +1,156 @@
+#include "page_test.h"
+
+namespace servopanel::testing {
+
+namespace {
+
+// Rows of the two halves.
+class AdressenUmschaltenRows : public PageTest {
+protected:
+    std::string visible(const std::string& name) { return state(name + ".Visible"); }
+    float number(const std::string& property) { return std::stof(state(property)); }
+    // Shows the page with this text for setpoint 1.
+    void caption(const std::string& text, const std::string& more = {})
+    {
+        show("text Servo.M1.Servo3.1 = \"" + text + "\"\n" + more);
+    }
+};
+
+TEST_F(AdressenUmschaltenRows, CentreCaptionAndUnitOnTheInput)
+{
+    show();
+    EXPECT_EQ(lines({"put ServoMain.BeschriftungR(11).Top", "put ServoMain.EinheitR(11).Top"}),
+        "put ServoMain.BeschriftungR(11).Top = 165\n"
+        "put ServoMain.EinheitR(11).Top = 165\n");
+}
+
+TEST_F(AdressenUmschaltenRows, ShowCaptionUnitAndInput)
+{
+    caption("Weg;mm");
+    EXPECT_EQ(state("BeschriftungL(1).28"), "\"Weg\"");
+    EXPECT_EQ(state("EinheitL(1).28"), "\"mm\"");
+    for (const std::string name : {"BeschriftungL(1)", "EinheitL(1)", "SollwertL(1)"})
+        EXPECT_EQ(visible(name), "true") << name;
+    EXPECT_EQ(visible("BeschriftungL2(1)"), "false");
+}
+
+TEST_F(AdressenUmschaltenRows, BreakALongCaptionAtItsLastBlank)
+{
+    caption("Speed of the feeder;mm/s");
+    EXPECT_EQ(state("BeschriftungL(1).28"), "\"Speed of the\"");
+    EXPECT_EQ(state("BeschriftungL2(1).28"), "\"feeder\"");
+    EXPECT_EQ(visible("BeschriftungL2(1)"), "true");
+}
+
+TEST_F(AdressenUmschaltenRows, LetTheTwoLinesTouchAtTheMiddleOfTheInput)
+{
+    caption("Speed of the feeder");
+    const float middle = number("SollwertL(1).Top") + number("SollwertL(1).Height") / 2;
+    EXPECT_EQ(number("BeschriftungL(1).Top") + number("BeschriftungL(1).Height"), middle);
+    EXPECT_EQ(number("BeschriftungL2(1).Top"), middle);
+}
+
+TEST_F(AdressenUmschaltenRows, TrimBothLines)
+{
+    caption("Feeder   speed;mm");
+    EXPECT_EQ(state("BeschriftungL(1).28"), "\"Feeder\"");
+    EXPECT_EQ(state("BeschriftungL2(1).28"), "\"speed\"");
+}
+
+TEST_F(AdressenUmschaltenRows, NeverBreakACaptionWithoutABlank)
+{
+    caption("Geschwindigkeitsvorsteuerung;%");
+    EXPECT_EQ(state("BeschriftungL(1).28"), "\"Geschwindigkeitsvorsteuerung\"");
+    EXPECT_EQ(visible("BeschriftungL2(1)"), "false");
+    EXPECT_EQ(state("BeschriftungL(1).Top"), "165");
+}
+
+// 105 twips for each character: five fit 585 twips, six do not.
+TEST_F(AdressenUmschaltenRows, BreakOnlyWhatIsWiderThanTheCaptionWidth)
+{
+    caption("ab cd");
+    EXPECT_EQ(visible("BeschriftungL2(1)"), "false");
+    run("text Servo.M1.Servo3.1 = abc de\nkey! 10\n");
+    EXPECT_EQ(visible("BeschriftungL2(1)"), "true");
+    EXPECT_EQ(state("BeschriftungL(1).28"), "\"abc\"");
+}
+
+// Three fit 360 twips, four do not.
+TEST_F(AdressenUmschaltenRows, HaveNarrowerCaptionsOnTheSmallestPanel)
+{
+    caption("a b", "var parameter<.aufloesung> = 800\n");
+    EXPECT_EQ(visible("BeschriftungL2(1)"), "false");
+    run("text Servo.M1.Servo3.1 = ab c\nkey! 10\n");
+    EXPECT_EQ(visible("BeschriftungL2(1)"), "true");
+}
+
+TEST_F(AdressenUmschaltenRows, GoBackToOneLineForAShorterCaption)
+{
+    caption("Speed of the feeder");
+    run("text Servo.M1.Servo3.1 = Speed\nkey! 10\n");
+    EXPECT_EQ(visible("BeschriftungL2(1)"), "false");
+    EXPECT_EQ(state("BeschriftungL(1).28"), "\"Speed\"");
+    EXPECT_EQ(state("BeschriftungL(1).Top"), "165");
+}
+
+TEST_F(AdressenUmschaltenRows, HideWhatTheServosDefinitionsLeaveOut)
+{
+    show();
+    for (const std::string name : {"SollwertL(3)", "BeschriftungL(3)", "BeschriftungL2(3)", "EinheitL(3)",
+             "SollwertR(12)", "SollwertL(22)", "SollwertR(24)", "SchalterL(32)", "BeschriftungL(32)",
+             "SchalterR(34)", "ZeichnungR(42)", "ZeichnungR(44)", "PunktR(44)", "ZeichnungR(46)",
+             "PunktR(46)", "BeschriftungR(42)"})
+        EXPECT_EQ(visible(name), "false") << name;
+    for (const std::string name : {"SollwertL(1)", "SollwertL(2)", "SollwertR(11)", "SollwertL(21)",
+             "SchalterL(31)", "BeschriftungL(31)", "SchalterR(33)", "ZeichnungL(41)", "ZeichnungL(43)",
+             "PunktL(43)", "ZeichnungL(45)", "PunktL(45)", "BeschriftungL(41)"})
+        EXPECT_EQ(visible(name), "true") << name;
+}
+
+TEST_F(AdressenUmschaltenRows, ShowEverythingWithoutDefinitions)
+{
+    show("db Servo\\Servo.mdb empty\n");
+    for (const std::string name : {"SollwertL(10)", "SollwertR(20)", "SollwertL(22)", "SollwertR(24)",
+             "SchalterL(32)", "SchalterR(34)", "ZeichnungR(46)"})
+        EXPECT_EQ(visible(name), "true") << name;
+}
+
+TEST_F(AdressenUmschaltenRows, ShowAgainWhatAnotherServoUses)
+{
+    show("db Servo\\Servo.mdb M1 Ch1.M1_T_servo_5<.mM1_servo_para_5> 2 0 1000 0 100 1\n");
+    EXPECT_EQ(visible("SollwertL(3)"), "false");
+    run("key 6\n");
+    EXPECT_EQ(visible("SollwertL(3)"), "true");
+    EXPECT_EQ(visible("SollwertL(1)"), "false");
+}
+
+TEST_F(AdressenUmschaltenRows, NeverShowThePointsBeforeTheFirstPart)
+{
+    show("db Servo\\Servo.mdb empty\n");
+    EXPECT_EQ(visible("PunktL(41)"), "false");
+    EXPECT_EQ(visible("PunktR(42)"), "false");
+}
+
+TEST_F(AdressenUmschaltenRows, GiveSwitchesTextsThatFollowTheLanguage)
+{
+    show();
+    EXPECT_EQ(lines({"put ServoMain.BeschriftungL(31).T", "put ServoMain.BeschriftungL(31).28",
+                  "put ServoMain.BeschriftungL(31).V", "put ServoMain.SchalterL(31).V"}),
+        "put ServoMain.BeschriftungL(31).Top = 7905\n"
+        "put ServoMain.BeschriftungL(31).28 = \"@Servo.M1.Servo3.25\"\n"
+        "put ServoMain.SchalterL(31).Visible = true\n"
+        "put ServoMain.BeschriftungL(31).Visible = true\n");
+    EXPECT_EQ(state("BeschriftungR(33).28"), "\"@Servo.M1.Servo3.27\"");
+}
+
+TEST_F(AdressenUmschaltenRows, GiveDrawingNumbersACaptionAndTwoPoints)
+{
+    show();
+    EXPECT_EQ(state("BeschriftungL(41).28"), "\"@Servo.M1.Servo3.35\"");
+    EXPECT_EQ(state("PunktL(43).28"), "\"@Servo.M1.Servo3.37\"");
+    EXPECT_EQ(state("PunktL(45).28"), "\"@Servo.M1.Servo3.39\"");
+}
+
+} // namespace
+
+} // namespace servopanel::testing

@@ -1,0 +1,54 @@
+#include "basic/error.h"
+#include "page_test.h"
+#include "servo_page/structure/form.h"
+
+#include <set>
+#include <utility>
+
+namespace servopanel::testing {
+
+namespace {
+
+class ServoMainEntries : public PageTest { };
+
+TEST_F(ServoMainEntries, GiveBackWhatWasPut)
+{
+    show();
+    EXPECT_EQ(run("get ServoMain.BildInit\n"), "> get ServoMain.BildInit\nstate ServoMain.BildInit = true\n");
+    EXPECT_EQ(run("get ServoMain.BildShow\n"), "> get ServoMain.BildShow\nstate ServoMain.BildShow = true\n");
+}
+
+TEST_F(ServoMainEntries, ReportAKeyNumberBeyondSixteenBitsInsteadOfPassingItOn)
+{
+    show();
+    const std::string trace = run("key! 32767\n");
+    EXPECT_EQ(trace, "> key! 32767\n");
+}
+
+TEST_F(ServoMainEntries, LetAScenarioChangeTheModifiedFlag)
+{
+    show();
+    run("poke modified 1\nkey 10\n");
+    // A modified flag that is not True confirms nothing and writes nothing, but it is not the way to the diagnosis.
+    EXPECT_EQ(lines("write"), "");
+    EXPECT_EQ(state("DetailBox.Visible"), "false");
+}
+
+TEST(ServoMainForm, HoldsEachChildOnceBelowWhatLiesOnIt)
+{
+    std::set<std::pair<std::string_view, std::int16_t>> seen;
+    for (const platform::FormChild& child : servo_page::servoMainForm()) {
+        const bool onAnother = !child.parent.name.empty();
+        EXPECT_EQ(seen.count({child.parent.name, child.parent.index}), onAnother ? 1U : 0U) << child.id.name;
+        EXPECT_TRUE(seen.insert({child.id.name, child.id.index}).second) << child.id.name;
+    }
+}
+
+TEST(ServoMainForm, PutsTheInputMaskOnTop)
+{
+    EXPECT_EQ(servo_page::servoMainForm().back().id.name, "Eingabemaske");
+}
+
+} // namespace
+
+} // namespace servopanel::testing
