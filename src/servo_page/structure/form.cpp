@@ -64,8 +64,8 @@ constexpr auto sollwertR = werte(
     entwurf::eingabe(11), rechtsbündig, eingabeGröße, FirstValue{"VariablenName", "Ch-1.intern_v<.l2_11>"sv});
 constexpr auto schalterL = werte(entwurf::eingabe(31));
 constexpr auto schalterR = werte(entwurf::eingabe(33));
-constexpr auto zeichnung =
-    werte(entwurf::zeichnung(41), mittig, schwarzeSchrift, silberneFläche, eingabeGröße, eingabeKlasse);
+constexpr auto zeichnung = werte(
+    entwurf::zeichnung(41), mittig, schwarzeSchrift, silberneFläche, mitRahmen, eingabeGröße, eingabeKlasse);
 constexpr auto punkt =
     werte(entwurf::punkt(41), mittig, schwarzeSchrift, silberneFläche, eingabeGröße, eingabeKlasse);
 
