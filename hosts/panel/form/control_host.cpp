@@ -4,6 +4,7 @@
 #include "panel/form/replay_command.h"
 #include "panel/form/text_child.h"
 #include "panel/form/vws_index.h"
+#include "panel/form/vws_var.h"
 #include "panel/look/colours.h"
 #include "panel/look/twips.h"
 #include "platform/ids.h"
@@ -124,8 +125,16 @@ bool ControlHost::deliver(ChildId id, std::string_view event, Args args)
     if (ended_ || !made_.control || surroundings_.gate.isClosed()) return false;
     if (const std::optional<std::string> command = replayCommand(className(), id, event, args))
         services().operation(*command);
+    if (event == "TasteClick") displaysStartAnew();
     const EventGate::Entry entry{surroundings_.gate};
     return made_.control->deliver(id, event, args);
+}
+
+// A key may bring another page or servo onto the same displays.
+void ControlHost::displaysStartAnew()
+{
+    for (const auto& [key, child] : children_)
+        if (auto* display = dynamic_cast<VWSVarOut*>(child.get())) display->startAnew();
 }
 
 // Events of a control come from its own procedures, so they are passed on at once, whatever else is going on.
@@ -259,21 +268,34 @@ void ControlHost::adopt(const Key& key, const ChildRef& child, QWidget* parent)
         });
 }
 
-// Captions and units stand in arrays whose names end like the input's own: SollwertL, BeschriftungL, EinheitL.
+QString ControlHost::shownText(const std::string& name, std::int16_t index)
+{
+    auto* text = dynamic_cast<VWSIndex*>(find(name, index));
+    const bool isSeen = text != nullptr && basic::toBoolean(text->Child::get(platform::names::Visible, {}));
+    return isSeen ? text->shown() : QString{};
+}
+
+// Captions and units stand in arrays whose names end like the input's own: SollwertL, BeschriftungL, EinheitL. An input
+// outside of arrays stands in for a drawing number part, which is lit up meanwhile; its caption is the number's.
 Beside ControlHost::beside(const platform::Control& input)
 {
     constexpr std::string_view inputStem = "Sollwert";
+    constexpr std::string_view drawingStem = "Zeichnung";
+    constexpr std::int32_t litUp = 0x00FF00;
     for (const auto& [key, child] : children_) {
-        if (child.get() != &input || key.first.rfind(inputStem, 0) != 0) continue;
-        const std::string side = key.first.substr(inputStem.size());
-        const auto shown = [&](const std::string& name) {
-            auto* text = dynamic_cast<VWSIndex*>(find(name, key.second));
-            const bool isSeen =
-                text != nullptr && basic::toBoolean(text->Child::get(platform::names::Visible, {}));
-            return isSeen ? text->shown() : QString{};
-        };
-        const QString caption = shown("Beschriftung" + side) + u' ' + shown("Beschriftung" + side + "2");
-        return {caption.trimmed(), shown("Einheit" + side).trimmed()};
+        const auto& [name, index] = key;
+        if (child.get() == &input && name.rfind(inputStem, 0) == 0) {
+            const std::string side = name.substr(inputStem.size());
+            const QString caption = shownText("Beschriftung" + side, index) + u' '
+                + shownText("Beschriftung" + side + "2", index);
+            return {caption.trimmed(), shownText("Einheit" + side, index).trimmed()};
+        }
+        if (name.rfind(drawingStem, 0) != 0) continue;
+        const bool isLitUp =
+            basic::toInt32(child->Child::get(platform::ids::VWSIndex::Hintergrund, {})) == litUp;
+        const auto caption = static_cast<std::int16_t>(index % 2 == 1 ? 41 : 42);
+        if (isLitUp && find("Pseudo") == &input)
+            return {shownText("Beschriftung" + name.substr(drawingStem.size()), caption).trimmed(), {}};
     }
     return {};
 }

@@ -90,6 +90,8 @@ private:
     ChildRef require(platform::ChildId id);
     CanvasView& canvasOf(platform::ChildId id);
     Beside beside(const platform::Control& input);
+    QString shownText(const std::string& name, std::int16_t index);
+    void displaysStartAnew();
 
     FormSurroundings& surroundings_;
     MadeControl made_;

@@ -4,6 +4,8 @@
 #include "panel/look/colours.h"
 #include "platform/ids.h"
 
+#include <algorithm>
+
 namespace servopanel::panel {
 
 using basic::Variant;
@@ -14,6 +16,19 @@ namespace {
 
 constexpr std::int32_t normalColour = 0xC0C0C0;
 constexpr std::int16_t noText = 10000;
+
+// A picture without a single visible point stands for no picture.
+QImage seen(const QImage& picture)
+{
+    if (picture.isNull() || !picture.hasAlphaChannel()) return picture;
+    const QImage pixels = picture.convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < pixels.height(); ++y) {
+        const auto* line = reinterpret_cast<const QRgb*>(pixels.constScanLine(y));
+        if (std::any_of(line, line + pixels.width(), [](QRgb pixel) { return qAlpha(pixel) != 0; }))
+            return picture;
+    }
+    return {};
+}
 
 } // namespace
 
@@ -44,7 +59,7 @@ FußzeileChild::FußzeileChild(QWidget* parent, Services& panel)
         const int key = basic::toByte(args[0]);
         const std::string name = basic::toText(args[1]);
         if (FooterBar::hasKey(key))
-            bar().key(key).setPicture(name.empty() ? QImage{} : services().picture(name));
+            bar().key(key).setPicture(seen(name.empty() ? QImage{} : services().picture(name)));
         return Variant{};
     });
     addMethod(

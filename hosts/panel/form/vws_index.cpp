@@ -14,6 +14,7 @@ namespace names = platform::names;
 namespace {
 
 constexpr std::int32_t normalGround = 0xC0C0C0;
+constexpr std::int32_t changedInk = 0x008000; // changed, not yet written
 constexpr std::string_view fontClassStem = "LSU"; // followed by the size in points
 
 } // namespace
@@ -66,6 +67,7 @@ void VWSIndex::lookChanged()
     // With a frame it is an input, whose normal face is that of all inputs.
     const bool framed = borderStyle_ != 0;
     text().setFrame(framed ? TextView::Frame::Field : TextView::Frame::None);
+    text().setChanged(framed && ink_ == changedInk);
     const bool opaque = backStyle_ != 0 && !(framed && ground_ == normalGround);
     text().setBackground(opaque ? std::optional{fromLibrary(ground_)} : std::nullopt);
 }

@@ -13,6 +13,7 @@ using basic::Variant;
 namespace {
 
 constexpr int mostDecimals = 6;
+constexpr std::int32_t changedInk = 0x008000; // changed, not yet written
 
 int decimalsOf(const std::string& text)
 {
@@ -82,7 +83,11 @@ void VWSVarIn::setBeingEdited(bool edited)
     if (viewOrNull() != nullptr) text().setBeingEdited(edited);
 }
 
-void VWSVarIn::lookChanged() { text().setFrame(TextView::Frame::Field); }
+void VWSVarIn::lookChanged()
+{
+    text().setFrame(TextView::Frame::Field);
+    text().setChanged(ink_ == changedInk);
+}
 
 VWSVarOut::VWSVarOut(QWidget* parent, Services& services)
     : TextChild{"VWSVarOut", *new TextView{parent}, services}

@@ -34,6 +34,9 @@ class VWSVarOut : public TextChild {
 public:
     VWSVarOut(QWidget* parent, Services& services);
 
+    // The display may show something else from now on, so the decimals of what it showed no longer count.
+    void startAnew() { lastDecimals_.fill(0); }
+
 private:
     void lookChanged() override;
     void show();

@@ -35,6 +35,17 @@ QFont fitted(const QFont& font, const QString& text, int width)
     return smaller;
 }
 
+void drawFitted(QPainter& painter, const QRect& place, int alignment, const QFont& font, const QString& text)
+{
+    const QFont smaller = fitted(font, text, place.width());
+    const QFontMetrics metrics{smaller};
+    // Exact widths have fractions; what fits when rounded must not lose its last letters.
+    const bool fits = metrics.horizontalAdvance(text) <= place.width();
+    painter.setFont(smaller);
+    painter.drawText(place, alignment | Qt::TextSingleLine,
+        fits ? text : metrics.elidedText(text, Qt::ElideRight, place.width()));
+}
+
 int scaled(double share, int whole, int least, int most)
 {
     return std::clamp(static_cast<int>(share * whole), least, most);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFont>
+#include <QPainter>
 #include <QString>
 
 namespace servopanel::panel {
@@ -13,6 +14,9 @@ QFont libraryFont(const QString& name, float points, bool bold);
 
 // The font, made smaller in steps down to 70 % until the text fits into the width.
 QFont fitted(const QFont& font, const QString& text, int width);
+
+// Draws one line of text, made smaller or in the end cut off with "…" where it does not fit.
+void drawFitted(QPainter& painter, const QRect& place, int alignment, const QFont& font, const QString& text);
 
 // A height in proportion to the space at hand, kept within limits; all in pixels.
 int scaled(double share, int whole, int least, int most);

@@ -86,9 +86,7 @@ Panel::Panel(PanelSettings settings)
             window_.closeNow();
         });
     });
-    const QSize stage = window_.stage().size();
-    errors_.place({stage.width() * 48 / 100, stage.height() / 100, std::max(64, stage.width() * 6 / 100),
-        std::max(32, stage.height() * 4 / 100)});
+    placeErrorKey();
     noteProblems();
     if (file_.machine && settings_.simulate) {
         machine_ = std::make_unique<MachineRunner>(*file_.machine, *variables_);
@@ -164,8 +162,21 @@ void Panel::openServo()
     servo_ = std::make_unique<ControlHost>("Servo", &window_.stage(), forms_);
     servo_->put(names::Visible, {}, Variant{true});
     window_.showScreen(servo_->view());
+    placeErrorKey();
     operation("show");
     servo_->show();
+}
+
+// In the header where there is one, else where it would be.
+void Panel::placeErrorKey()
+{
+    const QSize stage = window_.stage().size();
+    QRect place{
+        stage.width() * 60 / 100, stage.height() / 50, stage.width() * 6 / 100, stage.height() * 5 / 100};
+    if (servo_)
+        if (auto* header = dynamic_cast<HeaderChild*>(servo_->find("Header")))
+            place = header->bar().freePlace();
+    errors_.place(place);
 }
 
 void Panel::closeScreen()

@@ -87,6 +87,7 @@ private:
     void startTrace();
     MadeControl make(std::string_view className, const platform::ControlPlatform& platform);
     void openScreen(std::int16_t number);
+    void placeErrorKey();
 
     PanelSettings settings_;
     machine::ProjectFile file_;

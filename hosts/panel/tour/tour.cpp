@@ -1,25 +1,213 @@
 #include "panel/tour/tour.h"
 
-#include <QCoreApplication>
-#include <QEventLoop>
+#include "basic/conversions.h"
+#include "panel/form/scroll_bar.h"
+#include "platform/ids.h"
+#include "recording/trace/value_text.h"
+
 #include <QPixmap>
-#include <QTimer>
+#include <QTest>
+
+#include <cmath>
+#include <cstdio>
 
 namespace servopanel::panel {
 
+namespace {
+
+constexpr int lookMs = 700; // long enough for the page to refresh its values once
+constexpr std::string_view machinePrefix = "Ch1.";
+
+std::string twoDigits(int number) { return (number < 10 ? "0" : "") + basic::decimal(std::int32_t{number}); }
+
+} // namespace
+
 Tour::Tour(Panel& panel, std::filesystem::path folder)
     : panel_{panel}
+    , operator_{panel}
     , folder_{std::move(folder)}
 {
+    std::error_code ignored;
+    std::filesystem::create_directories(folder_, ignored);
+    panel_.variables().addListener([this](const machine::VariableStore::Write& write) {
+        if (write.writer != machine::Writer::Library || write.name.rfind(machinePrefix, 0) != 0) return;
+        say("    " + std::string{write.name} + " = " + recording::valueText(write.value, {}));
+    });
+}
+
+void Tour::say(const std::string& line)
+{
+    std::fputs((line + "\n").c_str(), stdout);
+    std::fflush(stdout);
+}
+
+void Tour::save(const std::string& name)
+{
+    const std::filesystem::path file = folder_ / (twoDigits(number_) + "-" + name + ".png");
+    if (!panel_.window().stage().grab().save(QString::fromStdString(file.string())))
+        throw NotThere{"a place for the picture '" + file.string() + "'"};
+}
+
+void Tour::step(const std::string& name, const std::function<void()>& action)
+{
+    ++number_;
+    say(twoDigits(number_) + " " + name);
+    if (action) action();
+    operator_.wait(lookMs);
+    save(name);
 }
 
 int Tour::play()
 {
-    QEventLoop loop;
-    QTimer::singleShot(1500, &loop, [&loop] { loop.quit(); });
-    loop.exec();
-    panel_.window().stage().grab().save(QString::fromStdString((folder_ / "01.png").string()));
+    try {
+        if (!QTest::qWaitForWindowExposed(&panel_.window())) throw NotThere{"the window"};
+        menu();
+        diagnosis();
+        setpoints();
+        switchAndDrawing();
+        neighbours();
+        languages();
+        definition();
+        leave();
+    } catch (const NotThere& missing) {
+        std::fprintf(
+            stderr, "servo-panel: step %d of the tour did not find %s\n", number_, missing.what.c_str());
+        return 1;
+    } catch (const basic::Error& error) {
+        std::fprintf(stderr, "servo-panel: step %d of the tour: %s\n", number_, error.description.c_str());
+        return 1;
+    }
     return 0;
+}
+
+void Tour::menu()
+{
+    step("menu");
+    ScrollView& scroll = operator_.part("ServoMenu").require<ScrollBarChild>("ScrollBar").scroll();
+    if (scroll.last() > 1) {
+        step("menu-scrolled", [&] { operator_.scrollDown(); });
+        step("menu-back", [&] { operator_.scrollUp(); });
+    }
+    QWidget& key = operator_.part("ServoMenu").require<PictureChild>("BildIm", 2).view();
+    step("menu-key-down", [&] { operator_.press(key, key.rect().center()); });
+    const QPoint place = key.mapTo(&panel_.window(), key.rect().center());
+    step("parameter-page", [&] { operator_.release(panel_.window(), place); });
+}
+
+void Tour::diagnosis()
+{
+    step("diagnosis-1", [&] { operator_.footerKey(10); });
+    if (operator_.isKeyOn(8)) step("diagnosis-2", [&] { operator_.footerKey(8); });
+    step("parameters-again", [&] { operator_.footerKey(10); });
+}
+
+Tour::Input Tour::freeSetpoint(int which)
+{
+    namespace ids = platform::ids::VWSVarIn;
+    int found = 0;
+    for (std::int16_t index = 1; index <= 20; ++index) {
+        const std::string name = index <= 10 ? "SollwertL" : "SollwertR";
+        if (!operator_.isFree(name, index)) continue;
+        Child& input = *operator_.part("ServoMain").find(name, index);
+        const double value = basic::toDouble(input.get(ids::Wert, {}));
+        const double lower = basic::toDouble(input.get(ids::Untergrenze, {}));
+        const double upper = basic::toDouble(input.get(ids::Obergrenze, {}));
+        if (upper - lower < 2 || ++found < which) continue;
+        double next = std::floor((lower + upper) / 2);
+        if (next == value) next += 1;
+        return {name, index, basic::decimal(next), basic::decimal(std::floor(upper) + 1)};
+    }
+    throw NotThere{"a setpoint that can be changed"};
+}
+
+void Tour::setpoints()
+{
+    const Input first = freeSetpoint(1);
+    step("mask", [&] { operator_.input(first.name, first.index); });
+    step("mask-refuses", [&] {
+        operator_.type(*first.tooLarge);
+        operator_.ok();
+    });
+    step("setpoint-changed", [&] {
+        operator_.clear();
+        operator_.type(first.value);
+        operator_.ok();
+    });
+    step("setpoint-written", [&] { operator_.footerKey(10); });
+
+    const Input second = freeSetpoint(2);
+    step("another-setpoint-changed", [&] {
+        operator_.input(second.name, second.index);
+        operator_.type(second.value);
+        operator_.ok();
+    });
+    step("change-discarded", [&] { operator_.footerKey(11); });
+    step("mask-left", [&] {
+        operator_.input(second.name, second.index);
+        operator_.type("9");
+        operator_.cancel();
+    });
+}
+
+void Tour::switchAndDrawing()
+{
+    for (std::int16_t index = 31; index <= 34; ++index) {
+        const std::string name = index <= 32 ? "SchalterL" : "SchalterR";
+        if (!operator_.isFree(name, index)) continue;
+        step("switch-toggled", [&] { operator_.input(name, index); });
+        step("switch-written", [&] { operator_.footerKey(10); });
+        break;
+    }
+    if (!operator_.isFree("ZeichnungL", 43)) return;
+    step("drawing-number-mask", [&] { operator_.input("ZeichnungL", 43); });
+    step("drawing-number-changed", [&] {
+        operator_.type("7");
+        operator_.ok();
+    });
+    step("drawing-number-written", [&] { operator_.footerKey(10); });
+}
+
+void Tour::neighbours()
+{
+    step("next-servo", [&] { operator_.footerKey(6); });
+    if (operator_.isKeyOn(6)) {
+        step("next-servo-again", [&] { operator_.footerKey(6); });
+        diagnosis();
+    }
+    step("previous-servo", [&] { operator_.footerKey(5); });
+}
+
+void Tour::languages()
+{
+    const int before = panel_.language();
+    for (const HeaderLanguage& language : static_cast<HeaderSource&>(panel_).languages())
+        if (language.number != before) {
+            step("other-language", [&] { operator_.language(language.number); });
+            break;
+        }
+    if (panel_.language() != before) step("first-language", [&] { operator_.language(before); });
+}
+
+void Tour::definition()
+{
+    constexpr std::int16_t service = 5;
+    const basic::Variant* level = panel_.variables().find("Ch-1.intern<.passwort>");
+    if (level == nullptr || basic::toInt16(*level) != service) return;
+    const Input first = freeSetpoint(1);
+    step("second-input-mode", [&] { operator_.footerKey(4); });
+    step("definition-editor", [&] { operator_.input(first.name, first.index); });
+    step("definition-refused", [&] {
+        operator_.editorType("999999");
+        operator_.editorOk();
+    });
+    step("definition-left", [&] { operator_.editorCancel(); });
+}
+
+void Tour::leave()
+{
+    step("menu-at-the-end", [&] { operator_.footerKey(11); });
+    step("other-screen", [&] { operator_.footerKey(11); });
+    step("back", [&] { operator_.backFromOtherScreen(); });
 }
 
 } // namespace servopanel::panel

@@ -148,6 +148,8 @@ void DefinitionEditor::resizeEvent(QResizeEvent*)
     const int last = top + row * KeyPad::rows;
     const int half = (place.width() - gap) / 2;
     cancel_->setGeometry(place.left(), last, half, place.bottom() + 1 - last);
+    for (TouchKey* key : {cancel_, ok_})
+        key->setTextPixels(scaled(0.36, row, 11, 20));
     ok_->setGeometry(place.right() + 1 - half, last, half, place.bottom() + 1 - last);
 }
 

@@ -57,7 +57,7 @@ ErrorList::ErrorList(QWidget& parent, PanelWords words)
     , rows_{new Rows{sheet_, entries_}}
     , close_{new TouchKey{sheet_}}
 {
-    badge_->setHighlight(colours::refuse);
+    badge_->setRole(TouchKey::Role::Alarm);
     badge_->setAction([this] { isOpen() ? close() : open(); });
     badge_->hide();
     close_->setAction([this] { close(); });

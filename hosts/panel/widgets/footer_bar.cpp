@@ -19,6 +19,7 @@ FooterBar::FooterBar(QWidget* parent)
         auto* key = new TouchKey{this};
         key->setCorner(number == escape ? QStringLiteral("Esc") : QStringLiteral("F%1").arg(number));
         key->setOn(false);
+        key->setBlankWhileOff(true);
         key->setAction([this, number] {
             if (pressed_) pressed_(number);
         });

@@ -80,6 +80,13 @@ int HeaderBar::keysLeft() const
     return keys_.empty() ? clockPlace().left() : keys_.front().key->geometry().left();
 }
 
+QRect HeaderBar::freePlace() const
+{
+    const int keyWidth = scaled(0.06, width(), 48, 78);
+    const int keyHeight = scaled(0.52, height(), 30, 56);
+    return {keysLeft() - margin - keyWidth, (height() - keyHeight) / 2, keyWidth, keyHeight};
+}
+
 void HeaderBar::resizeEvent(QResizeEvent*)
 {
     const int keyWidth = scaled(0.088, width(), 60, 114);
@@ -103,23 +110,20 @@ void HeaderBar::paintEvent(QPaintEvent*)
 
     const auto draw = [&](const QRect& place, const QString& text, int pixels, bool bold, const QColor& ink,
                           Qt::Alignment alignment) {
-        const QFont font = fitted(panelFont(pixels, bold), text, place.width());
-        painter.setFont(font);
         painter.setPen(ink);
-        painter.drawText(
-            place, alignment, QFontMetrics{font}.elidedText(text, Qt::ElideRight, place.width()));
+        drawFitted(painter, place, static_cast<int>(alignment), panelFont(pixels, bold), text);
     };
-    const int upper = scaled(0.27, height(), 15, 28);
-    const int lower = scaled(0.17, height(), 11, 17);
-    const int whole = keysLeft() - 2 * margin;
-    const QRect left{margin, 0, whole * 45 / 100, height()};
-    const QRect middle{left.right() + margin, 0, whole - left.width() - margin, height()};
+    const int upper = scaled(0.25, height(), 14, 26);
+    const int lower = scaled(0.16, height(), 10, 16);
+    const int whole = freePlace().left() - 2 * margin;
+    const QRect left{margin, 0, whole * 52 / 100, height()};
+    const QRect middle{left.right() + 2 * margin, 0, whole - left.width() - 2 * margin, height()};
     const auto top = [](const QRect& place) { return place.adjusted(0, 0, 0, -place.height() * 45 / 100); };
     const auto bottom = [](const QRect& place) { return place.adjusted(0, place.height() * 58 / 100, 0, 0); };
     constexpr auto toTop = Qt::AlignLeft | Qt::AlignBottom;
     constexpr auto toBottom = Qt::AlignLeft | Qt::AlignTop;
-    draw(top(left), shown_.title, upper, true, colours::barInk, toTop);
-    draw(bottom(left), shown_.machine, lower, false, colours::barFaintInk, toBottom);
+    draw(top(left), shown_.machine, upper, true, colours::barInk, toTop);
+    draw(bottom(left), shown_.title, lower, false, colours::barFaintInk, toBottom);
     draw(top(middle), shown_.shown, upper, false, colours::barInk, toTop);
     draw(bottom(middle), shown_.level, lower, false, colours::barFaintInk, toBottom);
     draw(top(clockPlace()), time_, upper, true, colours::barInk, Qt::AlignRight | Qt::AlignBottom);

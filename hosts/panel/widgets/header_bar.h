@@ -34,6 +34,8 @@ public:
     void setLanguage(int number);
     void refresh();
     TouchKey* languageKey(int number) const;
+    // Kept free of the header's own texts, for the key of the list of reports.
+    QRect freePlace() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

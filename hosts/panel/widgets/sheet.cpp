@@ -37,11 +37,9 @@ void Sheet::paintEvent(QPaintEvent*)
     const QRect bar{0, 0, width(), titleHeight()};
     painter.fillRect(bar, colours::bar);
     const QRect place = bar.adjusted(10, 0, -10, 0);
-    const QFont font = fitted(panelFont(scaled(0.5, bar.height(), 11, 17), true), title_, place.width());
-    painter.setFont(font);
     painter.setPen(colours::barInk);
-    painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter,
-        QFontMetrics{font}.elidedText(title_, Qt::ElideRight, place.width()));
+    drawFitted(painter, place, Qt::AlignLeft | Qt::AlignVCenter,
+        panelFont(scaled(0.5, bar.height(), 11, 17), true), title_);
 }
 
 void Sheet::mousePressEvent(QMouseEvent* event) { event->accept(); }

@@ -46,6 +46,13 @@ void TextView::setWrapping(bool wrapping)
     update();
 }
 
+void TextView::setChanged(bool changed)
+{
+    if (changed_ == changed) return;
+    changed_ = changed;
+    update();
+}
+
 void TextView::setBeingEdited(bool edited)
 {
     if (edited_ == edited) return;
@@ -56,7 +63,7 @@ void TextView::setBeingEdited(bool edited)
 QSize TextView::textSize() const
 {
     const QFontMetrics metrics{font_};
-    return {metrics.horizontalAdvance(text_), metrics.height()};
+    return {metrics.horizontalAdvance(text_) + 1, metrics.height()};
 }
 
 QColor TextView::face() const
@@ -64,6 +71,13 @@ QColor TextView::face() const
     if (frame_ == Frame::Value) return background_.value_or(colours::value);
     if (isLocked() && !edited_) return colours::lockedField;
     return background_.value_or(colours::field);
+}
+
+QPen TextView::border() const
+{
+    if (edited_) return QPen{colours::accent, 3};
+    if (changed_) return QPen{colours::accept, 3};
+    return QPen{frame_ == Frame::Field && !isLocked() ? colours::border : colours::faintBorder, 1};
 }
 
 void TextView::paintEvent(QPaintEvent*)
@@ -74,12 +88,8 @@ void TextView::paintEvent(QPaintEvent*)
         if (background_) painter.fillRect(inside, *background_);
     } else {
         painter.setRenderHint(QPainter::Antialiasing);
-        const double line = edited_ ? 3 : 1;
-        const bool strong = frame_ == Frame::Field && !isLocked();
-        painter.setPen(QPen{edited_ ? colours::accent
-                : strong            ? colours::border
-                                    : colours::faintBorder,
-            line});
+        painter.setPen(border());
+        const double line = border().widthF();
         painter.setBrush(face());
         painter.drawRoundedRect(QRectF{inside}.adjusted(line / 2, line / 2, -line / 2, -line / 2), 3, 3);
         painter.setRenderHint(QPainter::Antialiasing, false);
@@ -88,15 +98,14 @@ void TextView::paintEvent(QPaintEvent*)
     }
     if (text_.isEmpty()) return;
     painter.setPen(ink_);
+    QFont font = font_;
+    if (changed_) font.setBold(true);
     if (wrapping_) {
-        painter.setFont(font_);
+        painter.setFont(font);
         painter.drawText(inside, static_cast<int>(alignment_) | Qt::TextWordWrap, text_);
         return;
     }
-    const QFont font = fitted(font_, text_, inside.width());
-    painter.setFont(font);
-    painter.drawText(inside, static_cast<int>(alignment_) | Qt::TextSingleLine,
-        QFontMetrics{font}.elidedText(text_, Qt::ElideRight, inside.width()));
+    drawFitted(painter, inside, static_cast<int>(alignment_), font, text_);
 }
 
 } // namespace servopanel::panel

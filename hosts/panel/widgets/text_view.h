@@ -4,6 +4,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QPen>
 #include <QString>
 
 #include <optional>
@@ -28,6 +29,8 @@ public:
     // Nothing: the frame's own face, or none.
     void setBackground(std::optional<QColor> background);
     void setWrapping(bool wrapping);
+    // Marks a field whose value waits to be written.
+    void setChanged(bool changed);
     // Marks the field that the input mask is working on.
     void setBeingEdited(bool edited);
 
@@ -39,6 +42,7 @@ protected:
 
 private:
     QColor face() const;
+    QPen border() const;
 
     QString text_;
     QFont font_;
@@ -48,6 +52,7 @@ private:
     Frame frame_ = Frame::None;
     bool wrapping_ = false;
     bool edited_ = false;
+    bool changed_ = false;
 };
 
 } // namespace servopanel::panel

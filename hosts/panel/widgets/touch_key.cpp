@@ -129,6 +129,7 @@ QColor TouchKey::face() const
     QColor face = colours::key;
     if (role_ == Role::Accept) face = colours::accept;
     if (role_ == Role::Refuse) face = mix(colours::key, colours::refuse, 0.16);
+    if (role_ == Role::Alarm) face = colours::refuse;
     if (role_ == Role::Dark) face = mix(colours::bar, colours::barInk, 0.14);
     if (chosen_) face = colours::accent;
     if (highlight_) face = mix(*highlight_, colours::key, 0.35);
@@ -139,7 +140,8 @@ QColor TouchKey::face() const
 QColor TouchKey::ink() const
 {
     if (!on_) return role_ == Role::Dark ? colours::faintInk : colours::lockedInk;
-    if (chosen_ || role_ == Role::Accept || role_ == Role::Dark) return colours::barInk;
+    if (chosen_ || role_ == Role::Accept || role_ == Role::Dark || role_ == Role::Alarm)
+        return colours::barInk;
     return colours::ink;
 }
 
@@ -148,6 +150,12 @@ void TouchKey::paintEvent(QPaintEvent*)
     QPainter painter{this};
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    if (blankWhileOff_ && !on_ && picture_.isNull()) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(mix(colours::bar, colours::keyOff, 0.18));
+        painter.drawRoundedRect(QRectF{rect()}.adjusted(1, 1, -1, -1), 4, 4);
+        return;
+    }
     const QRectF frame = QRectF{rect()}.adjusted(1, 1, -1, -1);
     const QColor filling = face();
     QLinearGradient shade{frame.topLeft(), frame.bottomLeft()};
@@ -182,10 +190,7 @@ void TouchKey::paintEvent(QPaintEvent*)
     painter.setPen(ink());
     if (!text_.isEmpty()) {
         const int pixels = picture_.isNull() ? textPixels : std::min(textPixels, textPlace.height() * 3 / 4);
-        const QFont font = fitted(panelFont(pixels, picture_.isNull()), text_, textPlace.width());
-        painter.setFont(font);
-        const QString shown = QFontMetrics{font}.elidedText(text_, Qt::ElideRight, textPlace.width());
-        painter.drawText(textPlace, Qt::AlignCenter, shown);
+        drawFitted(painter, textPlace, Qt::AlignCenter, panelFont(pixels, picture_.isNull()), text_);
     }
     if (corner != 0) {
         painter.setFont(panelFont(corner));

@@ -14,7 +14,7 @@ namespace servopanel::panel {
 // repeating key acts at once and again while it is held.
 class TouchKey : public QWidget {
 public:
-    enum class Role { Plain, Accept, Refuse, Dark };
+    enum class Role { Plain, Accept, Refuse, Dark, Alarm };
 
     explicit TouchKey(QWidget* parent);
 
@@ -30,6 +30,8 @@ public:
     void setHighlight(std::optional<QColor> colour);
     void setOn(bool on);
     bool isOn() const { return on_; }
+    // While it is off and has no picture, the key is an empty place.
+    void setBlankWhileOff(bool blank) { blankWhileOff_ = blank; }
     void setRepeating(bool repeating) { repeating_ = repeating; }
     void setChosen(bool chosen); // the chosen one of several keys
     void setTextPixels(int pixels) { textPixels_ = pixels; }
@@ -61,6 +63,7 @@ private:
     bool held_ = false; // finger came down on it and is not lifted
     bool repeating_ = false;
     bool chosen_ = false;
+    bool blankWhileOff_ = false;
 };
 
 } // namespace servopanel::panel

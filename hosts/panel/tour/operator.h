@@ -1,0 +1,66 @@
+#pragma once
+
+#include "panel/runtime/panel.h"
+
+#include <QPoint>
+
+#include <string>
+#include <string_view>
+
+namespace servopanel::panel {
+
+// Nothing on the screen answers to what the operator wants to do.
+struct NotThere {
+    std::string what;
+};
+
+// The hands of an operator: touches on the window, delivered as the window system delivers them. What is not on the
+// screen cannot be touched and raises NotThere. Used by the tour and by tests.
+class Operator {
+public:
+    explicit Operator(Panel& panel)
+        : panel_{panel}
+    {
+    }
+
+    // Lets the panel work for a while.
+    void wait(int milliseconds);
+
+    void tap(QWidget& target);
+    void press(QWidget& target, QPoint at);
+    void moveTo(QWidget& target, QPoint at);
+    void release(QWidget& target, QPoint at);
+
+    void footerKey(int number);
+    bool isKeyOn(int number);
+    void menuKey(int key); // picture key 1 to 8
+    void scrollDown();
+    void scrollUp();
+    void input(std::string_view name, std::int16_t index);
+    void language(int number);
+
+    // In the open mask.
+    void clear();
+    void type(const std::string& number); // "-12.5"
+    void ok();
+    void cancel();
+
+    // In the open definition editor.
+    void editorRow(int row); // 0 Min, 1 Max, 2 level
+    void editorType(const std::string& number);
+    void editorOk();
+    void editorCancel();
+
+    void backFromOtherScreen();
+
+    ControlHost& part(std::string_view className);
+    // Whether an input can be touched now.
+    bool isFree(std::string_view name, std::int16_t index);
+
+private:
+    void padType(class KeyPad& pad, const std::string& number);
+
+    Panel& panel_;
+};
+
+} // namespace servopanel::panel
