@@ -17,7 +17,8 @@ struct SeitenAufbau {
     std::int16_t ZugriffsStufe = 0; // access level of the operator
     std::int16_t EingabeErlaubt = 0; // 0: the page is read-only for this user
 
-    // Layout of captions beside their inputs, in twips: line height, caption width, offset of the caption.
+    // Layout of captions beside their inputs, in twips: line height (kept for the panel's class; wrapped lines touch,
+    // so nothing is measured by it), width beyond which a caption is wrapped, offset of the caption.
     std::int16_t Zeilenhöhe = 0;
     float TextBreite = 0;
     std::int16_t TextVersatz = 0;

@@ -1,5 +1,7 @@
 #include "page_test.h"
 
+#include "platform/ids.h"
+
 namespace servopanel::testing {
 
 namespace {
@@ -208,18 +210,28 @@ TEST_F(BildInit, StandsCaptionsThreePixelsFurtherLeftOnTheSmallestPanel)
     EXPECT_EQ(state("EinheitL(1).Left"), "4485");
 }
 
-TEST_F(BildInit, ReadsTheAccessLevelOnce)
+TEST_F(BildInit, KeepsTheLowestLevelWhenTheAccessLevelCannotBeRead)
 {
     create("fail read Ch-1.intern<.passwort>\n");
     EXPECT_EQ(count(lines("error "), "\"Ma BildInit Let\""), 1U);
+    EXPECT_TRUE(contains(run("show\n"), picture(3, "Standard\\F_Pass_0_1280.gif")));
 }
 
-TEST_F(BildInit, ReportsElementsThatExistAlreadyWhenItRunsTwice)
+TEST_F(BildInit, ReportsEveryElementThatExistsAlreadyWhenItRunsTwice)
+{
+    const std::size_t loaded = count(create(), "\nload ");
+    run("");
+    replay.host().servo()->form().find({"ServoMain"})->put(platform::names::BildInit, {}, std::int16_t{-1});
+    EXPECT_EQ(count(lines("error 360 \"Ma BildInit Let\""), "\n"), loaded);
+    EXPECT_NE(lines("put ServoMain.DetailBox.Picture"), "") << "it runs to its end";
+}
+
+TEST_F(BildInit, StartsAnewForAControlCreatedAgain)
 {
     create();
+    const std::string again = run("terminate\ncreate\n");
     EXPECT_EQ(lines("error "), "");
-    run("terminate\ncreate\n");
-    EXPECT_EQ(lines("error "), "") << "a control created again is a new one";
+    EXPECT_TRUE(contains(again, "load ServoMain.SollwertR(24)\n"));
 }
 
 } // namespace

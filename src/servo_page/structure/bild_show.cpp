@@ -30,7 +30,7 @@ void ServoMain::BildShow(std::int16_t zeigen)
         trap([&] { Fußzeile{kind("Fußzeile")}.Bild(9, display::maschinenSymbol(gemeinsam())); });
     trap([&] { Fußzeile{kind("Fußzeile")}.TextNummer(9, 10000); });
 
-    // 7. The servo, which inputs are open, and the values.
+    // 7. The servo, which inputs are open, and the values. LEGACY: switching the page has done both already.
     SeiteUmschalten(true);
     EingabeDarstellen(false);
     WerteLesen(true);

@@ -93,9 +93,9 @@ constexpr bool istSpaltenKopf(std::int16_t zelle)
 }
 constexpr Rechteck istWertTab(std::int16_t zelle)
 {
-    const auto spalte = static_cast<float>((zelle - 121) / 5);
-    const auto reihe = static_cast<float>((zelle - 121) % 5);
-    return {105 + 4695 * spalte, 5640 + 510 * reihe, 4665, 480};
+    const int spalte = (zelle - 121) / 5;
+    const int reihe = (zelle - 121) % 5;
+    return {static_cast<float>(105 + 4695 * spalte), static_cast<float>(5640 + 510 * reihe), 4665, 480};
 }
 
 // Points.

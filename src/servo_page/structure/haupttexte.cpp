@@ -36,7 +36,7 @@ void ServoMain::hauptbereichTexte(StatementTrap& trap)
     const std::int16_t seite = zustand_.wahl.Seite;
 
     for (std::int16_t i = 1; i <= 180; ++i) {
-        // The headings of the two diagnosis pages stand here, whichever page is shown.
+        // LEGACY: the places of both diagnosis headings set the heading of the shown page, so it is fetched twice.
         if (i == 30 || i == 70) {
             trap([&] {
                 Textanzeige{kind("Überschrift")}.Text(sprachtext(textNummer(TextArt::Überschrift, seite)));

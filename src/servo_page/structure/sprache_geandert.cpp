@@ -14,7 +14,8 @@ void ServoMain::SpracheGeandert(std::int16_t sprache)
     // 1. Which language.
     trap([&] { zustand_.wahl.Sprache = sprache; });
 
-    // 2. Its font for the captions on the servo's picture.
+    // 2. Its font for the captions on the servo's picture. LEGACY: for the template and the first caption; the second
+    // keeps the font it was loaded with, and the captions' texts change with the servo or the page only.
     for (std::int16_t i = 0; i <= 1; ++i) {
         const auto beschriftung = [this, i] { return Label{kind("ParaBeschriftung", i)}; };
         const auto schrift = [this] { return Sprachtext{kind("VWLanguage")}; };
