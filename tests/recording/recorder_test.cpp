@@ -211,6 +211,9 @@ TEST_F(RecorderTest, WritesTheRowsThatAreTakenAndUpdated)
     rows->edit();
     rows->setField("Pass", std::int16_t{3});
     rows->update();
+    rows->moveNext();
+    rows->moveNext();
+    EXPECT_NE(errorNumber([&] { return rows->update(), 0; }), 0);
     database->close();
     EXPECT_NE(errorNumber([&] { return engine->open(full("Servo\\No.mdb")); }), 0);
     EXPECT_EQ(written,

@@ -3,6 +3,7 @@
 #include "basic/error.h"
 #include "recording/trace/value_text.h"
 
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -23,7 +24,7 @@ public:
     basic::Variant field(std::string_view column) override { return inner_->field(column); }
     basic::Variant bookmark() override
     {
-        sink_.line("db row " + rowText());
+        tell("db row ");
         return inner_->bookmark();
     }
     void moveTo(const basic::Variant& bookmark) override { inner_->moveTo(bookmark); }
@@ -34,21 +35,25 @@ public:
     }
     void update() override
     {
-        sink_.line("db update " + rowText());
+        tell("db update ");
         inner_->update();
     }
 
 private:
-    // Variable and element of the current row; a question mark for what cannot be read.
-    std::string rowText() { return fieldText("var_name") + " " + fieldText("offset_or_bitno"); }
-    std::string fieldText(std::string_view column)
+    // Names the current row by its variable and element. Without a current row nothing is taken or changed.
+    void tell(const std::string& what)
+    {
+        const std::optional<std::string> variable = fieldText("var_name");
+        if (variable) sink_.line(what + *variable + " " + fieldText("offset_or_bitno").value_or("?"));
+    }
+    std::optional<std::string> fieldText(std::string_view column)
     {
         try {
             const basic::Variant value = inner_->field(column);
             const auto* text = value.get<std::string>();
             return text ? *text : valueText(value, paths_);
         } catch (const basic::Error&) {
-            return "?";
+            return std::nullopt;
         }
     }
 
