@@ -53,11 +53,11 @@ constexpr auto mainRahmen2 = werte(entwurf::mainRahmen(2), sichtbar, ohneRahmen,
 constexpr auto mainBereich = werte(entwurf::mainBereich, sichtbar, ohneRahmen, silbernerGrund, bleibend);
 
 constexpr auto beschriftung =
-    werte(entwurf::beschriftung(1), linksbündig, schwarzeSchrift, silberneFläche, textGröße, textKlasse);
+    werte(entwurf::beschriftung(1), linksbündig, schwarzeSchrift, durchsichtig, textGröße, textKlasse);
 constexpr auto beschriftung2 =
-    werte(entwurf::beschriftung2(1), linksbündig, schwarzeSchrift, silberneFläche, textGröße, textKlasse);
+    werte(entwurf::beschriftung2(1), linksbündig, schwarzeSchrift, durchsichtig, textGröße, textKlasse);
 constexpr auto einheit =
-    werte(entwurf::einheit(1), linksbündig, schwarzeSchrift, silberneFläche, textGröße, textKlasse);
+    werte(entwurf::einheit(1), linksbündig, schwarzeSchrift, durchsichtig, textGröße, textKlasse);
 constexpr auto sollwertL = werte(
     entwurf::eingabe(1), rechtsbündig, eingabeGröße, FirstValue{"VariablenName", "Ch-1.intern_v<.l2_01>"sv});
 constexpr auto sollwertR = werte(
