@@ -1,4 +1,3 @@
-#include "display/namen.h"
 #include "shell/servo.h"
 
 namespace servopanel::shell {
@@ -21,7 +20,7 @@ void Servo::UserControl_Initialize()
     // 6. Does the project use the menu?
     trap([&] {
         gem.MitMenu =
-            module_.service.LoadIniBoolean("Project", "ServoWithMenu", display::programmIni, true, false);
+            module_.service.LoadIniBoolean("Project", "ServoWithMenu", "Parameter\\Program.ini", true, false);
     });
 
     // 7. The servo that was shown when the panel was last left in the middle of one.
