@@ -13,16 +13,15 @@ TEST(FußzeileFreigabe, ReleasesTheKeysInUseAndTheExit)
     EXPECT_NE(page.start().find(released()), std::string::npos);
 }
 
-TEST(FußzeileFreigabe, NeverReleasesKey4)
+TEST(FußzeileFreigabe, LeavesKey4Alone)
 {
-    Page page{levelFive()};
-    page.run("touch SollwertL 5\n");
-    const std::string trace = page.run("mask 55\n");
-    EXPECT_EQ(holding(trace, "Fußzeile.0x68030004(4"), "");
-    page.run("touch SollwertL 5\nmask cancel\n");
-    const std::string again = page.run("key! 10\n");
-    const std::size_t first = again.find(released());
-    EXPECT_NE(first, std::string::npos);
+    // The machine configures the key as used; only the page itself offers it.
+    Page page;
+    page.run("touch SollwertL 5\nmask 55\n");
+    const std::string trace = page.run("key 10\n");
+    const std::size_t release = trace.find(released());
+    ASSERT_NE(release, std::string::npos);
+    EXPECT_EQ(holding(trace.substr(0, release + released().size()), "Fußzeile.0x68030004(4"), "");
 }
 
 TEST(FußzeileFreigabe, ReleasesKey9WithSeveralMachinesOnly)

@@ -64,6 +64,13 @@ TEST(IniLesen, ReportsEachLookUpWithoutAServo)
     EXPECT_EQ(locked(page.start()), "");
 }
 
+TEST(IniLesen, LooksNothingUpWithoutDefinitions)
+{
+    // Each look-up would report that there is no servo of this number.
+    Page page{"var Ch-1.intern<.servo_zeiger> = 51\n"};
+    EXPECT_EQ(holding(page.start(), "\"Ma IniLesen\""), "");
+}
+
 TEST(IniEingabe, ChangesLimitsAndAccessLevelOfAField)
 {
     Page page{levelFive() + definitions(3)};

@@ -72,10 +72,12 @@ file Servo\Servo.ini
 F1=TRUE
 F2=FALSE
 F3=TRUE
+F4=TRUE
 F9=TRUE
 [Footer]
 F1=Standard\Home.gif
 F3=Standard\Pw
+F4=Standard\Four.gif
 F9=Standard\Machine.gif
 end
 text Standard.15000 = No permission

@@ -32,6 +32,15 @@ TEST(ScrollBar_NeuePos, MovesEvenWhenTheEndOfTheListCannotBeTold)
         "> pagescroll 32767\nerror 6 \"Ma ScrollBar_NeuePos\" \"Overflow\"\n" + moved("-491490"));
 }
 
+TEST(ScrollBar_NeuePos, CanBeMovedAsOftenAsOneLikes)
+{
+    Page page;
+    std::string moves;
+    for (int i = 0; i < 32769; ++i)
+        moves += "pagescroll 2\n";
+    EXPECT_EQ(count(page.run(moves), moved("-15")), 32769U);
+}
+
 // Everything fits on the panel, so each position shows the end of the list. The page goes to its top when it is built
 // anew, unless it shows that end.
 TEST(ScrollBar_NeuePos, KnowsTheEndOfTheList)
