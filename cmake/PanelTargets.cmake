@@ -6,8 +6,8 @@
 #   panel_test(NAME SOURCES a_test.cpp ... LINK ...)             GoogleTest program whose cases ctest lists one by one
 #   panel_add_folder(folder ...)                                 add_subdirectory for the folders that have a CMakeLists.txt
 
-# Files below src/ and hosts/ are included by their path from there: "basic/variant.h", "recording/trace.h".
-set(PANEL_INCLUDE_DIRS "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}/hosts")
+# Files below src/, hosts/ and adapters/ are included by their path from there: "basic/variant.h", "jet/jet_engine.h".
+set(PANEL_INCLUDE_DIRS "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}/hosts" "${PROJECT_SOURCE_DIR}/adapters")
 
 function(panel_target_defaults target)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)

@@ -1,0 +1,28 @@
+#include "jet/definition_row.h"
+
+#include "jet/definition_table.h"
+
+namespace servopanel::jet {
+
+Bytes newDefinitionDatabase(const std::vector<DefinitionRow>& rows, const NewDatabaseOptions& options)
+{
+    constexpr std::uint16_t nameLength = 255;
+    const auto text = [](std::string_view name) {
+        return NewColumn{std::string{name}, ColumnType::Text, nameLength, false};
+    };
+    const auto number = [](std::string_view name, ColumnType type) {
+        return NewColumn{std::string{name}, type, 0, false};
+    };
+    NewTable table{std::string{definitionTableName},
+        {text(machineTypeColumn), text(variableColumn), number("abs_max", ColumnType::Double),
+            number("abs_min", ColumnType::Double), number(elementColumn, ColumnType::Int16),
+            number("Max", ColumnType::Double), number("Min", ColumnType::Double),
+            number("Pass", ColumnType::Int16)},
+        {}};
+    for (const DefinitionRow& row : rows)
+        table.rows.push_back(
+            {row.machineType, row.variable, row.absMax, row.absMin, row.element, row.max, row.min, row.pass});
+    return newDatabase(table, options);
+}
+
+} // namespace servopanel::jet
