@@ -194,6 +194,4 @@ bool equalsBoolean(const Variant& value, bool boolean)
     return toDouble(value) == (boolean ? -1.0 : 0.0);
 }
 
-std::int32_t bitAnd(const Variant& value, double mask) { return toInt32(value) & roundToInt32(mask); }
-
 } // namespace servopanel::basic

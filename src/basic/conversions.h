@@ -38,7 +38,4 @@ double numberFromText(std::string_view text);
 // An array or an object cannot be compared: error 13.
 bool equalsBoolean(const Variant& value, bool boolean);
 
-// Bitwise And of a value with a bit mask, both taken as 32-bit numbers.
-std::int32_t bitAnd(const Variant& value, double mask);
-
 } // namespace servopanel::basic

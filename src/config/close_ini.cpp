@@ -1,5 +1,6 @@
 #include "config/mservice.h"
 
+#include "basic/silent_sink.h"
 #include "basic/statement_trap.h"
 
 #include <vector>
@@ -7,12 +8,6 @@
 namespace servopanel::config {
 
 namespace {
-
-// What happens while the file is written back is nobody's business any more.
-class Schweigen final : public basic::ErrorSink {
-public:
-    void report(const basic::Error&, std::string_view) noexcept override { }
-};
 
 // The lines of the sections. LEGACY: entries before the first section are lost.
 std::vector<std::string> zeilen(basic::StatementTrap& trap, const IniSpeicher& speicher)
@@ -48,7 +43,7 @@ void MService::CloseIni()
 
     // 3. Write a changed cache back; whatever fails from here on is passed over in silence.
     if (speicher.IniGeaendert) {
-        Schweigen schweigen;
+        basic::SilentSink schweigen;
         basic::StatementTrap still{schweigen, "CloseIni"};
         const std::vector<std::string> inhalt = zeilen(still, speicher);
         still([&] { umfeld_.platform.files.writeText(speicher.IniDateiName, inhalt); });

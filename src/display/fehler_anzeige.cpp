@@ -1,16 +1,12 @@
 #include "display/fehler_anzeige.h"
 
-#include <memory>
-#include <utility>
-
 namespace servopanel::display {
 
-void fehlerAnzeigeSchliessen(GemeinsamerZustand& zustand)
+void fehlerAnzeigeSchliessen(basic::StatementTrap& trap, GemeinsamerZustand& zustand)
 {
     if (zustand.FehlerAnzahl <= 0 || !zustand.FehlerAnzeige) return;
-    // Let go first: a display that fails to close is not asked a second time.
-    const std::shared_ptr<platform::ErrorDisplay> anzeige = std::exchange(zustand.FehlerAnzeige, nullptr);
-    anzeige->CloseMe();
+    trap([&] { zustand.FehlerAnzeige->CloseMe(); });
+    trap([&] { zustand.FehlerAnzeige.reset(); });
 }
 
 } // namespace servopanel::display

@@ -1,11 +1,12 @@
 #pragma once
 
-#include "display/umfeld.h"
+#include "basic/statement_trap.h"
+#include "display/zustand.h"
 
 namespace servopanel::display {
 
-// Closes the error display when reports were sent to it and lets go of it; the next report makes a new one. The count
-// of reports goes on. basic::Error when the display fails. Called at the end of every control.
-void fehlerAnzeigeSchliessen(GemeinsamerZustand& zustand);
+// Closes the error display when reports were sent to it and lets go of it in any case; the next report makes a new one.
+// The count of reports goes on. Called at the end of every control, with that control's trap.
+void fehlerAnzeigeSchliessen(basic::StatementTrap& trap, GemeinsamerZustand& zustand);
 
 } // namespace servopanel::display

@@ -11,6 +11,9 @@ namespace servopanel::display {
 // The names that are put together from machine, servo and resolution. They are built inside the statement that uses
 // them, so that a bad index or an overflow loses the statement and never leaves the name of another servo.
 
+// Project options, machines and their servos.
+inline constexpr std::string_view programmIni = "Parameter\\Program.ini";
+
 // A process variable of one servo, such as "Ch1.M1_T_servo_3<.mM1_servo_para_3>" for "_servo_para_". zusatz follows the
 // servo number without a separator, as the diagnosis families want it.
 std::string servoVariable(const GemeinsamerZustand& zustand, std::string_view familie,
@@ -34,7 +37,8 @@ std::string maschinenSymbol(const GemeinsamerZustand& zustand);
 std::string servoBild(const GemeinsamerZustand& zustand, std::string_view bibliothek,
     std::int16_t servoNummer, std::int16_t variante, bool skaliert);
 
-// Text number of a footer key: 1000 + machine x 100 + key; error 6 beyond 16 bits.
+// Text number of a footer key, and number of the screen that it opens from the menu: 1000 + machine x 100 + key; error 6
+// beyond 16 bits.
 std::int16_t fußzeilenText(std::int16_t maschine, std::int16_t taste);
 
 } // namespace servopanel::display

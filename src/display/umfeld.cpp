@@ -1,5 +1,7 @@
 #include "display/umfeld.h"
 
+#include "basic/conversions.h"
+
 #include <memory>
 
 namespace servopanel::display {
@@ -45,6 +47,11 @@ basic::Variant ReadValue(Umfeld& umfeld, std::string_view name)
 void WriteValue(Umfeld& umfeld, std::string_view name, const basic::Variant& value)
 {
     processVarAccess(umfeld).WriteValue(name, value);
+}
+
+bool mehrereMaschinen(Umfeld& umfeld)
+{
+    return basic::toDouble(ReadValue(umfeld, "parameter<.maschinenanzahl>")) > 1;
 }
 
 } // namespace servopanel::display

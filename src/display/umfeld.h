@@ -23,4 +23,7 @@ platform::DBEngine& dbEngine(Umfeld& umfeld);
 basic::Variant ReadValue(Umfeld& umfeld, std::string_view name);
 void WriteValue(Umfeld& umfeld, std::string_view name, const basic::Variant& value);
 
+// Whether there is another machine to switch to; basic::Error when the number of machines cannot be read.
+bool mehrereMaschinen(Umfeld& umfeld);
+
 } // namespace servopanel::display

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "basic/conversions.h"
+#include "basic/entry_guard.h"
 #include "basic/error.h"
 #include "platform/child_id.h"
 #include "platform/member.h"
@@ -16,17 +17,21 @@ template <class C>
 struct EventRow {
     std::string_view child; // empty: the control's own surface
     std::string_view event;
+    std::string_view procedure; // reports arguments that do not convert
     void (*handle)(C& control, std::int16_t index, Args args);
 };
 
-// The row of an event, nullptr when the control does not handle it.
+// Hands an event to its handler; false when the control has none. Whatever escapes the handler is reported.
 template <class C>
-const EventRow<C>* findEvent(
-    std::span<const EventRow<C>> rows, std::string_view child, std::string_view event)
+bool deliverEvent(std::span<const EventRow<C>> rows, C& control, basic::ErrorSink& errors, ChildId child,
+    std::string_view event, Args args)
 {
-    for (const EventRow<C>& row : rows)
-        if (row.child == child && row.event == event) return &row;
-    return nullptr;
+    for (const EventRow<C>& row : rows) {
+        if (row.child != child.name || row.event != event) continue;
+        basic::guardEntry(errors, row.procedure, [&] { row.handle(control, child.index, args); });
+        return true;
+    }
+    return false;
 }
 
 // An argument of an event; error 9 when the host sent fewer.

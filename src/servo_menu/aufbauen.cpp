@@ -4,6 +4,8 @@
 #include "servo_menu/raster.h"
 #include "servo_menu/servo_menu.h"
 
+#include <optional>
+
 namespace servopanel::servo_menu {
 
 using basic::divide;
@@ -17,14 +19,15 @@ void ServoMenu::Aufbauen()
 {
     StatementTrap trap{fehler(), "Me Aufbauen"};
 
-    // 1. The list position that comes before the first key.
+    // 1. The list position that comes before the first key; without it there is no page to build.
     std::int16_t versatz = 0;
     if (!trap.condition([&] { return versatz = listenPosition(0), true; })) return;
 
     // 2. Key by key, until a newer position calls for another build.
     for (std::int16_t taste = 1; taste <= tastenZahl; ++taste) {
         if (trap.condition([&] { return zustand_.rollen.Abbruch; })) return;
-        const auto position = static_cast<std::int16_t>(taste + versatz);
+        std::int16_t position = 0;
+        if (!trap.condition([&] { return position = basic::add16(taste, versatz), true; })) continue;
         tasteBauen(trap, taste, position);
     }
 }
@@ -44,17 +47,17 @@ void ServoMenu::tasteBauen(StatementTrap& trap, std::int16_t taste, std::int16_t
         return;
     }
 
-    // 2. The servo at this position; without one there is nothing to show.
-    std::int16_t servo = 0;
-    if (!trap.condition([&] { return servo = gem.ServoNr[position], true; })) return;
+    // 2. The servo at this position. Positions and servo numbers beyond the lists fail with each statement that needs
+    //    them and leave the key as it was.
+    const auto servo = [&] { return gem.ServoNr[position]; };
 
     // 3. to 6. Its picture, unless the cache holds it already.
-    if (trap.condition([&] { return gem.menüBilder.geladen[servo] == display::falsch; }))
-        bildBeschaffen(trap, servo, gem.ServoPic[position]);
+    if (trap.condition([&] { return gem.menüBilder.geladen[servo()] == display::falsch; }))
+        bildBeschaffen(trap, servo(), gem.ServoPic[position]);
 
     // 7. Onto the key.
-    trap([&] { gem.menüBilder.geladen[servo] = display::wahr; });
-    trap([&] { bild().Picture(gem.menüBilder.bild[servo]); });
+    trap([&] { gem.menüBilder.geladen[servo()] = display::wahr; });
+    trap([&] { bild().Picture(gem.menüBilder.bild[servo()]); });
 
     // 8. Show the key.
     if (trap.condition([&] { return !beschriftung().Visible(); })) {
@@ -72,12 +75,15 @@ void ServoMenu::bildBeschaffen(StatementTrap& trap, std::int16_t servo, std::int
     // 4. A picture that was drawn for the menu goes before the plain one.
     std::string name;
     trap([&] { name = display::servoBild(gem, zustand_.Bibliothek, servo, variante, true); });
-    if (!trap.condition([&] { return module_.umfeld.platform.files.exists(pfad(name)); }))
+    if (trap.condition([&] { return !module_.umfeld.platform.files.exists(pfad(name)); }))
         trap([&] { name = display::servoBild(gem, zustand_.Bibliothek, servo, variante, false); });
 
     // 5. A scaled copy of an earlier day is taken as it is.
     const std::string kopie = gem.TempVerzeichnis + "\\" + name;
-    if (trap.condition([&] { return module_.umfeld.platform.files.exists(kopie); })) {
+    const std::optional<bool> vorhanden =
+        trap.decision([&] { return module_.umfeld.platform.files.exists(kopie); });
+    if (!vorhanden) return;
+    if (*vorhanden) {
         trap([&] { gem.menüBilder.bild[servo] = module_.umfeld.platform.pictures.load(kopie); });
         return;
     }

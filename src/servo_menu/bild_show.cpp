@@ -94,11 +94,7 @@ void ServoMenu::fußzeileZeigen(StatementTrap& trap)
             trap([&] { Fußzeile{kind("Fußzeile")}.Bild(nummer, bild); });
             trap([&] { Fußzeile{kind("Fußzeile")}.Freigabe(nummer, true); });
         } else if (taste == 9) {
-            if (!trap.condition([&] {
-                    return basic::toDouble(display::ReadValue(module_.umfeld, "parameter<.maschinenanzahl>"))
-                        > 1;
-                }))
-                continue;
+            if (!trap.condition([&] { return display::mehrereMaschinen(module_.umfeld); })) continue;
             trap([&] { Fußzeile{kind("Fußzeile")}.Bild(9, display::maschinenSymbol(gem)); });
             trap([&] { Fußzeile{kind("Fußzeile")}.Freigabe(9, true); });
         }

@@ -20,10 +20,7 @@ void ServoMenu::FußzeileFreigabe(bool frei)
             trap([&] { Fußzeile{kind("Fußzeile")}.Farbe(nummer, silber); });
         } else if (taste == 9) {
             // The machine key makes sense with several machines only.
-            if (trap.condition([&] {
-                    return basic::toDouble(display::ReadValue(module_.umfeld, "parameter<.maschinenanzahl>"))
-                        > 1;
-                }))
+            if (trap.condition([&] { return display::mehrereMaschinen(module_.umfeld); }))
                 trap([&] { Fußzeile{kind("Fußzeile")}.Freigabe(nummer, true); });
         } else if (taste != 4) {
             if (trap.condition([&] { return zustand_.Tasten[taste].Frei; }))

@@ -1,3 +1,4 @@
+#include "display/namen.h"
 #include "display/umfeld.h"
 #include "servo_menu/servo_menu.h"
 
@@ -9,10 +10,12 @@ void ServoMenu::Fußzeile_TasteClick(std::int16_t taste)
 
     if (taste != 11 && taste != 31) return;
     // The next start begins with the menu again.
-    trap([&] { display::WriteValue(module_.umfeld, "Ch-1.intern<.servo_zeiger>", std::int16_t{0}); });
     trap([&] {
-        const std::int16_t hundert = basic::multiply16(gemeinsam().AktuelleMaschine, 100);
-        display::pathHelper(module_.umfeld).openScreen(basic::add16(basic::add16(1000, hundert), taste));
+        display::WriteValue(module_.umfeld, display::interneVariable("servo_zeiger"), std::int16_t{0});
+    });
+    trap([&] {
+        display::pathHelper(module_.umfeld)
+            .openScreen(display::fußzeilenText(gemeinsam().AktuelleMaschine, taste));
     });
 }
 

@@ -3,6 +3,7 @@
 #include "basic/entry_guard.h"
 #include "platform/event_table.h"
 #include "platform/facades/scroll_bar.h"
+#include "platform/property_table.h"
 #include "servo_menu/form.h"
 #include "servo_menu/raster.h"
 
@@ -29,22 +30,26 @@ void ServoMenu::terminate()
 
 platform::FormData ServoMenu::form() const { return servoMenuForm(); }
 
+namespace {
+
+using Property = platform::PropertyRow<ServoMenu>;
+
+constexpr Property eigenschaften[]{
+    {platform::names::BildInit.name, "Me BildInit Let", &ServoMenu::BildInit, &ServoMenu::BildInit},
+    {platform::names::BildShow.name, "Me BildShow Let", &ServoMenu::BildShow, &ServoMenu::BildShow},
+    {platform::names::SpracheGeandert.name, "Ma Let SpracheGeandert", &ServoMenu::SpracheGeandert, nullptr},
+};
+
+} // namespace
+
 basic::Variant ServoMenu::get(const platform::Member& member)
 {
-    if (member.name == platform::names::BildInit.name) return BildInit();
-    if (member.name == platform::names::BildShow.name) return BildShow();
-    basic::raise(basic::ErrorNumber::NoSuchMember);
+    return platform::getProperty(std::span<const Property>{eigenschaften}, *this, member);
 }
 
 void ServoMenu::put(const platform::Member& member, const basic::Variant& value)
 {
-    void (ServoMenu::*set)(std::int16_t) = nullptr;
-    if (member.name == platform::names::BildInit.name) set = &ServoMenu::BildInit;
-    if (member.name == platform::names::BildShow.name) set = &ServoMenu::BildShow;
-    if (member.name == platform::names::SpracheGeandert.name) set = &ServoMenu::SpracheGeandert;
-    if (!set) basic::raise(basic::ErrorNumber::NoSuchMember);
-    const std::int16_t wert = basic::toInt16(value);
-    basic::guardEntry(fehler(), member.name, [&] { (this->*set)(wert); });
+    platform::putProperty(std::span<const Property>{eigenschaften}, *this, fehler(), member, value);
 }
 
 namespace {
@@ -65,18 +70,18 @@ void feld(ServoMenu& menu, std::int16_t index, Args args)
 }
 
 constexpr Row ereignisse[]{
-    {"", "MouseDown", &fläche<&ServoMenu::UserControl_MouseDown>},
-    {"", "MouseMove", &fläche<&ServoMenu::UserControl_MouseMove>},
-    {"", "MouseUp", &fläche<&ServoMenu::UserControl_MouseUp>},
-    {"Beschriftung", "MouseDown", &feld<&ServoMenu::Beschriftung_MouseDown>},
-    {"Beschriftung", "MouseMove", &feld<&ServoMenu::Beschriftung_MouseMove>},
-    {"Beschriftung", "MouseUp", &feld<&ServoMenu::Beschriftung_MouseUp>},
-    {"BildIm", "MouseDown", &feld<&ServoMenu::BildIm_MouseDown>},
-    {"BildIm", "MouseMove", &feld<&ServoMenu::BildIm_MouseMove>},
-    {"BildIm", "MouseUp", &feld<&ServoMenu::BildIm_MouseUp>},
-    {"ScrollBar", "NeuePos",
+    {"", "MouseDown", "Me UserControl_MouseDown", &fläche<&ServoMenu::UserControl_MouseDown>},
+    {"", "MouseMove", "Me UserControl_MouseMove", &fläche<&ServoMenu::UserControl_MouseMove>},
+    {"", "MouseUp", "Me UserControl_MouseUp", &fläche<&ServoMenu::UserControl_MouseUp>},
+    {"Beschriftung", "MouseDown", "Me Beschriftung_MouseDown", &feld<&ServoMenu::Beschriftung_MouseDown>},
+    {"Beschriftung", "MouseMove", "Me Beschriftung_MouseMove", &feld<&ServoMenu::Beschriftung_MouseMove>},
+    {"Beschriftung", "MouseUp", "Me Beschriftung_MouseUp", &feld<&ServoMenu::Beschriftung_MouseUp>},
+    {"BildIm", "MouseDown", "Me BildIm_MouseDown", &feld<&ServoMenu::BildIm_MouseDown>},
+    {"BildIm", "MouseMove", "Me BildIm_MouseMove", &feld<&ServoMenu::BildIm_MouseMove>},
+    {"BildIm", "MouseUp", "Me BildIm_MouseUp", &feld<&ServoMenu::BildIm_MouseUp>},
+    {"ScrollBar", "NeuePos", "Me ScrollBar_NeuePos",
         [](ServoMenu& menu, std::int16_t, Args args) { menu.ScrollBar_NeuePos(number(args, 0)); }},
-    {"Fußzeile", "TasteClick",
+    {"Fußzeile", "TasteClick", "Me Fußzeile_TasteClick",
         [](ServoMenu& menu, std::int16_t, Args args) { menu.Fußzeile_TasteClick(number(args, 0)); }},
 };
 
@@ -84,10 +89,7 @@ constexpr Row ereignisse[]{
 
 bool ServoMenu::deliver(platform::ChildId child, std::string_view event, Args args)
 {
-    const Row* row = platform::findEvent(std::span<const Row>{ereignisse}, child.name, event);
-    if (!row) return false;
-    basic::guardEntry(fehler(), event, [&] { row->handle(*this, child.index, args); });
-    return true;
+    return platform::deliverEvent(std::span<const Row>{ereignisse}, *this, fehler(), child, event, args);
 }
 
 std::int16_t ServoMenu::listenPosition(std::int16_t taste)

@@ -65,7 +65,7 @@ private:
 
     // List position that a key shows at the scroll bar's present position, from 1 on; beyond ServoAnzahl: an empty key.
     std::int16_t listenPosition(std::int16_t taste);
-    // The edges of a key's frame and hit area in twips.
+    // Width of a key's frame in twips.
     float tastenBreite(std::int16_t taste) const;
 
     // Steps of procedures, each in its procedure's file.
@@ -78,6 +78,7 @@ private:
     void bildSkalieren(basic::StatementTrap& trap, const std::string& quelle);
     void kopieSichern(basic::StatementTrap& trap, const std::string& kopie, std::int16_t servo);
     void schriftÜbernehmen(basic::StatementTrap& trap, platform::ChildId ziel);
+    void aufMenüBeziehen(basic::StatementTrap& trap, platform::ChildId feld, float& x, float& y);
     void rahmenZeichnen(basic::StatementTrap& trap, std::int16_t taste, std::int16_t einzug,
         std::int32_t erste, std::int32_t zweite);
 

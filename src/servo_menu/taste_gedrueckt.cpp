@@ -7,16 +7,18 @@ void ServoMenu::TasteGedrueckt(std::int16_t taste, bool gedrückt)
     basic::StatementTrap trap{fehler(), "Me TasteGedrueckt"};
     auto& gem = gemeinsam();
 
+    // The servo that the key stands for now, even if another one stood there when it went down.
+    std::int16_t position = 0;
+    const bool belegt = trap.condition(
+        [&] { return position = listenPosition(taste), taste >= 1 && position <= gem.ServoAnzahl; });
+
     // 1. Up on the key that went down: the servo is chosen. AktServo holds the servo number until the shell, the first
     //    to hear of the choice, replaces it by the list position.
     if (!gedrückt) {
-        if (trap.condition([&] {
-                return taste >= 1 && taste == zustand_.GedrückteTaste
-                    && listenPosition(taste) <= gem.ServoAnzahl;
-            })) {
-            trap([&] { gem.AktServo = gem.ServoNr[listenPosition(taste)]; });
+        if (belegt && taste == zustand_.GedrückteTaste) {
+            trap([&] { gem.AktServo = gem.ServoNr[position]; });
             trap([&] {
-                const basic::Variant args[]{listenPosition(taste)};
+                const basic::Variant args[]{position};
                 platform_.owner.raise("ServoBildAufrufen", args);
             });
         }
@@ -27,8 +29,7 @@ void ServoMenu::TasteGedrueckt(std::int16_t taste, bool gedrückt)
     if (gedrückt) trap([&] { zustand_.GedrückteTaste = taste; });
 
     // 3. Draw the key, unless it is empty.
-    if (trap.condition([&] { return taste >= 1 && listenPosition(taste) <= gem.ServoAnzahl; }))
-        trap([&] { TasteZeichnen(taste, gedrückt); });
+    if (belegt) trap([&] { TasteZeichnen(taste, gedrückt); });
 }
 
 } // namespace servopanel::servo_menu

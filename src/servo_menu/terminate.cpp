@@ -7,7 +7,7 @@ void ServoMenu::UserControl_Terminate()
 {
     basic::StatementTrap trap{fehler(), "Me UserControl_Terminate"};
 
-    trap([&] { display::fehlerAnzeigeSchliessen(gemeinsam()); });
+    display::fehlerAnzeigeSchliessen(trap, gemeinsam());
 }
 
 } // namespace servopanel::servo_menu

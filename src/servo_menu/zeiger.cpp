@@ -40,14 +40,18 @@ void ServoMenu::UserControl_MouseUp(std::int16_t, std::int16_t, float x, float y
 }
 
 // Captions and pictures lie on the keys and report points of their own; the key is found in the menu's.
+void ServoMenu::aufMenüBeziehen(basic::StatementTrap& trap, platform::ChildId feld, float& x, float& y)
+{
+    trap([&] { x = single(double{x} + double{Facade{platform_.form.child(feld)}.Left()}); });
+    trap([&] { y = single(double{y} + double{Facade{platform_.form.child(feld)}.Top()}); });
+}
 
 void ServoMenu::Beschriftung_MouseDown(
     std::int16_t index, std::int16_t button, std::int16_t shift, float x, float y)
 {
     basic::StatementTrap trap{fehler(), "Me Beschriftung_MouseDown"};
 
-    trap([&] { x = single(double{x} + double{Facade{kind("Beschriftung", index)}.Left()}); });
-    trap([&] { y = single(double{y} + double{Facade{kind("Beschriftung", index)}.Top()}); });
+    aufMenüBeziehen(trap, {"Beschriftung", index}, x, y);
     trap([&] { UserControl_MouseDown(button, shift, x, y); });
 }
 
@@ -56,8 +60,7 @@ void ServoMenu::Beschriftung_MouseMove(
 {
     basic::StatementTrap trap{fehler(), "Me Beschriftung_MouseMove"};
 
-    trap([&] { x = single(double{x} + double{Facade{kind("Beschriftung", index)}.Left()}); });
-    trap([&] { y = single(double{y} + double{Facade{kind("Beschriftung", index)}.Top()}); });
+    aufMenüBeziehen(trap, {"Beschriftung", index}, x, y);
     trap([&] { UserControl_MouseMove(button, shift, x, y); });
 }
 
@@ -66,8 +69,7 @@ void ServoMenu::Beschriftung_MouseUp(
 {
     basic::StatementTrap trap{fehler(), "Me Beschriftung_MouseUp"};
 
-    trap([&] { x = single(double{x} + double{Facade{kind("Beschriftung", index)}.Left()}); });
-    trap([&] { y = single(double{y} + double{Facade{kind("Beschriftung", index)}.Top()}); });
+    aufMenüBeziehen(trap, {"Beschriftung", index}, x, y);
     trap([&] { UserControl_MouseUp(button, shift, x, y); });
 }
 
@@ -76,8 +78,7 @@ void ServoMenu::BildIm_MouseDown(
 {
     basic::StatementTrap trap{fehler(), "Me BildIm_MouseDown"};
 
-    trap([&] { x = single(double{x} + double{Facade{kind("BildIm", index)}.Left()}); });
-    trap([&] { y = single(double{y} + double{Facade{kind("BildIm", index)}.Top()}); });
+    aufMenüBeziehen(trap, {"BildIm", index}, x, y);
     trap([&] { UserControl_MouseDown(button, shift, x, y); });
 }
 
@@ -86,8 +87,7 @@ void ServoMenu::BildIm_MouseMove(
 {
     basic::StatementTrap trap{fehler(), "Me BildIm_MouseMove"};
 
-    trap([&] { x = single(double{x} + double{Facade{kind("BildIm", index)}.Left()}); });
-    trap([&] { y = single(double{y} + double{Facade{kind("BildIm", index)}.Top()}); });
+    aufMenüBeziehen(trap, {"BildIm", index}, x, y);
     trap([&] { UserControl_MouseMove(button, shift, x, y); });
 }
 
@@ -95,8 +95,7 @@ void ServoMenu::BildIm_MouseUp(std::int16_t index, std::int16_t button, std::int
 {
     basic::StatementTrap trap{fehler(), "Me BildIm_MouseUp"};
 
-    trap([&] { x = single(double{x} + double{Facade{kind("BildIm", index)}.Left()}); });
-    trap([&] { y = single(double{y} + double{Facade{kind("BildIm", index)}.Top()}); });
+    aufMenüBeziehen(trap, {"BildIm", index}, x, y);
     trap([&] { UserControl_MouseUp(button, shift, x, y); });
 }
 

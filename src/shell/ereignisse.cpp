@@ -1,5 +1,8 @@
+#include "basic/silent_sink.h"
 #include "display/fehler_anzeige.h"
 #include "shell/servo.h"
+
+#include <optional>
 
 namespace servopanel::shell {
 
@@ -20,11 +23,10 @@ void Servo::UserControl_Show()
 void Servo::UserControl_Terminate()
 {
     // A panel that is going down tells nobody about it.
-    try {
-        display::fehlerAnzeigeSchliessen(gemeinsam());
-    } catch (const basic::Error&) {
-        return;
-    }
+    basic::SilentSink still;
+    StatementTrap trap{still, "UserControl_Terminate"};
+
+    display::fehlerAnzeigeSchliessen(trap, gemeinsam());
 }
 
 void Servo::ServoMain_JetztAnzeigen()
@@ -42,7 +44,9 @@ void Servo::ServoMain_MenuAnzeigen()
     trap([&] { kind("ServoMain").Visible(false); });
     if (trap.condition([&] { return kind("ServoMenu").BildInit() == falsch; }))
         trap([&] { kind("ServoMenu").BildInit(wahr); });
-    if (trap.condition([&] { return kind("ServoMenu").BildShow() == wahr; }))
+    const std::optional<bool> gezeigt = trap.decision([&] { return kind("ServoMenu").BildShow() == wahr; });
+    if (!gezeigt) return;
+    if (*gezeigt)
         trap([&] { kind("ServoMenu").Visible(true); });
     else
         trap([&] { kind("ServoMenu").BildShow(wahr); });

@@ -20,7 +20,8 @@ void FehlerMelder::report(const basic::Error& error, std::string_view procedure)
     try {
         melden(error, procedure);
     } catch (...) {
-        // The display itself has failed, so there is nobody left to tell. The next report tries again.
+        // The display itself has failed, so there is nobody left to tell. The next report tries a new one.
+        zustand_.FehlerAnzeige.reset();
     }
     meldet_ = false;
 }

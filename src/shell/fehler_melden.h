@@ -3,19 +3,13 @@
 #include "basic/error.h"
 #include "display/zustand.h"
 #include "platform/library_platform.h"
+#include "shell/meldungs_zusatz.h"
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace servopanel::shell {
-
-// Values that a project's host may set to find its reports among others; part of every composed report.
-struct MeldungsZusatz {
-    std::string U;
-    bool B = false;
-    std::int16_t F = 0;
-};
 
 // Passes every error report to the error display of the HMI installation, which is made at the first report and again
 // when it was closed. Never throws. A report that arises while one is being passed on, or that finds no display, is lost.

@@ -11,7 +11,6 @@ using display::WriteValue;
 
 namespace {
 
-constexpr std::string_view programmIni = "Parameter\\Program.ini";
 constexpr std::string_view countdown = "Ch-1.intern<.navi_password_countdown>";
 
 } // namespace
@@ -55,12 +54,12 @@ void Servo::gemeinsamenZustandLaden(basic::StatementTrap& trap)
     // 9. Project options.
     std::int16_t maschinenTyp = 0;
     trap([&] {
-        maschinenTyp =
-            module_.service.LoadIniInteger("Project", "ServoWithMachineType", programmIni, true, false);
+        maschinenTyp = module_.service.LoadIniInteger(
+            "Project", "ServoWithMachineType", display::programmIni, true, false);
     });
     trap([&] {
         gem.MitStoerung =
-            module_.service.LoadIniBoolean("Project", "ServoWithFault", programmIni, true, false);
+            module_.service.LoadIniBoolean("Project", "ServoWithFault", display::programmIni, true, false);
     });
 
     // 10. Access level.
@@ -90,7 +89,8 @@ void Servo::aktiveServosSuchen(basic::StatementTrap& trap)
     for (std::int32_t i = 1; i <= konfiguriert; ++i) {
         std::int16_t servo = 0;
         trap([&] {
-            servo = service.LoadIniInteger(sektion(), "Servo" + decimal(i), programmIni, true, false);
+            servo =
+                service.LoadIniInteger(sektion(), "Servo" + decimal(i), display::programmIni, true, false);
         });
         trap(
             [&] { passiv = ReadValue(module_.umfeld, display::servoVariable(gem, "_servopassiv_", servo)); });
@@ -98,13 +98,16 @@ void Servo::aktiveServosSuchen(basic::StatementTrap& trap)
         if (!trap.condition([&] { return basic::equalsBoolean(passiv, false); })) continue;
         trap([&] { anzahl = basic::add16(anzahl, 1); });
         trap([&] { gem.ServoNr[anzahl] = servo; });
+        // The place comes first: a servo beyond the last one reads nothing.
         trap([&] {
-            gem.Diag2Servo[anzahl] =
-                service.LoadIniBoolean(sektion(), "Diag2Servo" + decimal(i), programmIni, true, false);
+            bool& zweiteDiagnose = gem.Diag2Servo[anzahl];
+            zweiteDiagnose = service.LoadIniBoolean(
+                sektion(), "Diag2Servo" + decimal(i), display::programmIni, true, false);
         });
         trap([&] {
-            gem.ServoPic[anzahl] =
-                service.LoadIniInteger(sektion(), "ServoPic" + decimal(i), programmIni, true, false);
+            std::int16_t& variante = gem.ServoPic[anzahl];
+            variante =
+                service.LoadIniInteger(sektion(), "ServoPic" + decimal(i), display::programmIni, true, false);
         });
         if (trap.condition([&] { return gem.ServoPic[anzahl] < 1; })) trap([&] { gem.ServoPic[anzahl] = 1; });
     }

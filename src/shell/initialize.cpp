@@ -1,3 +1,4 @@
+#include "display/namen.h"
 #include "shell/servo.h"
 
 namespace servopanel::shell {
@@ -20,7 +21,7 @@ void Servo::UserControl_Initialize()
     // 6. Does the project use the menu?
     trap([&] {
         gem.MitMenu =
-            module_.service.LoadIniBoolean("Project", "ServoWithMenu", "Parameter\\Program.ini", true, false);
+            module_.service.LoadIniBoolean("Project", "ServoWithMenu", display::programmIni, true, false);
     });
 
     // 7. The servo that was shown when the panel was last left in the middle of one.

@@ -47,6 +47,8 @@ std::unique_ptr<platform::HostedControl> Library::createControl(
     return nullptr;
 }
 
+MeldungsZusatz& Library::meldungsZusatz() { return inhalt_->fehler.zusatz; }
+
 basic::ErrorSink& Library::errors() { return inhalt_->fehler; }
 
 } // namespace servopanel::shell

@@ -4,6 +4,7 @@
 #include "platform/control_platform.h"
 #include "platform/hosted_control.h"
 #include "platform/library_platform.h"
+#include "shell/meldungs_zusatz.h"
 
 #include <memory>
 #include <string_view>
@@ -24,6 +25,9 @@ public:
     // initialize; the platform objects must outlive the control, and the library too.
     std::unique_ptr<platform::HostedControl> createControl(
         std::string_view className, const platform::ControlPlatform& platform);
+
+    // The values that this project's reports carry; a host may change them at any time.
+    MeldungsZusatz& meldungsZusatz();
 
     // Where errors are reported; hosts report failures of their own event handling here too.
     basic::ErrorSink& errors();

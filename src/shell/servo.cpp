@@ -44,14 +44,17 @@ namespace {
 using Row = platform::EventRow<Servo>;
 
 constexpr Row ereignisse[]{
-    {"ServoMain", "JetztAnzeigen", [](Servo& servo, std::int16_t, Args) { servo.ServoMain_JetztAnzeigen(); }},
-    {"ServoMain", "MenuAnzeigen", [](Servo& servo, std::int16_t, Args) { servo.ServoMain_MenuAnzeigen(); }},
-    {"ServoMenu", "JetztAnzeigen", [](Servo& servo, std::int16_t, Args) { servo.ServoMenu_JetztAnzeigen(); }},
-    {"ServoMenu", "ServoBildAufrufen",
+    {"ServoMain", "JetztAnzeigen", "ServoMain_JetztAnzeigen",
+        [](Servo& servo, std::int16_t, Args) { servo.ServoMain_JetztAnzeigen(); }},
+    {"ServoMain", "MenuAnzeigen", "ServoMain_MenuAnzeigen",
+        [](Servo& servo, std::int16_t, Args) { servo.ServoMain_MenuAnzeigen(); }},
+    {"ServoMenu", "JetztAnzeigen", "ServoMenu_JetztAnzeigen",
+        [](Servo& servo, std::int16_t, Args) { servo.ServoMenu_JetztAnzeigen(); }},
+    {"ServoMenu", "ServoBildAufrufen", "ServoMenu_ServoBildAufrufen",
         [](Servo& servo, std::int16_t, Args args) {
             servo.ServoMenu_ServoBildAufrufen(platform::number(args, 0));
         }},
-    {"Header", "SpracheGeandert",
+    {"Header", "SpracheGeandert", "Header_SpracheGeandert",
         [](Servo& servo, std::int16_t, Args args) {
             servo.Header_SpracheGeandert(platform::number(args, 0));
         }},
@@ -61,10 +64,7 @@ constexpr Row ereignisse[]{
 
 bool Servo::deliver(platform::ChildId child, std::string_view event, Args args)
 {
-    const Row* row = platform::findEvent(std::span<const Row>{ereignisse}, child.name, event);
-    if (!row) return false;
-    basic::guardEntry(fehler(), event, [&] { row->handle(*this, child.index, args); });
-    return true;
+    return platform::deliverEvent(std::span<const Row>{ereignisse}, *this, fehler(), child, event, args);
 }
 
 } // namespace servopanel::shell

@@ -151,16 +151,4 @@ TEST(EqualsBoolean, CannotCompareArraysAndObjects)
     EXPECT_EQ(errorNumber([] { return equalsBoolean(anObject, false); }), 13);
 }
 
-TEST(BitAnd, TakesBothAs32BitNumbers)
-{
-    EXPECT_EQ(bitAnd(i16(6), 2.0), 2);
-    EXPECT_EQ(bitAnd(-1.0, 1073741824.0), 1073741824);
-    EXPECT_EQ(bitAnd(true, 8.0), 8);
-    EXPECT_EQ(bitAnd("7", 4.0), 4);
-    EXPECT_EQ(bitAnd(2.5, 2.0), 2);
-    EXPECT_EQ(errorNumber([] { return bitAnd(i16(1), 2147483648.0); }), 6);
-    EXPECT_EQ(errorNumber([] { return bitAnd(4294967295.0, 1.0); }), 6);
-    EXPECT_EQ(errorNumber([] { return bitAnd("on", 1.0); }), 13);
-}
-
 } // namespace

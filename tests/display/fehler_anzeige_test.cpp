@@ -1,5 +1,5 @@
 #include "display/fehler_anzeige.h"
-#include "support/error_number.h"
+#include "support/fakes.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 namespace {
 
 using namespace servopanel;
-using servopanel::testing::errorNumber;
+using servopanel::testing::Reports;
 
 class Display final : public platform::ErrorDisplay {
 public:
@@ -26,6 +26,8 @@ public:
 struct FehlerAnzeigeSchliessen : ::testing::Test {
     std::shared_ptr<Display> anzeige = std::make_shared<Display>();
     display::GemeinsamerZustand zustand;
+    servopanel::testing::ErrorList errors;
+    basic::StatementTrap trap{errors, "Terminate"};
 
     FehlerAnzeigeSchliessen()
     {
@@ -36,22 +38,22 @@ struct FehlerAnzeigeSchliessen : ::testing::Test {
 
 TEST_F(FehlerAnzeigeSchliessen, ClosesOnceAndLetsGo)
 {
-    display::fehlerAnzeigeSchliessen(zustand);
-    display::fehlerAnzeigeSchliessen(zustand);
+    display::fehlerAnzeigeSchliessen(trap, zustand);
+    display::fehlerAnzeigeSchliessen(trap, zustand);
     EXPECT_EQ(anzeige->closings, 1);
     EXPECT_EQ(zustand.FehlerAnzeige, nullptr);
 }
 
 TEST_F(FehlerAnzeigeSchliessen, KeepsTheCount)
 {
-    display::fehlerAnzeigeSchliessen(zustand);
+    display::fehlerAnzeigeSchliessen(trap, zustand);
     EXPECT_EQ(zustand.FehlerAnzahl, 2);
 }
 
 TEST_F(FehlerAnzeigeSchliessen, LeavesADisplayThatGotNoReport)
 {
     zustand.FehlerAnzahl = 0;
-    display::fehlerAnzeigeSchliessen(zustand);
+    display::fehlerAnzeigeSchliessen(trap, zustand);
     EXPECT_EQ(anzeige->closings, 0);
     EXPECT_EQ(zustand.FehlerAnzeige, anzeige);
 }
@@ -59,9 +61,11 @@ TEST_F(FehlerAnzeigeSchliessen, LeavesADisplayThatGotNoReport)
 TEST_F(FehlerAnzeigeSchliessen, AsksADisplayThatFailsOnlyOnce)
 {
     anzeige->fails = true;
-    EXPECT_EQ(errorNumber([&] { return display::fehlerAnzeigeSchliessen(zustand), 0; }), 91);
-    EXPECT_EQ(errorNumber([&] { return display::fehlerAnzeigeSchliessen(zustand), 0; }), 0);
+    display::fehlerAnzeigeSchliessen(trap, zustand);
+    display::fehlerAnzeigeSchliessen(trap, zustand);
     EXPECT_EQ(anzeige->closings, 1);
+    EXPECT_EQ(zustand.FehlerAnzeige, nullptr);
+    EXPECT_EQ(errors.reports, (Reports{{91, "Terminate"}}));
 }
 
 } // namespace

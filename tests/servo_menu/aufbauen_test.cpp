@@ -169,18 +169,77 @@ TEST_F(Aufbauen, BuildsOnceForTwoScrollsDuringOneBuild)
     run(menuProject(10));
     run("create\non pump scroll 2\non pump scroll 3");
     run("show");
-    // Captions: once for showing, once for the first page, once for position 2 with the next scroll, once for 3.
-    EXPECT_EQ(run("get ServoMenu.Beschriftung(1).Caption"),
-        "> get ServoMenu.Beschriftung(1).Caption\nstate ServoMenu.Beschriftung(1).Caption = \"Drive 5\"\n");
+    // Both scrolls come in while the first key is saved: the page of the second is built, that of the first never.
+    EXPECT_EQ(replay.lines({"> scroll", "put ServoMenu.BildIm(1).Picture"}),
+        "> scroll 2\n> scroll 3\n"
+        "put ServoMenu.BildIm(1).Picture = <picture C:\\Temp\\Velmora\\Servo\\Servo_1_1280.gif>\n"
+        "put ServoMenu.BildIm(1).Picture = <picture C:\\Temp\\Velmora\\Servo\\Servo_5_1280.gif>\n");
     EXPECT_EQ(visibleKeys(), "11111100");
+}
+
+TEST_F(Aufbauen, TakesThePositionFromTheScrollBarNotFromTheEvent)
+{
+    shown(menuProject(5));
+    run("scroll 2");
+    // Showing again asks for position 1, but the bar still stands at 2.
+    run("show");
+    EXPECT_EQ(replay.lines("put ServoMenu.BildIm(1).Picture"),
+        "put ServoMenu.BildIm(1).Picture = <picture C:\\Temp\\Velmora\\Servo\\Servo_3_1280.gif>\n");
+}
+
+TEST_F(Aufbauen, SavesThePictureBeforeUnderTheNameOfAServoWithoutOne)
+{
+    shown(menuProject(2) + "fail load Servo\\Servo_2_1280.gif\n");
+    EXPECT_EQ(replay.lines({"put ServoMenu.TempPicQuelle.Picture", "save"}),
+        "put ServoMenu.TempPicQuelle.Picture = <picture Servo\\Servo_1_1280.gif>\n"
+        "save ServoMenu.TempPicZiel C:\\Temp\\Velmora\\Servo\\Servo_1_1280.gif\n"
+        "save ServoMenu.TempPicZiel C:\\Temp\\Velmora\\Servo\\Servo_2_1280.gif\n");
+}
+
+TEST_F(Aufbauen, ShowsOnePictureForAServoAtTwoPositions)
+{
+    const std::string ini =
+        "file Parameter\\Program.ini\n[Project]\nServoWithMenu=TRUE\n[1Machine]\nServo1=1\nServo2=1\n"
+        "ServoPic2=2\nend\n";
+    shown(menuProject(2) + ini + "picture Servo\\Servo_1_2_1280.gif 487 146\n");
+    EXPECT_EQ(replay.lines("put ServoMenu.BildIm(2).Picture"),
+        "put ServoMenu.BildIm(2).Picture = <picture C:\\Temp\\Velmora\\Servo\\Servo_1_1280.gif>\n");
+}
+
+TEST_F(Aufbauen, ReportsAnOverflowOfTheListPositionKeyByKey)
+{
+    shown(menuProject(2));
+    run("scroll 16384");
+    EXPECT_EQ(replay.lines("error 6 \"Me Aufbauen\""),
+        "error 6 \"Me Aufbauen\" \"Overflow\"\nerror 6 \"Me Aufbauen\" \"Overflow\"\n"
+        "error 6 \"Me Aufbauen\" \"Overflow\"\nerror 6 \"Me Aufbauen\" \"Overflow\"\n"
+        "error 6 \"Me Aufbauen\" \"Overflow\"\nerror 6 \"Me Aufbauen\" \"Overflow\"\n"
+        "error 6 \"Me Aufbauen\" \"Overflow\"\n");
+    EXPECT_EQ(replay.lines("error 9 \"Me Aufbauen\""), "");
+}
+
+TEST_F(Aufbauen, CountsScreenPixelsOfTwelveTwips)
+{
+    run("screen 12 12\n" + menuProject(1));
+    run("create\nshow");
+    EXPECT_EQ(
+        replay.lines({"put ServoMenu.BildIm(1).Left", "put ServoMenu.BildIm(1).Width", "bitblt", "stretch"}),
+        "put ServoMenu.BildIm(1).Left = 129\n"
+        "put ServoMenu.BildIm(1).Width = 8955\n"
+        "bitblt ServoMenu.TempPicQuelle ServoMenu.TempPicZwischen 55 29 487 146\n"
+        "stretch ServoMenu.TempPicZwischen ServoMenu.TempPicZiel 746 225\n");
 }
 
 TEST_F(Aufbauen, ReportsPositionsBeyondTheListsEndAndShowsNothingThere)
 {
     shown(menuProject(49));
+    // The end of the bar: keys 7 and 8 are positions 51 and 52, outside the list of 50.
+    run("scroll 23");
+    EXPECT_EQ(replay.lines("error"),
+        "error 9 \"Me TextAusgabe\" \"Subscript out of range\"\n"
+        "error 9 \"Me TextAusgabe\" \"Subscript out of range\"\n");
     run("scroll 25");
     EXPECT_EQ(visibleKeys(), "10000000");
-    // The first two keys are positions 49 and 50; 51 and on are outside the list.
     run("scroll 25");
     EXPECT_EQ(replay.lines("error 9 \"Me TextAusgabe\""),
         "error 9 \"Me TextAusgabe\" \"Subscript out of range\"\n"

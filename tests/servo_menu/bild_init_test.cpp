@@ -69,6 +69,30 @@ TEST_F(MenuBildInit, PutsCaptionsBesideTheFirstOneInStepsOfTheGrid)
         "state ServoMenu.Beschriftung(6).Top = 8040\n");
 }
 
+TEST_F(MenuBildInit, PutsCaptionsIntoTheirStripOfTheKey)
+{
+    run(menuProject(3, "800"));
+    run("create");
+    EXPECT_EQ(replay.lines({"put ServoMenu.Beschriftung(1).Height", "put ServoMenu.Beschriftung(1).Left",
+                  "put ServoMenu.Beschriftung(1).Top", "put ServoMenu.Beschriftung(1).Width"}),
+        "put ServoMenu.Beschriftung(1).Height = 210\n"
+        "put ServoMenu.Beschriftung(1).Left = 690\n"
+        "put ServoMenu.Beschriftung(1).Top = 1380\n"
+        "put ServoMenu.Beschriftung(1).Width = 4410\n");
+}
+
+TEST_F(MenuBildInit, AdaptsTheFontsOfHeadingAndCaptionsOnly)
+{
+    run(menuProject(3, "800") + "var Ch-1.param_client<.arabisch> = true\n");
+    run("create");
+    EXPECT_EQ(replay.lines({"put ServoMenu.Überschrift.FontClass", "put ServoMenu.Überschrift.Alignment",
+                  "put ServoMenu.Beschriftung(8).Font.Size", "put ServoMenu.Fußzeile.Font",
+                  "put ServoMenu.ScrollBar.Font"}),
+        "put ServoMenu.Überschrift.FontClass = \"LSU8\"\n"
+        "put ServoMenu.Überschrift.Alignment = 3\n"
+        "put ServoMenu.Beschriftung(8).Font.Size = 8\n");
+}
+
 TEST_F(MenuBildInit, PublishesTheLibrarysNameThatNamesFolderAndFiles)
 {
     run("library Drives\n" + menuProject(1));

@@ -2,6 +2,7 @@
 
 #include "display/fehler_anzeige.h"
 #include "servo_menu/menu_project.h"
+#include "shell/library.h"
 #include "support/fakes.h"
 #include "support/replay_fixture.h"
 
@@ -54,6 +55,8 @@ protected:
     FakePlatform surround;
     Objects objects;
     display::GemeinsamerZustand zustand;
+    ErrorList errors;
+    basic::StatementTrap trap{errors, "Terminate"};
     shell::FehlerMelder melder{{objects, surround, surround, surround, surround, surround}, zustand};
 };
 
@@ -103,22 +106,33 @@ TEST_F(FehlerMelden, TriesAgainWhenTheDisplayCannotBeMade)
 TEST_F(FehlerMelden, MakesANewDisplayAfterTheOldOneWasClosedAndKeepsCounting)
 {
     report();
-    display::fehlerAnzeigeSchliessen(zustand);
-    display::fehlerAnzeigeSchliessen(zustand);
+    display::fehlerAnzeigeSchliessen(trap, zustand);
+    display::fehlerAnzeigeSchliessen(trap, zustand);
     EXPECT_EQ(objects.display->closed, 1);
     report();
     EXPECT_EQ(objects.asked, 2);
     EXPECT_EQ(zustand.FehlerAnzahl, 2);
 }
 
-TEST_F(FehlerMelden, SurvivesADisplayThatRefuses)
+TEST_F(FehlerMelden, GivesUpADisplayThatRefusesAndTriesANewOne)
 {
     objects.display->refuse = true;
     report();
     EXPECT_EQ(zustand.FehlerAnzahl, 0);
-    objects.display->refuse = false;
+    objects.display = std::make_shared<NotedDisplay>();
     report();
+    EXPECT_EQ(objects.asked, 2);
+    EXPECT_EQ(objects.display->lines.size(), 1U);
     EXPECT_EQ(zustand.FehlerAnzahl, 1);
+}
+
+TEST_F(FehlerMelden, TakesTheHostsValuesThroughTheLibrary)
+{
+    shell::Library library{{objects, surround, surround, surround, surround, surround}};
+    library.meldungsZusatz().U = "Night shift";
+    library.errors().report({6, {}, "Overflow"}, "OpenIni");
+    EXPECT_EQ(objects.display->lines.front(),
+        "6|Servo|Overflow|###U:Night shift### ###B:false### ###F:0###OpenIni");
 }
 
 TEST_F(FehlerMelden, DoesNotReportFromWithinAReport)

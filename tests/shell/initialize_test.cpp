@@ -11,10 +11,6 @@ protected:
         run(menuProject(4) + changes);
         return run("create");
     }
-    std::string reportedBy(const std::string& description)
-    {
-        return "error -2147467259 \"UserControl_Initialize\" \"" + description + "\"\n";
-    }
     static std::string programIni(
         const std::string& machine, const std::string& project = "ServoWithMenu=TRUE\n")
     {
@@ -165,6 +161,40 @@ TEST_F(UserControlInitialize, ShowsAllServosOfAMachineWithoutPassiveFlags)
     EXPECT_EQ(replay.lines("put ServoMenu.ScrollBar.0x68030002"), "put ServoMenu.ScrollBar.0x68030002 = 3\n");
 }
 
+TEST_F(UserControlInitialize, TakesTheFlagReadLastForAServoWhoseOwnCannotBeRead)
+{
+    created(
+        "var Ch1.M1_T_servo_1<.mM1_servopassiv_1> = true\nfail read Ch1.M1_T_servo_2<.mM1_servopassiv_2>\n");
+    run("show");
+    EXPECT_EQ(replay.lines("picture Servo\\Servo_"),
+        "picture Servo\\Servo_3_1280.gif\npicture Servo\\Servo_4_1280.gif\n");
+}
+
+TEST_F(UserControlInitialize, KeepsARememberedServoBeyondTheList)
+{
+    created("var Ch-1.intern<.servo_zeiger> = 40\n");
+    run("show");
+    EXPECT_EQ(replay.lines("write Ch-1.intern<.servo_zeiger>"), "write Ch-1.intern<.servo_zeiger> = 40\n");
+}
+
+TEST_F(UserControlInitialize, CarriesSecondDiagnosisPagesToTheActivePosition)
+{
+    created("var Ch1.M1_T_servo_1<.mM1_servopassiv_1> = true\nvar Ch-1.intern<.servo_zeiger> = 1\n"
+        + programIni("Servo1=1\nServo2=2\nServo3=3\nServo4=4\nDiag2Servo2=TRUE\n"));
+    run("show");
+    run("key! 10");
+    EXPECT_EQ(replay.lines("call ServoMain.Fußzeile.0x68030007(8"),
+        "call ServoMain.Fußzeile.0x68030007(8, \"Servo\\Servo_Diag2_1280.gif\")\n");
+}
+
+TEST_F(UserControlInitialize, TakesNoMachineIntoFileNamesForOptionZero)
+{
+    created(programIni("Servo1=1\n", "ServoWithMenu=TRUE\nServoWithMachineType=0\n")
+        + "var parameter<.servo_anzahl_1> = 1\n");
+    run("show");
+    EXPECT_EQ(replay.lines("picture Servo\\Servo_"), "picture Servo\\Servo_1_1280.gif\n");
+}
+
 TEST_F(UserControlInitialize, UsesAMissingEntryAsServoNumberMinusOne)
 {
     created(programIni("Servo1=1\n"));
@@ -198,7 +228,8 @@ TEST_F(UserControlInitialize, GoesOnAfterEachFailure)
         recording::Replay panel;
         panel.run(menuProject(2) + "fail read " + variable + "\n");
         panel.run("create");
-        EXPECT_NE(panel.lines("error").find("\"UserControl_Initialize\""), std::string::npos) << variable;
+        const std::string errors = panel.lines("error");
+        EXPECT_NE(errors.find("\"UserControl_Initialize\""), std::string::npos) << variable;
         EXPECT_EQ(panel.lines("put ServoMenu.BildInit"), "put ServoMenu.BildInit = true\n") << variable;
     }
 }

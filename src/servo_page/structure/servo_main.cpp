@@ -2,8 +2,8 @@
 
 #include "basic/conversions.h"
 #include "basic/entry_guard.h"
-#include "basic/text.h"
 #include "platform/event_table.h"
+#include "platform/property_table.h"
 #include "servo_page/structure/form.h"
 
 #include <span>
@@ -33,43 +33,26 @@ platform::FormData ServoMain::form() const { return servoMainForm(); }
 
 namespace {
 
-struct Eigenschaft {
-    std::string_view name;
-    std::string_view prozedur; // the name under which a failure of the call itself is reported
-    void (ServoMain::*setzen)(std::int16_t);
-    std::int16_t (ServoMain::*lesen)(); // nullptr: write only
-};
+using Property = platform::PropertyRow<ServoMain>;
 
-constexpr Eigenschaft eigenschaften[]{
+constexpr Property eigenschaften[]{
     {platform::names::BildInit.name, "Ma BildInit Let", &ServoMain::BildInit, &ServoMain::BildInit},
     {platform::names::BildShow.name, "Ma BildShow Let", &ServoMain::BildShow, &ServoMain::BildShow},
     {platform::names::SpracheGeandert.name, "Ma Let SpracheGeandert", &ServoMain::SpracheGeandert, nullptr},
-    // For replay scenarios: reaches states that only a caller outside could leave.
+    // A facility of the replay tool: reaches states that only a caller outside could leave.
     {"poke.modified", "Ma poke.modified", &ServoMain::geaendertSetzen, nullptr},
 };
-
-// Property names compare without regard to case.
-const Eigenschaft& eigenschaft(const platform::Member& member)
-{
-    const std::string gesucht = basic::upperCase(member.name);
-    for (const Eigenschaft& eine : eigenschaften)
-        if (basic::upperCase(eine.name) == gesucht) return eine;
-    basic::raise(basic::ErrorNumber::NoSuchMember);
-}
 
 } // namespace
 
 basic::Variant ServoMain::get(const platform::Member& member)
 {
-    const Eigenschaft& gefragt = eigenschaft(member);
-    if (!gefragt.lesen) basic::raise(basic::ErrorNumber::NoSuchMember);
-    return (this->*gefragt.lesen)();
+    return platform::getProperty(std::span<const Property>{eigenschaften}, *this, member);
 }
 
 void ServoMain::put(const platform::Member& member, const basic::Variant& value)
 {
-    const Eigenschaft& gefragt = eigenschaft(member);
-    basic::guardEntry(fehler(), gefragt.prozedur, [&] { (this->*gefragt.setzen)(basic::toInt16(value)); });
+    platform::putProperty(std::span<const Property>{eigenschaften}, *this, fehler(), member, value);
 }
 
 void ServoMain::geaendertSetzen(std::int16_t geaendert) { zustand_.bearbeitung.Geaendert = geaendert; }
@@ -89,34 +72,32 @@ void geschaltet(ServoMain& seite, std::int16_t index, Args)
 }
 
 constexpr Row ereignisse[]{
-    {"SollwertL", "MouseDown", &berührt},
-    {"SollwertR", "MouseDown", &berührt},
-    {"ZeichnungL", "MouseDown", &berührt},
-    {"ZeichnungR", "MouseDown", &berührt},
-    {"SchalterL", "SchalterGedrückt", &geschaltet},
-    {"SchalterR", "SchalterGedrückt", &geschaltet},
-    {"Eingabemaske", "EingabeAenderung",
+    {"SollwertL", "MouseDown", "Ma SollwertL_MouseDown", &berührt},
+    {"SollwertR", "MouseDown", "Ma SollwertR_MouseDown", &berührt},
+    {"ZeichnungL", "MouseDown", "Ma ZeichnungL_MouseDown", &berührt},
+    {"ZeichnungR", "MouseDown", "Ma ZeichnungR_MouseDown", &berührt},
+    {"SchalterL", "SchalterGedrückt", "Ma SchalterL_SchalterGedrückt", &geschaltet},
+    {"SchalterR", "SchalterGedrückt", "Ma SchalterR_SchalterGedrückt", &geschaltet},
+    {"Eingabemaske", "EingabeAenderung", "Ma Eingabemaske_EingabeAenderung",
         [](ServoMain& seite, std::int16_t, Args) { seite.Eingabemaske_EingabeAenderung(); }},
-    {"Eingabemaske", "Eingabefertig",
+    {"Eingabemaske", "Eingabefertig", "Ma Eingabemaske_Eingabefertig",
         [](ServoMain& seite, std::int16_t, Args) { seite.Eingabemaske_Eingabefertig(); }},
-    {"IniEingabe", "EingabeFertig",
+    {"IniEingabe", "EingabeFertig", "Ma IniEingabe_EingabeFertig",
         [](ServoMain& seite, std::int16_t, Args) { seite.IniEingabe_EingabeFertig(); }},
-    {"IniEingabe", "LostFocus", [](ServoMain& seite, std::int16_t, Args) { seite.IniEingabe_LostFocus(); }},
-    {"Fußzeile", "TasteClick",
+    {"IniEingabe", "LostFocus", "Ma IniEingabe_LostFocus",
+        [](ServoMain& seite, std::int16_t, Args) { seite.IniEingabe_LostFocus(); }},
+    {"Fußzeile", "TasteClick", "Ma Fußzeile_TasteClick",
         [](ServoMain& seite, std::int16_t, Args args) { seite.Fußzeile_TasteClick(number(args, 0)); }},
-    {"ScrollBar", "NeuePos",
+    {"ScrollBar", "NeuePos", "Ma ScrollBar_NeuePos",
         [](ServoMain& seite, std::int16_t, Args args) { seite.ScrollBar_NeuePos(number(args, 0)); }},
-    {"Timer", "Timer", [](ServoMain& seite, std::int16_t, Args) { seite.Timer_Timer(); }},
+    {"Timer", "Timer", "Ma Timer_Timer", [](ServoMain& seite, std::int16_t, Args) { seite.Timer_Timer(); }},
 };
 
 } // namespace
 
 bool ServoMain::deliver(platform::ChildId child, std::string_view event, Args args)
 {
-    const Row* row = platform::findEvent(std::span<const Row>{ereignisse}, child.name, event);
-    if (!row) return false;
-    basic::guardEntry(fehler(), event, [&] { row->handle(*this, child.index, args); });
-    return true;
+    return platform::deliverEvent(std::span<const Row>{ereignisse}, *this, fehler(), child, event, args);
 }
 
 } // namespace servopanel::servo_page

@@ -9,7 +9,7 @@ void ServoMain::UserControl_Terminate()
     basic::StatementTrap trap{fehler(), "Ma UserControl_Terminate"};
 
     trap([&] { platform::Zeitgeber{kind("Timer")}.Enabled(false); });
-    trap([&] { display::fehlerAnzeigeSchliessen(gemeinsam()); });
+    display::fehlerAnzeigeSchliessen(trap, gemeinsam());
 }
 
 } // namespace servopanel::servo_page
