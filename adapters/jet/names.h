@@ -9,7 +9,8 @@ namespace servopanel::jet {
 // Names of tables and columns do not differ by case.
 inline bool sameName(std::string_view left, std::string_view right)
 {
-    return basic::upperCase(left) == basic::upperCase(right);
+    if (left.size() != right.size()) return false;
+    return left == right || basic::upperCase(left) == basic::upperCase(right);
 }
 
 } // namespace servopanel::jet
