@@ -8,9 +8,6 @@ namespace servopanel::config {
 
 namespace {
 
-// The access level of a parameter whose own is unreadable: nobody has it, so nobody edits the parameter.
-constexpr std::int16_t gesperrt = 32767;
-
 // Exact, with regard to case. A column without a value equals nothing.
 bool gleich(const basic::Variant& spalte, std::string_view text)
 {
@@ -23,12 +20,15 @@ ParamDef gelesen(basic::StatementTrap& trap, platform::RecordSet& sätze)
     ParamDef def;
     def.Pass = gesperrt;
     trap([&] { def.Lesezeichen = sätze.bookmark(); });
-    trap([&] { def.AbsMax = basic::toDouble(sätze.field("abs_max")); });
-    trap([&] { def.AbsMin = basic::toDouble(sätze.field("abs_min")); });
-    trap([&] { def.OffsetOderBitNr = basic::toInt16(sätze.field("offset_or_bitno")); });
-    trap([&] { def.Max = basic::toDouble(sätze.field("Max")); });
-    trap([&] { def.Min = basic::toDouble(sätze.field("Min")); });
-    trap([&] { def.Pass = basic::toInt16(sätze.field("Pass")); });
+    def.AbsMaxFehlt =
+        !trap.condition([&] { return def.AbsMax = basic::toDouble(sätze.field("abs_max")), true; });
+    def.AbsMinFehlt =
+        !trap.condition([&] { return def.AbsMin = basic::toDouble(sätze.field("abs_min")), true; });
+    def.OffsetFehlt = !trap.condition(
+        [&] { return def.OffsetOderBitNr = basic::toInt16(sätze.field("offset_or_bitno")), true; });
+    def.MaxFehlt = !trap.condition([&] { return def.Max = basic::toDouble(sätze.field("Max")), true; });
+    def.MinFehlt = !trap.condition([&] { return def.Min = basic::toDouble(sätze.field("Min")), true; });
+    def.PassFehlt = !trap.condition([&] { return def.Pass = basic::toInt16(sätze.field("Pass")), true; });
     trap([&] { def.VarName = basic::toText(sätze.field("var_name")); });
     return def;
 }

@@ -20,7 +20,18 @@ struct ParamDef {
     double Min = 0;
     double Max = 0;
     std::int16_t Pass = 0; // access level that the input asks for
+
+    // Columns of the row that could not be read; what stands in for them is not written back.
+    bool AbsMinFehlt = false;
+    bool AbsMaxFehlt = false;
+    bool MinFehlt = false;
+    bool MaxFehlt = false;
+    bool OffsetFehlt = false;
+    bool PassFehlt = false;
 };
+
+// The access level of a parameter whose own is unreadable: nobody has it, so nobody edits the parameter.
+inline constexpr std::int16_t gesperrt = 32767;
 
 inline constexpr std::int16_t höchsteParamDefAnzahl = 2000;
 

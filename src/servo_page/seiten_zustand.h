@@ -43,13 +43,16 @@ struct FußzeilenZustand {
 // Which servo and which of its pages is bound; written by the footer keys and SeiteUmschalten.
 struct SeitenWahl {
     std::int16_t Seite = 0; // 0 parameters, 1 and 2 diagnosis
-    bool ExternerServo = false; // read with each servo, used by hosts' later extensions only
+    bool ExternerServo = false; // read with each servo; nothing depends on it
     std::int16_t Sprache = 0; // language number last reported
 };
 
 // What the operator is doing; all Booleans -1 and 0.
 struct Bearbeitung {
     basic::CheckedArray<bool, 50, 1> Marken; // by field number: changed or touched, not yet written
+    // By field number: the input shows a value of this servo, read from the machine or entered. What a failed read leaves
+    // standing may be another servo's and is never written.
+    basic::CheckedArray<bool, 50, 1> Gezeigt;
     std::int16_t Geaendert = 0; // there are changes not yet written
     std::int16_t Bestaetigen = 0; // keys 10 and 11 stand for confirm and cancel
     std::int16_t ZweiterModus = 0; // a touch opens the definition editor

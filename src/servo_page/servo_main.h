@@ -106,7 +106,6 @@ private:
     // BildShow.
     void fußzeileLesen(basic::StatementTrap& trap);
     void fußzeileZeigen(basic::StatementTrap& trap);
-    bool mehrereMaschinen(); // whether key 9 has a machine to switch to
     // SeiteUmschalten.
     void servoEinlesen(basic::StatementTrap& trap);
     void seitenteileZeigen(basic::StatementTrap& trap);
@@ -149,7 +148,8 @@ private:
     void sollwerteSchreiben(basic::StatementTrap& trap, std::string_view familie, FeldBereich felder);
     void schalterSchreiben(basic::StatementTrap& trap);
     void zeichnungenSchreiben(basic::StatementTrap& trap);
-    double zeichnungsNummer(std::int16_t feld);
+    void nurGezeigtes(std::int16_t feld); // basic::Error when the input shows nothing of this servo
+    double gezeigteZeichnung(std::int16_t feld);
     void sollwertDarstellen(basic::StatementTrap& trap, std::int16_t feld, bool frei, bool markenBehalten);
     void zeichnungDarstellen(basic::StatementTrap& trap, std::int16_t feld, bool frei, bool markenBehalten);
     void beschriftungDarstellen(basic::StatementTrap& trap, std::int16_t feld, bool frei);

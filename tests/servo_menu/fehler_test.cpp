@@ -1,5 +1,6 @@
 #include "platform/ids.h"
-#include "servo_menu/lone_menu.h"
+#include "servo_menu/servo_menu.h"
+#include "support/lone.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +14,7 @@ namespace servopanel::testing {
 // Every procedure reports under its own name when a child of the menu fails, and comes back.
 TEST(MenuErrorNames, AreThoseOfTheProcedures)
 {
-    LoneMenu menu;
+    Lone<servo_menu::ServoMenu> menu;
     menu.failing = true;
     menu.surround.zustand.ServoAnzahl = 8;
     menu.surround.zustand.FehlerAnzahl = 1;
@@ -42,7 +43,7 @@ TEST(MenuErrorNames, AreThoseOfTheProcedures)
     };
     for (const auto& [name, call] : calls) {
         menu.surround.errors.reports.clear();
-        call(menu.menu);
+        call(menu.control);
         bool named = false;
         for (const Report& report : menu.surround.reports())
             named = named || report.procedure == name;
@@ -52,12 +53,12 @@ TEST(MenuErrorNames, AreThoseOfTheProcedures)
 
 TEST(MenuAufbauen, ChangesNoNameAndMakesNothingWhenAFileCannotBeLookedFor)
 {
-    LoneMenu menu;
+    Lone<servo_menu::ServoMenu> menu;
     menu.surround.zustand.ServoAnzahl = 1;
     menu.surround.zustand.ServoNr[1] = 1;
     menu.surround.world().fail("exists P:\\\\_S_1_.gif");
     menu.surround.world().fail("exists \\\\_S_1_.gif");
-    menu.menu.Aufbauen();
+    menu.control.Aufbauen();
     EXPECT_EQ(menu.surround.logged("exists"), (Texts{"P:\\\\_S_1_.gif", "\\\\_S_1_.gif"}));
     EXPECT_TRUE(menu.surround.logged("picture").empty());
     EXPECT_TRUE(menu.surround.logged("save").empty());
@@ -66,13 +67,13 @@ TEST(MenuAufbauen, ChangesNoNameAndMakesNothingWhenAFileCannotBeLookedFor)
 
 TEST(MenuChoice, LeavesTheServoNumberInAktServoUntilTheShellReplacesIt)
 {
-    LoneMenu menu;
+    Lone<servo_menu::ServoMenu> menu;
     menu.surround.zustand.ServoAnzahl = 3;
     menu.surround.zustand.ServoNr[2] = 17;
     std::vector<std::int16_t> seen;
     menu.raised = [&] { seen.push_back(menu.surround.zustand.AktServo); };
-    menu.menu.TasteGedrueckt(2, true);
-    menu.menu.TasteGedrueckt(2, false);
+    menu.control.TasteGedrueckt(2, true);
+    menu.control.TasteGedrueckt(2, false);
     EXPECT_EQ(seen, std::vector<std::int16_t>{17});
 }
 

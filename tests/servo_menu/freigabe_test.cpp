@@ -1,4 +1,5 @@
-#include "servo_menu/lone_menu.h"
+#include "servo_menu/servo_menu.h"
+#include "support/lone.h"
 
 #include <gtest/gtest.h>
 
@@ -16,14 +17,14 @@ protected:
             {"[Machine0]", "F1=TRUE", "F4=TRUE", "F10=TRUE", "[Footer]", "F3=x"}, {}};
         lone.surround.world().variables["parameter<.maschinenanzahl>"] = std::int16_t{2};
         menu.BildShow(-1);
-        lone.control("Fußzeile")->crossings.clear();
+        lone.fake("Fußzeile")->crossings.clear();
     }
 
     // "Freigabe 1 True" for each call of the footer.
     std::string calls()
     {
         std::string lines;
-        for (const Crossing& crossing : lone.control("Fußzeile")->crossings) {
+        for (const Crossing& crossing : lone.fake("Fußzeile")->crossings) {
             lines += crossing.member.name;
             for (const basic::Variant& argument : crossing.args)
                 lines += " " + basic::toText(argument);
@@ -32,8 +33,8 @@ protected:
         return lines;
     }
 
-    LoneMenu lone;
-    servo_menu::ServoMenu& menu = lone.menu;
+    Lone<servo_menu::ServoMenu> lone;
+    servo_menu::ServoMenu& menu = lone.control;
 };
 
 } // namespace

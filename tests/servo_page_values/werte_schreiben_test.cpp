@@ -52,6 +52,48 @@ TEST(WerteSchreiben, WritesEveryFamilyBackUnchangedWhenNothingIsMarked)
             + " = 1\n");
 }
 
+// The read of the second group fails while the page is shown and works again at the confirmation.
+TEST(WerteSchreiben, KeepsTheMachinesValueOfATouchedFieldThatShowsNone)
+{
+    Page page{"fail read " + variable("_servo_para2_") + "\n"};
+    page.run("touch SollwertL 5\nmask 55\ntouch SollwertL 21\nmask cancel\nfail none\n");
+    EXPECT_EQ(beginning(page.run("key 10\n"), {"write " + variable("_servo_para2_")}),
+        "write " + variable("_servo_para2_") + " = [210, 220, 230, 240]\n");
+}
+
+TEST(WerteSchreiben, KeepsADrawingNumberOfWhichOnlyAPartWasEverShown)
+{
+    Page page{"fail read " + variable("_servo_zeich_") + "\n"};
+    page.run("touch ZeichnungL 43\nmask 7\nfail none\n");
+    EXPECT_EQ(beginning(page.run("key 10\n"), {"write " + variable("_servo_zeich_")}),
+        "write " + variable("_servo_zeich_") + " = [123456789, 7000012]\n");
+}
+
+// The first servo's values still stand in the inputs when the second one's cannot be read.
+TEST(WerteSchreiben, NeverWritesWhatAnotherServoLeftStanding)
+{
+    const std::string para = variable("_servo_para_", {}, "5");
+    const std::string zeich = variable("_servo_zeich_", {}, "5");
+    Page page;
+    page.run("fail read " + para + "\nfail read " + zeich + "\nkey 6\n");
+    page.run("touch SollwertL 2\nmask 55\ntouch SollwertL 1\nmask cancel\ntouch ZeichnungL 43\nmask 7\nfail "
+             "none\n");
+    const std::string held = page.run("key 10\n");
+    const std::string read = beginning(held, {"read " + para + " = "});
+    const std::string written = beginning(held, {"write " + para + " = "});
+    ASSERT_NE(written, "");
+    // Only the second element differs from what the machine held.
+    const auto elements = [](const std::string& lines) {
+        const std::string line = lines.substr(0, lines.find('\n'));
+        return line.substr(line.find('['));
+    };
+    std::string expected = elements(read);
+    expected.replace(expected.find(", ") + 2,
+        expected.find(", ", expected.find(", ") + 2) - expected.find(", ") - 2, "55");
+    EXPECT_EQ(elements(written), expected);
+    EXPECT_EQ(elements(beginning(held, {"write " + zeich})), elements(beginning(held, {"read " + zeich})));
+}
+
 TEST(WerteSchreiben, NeverWritesLimits)
 {
     Page page;

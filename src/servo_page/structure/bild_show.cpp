@@ -26,7 +26,7 @@ void ServoMain::BildShow(std::int16_t zeigen)
     trap([&] { module_.service.CloseIni(); });
 
     // 5. and 6. The machine key.
-    if (trap.condition([&] { return mehrereMaschinen(); }))
+    if (trap.condition([&] { return display::mehrereMaschinen(module_.umfeld); }))
         trap([&] { Fußzeile{kind("Fußzeile")}.Bild(9, display::maschinenSymbol(gemeinsam())); });
     trap([&] { Fußzeile{kind("Fußzeile")}.TextNummer(9, 10000); });
 
@@ -93,12 +93,6 @@ void ServoMain::fußzeileZeigen(StatementTrap& trap)
         trap([&] { Fußzeile{kind("Fußzeile")}.Bild(nummer, eintrag.Bild); });
         trap([&] { Fußzeile{kind("Fußzeile")}.Freigabe(nummer, true); });
     }
-}
-
-// Whether there is another machine to switch to.
-bool ServoMain::mehrereMaschinen()
-{
-    return basic::toDouble(display::ReadValue(module_.umfeld, "parameter<.maschinenanzahl>")) > 1;
 }
 
 } // namespace servopanel::servo_page

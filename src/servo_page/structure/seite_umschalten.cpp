@@ -47,6 +47,8 @@ void ServoMain::servoEinlesen(StatementTrap& trap)
 {
     auto& gem = gemeinsam();
 
+    // From here on the inputs show nothing of this servo until it is read.
+    trap([&] { zustand_.bearbeitung.Gezeigt.fill(false); });
     trap([&] {
         zustand_.wahl.ExternerServo =
             module_.service.LoadIniBoolean("Machine" + decimal(std::int32_t{gem.AktuelleMaschine}),

@@ -1,12 +1,12 @@
 #include "basic/arithmetic.h"
 #include "platform/facades/facade.h"
+#include "servo_page/felder.h"
 #include "servo_page/servo_main.h"
 
 namespace servopanel::servo_page {
 
 namespace {
 
-constexpr std::int32_t bandFarbe = 0xC0C0C0;
 constexpr std::int32_t linienFarbe = 0xD4D4D4;
 
 // A height in twips, moved by pixels, in single precision.
@@ -28,7 +28,7 @@ void ServoMain::ZeichnenDesMainBereichsTeile(
     // 1. The band: two pixels above the row's top to four above its bottom, over the whole width.
     trap([&] {
         platform_.surface.line(ziel, 0.0F, verschoben(oben, -2, pixel), breite(),
-            verschoben(unten, -4, pixel), bandFarbe, platform::Surface::filledBoxFlags);
+            verschoben(unten, -4, pixel), farben::Silber, platform::Surface::filledBoxFlags);
     });
 
     // 2. The separator, one pixel below the band.

@@ -29,7 +29,9 @@ void ServoMain::sollwertzeile(StatementTrap& trap, std::int16_t feld)
     const ChildId einheit{einheitName(feld), feld};
     const ChildId eingabe{sollwertName(feld), feld};
 
-    if (trap.condition([&] { return feldFehlt(feld); })) {
+    const std::optional<bool> fehlt = trap.decision([&] { return feldFehlt(feld); });
+    if (!fehlt) return;
+    if (*fehlt) {
         for (const ChildId& id : {beschriftung, beschriftung2, einheit, eingabe})
             zeigen(trap, id, false);
         return;
@@ -62,14 +64,15 @@ void ServoMain::schalterzeile(StatementTrap& trap, std::int16_t feld)
     const ChildId beschriftung{beschriftungName(feld), feld};
     const ChildId schalter{schalterName(feld), feld};
 
-    const bool fehlt = trap.condition([&] { return feldFehlt(feld); });
-    if (!fehlt) {
+    const std::optional<bool> fehlt = trap.decision([&] { return feldFehlt(feld); });
+    if (!fehlt) return;
+    if (!*fehlt) {
         mittigNeben(trap, beschriftung, schalter);
         trap([&] { indirekterText(beschriftung, textNummer(TextArt::Beschriftung, feld)); });
     }
-    zeigen(trap, schalter, !fehlt);
-    zeigen(trap, beschriftung, !fehlt);
-    if (!fehlt) band(trap, feld, schalter);
+    zeigen(trap, schalter, !*fehlt);
+    zeigen(trap, beschriftung, !*fehlt);
+    if (!*fehlt) band(trap, feld, schalter);
 }
 
 // Three parts with a point between each two.
@@ -77,19 +80,20 @@ void ServoMain::zeichnungszeile(StatementTrap& trap, std::int16_t feld)
 {
     const ChildId beschriftung{beschriftungName(feld), feld};
 
-    const bool fehlt = trap.condition([&] { return feldFehlt(feld); });
-    if (!fehlt) {
+    const std::optional<bool> fehlt = trap.decision([&] { return feldFehlt(feld); });
+    if (!fehlt) return;
+    if (!*fehlt) {
         mittigNeben(trap, beschriftung, {zeichnungName(feld), feld});
         trap([&] { indirekterText(beschriftung, textNummer(TextArt::Beschriftung, feld)); });
     }
-    zeigen(trap, beschriftung, !fehlt);
+    zeigen(trap, beschriftung, !*fehlt);
     for (const std::int16_t item : zeichnungsItems(feld)) {
-        zeigen(trap, {zeichnungName(item), item}, !fehlt);
+        zeigen(trap, {zeichnungName(item), item}, !*fehlt);
         if (item == feld) continue;
-        if (!fehlt) trap([&] { indirekterText({punktName(item), item}, textNummer(TextArt::Punkt, item)); });
-        zeigen(trap, {punktName(item), item}, !fehlt);
+        if (!*fehlt) trap([&] { indirekterText({punktName(item), item}, textNummer(TextArt::Punkt, item)); });
+        zeigen(trap, {punktName(item), item}, !*fehlt);
     }
-    if (!fehlt) band(trap, feld, {zeichnungName(feld), feld});
+    if (!*fehlt) band(trap, feld, {zeichnungName(feld), feld});
 }
 
 void ServoMain::mittigNeben(StatementTrap& trap, ChildId anzeige, ChildId eingabe)
@@ -108,9 +112,10 @@ void ServoMain::umbrechen(StatementTrap& trap, std::int16_t feld, const std::str
     const ChildId beschriftung2{beschriftung2Name(feld), feld};
     const std::size_t letztesLeerzeichen = worte.rfind(' ');
 
-    const bool zweiZeilen = trap.condition(
+    const std::optional<bool> zweiZeilen = trap.decision(
         [&] { return letztesLeerzeichen != std::string::npos && breiterAlsErlaubt(beschriftung, worte); });
-    if (!zweiZeilen) {
+    if (!zweiZeilen) return;
+    if (!*zweiZeilen) {
         trap([&] { Textanzeige{kind(beschriftung.name, feld)}.Text(worte); });
         zeigen(trap, beschriftung2, false);
         return;

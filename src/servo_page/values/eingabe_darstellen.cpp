@@ -4,15 +4,6 @@
 
 namespace servopanel::servo_page {
 
-namespace {
-
-constexpr bool istLinks(std::int16_t feld)
-{
-    return istSollwertLinks(feld) || feld == 31 || feld == 32 || feld == 41;
-}
-
-} // namespace
-
 void ServoMain::EingabeDarstellen(bool markenBehalten)
 {
     basic::StatementTrap trap{fehler(), "Ma EingabeDarstellen"};
@@ -70,13 +61,11 @@ void ServoMain::zeichnungDarstellen(
 void ServoMain::beschriftungDarstellen(basic::StatementTrap& trap, std::int16_t feld, bool frei)
 {
     const std::int32_t farbe = frei ? farben::Schwarz : farben::Grau;
-    const bool links = istLinks(feld);
-    trap([&] { platform::Textanzeige{kind(links ? "BeschriftungL" : "BeschriftungR", feld)}.Farbe(farbe); });
+    trap([&] { platform::Textanzeige{kind(beschriftungName(feld), feld)}.Farbe(farbe); });
     // Only setpoints have a second caption line and a unit.
     if (!istSollwert(feld)) return;
-    trap(
-        [&] { platform::Textanzeige{kind(links ? "BeschriftungL2" : "BeschriftungR2", feld)}.Farbe(farbe); });
-    trap([&] { platform::Textanzeige{kind(links ? "EinheitL" : "EinheitR", feld)}.Farbe(farbe); });
+    trap([&] { platform::Textanzeige{kind(beschriftung2Name(feld), feld)}.Farbe(farbe); });
+    trap([&] { platform::Textanzeige{kind(einheitName(feld), feld)}.Farbe(farbe); });
 }
 
 } // namespace servopanel::servo_page

@@ -41,7 +41,10 @@ void ServoMain::geändertFärben(basic::StatementTrap& trap)
     if (istZeichnung(item))
         trap([&] { platform::Textanzeige{kind(zeichnungName(item), item)}.Farbe(farben::Grün); });
     else if (istSollwert(sollwert))
-        trap([&] { platform::Sollwert{kind(sollwertName(sollwert), sollwert)}.Vordergrund(farben::Grün); });
+        trap([&] {
+            zustand_.bearbeitung.Gezeigt[sollwert] = true;
+            platform::Sollwert{kind(sollwertName(sollwert), sollwert)}.Vordergrund(farben::Grün);
+        });
 }
 
 void ServoMain::Eingabemaske_Eingabefertig()

@@ -26,7 +26,8 @@ void ServoMain::FußzeileFreigabe(bool frei)
     for (std::uint8_t taste = 1; taste <= 10; ++taste) {
         if (taste == 4) continue;
         trap([&] {
-            const bool benutzt = taste == 9 ? mehrereMaschinen() : zustand_.fußzeile.Tasten[taste].Benutzt;
+            const bool benutzt = taste == 9 ? display::mehrereMaschinen(module_.umfeld)
+                                            : zustand_.fußzeile.Tasten[taste].Benutzt;
             if (benutzt) Fußzeile{kind("Fußzeile")}.Freigabe(taste, true);
         });
     }

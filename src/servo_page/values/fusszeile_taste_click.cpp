@@ -70,7 +70,7 @@ void ServoMain::servoWechseln(basic::StatementTrap& trap, std::int16_t schritt)
     // Another servo's diagnosis begins with its first page.
     if (zustand_.wahl.Seite != 0) zustand_.wahl.Seite = 1;
     // The captions on the picture belong to the servo before.
-    for (std::int16_t n = 0; n <= 2; ++n)
+    for (std::int16_t n = 0; n <= letzteParaBeschriftung; ++n)
         trap([&] { platform::Label{kind("ParaBeschriftung", n)}.Visible(false); });
     SeiteUmschalten(true);
 }

@@ -70,6 +70,7 @@ void ServoMain::sollwerteLesen(basic::StatementTrap& trap, std::string_view fami
         trap([&] {
             platform::Sollwert{kind(sollwertName(feld), feld)}.Wert(
                 basic::element(werte, feld - felder.erstes));
+            zustand_.bearbeitung.Gezeigt[feld] = true;
         });
     }
 }
@@ -97,6 +98,7 @@ void ServoMain::schalterLesen(basic::StatementTrap& trap)
         trap([&] {
             platform::Schalter{kind(schalterName(feld), feld)}.Zustand(
                 gelesenesWort(wort) & bitGewicht(feld));
+            zustand_.bearbeitung.Gezeigt[feld] = true;
         });
     }
 }
@@ -113,6 +115,7 @@ void ServoMain::zeichnungenLesen(basic::StatementTrap& trap)
             const ZeichnungsTeile zerlegt =
                 zeichnungZerlegen(basic::toDouble(basic::element(nummern, feld - 41)));
             teile = basic::doubles({zerlegt.begin(), zerlegt.end()});
+            zustand_.bearbeitung.Gezeigt[feld] = true;
         });
         for (const std::int16_t item : zeichnungsItems(feld)) {
             trap([&] {

@@ -48,8 +48,9 @@ void ServoMain::sollwerteSchreiben(basic::StatementTrap& trap, std::string_view 
     for (std::int16_t feld = felder.erstes; feld <= felder.letztes; ++feld) {
         if (!zustand_.bearbeitung.Marken[feld]) continue;
         trap([&] {
-            basic::setElement(
-                werte, feld - felder.erstes, platform::Sollwert{kind(sollwertName(feld), feld)}.Wert());
+            nurGezeigtes(feld);
+            const basic::Variant wert = platform::Sollwert{kind(sollwertName(feld), feld)}.Wert();
+            basic::setElement(werte, feld - felder.erstes, gelesen(wert));
         });
     }
     trap([&] {
@@ -66,6 +67,7 @@ void ServoMain::schalterSchreiben(basic::StatementTrap& trap)
     std::int32_t neu = 0;
     for (std::int16_t feld = 31; feld <= 34; ++feld) {
         trap([&] {
+            if (zustand_.bearbeitung.Marken[feld]) nurGezeigtes(feld);
             const bool ein = zustand_.bearbeitung.Marken[feld]
                 ? platform::Schalter{kind(schalterName(feld), feld)}.Zustand()
                 : (gelesenesWort(wort) & bitGewicht(feld)) != 0;
@@ -84,7 +86,10 @@ void ServoMain::zeichnungenSchreiben(basic::StatementTrap& trap)
     trap([&] { nummern = display::ReadValue(module_.umfeld, servoVariable(familien::Zeichnung)); });
     for (std::int16_t feld = 41; feld <= 42; ++feld) {
         if (!zustand_.bearbeitung.Marken[feld]) continue;
-        trap([&] { basic::setElement(nummern, feld - 41, zeichnungsNummer(feld)); });
+        trap([&] {
+            nurGezeigtes(feld);
+            basic::setElement(nummern, feld - 41, gezeigteZeichnung(feld));
+        });
     }
     trap([&] {
         const basic::Variant& ganz = geleseneFamilie(nummern);
@@ -92,8 +97,15 @@ void ServoMain::zeichnungenSchreiben(basic::StatementTrap& trap)
     });
 }
 
+// DEVIATION: a touched input that shows nothing of this servo keeps the machine's value instead of passing on what it
+// happens to show.
+void ServoMain::nurGezeigtes(std::int16_t feld)
+{
+    if (!zustand_.bearbeitung.Gezeigt[feld]) basic::raise(basic::ErrorNumber::TypeMismatch);
+}
+
 // The number that the three items of field 41 or 42 show.
-double ServoMain::zeichnungsNummer(std::int16_t feld)
+double ServoMain::gezeigteZeichnung(std::int16_t feld)
 {
     ZeichnungsTeile teile{};
     for (const std::int16_t item : zeichnungsItems(feld)) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "servo_menu/servo_menu.h"
 #include "support/fake_control.h"
 #include "support/fakes.h"
 
@@ -11,8 +10,10 @@
 
 namespace servopanel::testing {
 
-// A menu among fakes: every child is there, keeps what it is given and reads as 1; on request none of them answers.
-class LoneMenu final : public platform::Form, public platform::Surface, public platform::Owner {
+// A control of the library among fakes: every child is there, keeps what it is given and reads as 1; on request none of
+// them answers.
+template <class C>
+class Lone final : public platform::Form, public platform::Surface, public platform::Owner {
 public:
     bool failing = false;
     std::function<void()> raised = [] {};
@@ -21,25 +22,25 @@ public:
     display::MGlobal global{surround.umfeld};
     config::MService service{surround.umfeld};
     config::MServoModul servoModul{surround.umfeld, global};
-    servo_menu::ServoMenu menu{{surround.umfeld, global, service, servoModul}, {*this, *this, *this}};
+    C control{{surround.umfeld, global, service, servoModul}, {*this, *this, *this}};
 
-    std::shared_ptr<FakeControl> control(const std::string& name)
+    std::shared_ptr<FakeControl> fake(const std::string& name)
     {
-        std::shared_ptr<FakeControl>& control = controls_[name];
-        if (!control) {
-            control = std::make_shared<FakeControl>(name);
-            control->result = std::int32_t{0};
-            for (const char* property : {"POSITION", "LEFT", "TOP", "WIDTH", "HEIGHT", "VISIBLE"})
-                control->properties[property] = std::int16_t{1};
+        std::shared_ptr<FakeControl>& known = children_[name];
+        if (!known) {
+            known = std::make_shared<FakeControl>(name);
+            known->result = std::int32_t{0};
+            for (const char* property : {"POSITION", "LEFT", "TOP", "WIDTH", "HEIGHT", "VISIBLE", "WERT"})
+                known->properties[property] = std::int16_t{1};
         }
-        return control;
+        return known;
     }
 
     platform::ControlRef child(platform::ChildId id) override
     {
         // The scroll bar goes on answering: without a position nothing would reach the others.
         if (failing && id.name != "ScrollBar") basic::raise(basic::ErrorNumber::ObjectNotSet);
-        return control(std::string{id.name});
+        return fake(std::string{id.name});
     }
     void load(platform::ChildId) override { }
     float textWidth(platform::ChildId, std::string_view) override { return 0; }
@@ -63,7 +64,7 @@ public:
     }
 
 private:
-    std::map<std::string, std::shared_ptr<FakeControl>> controls_;
+    std::map<std::string, std::shared_ptr<FakeControl>> children_;
 };
 
 } // namespace servopanel::testing
