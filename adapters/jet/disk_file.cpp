@@ -168,9 +168,13 @@ void createFile(const fs::path& path, ByteView content, bool mayReplace)
     const fs::path folder =
         fs::canonical(path.parent_path().empty() ? fs::path{"."} : path.parent_path(), code);
     if (code) raise(JetError::CannotOpen, "its folder: " + portable::reasonText(code));
-    const fs::path file = folder / path.filename();
-    if (!mayReplace && fs::exists(fs::symlink_status(file, code)))
-        raise(JetError::AlreadyExists, "it exists already");
+    fs::path file = folder / path.filename();
+    if (fs::exists(fs::symlink_status(file, code))) {
+        if (!mayReplace) raise(JetError::AlreadyExists, "it exists already");
+        // A symbolic link goes on leading to the file.
+        if (const fs::path real = fs::canonical(file, code); !code) file = real;
+        if (fs::is_directory(file, code)) raise(JetError::CannotOpen, "it is a folder");
+    }
     Successor successor{file};
     successor.makeReadableByAll();
     successor.fill(content);
