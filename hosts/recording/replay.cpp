@@ -4,7 +4,7 @@
 
 namespace servopanel::recording {
 
-Replay::Replay(LibraryMaker maker, TraceSink::Write write)
+Replay::Replay(const LibraryMaker& maker, TraceSink::Write write)
     : write_{std::move(write)}
     , sink_{[this](std::string_view lines) {
         trace_ += lines;

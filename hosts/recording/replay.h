@@ -25,7 +25,7 @@ ControlMaker makeLibrary(const platform::LibraryPlatform& platform);
 // Plays scenarios on the library in memory and gives their traces. Several runs continue in the same state.
 class Replay {
 public:
-    explicit Replay(LibraryMaker maker = makeLibrary, TraceSink::Write write = {});
+    explicit Replay(const LibraryMaker& maker = makeLibrary, TraceSink::Write write = {});
     Replay(const Replay&) = delete;
     Replay& operator=(const Replay&) = delete;
     // The controls go before the library and what they were given.

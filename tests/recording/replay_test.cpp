@@ -486,11 +486,13 @@ TEST_F(ReplayTest, SetsTheSurroundings)
 
 TEST_F(ReplayTest, DropsOnePairOfQuotesAroundALanguageText)
 {
-    replay.run("text A = \"x \"\"y\"\"\"\ntext B = plain = text\ntext C =\ntext \"D E\" = \"\"");
+    replay.run(
+        "text A = \"x \"\"y\"\"\"\ntext B = plain = text\ntext C =\ntext \"D E\" = \"\"\ntext F = x \n");
     EXPECT_EQ(replay.host().world().texts["A"], "x \"\"y\"\"");
     EXPECT_EQ(replay.host().world().texts["B"], "plain = text");
     EXPECT_EQ(replay.host().world().texts["C"], "");
     EXPECT_EQ(replay.host().world().texts["D E"], "");
+    EXPECT_EQ(replay.host().world().texts["F"], "x ");
 }
 
 TEST_F(ReplayTest, ReplacesAFileAndKeepsItsLinesAsTheyStand)

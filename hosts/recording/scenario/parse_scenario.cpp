@@ -30,10 +30,12 @@ public:
         std::vector<Step> steps;
         for (next_ = 0; next_ < lines_.size(); ++next_) {
             const std::size_t number = next_ + 1;
-            const std::string_view line = trimmed(lines_[next_]);
+            const std::string text = lines_[next_];
+            const std::string_view line = trimmed(text);
             if (line.empty() || line.front() == '#') continue;
             try {
-                steps.push_back(command(line, number));
+                // Blanks at the end belong to the texts that take the rest of their line.
+                steps.push_back(command(text, number));
             } catch (const Malformed& problem) {
                 throw ScenarioError{number, problem.reason};
             }
@@ -47,14 +49,14 @@ private:
         LineReader line{text};
         const std::string name = line.word("a command");
         if (name == "file") return {number, {}, file(line)};
-        if (name == "on") return {number, std::string{text}, onPump(line, number)};
+        if (name == "on") return {number, std::string{trimmed(text)}, onPump(line, number)};
         if (auto action = setUpCommand(name, line)) {
             line.end();
             return {number, {}, std::move(*action)};
         }
         if (auto action = operationCommand(name, line)) {
             line.end();
-            return {number, std::string{text}, std::move(*action)};
+            return {number, std::string{trimmed(text)}, std::move(*action)};
         }
         throw Malformed{"unknown command '" + name + "'"};
     }
