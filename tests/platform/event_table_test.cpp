@@ -1,5 +1,6 @@
 #include "platform/event_table.h"
 #include "support/error_number.h"
+#include "support/fakes.h"
 
 #include <gtest/gtest.h>
 
@@ -14,27 +15,43 @@ struct Counter {
 };
 
 const EventRow<Counter> rows[]{
-    {"", "MouseDown", [](Counter& counter, std::int16_t, Args) { counter.calls += 1; }},
-    {"Timer", "Timer", [](Counter& counter, std::int16_t, Args) { counter.calls += 10; }},
-    {"Taste", "Click",
+    {"", "MouseDown", "Down", [](Counter& counter, std::int16_t, Args) { counter.calls += 1; }},
+    {"Timer", "Timer", "Timer_Timer", [](Counter& counter, std::int16_t, Args) { counter.calls += 10; }},
+    {"Taste", "Click", "Taste_Click",
         [](Counter& counter, std::int16_t index, Args args) { counter.calls += index + number(args, 0); }},
 };
 
-TEST(FindEvent, FindsChildAndEventExactly)
+struct DeliverEvent : ::testing::Test {
+    Counter counter;
+    servopanel::testing::ErrorList errors;
+
+    bool deliver(ChildId child, std::string_view event, Args args = {})
+    {
+        return deliverEvent(std::span<const EventRow<Counter>>{rows}, counter, errors, child, event, args);
+    }
+};
+
+TEST_F(DeliverEvent, FindsChildAndEventExactly)
 {
-    ASSERT_EQ(findEvent<Counter>(rows, "Timer", "Timer"), &rows[1]);
-    ASSERT_EQ(findEvent<Counter>(rows, "", "MouseDown"), &rows[0]);
-    EXPECT_EQ(findEvent<Counter>(rows, "timer", "Timer"), nullptr);
-    EXPECT_EQ(findEvent<Counter>(rows, "Timer", "MouseDown"), nullptr);
-    EXPECT_EQ(findEvent<Counter>({}, "Timer", "Timer"), nullptr);
+    EXPECT_TRUE(deliver({"Timer"}, "Timer"));
+    EXPECT_TRUE(deliver({}, "MouseDown"));
+    EXPECT_FALSE(deliver({"timer"}, "Timer"));
+    EXPECT_FALSE(deliver({"Timer"}, "MouseDown"));
+    EXPECT_EQ(counter.calls, 11);
 }
 
-TEST(FindEvent, PassesIndexAndArgumentsOn)
+TEST_F(DeliverEvent, PassesIndexAndArgumentsOn)
 {
-    Counter counter;
     const basic::Variant args[]{std::int16_t{5}};
-    findEvent<Counter>(rows, "Taste", "Click")->handle(counter, 100, Args{args});
+    EXPECT_TRUE(deliver({"Taste", 100}, "Click", args));
     EXPECT_EQ(counter.calls, 105);
+}
+
+TEST_F(DeliverEvent, ReportsAnArgumentThatIsMissingUnderTheHandlersName)
+{
+    EXPECT_TRUE(deliver({"Taste", 100}, "Click"));
+    EXPECT_EQ(counter.calls, 0);
+    EXPECT_EQ(errors.reports, (servopanel::testing::Reports{{9, "Taste_Click"}}));
 }
 
 TEST(EventArguments, ConvertAndFailLikeAnyValue)
