@@ -1,0 +1,107 @@
+#include "jet/sample_definitions.h"
+#include "jet/servo_defs/csv.h"
+#include "jet/servo_defs/definition_list.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace servopanel::jet {
+
+namespace {
+
+using namespace testing;
+
+std::vector<std::vector<CsvCell>> cellsOf(std::string_view text)
+{
+    std::vector<std::vector<CsvCell>> cells;
+    for (const CsvLine& line : parseCsv(text))
+        cells.push_back(line.cells);
+    return cells;
+}
+
+using Lines = std::vector<std::vector<CsvCell>>;
+
+TEST(Csv, TellsNoValueFromAnEmptyText)
+{
+    EXPECT_EQ(cellsOf("a,,\"\"\n"), (Lines{{"a", std::nullopt, ""}}));
+    EXPECT_EQ(csvLine({"a", std::nullopt, ""}), "a,,\"\"\n");
+}
+
+TEST(Csv, ReadsQuotesLineEndsAndSemicolons)
+{
+    EXPECT_EQ(cellsOf("a,\"b,\"\"c\"\"\nd\"\r\n\r\ne,f"), (Lines{{"a", "b,\"c\"\nd"}, {"e", "f"}}));
+    EXPECT_EQ(cellsOf("\xEF\xBB\xBF"
+                      "a;b\n1,5;2"),
+        (Lines{{"a", "b"}, {"1,5", "2"}}));
+}
+
+TEST(Csv, NamesTheLineThatItCannotRead)
+{
+    EXPECT_EQ(errorOf([] { parseCsv("a\n\"b\"c\n"); }).description,
+        "line 2: there is something behind a closing quote");
+    EXPECT_EQ(errorOf([] { parseCsv("a\nb\n\"c\n\n"); }).description, "line 3: a quote is not closed");
+    EXPECT_EQ(errorOf([] { parseCsv("\xFF"); }).description, "it is not UTF-8");
+}
+
+TEST(Csv, BringsBackEveryText)
+{
+    for (const std::string text : {"plain", "=1+1", "'=1+1", "''@x", "-5", "+a", "\tb", "\rc", "'quoted'",
+             "'", "''", "", " ", "a,b;c", "\"", "ä\nö"}) {
+        const std::string safe = withoutFormula(text);
+        EXPECT_EQ(safe.find_first_of("=+-@\t\r") == 0, false) << text;
+        EXPECT_EQ(withFormula(safe), text);
+        EXPECT_EQ(cellsOf(csvLine({"x", safe})), (Lines{{"x", safe}}));
+    }
+}
+
+TEST(Csv, BringsBackEveryDefinition)
+{
+    std::vector<DefinitionRow> rows = sampleRows(500);
+    rows[0].variable = std::string{"=HYPERLINK(\"x\")"};
+    rows[1].machineType = std::string{"'-1"};
+    rows[2].max = std::nextafter(0.1, 1.0);
+    rows[3].max = 5e-324;
+    rows[4].max = -std::numeric_limits<double>::infinity();
+    EXPECT_EQ(exactly(fromCsv(toCsv(rows))), exactly(rows));
+}
+
+constexpr std::string_view header = "machine_type,var_name,abs_max,abs_min,offset_or_bitno,Max,Min,Pass\n";
+
+std::string refusalOf(std::string_view line)
+{
+    return errorOf([&] { fromCsv(std::string{header} + std::string{line}); }).description;
+}
+
+TEST(Csv, TakesColumnsInAnyOrderAndCase)
+{
+    const auto rows =
+        fromCsv("PASS,min,max,offset_or_bitno,ABS_MIN,abs_max,Var_Name,machine_type\n1,2,3,4.0,5,6,v,m\n");
+    ASSERT_EQ(rows.size(), 1U);
+    EXPECT_EQ(rows[0].pass, basic::Variant{std::int16_t{1}});
+    EXPECT_EQ(rows[0].element, basic::Variant{std::int16_t{4}});
+    EXPECT_EQ(rows[0].absMax, basic::Variant{6.0});
+    EXPECT_EQ(rows[0].machineType, basic::Variant{"m"});
+}
+
+TEST(Csv, RefusesWhatIsNoDefinition)
+{
+    EXPECT_EQ(refusalOf("m,v,1,2,3,4,5,6\nm,v,1,2,x,4,5,6\n"),
+        "line 3: 'x' cannot be a value of column 'offset_or_bitno'");
+    EXPECT_EQ(
+        refusalOf("m,v,1,2,3.5,4,5,6\n"), "line 2: '3.5' cannot be a value of column 'offset_or_bitno'");
+    EXPECT_EQ(refusalOf("m,v,1,2,3,4,5,40000\n"), "line 2: '40000' cannot be a value of column 'Pass'");
+    EXPECT_EQ(refusalOf("m,v,1e999,2,3,4,5,6\n"), "line 2: '1e999' cannot be a value of column 'abs_max'");
+    EXPECT_EQ(refusalOf("m,v,1 2,2,3,4,5,6\n"), "line 2: '1 2' cannot be a value of column 'abs_max'");
+    EXPECT_EQ(refusalOf("m,v,1,2,3,4,5\n"), "line 2: it has 7 cells, not 8");
+    EXPECT_EQ(
+        errorOf([] { fromCsv(""); }).description, "it is empty; the first line has to name the columns");
+    EXPECT_EQ(
+        errorOf([] { fromCsv("machine_type,limit\n"); }).description, "line 1: there is no column 'limit'");
+    EXPECT_EQ(errorOf([] { fromCsv("Max,Max\n"); }).description, "line 1: column 'Max' comes twice");
+    EXPECT_EQ(errorOf([] { fromCsv("Max,Min\n"); }).description, "line 1: column 'machine_type' is missing");
+}
+
+} // namespace
+
+} // namespace servopanel::jet
