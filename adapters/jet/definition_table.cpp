@@ -1,14 +1,22 @@
 #include "jet/definition_table.h"
 
+#include "jet/number_coding.h"
+
 namespace servopanel::jet {
 
 Table readDefinitions(const FileImage& image)
 {
     Table table = readTable(image, definitionTableName);
-    table.column(machineTypeColumn);
-    table.column(variableColumn);
+    const auto require = [&](std::string_view column) {
+        const ColumnType type = table.columns[table.column(column)].type;
+        if (numberSize(type) == 0 && type != ColumnType::Boolean && type != ColumnType::Text)
+            raise(JetError::TypeMismatch,
+                "column '" + std::string{column} + "' has a type that cannot be read");
+    };
+    require(machineTypeColumn);
+    require(variableColumn);
     for (const std::string_view column : valueColumns)
-        table.column(column);
+        require(column);
     return table;
 }
 

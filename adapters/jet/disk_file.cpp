@@ -104,11 +104,13 @@ private:
 void refuseLocked(const fs::path& file)
 {
     const std::string wanted = fs::path{file.filename()}.replace_extension(".ldb").string();
-    std::error_code ignored;
-    for (const fs::directory_entry& entry : fs::directory_iterator{file.parent_path(), ignored})
-        if (sameName(entry.path().filename().string(), wanted))
-            raise(JetError::FileInUse,
-                "another user has it open (lock file '" + entry.path().filename().string() + "')");
+    std::error_code code;
+    for (fs::directory_iterator entry{file.parent_path(), code}; !code && entry != fs::directory_iterator{};
+         entry.increment(code)) {
+        const std::string name = entry->path().filename().string();
+        if (sameName(name, wanted))
+            raise(JetError::FileInUse, "another user has it open (lock file '" + name + "')");
+    }
 }
 
 void refuseChanged(const DiskFile& file)
@@ -136,6 +138,8 @@ DiskFile readFile(const fs::path& path)
     if (!source.read(file.bytes, static_cast<std::size_t>(status.st_size)))
         raise(JetError::CannotOpen, lastReason());
     file.identity = identityOf(status);
+    if (::fstat(source.descriptor(), &status) != 0 || identityOf(status) != file.identity)
+        raise(JetError::FileInUse, "another program is writing to it");
     return file;
 }
 

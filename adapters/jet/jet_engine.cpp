@@ -47,8 +47,10 @@ private:
 
 std::unique_ptr<platform::Database> JetEngine::open(std::string_view path)
 {
+    // A name that is refused is named in its error already.
+    const std::filesystem::path file = mapping_.resolve(path);
     try {
-        return std::make_unique<JetDatabase>(std::string{path}, mapping_.resolve(path));
+        return std::make_unique<JetDatabase>(std::string{path}, file);
     } catch (const basic::Error& error) {
         throw named(error, path);
     }

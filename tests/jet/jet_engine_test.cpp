@@ -115,6 +115,34 @@ TEST_P(JetEngineForms, PassesOverDeletedRowsAndFindsMovedOnes)
 INSTANTIATE_TEST_SUITE_P(All, JetEngineForms, ::testing::ValuesIn(allForms()),
     [](const auto& form) { return nameOf(form.param); });
 
+// Tables of large files have a map of maps: the numbers of pages that are filled with bits.
+TEST(JetEngine, ReadsTablesWithAMapOfMaps)
+{
+    for (const JetVersion version : {JetVersion::Jet3, JetVersion::Jet4}) {
+        std::vector<DefinitionRow> rows = sampleRows(500);
+        Bytes bytes = newDefinitionDatabase(rows, {.version = version});
+        const PageFormat& format = formatOf(version);
+        const auto pages = static_cast<std::uint32_t>(bytes.size() / format.pageSize);
+        Bytes bits(format.pageSize);
+        bits[0] = 5;
+        bits[1] = 1;
+        for (std::uint32_t page = firstRowsAt; page < pages; ++page)
+            bits[4 + page / 8] = static_cast<std::uint8_t>(bits[4 + page / 8] | (1U << (page % 8)));
+        bytes.insert(bytes.end(), bits.begin(), bits.end());
+        ChangedFile file{bytes};
+        const std::size_t map = file.get16(mapsAt, format.rowTable) & rowStartMask;
+        file.image().change(mapsAt, map, Bytes(5 + format.mapBytes));
+        file.put(mapsAt, map, 1, 1);
+        file.put(mapsAt, map + 1, pages, 4);
+
+        SampleProject project{file.bytes()};
+        EXPECT_EQ(exactly(project.rows()), exactly(rows));
+        project.change(project.bookmark(499), "Max", 3.25);
+        rows[499].max = 3.25;
+        EXPECT_EQ(exactly(project.rows()), exactly(rows));
+    }
+}
+
 TEST(JetEngine, ReadsTextsOfOtherCodePages)
 {
     std::vector<DefinitionRow> rows = sampleRows(1);

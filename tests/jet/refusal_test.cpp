@@ -138,6 +138,28 @@ TEST(Refusals, OfATableWithoutOneOfItsColumns)
     }
 }
 
+TEST(Refusals, OfAColumnWhoseValuesAreElsewhere)
+{
+    NewTable table{"PRESET_DEFS",
+        {{"machine_type", ColumnType::Text, 10}, {"var_name", ColumnType::Memo},
+            {"abs_max", ColumnType::Double}, {"abs_min", ColumnType::Double},
+            {"offset_or_bitno", ColumnType::Int16}, {"Max", ColumnType::Double}, {"Min", ColumnType::Double},
+            {"Pass", ColumnType::Int16}},
+        {}};
+    EXPECT_EQ(errorOfReading(newDatabase(table, {})).description,
+        "'Servo.mdb': column 'var_name' has a type that cannot be read");
+}
+
+TEST(Refusals, OfAFileOutsideTheProject)
+{
+    const tests::TemporaryFolder folder;
+    const portable::PathMapping mapping{folder.path()};
+    JetEngine engine{mapping};
+    const basic::Error error = errorOf([&] { engine.open("..\\Servo.mdb"); });
+    EXPECT_EQ(error.number, 76);
+    EXPECT_EQ(error.description.find("'..\\Servo.mdb': "), 0U) << error.description;
+}
+
 TEST(Refusals, OfARowThatIsGone)
 {
     SampleProject project{sample()};

@@ -162,3 +162,17 @@ inline std::string nameOf(const NewDatabaseOptions& options)
 }
 
 } // namespace servopanel::jet::testing
+
+namespace servopanel::jet {
+
+// How GoogleTest shows the parameter of a test.
+inline void PrintTo(JetVersion version, std::ostream* out)
+{
+    *out << (version == JetVersion::Jet3 ? "Jet3" : "Jet4");
+}
+inline void PrintTo(const NewDatabaseOptions& options, std::ostream* out)
+{
+    *out << testing::nameOf(options);
+}
+
+} // namespace servopanel::jet

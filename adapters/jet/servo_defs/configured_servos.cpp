@@ -1,6 +1,7 @@
 #include "jet/servo_defs/configured_servos.h"
 
 #include "basic/conversions.h"
+#include "basic/text.h"
 #include "jet/jet_error.h"
 #include "machine/project_file.h"
 #include "portable/portable_profile.h"
@@ -34,7 +35,7 @@ std::string variableName(const ServoName& servo, std::string_view family)
 std::vector<ServoName> configuredServos(const std::filesystem::path& project)
 {
     const std::filesystem::path description = project / "project.json";
-    if (!std::filesystem::is_regular_file(description))
+    if (std::error_code code; !std::filesystem::is_regular_file(description, code))
         raise(JetError::FileNotFound, "'" + description.string() + "': there is no such file");
     const portable::PathMapping mapping{project};
     portable::PortableProfile entries{mapping};
@@ -46,8 +47,9 @@ std::vector<ServoName> configuredServos(const std::filesystem::path& project)
         if (!machine.empty()) machine.pop_back(); // the closing bracket
         for (int i = 1; i <= mostServos; ++i) {
             const auto number = entries.text(profile, machine + "Machine", "Servo" + std::to_string(i));
-            if (!number || basic::toDouble(basic::Variant{number->empty() ? "0" : *number}) == 0) continue;
-            servos.push_back({*variable.value.get<std::string>(), *number});
+            const std::int16_t servo = number ? basic::roundToInt16(basic::Val(*number)) : std::int16_t{0};
+            if (servo != 0)
+                servos.push_back({*variable.value.get<std::string>(), basic::decimal(std::int32_t{servo})});
         }
     }
     return servos;

@@ -130,11 +130,7 @@ std::vector<DefinitionRow> definitionsOf(const Table& table)
     for (std::size_t column = 0; column < csvColumns.size(); ++column) {
         const std::size_t position = table.column(csvColumns[column]);
         for (std::size_t row = 0; row < rows.size(); ++row) {
-            const basic::Variant& value = table.rows[row].cells[position].value;
-            if (value.holds<basic::ErrorCode>())
-                raise(JetError::TypeMismatch,
-                    "column '" + std::string{csvColumns[column]} + "' has a type that cannot be read");
-            valueOf(rows[row], column) = value;
+            valueOf(rows[row], column) = table.rows[row].cells[position].value;
         }
     }
     return rows;
