@@ -27,7 +27,7 @@ std::size_t lengthOf(const NewColumn& column, JetVersion version)
 {
     switch (column.type) {
     case ColumnType::Boolean: return 1;
-    case ColumnType::Text: return column.length * (version == JetVersion::Jet4 ? 2U : 1U);
+    case ColumnType::Text: return std::size_t{column.length} * (version == JetVersion::Jet4 ? 2U : 1U);
     case ColumnType::Binary: return column.length;
     default: return numberSize(column.type);
     }

@@ -19,7 +19,7 @@ namespace {
 namespace fs = std::filesystem;
 
 // Far more than a table of definitions needs; the file is held in memory.
-constexpr off_t largestFile = 256 * 1024 * 1024;
+constexpr off_t largestFile = off_t{256} * 1024 * 1024;
 
 std::string lastReason() { return portable::reasonText({errno, std::generic_category()}); }
 

@@ -18,7 +18,7 @@ RowPlace placeOf(const FileImage& image, std::uint32_t tablePage, RowAddress add
     if (page[0] != dataPage || load32(page, ownerPage) != tablePage) raiseGone();
     const std::uint16_t rows = load16(page, format.rowCount);
     if (address.slot >= rows) raiseGone();
-    const std::size_t entry = format.rowTable + 2U * address.slot;
+    const std::size_t entry = format.rowTable + std::size_t{2} * address.slot;
     const std::uint16_t offset = load16(page, entry);
     if ((offset & rowMovedFlag) != 0) raiseGone();
 
@@ -26,7 +26,7 @@ RowPlace placeOf(const FileImage& image, std::uint32_t tablePage, RowAddress add
     place.start = offset & rowStartMask;
     // Rows fill the page from its end: each one ends where the one before it starts.
     place.end = address.slot == 0 ? format.pageSize : load16(page, entry - 2) & rowStartMask;
-    const std::size_t tableEnd = format.rowTable + 2U * rows;
+    const std::size_t tableEnd = format.rowTable + std::size_t{2} * rows;
     if (place.start < tableEnd || place.end > format.pageSize
         || place.start + format.columnCountSize >= place.end)
         raiseDamaged("the bounds of the row make no sense");

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <tuple>
 
 namespace servopanel::jet {
 
@@ -11,7 +12,11 @@ namespace servopanel::jet {
 struct RowAddress {
     std::uint32_t page = 0;
     std::uint16_t slot = 0; // position in the row table of the page
-    friend auto operator<=>(const RowAddress&, const RowAddress&) = default;
+    friend bool operator==(const RowAddress&, const RowAddress&) = default;
+    friend bool operator<(const RowAddress& left, const RowAddress& right)
+    {
+        return std::tie(left.page, left.slot) < std::tie(right.page, right.slot);
+    }
 };
 
 // The parts of a stored row, in bytes from the start of its page.

@@ -16,8 +16,9 @@ constexpr std::uint8_t compressedMark[]{0xFF, 0xFE};
 
 iconv_t noConverter()
 {
-    return reinterpret_cast<iconv_t>(-1);
-} // NOLINT(performance-no-int-to-ptr): by its manual
+    // That is how iconv says it.
+    return reinterpret_cast<iconv_t>(-1); // NOLINT(performance-no-int-to-ptr)
+}
 
 void appendUtf8(std::string& text, char32_t sign)
 {

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 namespace servopanel::jet {
@@ -12,7 +13,10 @@ namespace servopanel::jet {
 struct ServoName {
     std::string machine;
     std::string number;
-    friend auto operator<=>(const ServoName&, const ServoName&) = default;
+    friend bool operator<(const ServoName& left, const ServoName& right)
+    {
+        return std::tie(left.machine, left.number) < std::tie(right.machine, right.number);
+    }
 };
 
 // The servos of all machines of a project folder: those of its Parameter/Program.ini, with the designations that its
