@@ -1,7 +1,11 @@
+#include "jet/definition_row.h"
 #include "support/replay_fixture.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
+#include <string>
 
 namespace {
 
@@ -106,24 +110,66 @@ TEST_F(ReplayOfTheLibrary, PokesThePagesModifiedFlag)
     EXPECT_EQ(replay.lines("state"), "state ServoMain.DetailBox.Visible = true\n");
 }
 
-// A project folder on the disk with two INI files and a picture.
+// A project folder on the disk with two INI files, a picture and a database.
 class ReplayOfAFolder : public ReplayFixture {
 protected:
     void SetUp() override
     {
-        folder_ = std::filesystem::path{::testing::TempDir()} / "replay project";
+        const std::string name = ::testing::UnitTest::GetInstance()->current_test_info()->name();
+        folder_ = std::filesystem::path{::testing::TempDir()} / ("replay project " + name);
         std::filesystem::remove_all(folder_);
         std::filesystem::create_directories(folder_ / "parameter");
         std::filesystem::create_directories(folder_ / "servo");
-        std::ofstream{folder_ / "parameter" / "program.ini"} << "[Project]\r\nServoWithMenu=TRUE\r\n";
+        std::ofstream{folder_ / "parameter" / "program.ini"}
+            << "[Project]\r\nServoWithMenu=TRUE\r\n[1Machine]\r\nServo1=3\r\nServo2=5\r\nServo3=7\r\n";
         std::ofstream{folder_ / "servo" / "servo.ini"} << "[Footer]\n";
         std::ofstream{folder_ / "servo" / "servomenu_1280.bmp", std::ios::binary}
             << std::string{"GIF89a\x01\x00\x01\x00", 10};
+        database_ = servopanel::jet::newDefinitionDatabase({row(0, 1), row(1, 3)});
+        std::ofstream{folder_ / "servo" / "servo.mdb", std::ios::binary}.write(
+            reinterpret_cast<const char*>(database_.data()), static_cast<std::streamsize>(database_.size()));
         run(standardProject);
         run("project \"" + folder_.string() + "\"");
     }
+    void TearDown() override { std::filesystem::remove_all(folder_); }
+
+    static servopanel::jet::DefinitionRow row(std::int16_t element, std::int16_t pass)
+    {
+        using servopanel::basic::Variant;
+        return {Variant{"M1"}, Variant{"Ch1.M1_T_servo_3<.mM1_servo_para_3>"}, 1000.0, 0.0, element, 100.0,
+            0.0, pass};
+    }
+
     std::filesystem::path folder_;
+    servopanel::jet::Bytes database_;
 };
+
+TEST_F(ReplayOfAFolder, KeepsChangesOfDefinitionsToItself)
+{
+    run("var Ch-1.intern<.servo_zeiger> = 1\nvar Ch-1.intern<.passwort> = 5\ncreate\nshow");
+    EXPECT_EQ(replay.lines("db"),
+        "db open Servo\\Servo.mdb\n"
+        "db row Ch1.M1_T_servo_3<.mM1_servo_para_3> 0\n"
+        "db row Ch1.M1_T_servo_3<.mM1_servo_para_3> 1\n"
+        "db close\n");
+    run("key 4\ntouch SollwertL 2\nfail db update 1\nini 5 80.5 4");
+    EXPECT_EQ(replay.lines({"db", "error"}),
+        "db open Servo\\Servo.mdb\n"
+        "db update Ch1.M1_T_servo_3<.mM1_servo_para_3> 0\n"
+        "error 3260 \"INI_Datenbank_Schreiben\" \"The row cannot be updated\"\n"
+        "db update Ch1.M1_T_servo_3<.mM1_servo_para_3> 1\n"
+        "db close\n");
+    // The page reads its definitions anew and offers the changed ones.
+    run("key 5\nkey 6\nkey 5\nkey 4\ntouch SollwertL 2");
+    EXPECT_EQ(replay.lines("put ServoMain.IniEingabe.0x"),
+        "put ServoMain.IniEingabe.0x68030004 = 4\n"
+        "put ServoMain.IniEingabe.0x68030005 = 80.5\n"
+        "put ServoMain.IniEingabe.0x68030006 = 5\n"
+        "put ServoMain.IniEingabe.0x68030009 = true\n");
+    std::ifstream file{folder_ / "servo" / "servo.mdb", std::ios::binary};
+    const std::string now{std::istreambuf_iterator<char>{file}, {}};
+    EXPECT_EQ(now, std::string(database_.begin(), database_.end()));
+}
 
 TEST_F(ReplayOfAFolder, TakesFilesAndPicturesFromTheDisk)
 {
@@ -150,7 +196,7 @@ TEST_F(ReplayOfAFolder, LeavesTheDiskAsItIs)
     std::size_t files = 0;
     for (const auto& entry : std::filesystem::recursive_directory_iterator{folder_})
         files += entry.is_regular_file() ? 1 : 0;
-    EXPECT_EQ(files, 3U);
+    EXPECT_EQ(files, 4U);
 }
 
 } // namespace

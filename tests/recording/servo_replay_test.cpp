@@ -30,7 +30,9 @@ Outcome servoReplay(const std::string& arguments)
 
 std::string scenarioFile(const std::string& name, const std::string& text)
 {
-    const std::string path = ::testing::TempDir() + name;
+    // Tests run at the same time.
+    const std::string test = ::testing::UnitTest::GetInstance()->current_test_info()->name();
+    const std::string path = ::testing::TempDir() + test + "_" + name;
     std::ofstream{path, std::ios::binary} << text;
     return path;
 }

@@ -1,7 +1,8 @@
 #include "recording/project/folder_project.h"
 
-#include "recording/memory/failures.h"
+#include "jet/jet_engine.h"
 #include "recording/project/picture_size.h"
+#include "recording/project/project_engine.h"
 
 #include <fstream>
 #include <iterator>
@@ -21,9 +22,9 @@ std::string bytesOf(const std::filesystem::path& file)
 
 } // namespace
 
-FolderProject::FolderProject(const std::filesystem::path& folder, const EngineMaker& makeEngine)
+FolderProject::FolderProject(const std::filesystem::path& folder, Failures& failures)
     : mapping_{folder}
-    , engine_{makeEngine(mapping_)}
+    , engine_{std::make_shared<ProjectEngine>(std::make_shared<jet::JetEngine>(mapping_), failures)}
 {
     constexpr std::string_view anyName = "x";
     const std::string file = mapping_.fullName(anyName);

@@ -3,11 +3,11 @@
 #include "portable/path_mapping.h"
 #include "portable/portable_files.h"
 #include "portable/portable_profile.h"
+#include "recording/memory/failures.h"
 #include "recording/memory/memory_disk.h"
 #include "recording/memory/project.h"
 
 #include <filesystem>
-#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -15,15 +15,12 @@
 
 namespace servopanel::recording {
 
-// Makes the database engine for the files of a project.
-using EngineMaker = std::function<std::shared_ptr<platform::DBEngine>(const portable::PathMapping& mapping)>;
-
 // A project folder on the disk. A replay only reads it: what the library writes, and everything in the temporary
 // folder, stays in memory, so that every replay starts from the same state and no panel finds its pictures.
 class FolderProject : public Project, private platform::Files, private platform::Profile {
 public:
     // Error 76 when there is no such folder.
-    FolderProject(const std::filesystem::path& folder, const EngineMaker& makeEngine);
+    FolderProject(const std::filesystem::path& folder, Failures& failures);
 
     std::string fullName(std::string_view name) const override { return mapping_.fullName(name); }
     platform::Files& files() override { return *this; }

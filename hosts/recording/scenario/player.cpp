@@ -5,7 +5,6 @@
 #include "platform/ids.h"
 #include "recording/memory/sibling_controls.h"
 #include "recording/project/folder_project.h"
-#include "recording/project/project_engine.h"
 
 #include <utility>
 
@@ -94,7 +93,7 @@ std::shared_ptr<MemoryControl> Player::pageChild(std::string_view name, std::int
 void Player::useProjectFolder(const std::string& folder)
 {
     try {
-        host_.useProject(std::make_shared<FolderProject>(folder, makeProjectEngine));
+        host_.useProject(std::make_shared<FolderProject>(folder, world().failures));
     } catch (const basic::Error& error) {
         throw Malformed{error.description};
     }

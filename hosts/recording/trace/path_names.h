@@ -15,7 +15,7 @@ public:
     // The project-relative name of a full path; a path from outside the project comes back as it is.
     std::string name(std::string_view path) const;
 
-    // A text for the operator, with the project's folder replaced by "<project>\".
+    // A text for the operator or of an error, with the project's folder replaced by "<project>\".
     std::string message(std::string_view text) const;
 
 private:

@@ -54,8 +54,8 @@ void RecordedPathHelper::openScreen(std::int16_t number)
 void RecordedErrorDisplay::ErrMessage(
     std::int32_t number, std::string_view source, std::string_view description, std::string_view text)
 {
-    sink_.line(
-        "error " + basic::decimal(number) + " " + quoted(procedureOf(text)) + " " + quoted(description));
+    sink_.line("error " + basic::decimal(number) + " " + quoted(procedureOf(text)) + " "
+        + quoted(paths_.message(description)));
     inner_->ErrMessage(number, source, description, text);
 }
 

@@ -48,8 +48,10 @@ private:
 
 class RecordedErrorDisplay : public platform::ErrorDisplay {
 public:
-    RecordedErrorDisplay(std::shared_ptr<platform::ErrorDisplay> inner, TraceSink& sink)
+    RecordedErrorDisplay(
+        std::shared_ptr<platform::ErrorDisplay> inner, const PathNames& paths, TraceSink& sink)
         : inner_{std::move(inner)}
+        , paths_{paths}
         , sink_{sink}
     {
     }
@@ -59,6 +61,7 @@ public:
 
 private:
     std::shared_ptr<platform::ErrorDisplay> inner_;
+    const PathNames& paths_;
     TraceSink& sink_;
 };
 

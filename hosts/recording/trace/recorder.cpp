@@ -38,7 +38,7 @@ std::shared_ptr<platform::PathHelper> Recorder::createPathHelper()
 
 std::shared_ptr<platform::ErrorDisplay> Recorder::createErrorDisplay()
 {
-    return std::make_shared<RecordedErrorDisplay>(inner_.objects.createErrorDisplay(), sink_);
+    return std::make_shared<RecordedErrorDisplay>(inner_.objects.createErrorDisplay(), paths_, sink_);
 }
 
 std::shared_ptr<platform::DBEngine> Recorder::createDBEngine()
