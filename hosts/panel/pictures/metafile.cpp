@@ -22,12 +22,19 @@ namespace servopanel::panel {
 namespace {
 
 constexpr int longestSide = 256; // pixels of the drawn picture
+// The reader maps the window of a metafile that scales itself onto a square of this many device units, whatever its
+// proportions, and the units of any other to points.
+constexpr float deviceSide = 1024;
+constexpr float pointsPerInch = 72;
+constexpr U16 scalesItself = 7; // map modes from here on
 constexpr int mostPoints = 65536;
 
 struct Drawing {
     QPainter* painter = nullptr;
-    wmfD_Rect bounds{};
-    double scale = 1;
+    wmfD_Rect bounds{}; // device units
+    double scaleX = 1; // pixels per device unit
+    double scaleY = 1;
+    U16 mapMode = 0; // while the last shape was drawn
 };
 
 Drawing& drawing(wmfAPI* api) { return *static_cast<Drawing*>(api->device_data); }
@@ -35,8 +42,8 @@ Drawing& drawing(wmfAPI* api) { return *static_cast<Drawing*>(api->device_data);
 QPointF place(wmfAPI* api, const wmfD_Coord& at)
 {
     const Drawing& target = drawing(api);
-    return {(static_cast<double>(at.x) - static_cast<double>(target.bounds.TL.x)) * target.scale,
-        (static_cast<double>(at.y) - static_cast<double>(target.bounds.TL.y)) * target.scale};
+    return {(static_cast<double>(at.x) - static_cast<double>(target.bounds.TL.x)) * target.scaleX,
+        (static_cast<double>(at.y) - static_cast<double>(target.bounds.TL.y)) * target.scaleY};
 }
 
 QColor colour(const wmfRGB& rgb) { return {rgb.r, rgb.g, rgb.b}; }
@@ -44,10 +51,11 @@ QColor colour(const wmfRGB& rgb) { return {rgb.r, rgb.g, rgb.b}; }
 void prepare(wmfAPI* api, const wmfDC* dc, bool fill)
 {
     QPainter& painter = *drawing(api).painter;
+    drawing(api).mapMode = dc->map_mode;
     const bool stroke = dc->pen != nullptr && (dc->pen->lopnStyle & PS_STYLE_MASK) != PS_NULL;
     if (stroke) {
         QPen pen{colour(dc->pen->lopnColor)};
-        pen.setWidthF(std::max(1.0, dc->pen->width * drawing(api).scale));
+        pen.setWidthF(std::max(1.0, dc->pen->width * drawing(api).scaleX));
         pen.setJoinStyle(Qt::MiterJoin);
         painter.setPen(pen);
     } else {
@@ -103,9 +111,10 @@ void drawLine(wmfAPI* api, wmfDrawLine_t* line)
 void drawRectangle(wmfAPI* api, wmfDrawRectangle_t* shape)
 {
     prepare(api, shape->dc, true);
-    const double scale = drawing(api).scale;
+    const Drawing& target = drawing(api);
     drawing(api).painter->drawRoundedRect(QRectF{place(api, shape->TL), place(api, shape->BR)},
-        static_cast<double>(shape->width) * scale / 2, static_cast<double>(shape->height) * scale / 2);
+        static_cast<double>(shape->width) * target.scaleX / 2,
+        static_cast<double>(shape->height) * target.scaleY / 2);
 }
 
 void drawEllipse(wmfAPI* api, wmfDrawArc_t* arc)
@@ -188,6 +197,27 @@ struct Destroy {
     void operator()(wmfAPI* api) const { wmf_lite_destroy(api); }
 };
 
+bool play(wmfAPI* api, QImage& image)
+{
+    image.fill(Qt::transparent);
+    QPainter painter{&image};
+    painter.setRenderHint(QPainter::Antialiasing);
+    drawing(api).painter = &painter;
+    wmfD_Rect bounds = drawing(api).bounds;
+    return wmf_play(api, 0, &bounds) == wmf_E_None;
+}
+
+// The part of the device that becomes the picture: the frame that the file names, or all that is drawn.
+wmfD_Rect frame(wmfAPI* api, const wmfD_Rect& drawn, float width, float height)
+{
+    if (api->File->placeable == 0) return drawn;
+    if (drawing(api).mapMode >= scalesItself) return {{0, 0}, {deviceSide, deviceSide}};
+    const float inch = std::max<float>(1, api->File->pmh->Inch);
+    return {{0, 0}, {width * pointsPerInch / inch, height * pointsPerInch / inch}};
+}
+
+bool isSound(double length) { return std::isfinite(length) && length > 0; }
+
 } // namespace
 
 QImage drawMetafile(const QByteArray& data)
@@ -207,26 +237,32 @@ QImage drawMetafile(const QByteArray& data)
     auto* bytes = reinterpret_cast<unsigned char*>(copy.data());
     if (wmf_mem_open(api.get(), bytes, static_cast<long>(copy.size())) != wmf_E_None) return {};
 
-    wmfD_Rect bounds{};
-    if (wmf_scan(api.get(), 0, &bounds) != wmf_E_None) return {};
-    const double width = static_cast<double>(bounds.BR.x) - static_cast<double>(bounds.TL.x);
-    const double height = static_cast<double>(bounds.BR.y) - static_cast<double>(bounds.TL.y);
-    if (!std::isfinite(width) || !std::isfinite(height) || width <= 0 || height <= 0) return {};
+    wmfD_Rect drawn{};
+    float width = 0;
+    float height = 0;
+    if (wmf_scan(api.get(), 0, &drawn) != wmf_E_None || wmf_size(api.get(), &width, &height) != wmf_E_None)
+        return {};
+    if (!isSound(static_cast<double>(width)) || !isSound(static_cast<double>(height))) return {};
 
+    // How the file counts is known only after its shapes were drawn once.
     Drawing& target = drawing(api.get());
-    target.bounds = bounds;
-    target.scale = longestSide / std::max(width, height);
-    QImage image{std::max(1, static_cast<int>(std::lround(width * target.scale))),
-        std::max(1, static_cast<int>(std::lround(height * target.scale))),
+    target.bounds = drawn;
+    QImage rehearsal{1, 1, QImage::Format_ARGB32_Premultiplied};
+    if (!play(api.get(), rehearsal)) return {};
+    target.bounds = frame(api.get(), drawn, width, height);
+    const double across = static_cast<double>(target.bounds.BR.x) - static_cast<double>(target.bounds.TL.x);
+    const double down = static_cast<double>(target.bounds.BR.y) - static_cast<double>(target.bounds.TL.y);
+    if (!isSound(across) || !isSound(down)) return {};
+
+    const double pixels = longestSide / static_cast<double>(std::max(width, height));
+    QImage image{std::max(1, static_cast<int>(std::lround(static_cast<double>(width) * pixels))),
+        std::max(1, static_cast<int>(std::lround(static_cast<double>(height) * pixels))),
         QImage::Format_ARGB32_Premultiplied};
-    image.fill(Qt::transparent);
-    QPainter painter{&image};
-    painter.setRenderHint(QPainter::Antialiasing);
-    target.painter = &painter;
-    const wmf_error_t played = wmf_play(api.get(), 0, &bounds);
-    painter.end();
+    target.scaleX = image.width() / across;
+    target.scaleY = image.height() / down;
+    const bool played = play(api.get(), image);
     wmf_mem_close(api.get());
-    return played == wmf_E_None ? image : QImage{};
+    return played ? image : QImage{};
 }
 
 } // namespace servopanel::panel

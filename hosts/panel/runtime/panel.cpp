@@ -71,7 +71,7 @@ Panel::Panel(PanelSettings settings)
     , objects_{{variables_,
           std::make_shared<PanelPathHelper>(mapping_, file_.input,
               [this](std::int16_t number) { gate_.later([this, number] { openScreen(number); }); }),
-          errors_, settings_.makeDatabase}}
+          errors_, makeDatabase()}}
     , forms_{
           *this, gate_, *this, [this](std::string_view className, const platform::ControlPlatform& platform) {
               return make(className, platform);
@@ -101,6 +101,12 @@ Panel::Panel(PanelSettings settings)
     } else {
         library_ = std::make_unique<shell::Library>(platform);
     }
+}
+
+MakeDatabase Panel::makeDatabase()
+{
+    if (settings_.makeDatabase) return settings_.makeDatabase;
+    return [this] { return std::make_shared<jet::JetEngine>(mapping_); };
 }
 
 Panel::~Panel() { closeScreen(); }

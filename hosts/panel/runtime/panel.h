@@ -1,5 +1,6 @@
 #pragma once
 
+#include "jet/jet_engine.h"
 #include "machine/project_file.h"
 #include "machine/variable_store.h"
 #include "panel/form/control_host.h"
@@ -30,7 +31,7 @@ struct PanelSettings {
     std::filesystem::path trace; // file for everything that crosses the library's border; empty: none
     std::filesystem::path temporary; // where scaled pictures are kept; empty: the system's temporary folder
     bool simulate = true; // false: the process variables stay as they are
-    MakeDatabase makeDatabase;
+    MakeDatabase makeDatabase; // another engine than the one for the project's own database file
 };
 
 // Why a panel cannot be started at all: one line for the engineer.
@@ -80,6 +81,7 @@ public:
     HeaderTexts headerTexts() override;
 
 private:
+    MakeDatabase makeDatabase();
     static machine::ProjectFile loadProject(const std::filesystem::path& folder);
     void applySettings();
     void setVariable(std::string_view name, std::int16_t value);

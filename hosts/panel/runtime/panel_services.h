@@ -85,7 +85,7 @@ public:
     void letEventsRun() override;
 };
 
-// Makes the engine of the definition database; without one the pages have no definitions.
+// Makes the engine of the definition database. Without an engine, pages have no definitions and show every item.
 using MakeDatabase = std::function<std::shared_ptr<platform::DBEngine>()>;
 
 class PanelObjects : public platform::LateObjects {

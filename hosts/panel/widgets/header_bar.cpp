@@ -11,7 +11,7 @@ namespace servopanel::panel {
 
 namespace {
 constexpr int margin = 14; // pixels at either end
-constexpr int refreshMs = 1000;
+constexpr int refreshMs = 200; // what the page shows changes at a touch
 } // namespace
 
 HeaderBar::HeaderBar(QWidget* parent)

@@ -28,7 +28,7 @@ class HeaderBar : public QWidget {
 public:
     explicit HeaderBar(QWidget* parent);
 
-    // texts is asked every second.
+    // texts is asked several times a second.
     void setTexts(std::function<HeaderTexts()> texts);
     void setLanguages(const std::vector<HeaderLanguage>& languages, std::function<void(int number)> chosen);
     void setLanguage(int number);

@@ -62,9 +62,9 @@ void InputMask::start(const MaskTask& task)
     setFocus();
 }
 
-void InputMask::changed() { show(NumberEntry::Verdict::Fine); }
+void InputMask::changed() { tell(NumberEntry::Verdict::Fine); }
 
-void InputMask::show(NumberEntry::Verdict verdict)
+void InputMask::tell(NumberEntry::Verdict verdict)
 {
     const QString text = QString::fromStdString(entry_.text());
     value_->setText(unit_.isEmpty() ? text + u' ' : text + u' ' + unit_ + u' ');
@@ -96,7 +96,7 @@ void InputMask::accept()
 {
     const NumberEntry::Verdict verdict = entry_.verdict();
     if (verdict != NumberEntry::Verdict::Fine) {
-        show(verdict);
+        tell(verdict);
         return;
     }
     if (accepted_) accepted_(*entry_.value(), entry_.changed());

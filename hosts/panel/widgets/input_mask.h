@@ -42,7 +42,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void show(NumberEntry::Verdict verdict);
+    void tell(NumberEntry::Verdict verdict);
     void changed();
     void layOut();
 

@@ -174,6 +174,7 @@ void TouchKey::paintEvent(QPaintEvent*)
     QRect textPlace = inside;
     if (!picture_.isNull()) {
         QRect picturePlace = inside;
+        if (corner != 0) picturePlace.setTop(inside.top() + corner * 2 / 3);
         if (!text_.isEmpty()) {
             const int line = scaled(0.2, height(), 11, 19);
             picturePlace.setBottom(inside.bottom() - line);

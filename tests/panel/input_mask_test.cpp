@@ -1,0 +1,135 @@
+#include "panel/widgets/input_mask.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+#include <optional>
+
+using namespace servopanel::panel;
+
+namespace {
+
+class InputMaskTest : public ::testing::Test {
+protected:
+    InputMaskTest()
+    {
+        stage_.resize(1280, 1024);
+        mask_.setGeometry(100, 100, 360, 460);
+        mask_.setHandlers(
+            [this](double value, bool changed) {
+                accepted_ = value;
+                changed_ = changed;
+            },
+            [this] { cancelled_ = true; });
+        stage_.show();
+        mask_.show();
+    }
+
+    void start(double value, std::optional<double> lower, std::optional<double> upper)
+    {
+        mask_.start({"Draw", "%", value, lower, upper});
+    }
+    void tap(const QString& label)
+    {
+        TouchKey* key = mask_.pad().key(label);
+        ASSERT_NE(key, nullptr) << label.toStdString();
+        QTest::mouseClick(key, Qt::LeftButton);
+    }
+
+    QWidget stage_;
+    InputMask& mask_ = *new InputMask{&stage_, [](PanelText text) { return panelWord(text, "en"); }};
+    std::optional<double> accepted_;
+    bool changed_ = false;
+    bool cancelled_ = false;
+};
+
+} // namespace
+
+TEST_F(InputMaskTest, AcceptsAValueWithinTheLimits)
+{
+    start(0.35, -2.0, 2.0);
+    EXPECT_EQ(mask_.shown().trimmed(), "0.35 %");
+    EXPECT_EQ(mask_.remark(), "Min -2   …   Max 2");
+    tap("1");
+    tap(".");
+    tap("5");
+    QTest::mouseClick(&mask_.okKey(), Qt::LeftButton);
+    EXPECT_EQ(accepted_, 1.5);
+    EXPECT_TRUE(changed_);
+}
+
+TEST_F(InputMaskTest, StaysOpenAndSaysWhyWhenAValueIsTooLarge)
+{
+    start(0.35, -2.0, 2.0);
+    tap("3");
+    QTest::mouseClick(&mask_.okKey(), Qt::LeftButton);
+    EXPECT_FALSE(accepted_.has_value());
+    EXPECT_TRUE(mask_.refusing());
+    EXPECT_EQ(mask_.remark(), "Too large: at most 2");
+    tap("C");
+    EXPECT_FALSE(mask_.refusing());
+}
+
+TEST_F(InputMaskTest, StaysOpenWhenThereIsNoNumber)
+{
+    start(1, 0.0, 2.0);
+    tap("C");
+    QTest::mouseClick(&mask_.okKey(), Qt::LeftButton);
+    EXPECT_FALSE(accepted_.has_value());
+    EXPECT_EQ(mask_.remark(), "Please enter a number");
+}
+
+TEST_F(InputMaskTest, TellsThatAValueWasNotChanged)
+{
+    start(7, 0.0, 10.0);
+    QTest::mouseClick(&mask_.okKey(), Qt::LeftButton);
+    EXPECT_EQ(accepted_, 7.0);
+    EXPECT_FALSE(changed_);
+}
+
+TEST_F(InputMaskTest, HasASignKeyOnlyWhereValuesBelowZeroAreAllowed)
+{
+    start(7, 0.0, 10.0);
+    EXPECT_FALSE(mask_.pad().key("±")->isVisible());
+    start(7, -10.0, 10.0);
+    EXPECT_TRUE(mask_.pad().key("±")->isVisible());
+}
+
+TEST_F(InputMaskTest, TakesPointAndCommaFromAKeyboardAndReturnAndEscape)
+{
+    start(7, 0.0, 10.0);
+    QTest::keyClicks(&mask_, "2,5");
+    EXPECT_EQ(mask_.shown().trimmed(), "2.5 %");
+    QTest::keyClick(&mask_, Qt::Key_Backspace);
+    QTest::keyClicks(&mask_, "7");
+    QTest::keyClick(&mask_, Qt::Key_Return);
+    EXPECT_EQ(accepted_, 2.7);
+    QTest::keyClick(&mask_, Qt::Key_Escape);
+    EXPECT_TRUE(cancelled_);
+}
+
+TEST_F(InputMaskTest, CancelReportsNoValue)
+{
+    start(7, 0.0, 10.0);
+    tap("9");
+    QTest::mouseClick(&mask_.cancelKey(), Qt::LeftButton);
+    EXPECT_TRUE(cancelled_);
+    EXPECT_FALSE(accepted_.has_value());
+}
+
+TEST_F(InputMaskTest, KeysLieInsideTheMaskAndDoNotOverlapOnAnyPanel)
+{
+    for (const QSize size : {QSize{360, 460}, QSize{288, 345}, QSize{225, 269}}) {
+        mask_.resize(size);
+        QList<QRect> places{
+            {mask_.pad().geometry()}, {mask_.okKey().geometry()}, {mask_.cancelKey().geometry()}};
+        for (int i = 0; i < places.size(); ++i) {
+            EXPECT_TRUE(mask_.rect().contains(places[i])) << i << " at width " << size.width();
+            for (int j = i + 1; j < places.size(); ++j)
+                EXPECT_FALSE(places[i].intersects(places[j])) << i << j;
+        }
+        EXPECT_GE(mask_.pad().key("5")->height(), 30) << size.width();
+        EXPECT_GE(mask_.pad().key("5")->width(), 45) << size.width();
+    }
+}

@@ -1,0 +1,142 @@
+#include "panel/widgets/number_entry.h"
+
+#include <gtest/gtest.h>
+
+using servopanel::panel::NumberEntry;
+using Verdict = NumberEntry::Verdict;
+
+namespace {
+
+NumberEntry started(double value, std::optional<double> lower = {}, std::optional<double> upper = {})
+{
+    NumberEntry entry;
+    entry.start(value, lower, upper);
+    return entry;
+}
+
+void type(NumberEntry& entry, const std::string& keys)
+{
+    for (const char key : keys) {
+        if (key == '.')
+            entry.point();
+        else if (key == '-')
+            entry.sign();
+        else
+            entry.digit(key - '0');
+    }
+}
+
+} // namespace
+
+TEST(NumberEntry, ShowsTheValueUntilTheFirstDigitReplacesIt)
+{
+    NumberEntry entry = started(12.5);
+    EXPECT_EQ(entry.text(), "12.5");
+    entry.digit(7);
+    EXPECT_EQ(entry.text(), "7");
+    EXPECT_EQ(entry.value(), 7.0);
+}
+
+TEST(NumberEntry, BackWorksOnTheValueThatIsThere)
+{
+    NumberEntry entry = started(12.5);
+    entry.back();
+    EXPECT_EQ(entry.text(), "12.");
+    entry.digit(8);
+    EXPECT_EQ(entry.value(), 12.8);
+}
+
+TEST(NumberEntry, TakesOnePointAndPutsAZeroBeforeIt)
+{
+    NumberEntry entry = started(3);
+    type(entry, ".5.2");
+    EXPECT_EQ(entry.text(), "0.52");
+}
+
+TEST(NumberEntry, LeadingZerosDoNotPileUp)
+{
+    NumberEntry entry = started(3);
+    type(entry, "007");
+    EXPECT_EQ(entry.text(), "7");
+}
+
+TEST(NumberEntry, HasASignOnlyWhereValuesBelowZeroAreAllowed)
+{
+    NumberEntry positive = started(5, 0.0, 10.0);
+    EXPECT_FALSE(positive.signAllowed());
+    positive.sign();
+    EXPECT_EQ(positive.text(), "5");
+
+    NumberEntry both = started(5, -10.0, 10.0);
+    both.sign();
+    EXPECT_EQ(both.value(), -5.0);
+    both.sign();
+    EXPECT_EQ(both.value(), 5.0);
+    EXPECT_TRUE(started(5).signAllowed());
+}
+
+TEST(NumberEntry, RefusesWhatLiesOutsideTheLimitsAndTakesTheLimitsThemselves)
+{
+    NumberEntry entry = started(5, 2.0, 10.0);
+    type(entry, "10");
+    EXPECT_EQ(entry.verdict(), Verdict::Fine);
+    type(entry, ".1");
+    EXPECT_EQ(entry.verdict(), Verdict::TooLarge);
+    entry.clear();
+    type(entry, "2");
+    EXPECT_EQ(entry.verdict(), Verdict::Fine);
+    entry.clear();
+    type(entry, "1.99");
+    EXPECT_EQ(entry.verdict(), Verdict::TooSmall);
+}
+
+TEST(NumberEntry, NothingAndALoneSignAreNoNumbers)
+{
+    NumberEntry entry = started(5, -10.0, 10.0);
+    entry.clear();
+    EXPECT_EQ(entry.verdict(), Verdict::NoNumber);
+    entry.sign();
+    EXPECT_EQ(entry.text(), "-");
+    EXPECT_EQ(entry.verdict(), Verdict::NoNumber);
+    EXPECT_FALSE(entry.changed());
+}
+
+TEST(NumberEntry, StepsInTheLastPlaceWithoutDrifting)
+{
+    NumberEntry entry = started(0.1);
+    entry.step(1);
+    entry.step(1);
+    EXPECT_EQ(entry.value(), 0.3);
+    NumberEntry whole = started(12);
+    whole.step(-1);
+    EXPECT_EQ(whole.value(), 11.0);
+}
+
+TEST(NumberEntry, StepsStopAtTheLimits)
+{
+    NumberEntry entry = started(9, 0.0, 10.0);
+    entry.step(1);
+    entry.step(1);
+    EXPECT_EQ(entry.value(), 10.0);
+    NumberEntry below = started(-50, 0.0, 10.0);
+    below.step(1);
+    EXPECT_EQ(below.value(), 0.0);
+}
+
+TEST(NumberEntry, IsChangedOnlyWhenTheNumberIsAnother)
+{
+    NumberEntry entry = started(12.5);
+    EXPECT_FALSE(entry.changed());
+    type(entry, "12.50");
+    EXPECT_FALSE(entry.changed());
+    entry.back();
+    entry.digit(1);
+    EXPECT_TRUE(entry.changed());
+}
+
+TEST(NumberEntry, TakesNoMoreThanItsDisplayHolds)
+{
+    NumberEntry entry = started(0);
+    type(entry, "12345678901234567890");
+    EXPECT_EQ(entry.text().size(), 12U);
+}

@@ -1,0 +1,38 @@
+#include "panel/program/options.h"
+
+#include <gtest/gtest.h>
+
+using namespace servopanel::panel;
+
+TEST(ParseOptions, TakesAProjectAndItsOptions)
+{
+    const Options options = parseOptions({"demo", "--resolution", "1024", "--language=en", "--level", "3",
+        "--trace", "t.txt", "--zoom", "fit", "--tour", "pictures"});
+    EXPECT_EQ(options.problem, "");
+    EXPECT_EQ(options.settings.project, "demo");
+    EXPECT_EQ(options.settings.resolution, 1024);
+    EXPECT_EQ(options.settings.language, "en");
+    EXPECT_EQ(options.settings.level, std::int16_t{3});
+    EXPECT_EQ(options.settings.trace, "t.txt");
+    EXPECT_TRUE(options.zoomToFit);
+    EXPECT_EQ(options.tour, "pictures");
+}
+
+TEST(ParseOptions, SaysWhatIsWrong)
+{
+    EXPECT_EQ(parseOptions({}).problem, "no project given");
+    EXPECT_EQ(parseOptions({"a", "b"}).problem, "one project at a time: 'b'");
+    EXPECT_EQ(parseOptions({"a", "--resolution", "900"}).problem,
+        "--resolution takes 800, 1024 or 1280, not '900'");
+    EXPECT_EQ(
+        parseOptions({"a", "--level", "x"}).problem, "--level takes an access level from 0 to 99, not 'x'");
+    EXPECT_EQ(parseOptions({"a", "--zoom", "2"}).problem, "--zoom takes fit, not '2'");
+    EXPECT_EQ(parseOptions({"a", "--trace"}).problem, "--trace needs a value");
+    EXPECT_EQ(parseOptions({"a", "--colour", "x"}).problem, "unknown option --colour");
+}
+
+TEST(ParseOptions, HelpNeedsNoProject)
+{
+    EXPECT_TRUE(parseOptions({"--help"}).help);
+    EXPECT_NE(helpText().find("--tour"), std::string::npos);
+}
