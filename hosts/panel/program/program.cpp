@@ -27,6 +27,15 @@ bool isWithoutScreen()
     return platform == QStringLiteral("offscreen") || platform == QStringLiteral("minimal");
 }
 
+// Qt ends the program without a word of ours where it finds no screen. A tour needs none, everything else says so.
+bool findScreen(const Options& options)
+{
+    const bool any = qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
+        || qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+    if (any || options.tour.empty()) return any;
+    return qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
 // The scale has to be known before the application is made, and only an application knows the monitor's size.
 void scaleToMonitor(int& argc, char** argv, const Options& options)
 {
@@ -72,6 +81,13 @@ int runProgram(int argc, char** argv)
     }
     if (!options.problem.empty()) {
         say(stderr, "servo-panel: " + options.problem + "\n\n" + helpText());
+        return cannotStart;
+    }
+    if (!findScreen(options)) {
+        say(stderr,
+            "servo-panel: there is no screen (DISPLAY and WAYLAND_DISPLAY are not set). "
+            "QT_QPA_PLATFORM=linuxfb draws on "
+            "a bare frame buffer, vnc for a remote viewer, offscreen nowhere.\n");
         return cannotStart;
     }
     if (options.zoomToFit) scaleToMonitor(argc, argv, options);
