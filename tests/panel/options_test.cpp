@@ -14,7 +14,7 @@ TEST(ParseOptions, TakesAProjectAndItsOptions)
     EXPECT_EQ(options.settings.language, "en");
     EXPECT_EQ(options.settings.level, std::int16_t{3});
     EXPECT_EQ(options.settings.trace, "t.txt");
-    EXPECT_TRUE(options.zoomToFit);
+    EXPECT_EQ(options.settings.zoom, PanelWindow::Zoom::ToWindow);
     EXPECT_EQ(options.tour, "pictures");
 }
 

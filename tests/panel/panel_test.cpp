@@ -287,6 +287,29 @@ TEST_F(PanelTest, AnotherResolutionMakesAnotherStage)
     EXPECT_EQ(*panel.variables().find("Ch-1.intern<.passwort>"), Variant{std::int16_t{4}});
 }
 
+TEST_F(PanelTest, ZoomedIntoASmallerWindowTouchesStillMeetTheirControls)
+{
+    panel::PanelSettings settings = project_.settings();
+    settings.zoom = panel::PanelWindow::Zoom::ToWindow;
+    Panel panel{settings};
+    const servopanel::testing::MessageReader reader{panel};
+    panel.window().resize(700, 500);
+    panel.window().show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&panel.window()));
+    panel.openServo();
+    Operator hands{panel};
+    hands.menuKey(2);
+    ASSERT_EQ(panel.shownPart()->className(), "ServoMain");
+    hands.input("SollwertL", 5);
+    hands.type("7");
+    hands.ok();
+    EXPECT_EQ(panel.shownPart()->require<panel::Child>("SollwertL", 5).get(platform::ids::VWSVarIn::Wert, {}),
+        Variant{7.0});
+    hands.footerKey(11);
+    QTest::keyClick(&panel.window(), Qt::Key_Escape);
+    EXPECT_EQ(panel.shownPart()->className(), "ServoMenu");
+}
+
 TEST_F(PanelTest, AnUnknownLanguageCannotBeStarted)
 {
     panel::PanelSettings settings = project_.settings();

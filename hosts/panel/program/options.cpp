@@ -25,8 +25,8 @@ void take(Options& options, const std::string& name, const std::string& value)
         const int width = options.settings.resolution.value_or(0);
         if (width != 800 && width != 1024 && width != 1280) fail("800, 1024 or 1280");
     } else if (name == "--zoom") {
-        options.zoomToFit = value == "fit";
-        if (!options.zoomToFit) fail("fit");
+        options.settings.zoom = PanelWindow::Zoom::ToWindow;
+        if (value != "fit") fail("fit");
     } else if (name == "--language") {
         options.settings.language = value;
     } else if (name == "--level") {
@@ -80,7 +80,10 @@ std::string helpText()
            "Opens the HMI project in the folder PROJECT as an operator sees it.\n"
            "\n"
            "  --resolution 800|1024|1280   width of the panel in pixels instead of the project's\n"
-           "  --zoom fit                   as large as the monitor allows\n"
+           "  --zoom fit                   as large as the monitor or the window allows; with 1280 pixels "
+           "also the\n"
+           "                               better choice for a monitor of 1024, where the menu has fewer "
+           "places\n"
            "  --language NUMBER|CODE       language at start instead of the project's\n"
            "  --level N                    access level instead of the project's, 0 operator to 5 service\n"
            "  --trace FILE                 write everything that crosses the library's border to FILE\n"

@@ -12,7 +12,6 @@ namespace servopanel::panel {
 struct Options {
     PanelSettings settings;
     bool help = false;
-    bool zoomToFit = false;
     std::filesystem::path tour; // folder for the pictures of a tour; empty: no tour
     std::string problem; // what is wrong with the command line
 };

@@ -10,7 +10,6 @@
 #include <QScreen>
 #include <QStyleFactory>
 
-#include <algorithm>
 #include <cstdio>
 
 namespace servopanel::panel {
@@ -36,35 +35,23 @@ bool findScreen(const Options& options)
     return qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
-// The scale has to be known before the application is made, and only an application knows the monitor's size.
-void scaleToMonitor(int& argc, char** argv, const Options& options)
-{
-    QSize monitor;
-    {
-        const QGuiApplication probe{argc, argv};
-        if (const QScreen* screen = QGuiApplication::primaryScreen()) monitor = screen->size();
-    }
-    const int width = options.settings.resolution.value_or(1280);
-    const int height = width == 800 ? 600 : width == 1024 ? 768 : 1024;
-    if (monitor.isEmpty()) return;
-    const double scale = std::min(double(monitor.width()) / width, double(monitor.height()) / height);
-    qputenv("QT_SCALE_FACTOR", QByteArray::number(scale, 'f', 4));
-}
-
-void show(PanelWindow& window, const Options& options)
+void show(PanelWindow& window, PanelWindow::Zoom zoom)
 {
     const QScreen* screen = QGuiApplication::primaryScreen();
-    const bool fills = screen != nullptr && screen->size() == window.stage().size();
-    if ((fills || options.zoomToFit) && !isWithoutScreen())
+    const QSize monitor = screen == nullptr ? QSize{} : screen->size();
+    const bool fills = zoom == PanelWindow::Zoom::ToWindow || monitor == window.stage().size();
+    if (fills && !isWithoutScreen()) {
         window.showFullScreen();
-    else
-        window.show();
+        return;
+    }
+    if (fills && !monitor.isEmpty()) window.resize(monitor);
+    window.show();
 }
 
 int run(const Options& options)
 {
     Panel panel{options.settings};
-    show(panel.window(), options);
+    show(panel.window(), options.settings.zoom);
     panel.openServo();
     if (options.tour.empty()) return QApplication::exec();
     return Tour{panel, options.tour}.play();
@@ -90,7 +77,6 @@ int runProgram(int argc, char** argv)
             "a bare frame buffer, vnc for a remote viewer, offscreen nowhere.\n");
         return cannotStart;
     }
-    if (options.zoomToFit) scaleToMonitor(argc, argv, options);
     const QApplication application{argc, argv};
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setFont(panelFont(14));

@@ -65,7 +65,7 @@ Panel::Panel(PanelSettings settings)
     , file_{loadProject(settings_.project)}
     , mapping_{mapping(settings_)}
     , languages_{settings_.project, file_}
-    , window_{stageSize(settings_.resolution.value_or(file_.resolution))}
+    , window_{stageSize(settings_.resolution.value_or(file_.resolution)), settings_.zoom}
     , errors_{window_.stage(), [this](PanelText text) { return word(text); }}
     , messages_{window_.stage(), gate_, [this](PanelText text) { return word(text); }}
     , objects_{{variables_,

@@ -30,6 +30,7 @@ struct PanelSettings {
     std::optional<std::int16_t> level; // access level; otherwise the project's
     std::filesystem::path trace; // file for everything that crosses the library's border; empty: none
     std::filesystem::path temporary; // where scaled pictures are kept; empty: the system's temporary folder
+    PanelWindow::Zoom zoom = PanelWindow::Zoom::None;
     bool simulate = true; // false: the process variables stay as they are
     MakeDatabase makeDatabase; // another engine than the one for the project's own database file
 };

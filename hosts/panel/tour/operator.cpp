@@ -42,20 +42,20 @@ void Operator::press(QWidget& target, QPoint at)
 {
     QWidget& window = panel_.window();
     if (!target.isVisible()) throw NotThere{"what is to be touched is not visible"};
-    QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, target.mapTo(&window, at));
+    QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, panel_.window().toWindow(target, at));
     wait(settleMs);
 }
 
 void Operator::moveTo(QWidget& target, QPoint at)
 {
-    QTest::mouseMove(panel_.window().windowHandle(), target.mapTo(&panel_.window(), at));
+    QTest::mouseMove(panel_.window().windowHandle(), panel_.window().toWindow(target, at));
     wait(settleMs);
 }
 
 void Operator::release(QWidget& target, QPoint at)
 {
     QTest::mouseRelease(
-        panel_.window().windowHandle(), Qt::LeftButton, {}, target.mapTo(&panel_.window(), at));
+        panel_.window().windowHandle(), Qt::LeftButton, {}, panel_.window().toWindow(target, at));
     wait(settleMs);
 }
 
@@ -64,7 +64,7 @@ void Operator::tap(QWidget& target)
     const QPoint middle = target.rect().center();
     // The place on the window is taken before the press, because the press may hide the target.
     QWidget& window = panel_.window();
-    const QPoint place = target.mapTo(&window, middle);
+    const QPoint place = panel_.window().toWindow(target, middle);
     press(target, middle);
     QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {}, place);
     wait(settleMs);

@@ -41,10 +41,17 @@ void Tour::say(const std::string& line)
     std::fflush(stdout);
 }
 
+// Zoomed, the window shows what the operator sees.
+QPixmap Tour::picture()
+{
+    PanelWindow& window = panel_.window();
+    return window.size() == window.stage().size() ? window.stage().grab() : window.grab();
+}
+
 void Tour::save(const std::string& name)
 {
     const std::filesystem::path file = folder_ / (twoDigits(number_) + "-" + name + ".png");
-    if (!panel_.window().stage().grab().save(QString::fromStdString(file.string())))
+    if (!picture().save(QString::fromStdString(file.string())))
         throw NotThere{"a place for the picture '" + file.string() + "'"};
 }
 
@@ -90,7 +97,7 @@ void Tour::menu()
     }
     QWidget& key = operator_.part("ServoMenu").require<PictureChild>("BildIm", 2).view();
     step("menu-key-down", [&] { operator_.press(key, key.rect().center()); });
-    const QPoint place = key.mapTo(&panel_.window(), key.rect().center());
+    const QPoint place = panel_.window().toWindow(key, key.rect().center());
     step("parameter-page", [&] { operator_.release(panel_.window(), place); });
 }
 
@@ -113,8 +120,9 @@ Tour::Input Tour::freeSetpoint(int which)
         const double lower = basic::toDouble(input.get(ids::Untergrenze, {}));
         const double upper = basic::toDouble(input.get(ids::Obergrenze, {}));
         if (upper - lower < 2 || ++found < which) continue;
-        double next = std::floor((lower + upper) / 2);
-        if (next == value) next += 1;
+        // Half way to the farther limit, with one decimal.
+        const double limit = upper - value > value - lower ? upper : lower;
+        const double next = std::round(5 * (value + limit)) / 10;
         return {name, index, basic::decimal(next), basic::decimal(std::floor(upper) + 1)};
     }
     throw NotThere{"a setpoint that can be changed"};
@@ -201,6 +209,11 @@ void Tour::definition()
         operator_.editorOk();
     });
     step("definition-left", [&] { operator_.editorCancel(); });
+    step("definition-confirmed", [&] {
+        operator_.input(first.name, first.index);
+        operator_.editorOk();
+    });
+    step("second-input-mode-left", [&] { operator_.footerKey(4); });
 }
 
 void Tour::leave()

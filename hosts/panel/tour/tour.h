@@ -2,6 +2,8 @@
 
 #include "panel/tour/operator.h"
 
+#include <QPixmap>
+
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -21,6 +23,7 @@ public:
 private:
     void step(const std::string& name, const std::function<void()>& action = {});
     void save(const std::string& name);
+    QPixmap picture();
     void say(const std::string& line);
 
     void menu();

@@ -68,9 +68,9 @@ QSize TextView::textSize() const
 
 QColor TextView::face() const
 {
-    if (frame_ == Frame::Value) return background_.value_or(colours::value);
-    if (isLocked() && !edited_) return colours::lockedField;
-    return background_.value_or(colours::field);
+    if (background_) return *background_;
+    if (frame_ == Frame::Value) return colours::value;
+    return isLocked() && !edited_ ? colours::lockedField : colours::field;
 }
 
 QPen TextView::border() const

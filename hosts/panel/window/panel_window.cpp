@@ -4,22 +4,66 @@
 #include "panel/window/other_screen.h"
 
 #include <QCloseEvent>
+#include <QGraphicsProxyWidget>
+#include <QGraphicsScene>
+#include <QGraphicsView>
 #include <QKeyEvent>
 #include <QPainter>
 
 namespace servopanel::panel {
 
-PanelWindow::PanelWindow(QSize stage)
-    : stage_{new QWidget{this}}
+namespace {
+constexpr QColor surround{0x10, 0x16, 0x1C}; // around a stage that does not fill the window
+}
+
+Stage::Stage(QWidget* window, QSize size)
+    : QWidget{window}
 {
-    stage_->setFixedSize(stage);
+    setFixedSize(size);
     QPalette palette;
     palette.setColor(QPalette::Window, colours::background);
-    stage_->setPalette(palette);
-    stage_->setAutoFillBackground(true);
-    setMinimumSize(stage);
+    setPalette(palette);
+    setAutoFillBackground(true);
+}
+
+void Stage::keyPressEvent(QKeyEvent* event)
+{
+    if (keys_) keys_(*event);
+}
+
+PanelWindow::PanelWindow(QSize stage, Zoom zoom)
+    : stage_{new Stage{zoom == Zoom::None ? this : nullptr, stage}}
+{
+    stage_->setKeyHandler([this](QKeyEvent& event) { keyPressEvent(&event); });
     resize(stage);
     setFocusPolicy(Qt::StrongFocus);
+    if (zoom == Zoom::ToWindow)
+        zoomIn();
+    else
+        setMinimumSize(stage);
+}
+
+PanelWindow::~PanelWindow() = default;
+
+void PanelWindow::zoomIn()
+{
+    auto* scene = new QGraphicsScene{this};
+    proxy_ = scene->addWidget(stage_);
+    scene->setSceneRect(QRectF{stage_->rect()});
+    view_ = new QGraphicsView{scene, this};
+    view_->setFrameShape(QFrame::NoFrame);
+    view_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    view_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    view_->setBackgroundBrush(surround);
+    view_->setRenderHints(
+        QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
+}
+
+QPoint PanelWindow::toWindow(const QWidget& target, QPoint at) const
+{
+    if (view_ == nullptr || &target == this) return target.mapTo(this, at);
+    const QPoint onStage = target.mapTo(stage_, at);
+    return view_->mapTo(this, view_->mapFromScene(proxy_->mapToScene(onStage)));
 }
 
 void PanelWindow::showScreen(QWidget& screen)
@@ -44,10 +88,15 @@ void PanelWindow::closeNow()
     close();
 }
 
-void PanelWindow::paintEvent(QPaintEvent*) { QPainter{this}.fillRect(rect(), QColor{0x10, 0x16, 0x1C}); }
+void PanelWindow::paintEvent(QPaintEvent*) { QPainter{this}.fillRect(rect(), surround); }
 
 void PanelWindow::resizeEvent(QResizeEvent*)
 {
+    if (view_ != nullptr) {
+        view_->setGeometry(rect());
+        view_->fitInView(QRectF{stage_->rect()}, Qt::KeepAspectRatio);
+        return;
+    }
     stage_->move(
         std::max(0, (width() - stage_->width()) / 2), std::max(0, (height() - stage_->height()) / 2));
 }

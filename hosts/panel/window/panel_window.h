@@ -4,14 +4,36 @@
 
 #include <functional>
 
+class QGraphicsProxyWidget;
+class QGraphicsView;
+
 namespace servopanel::panel {
 
-// The panel's window: a stage of the panel's own size in the middle, and on it one screen at a time.
+// Where the screens of a panel stand: as large as the panel's design, whatever the monitor is.
+class Stage : public QWidget {
+public:
+    Stage(QWidget* window, QSize size);
+    void setKeyHandler(std::function<void(QKeyEvent&)> handler) { keys_ = std::move(handler); }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    std::function<void(QKeyEvent&)> keys_;
+};
+
+// The panel's window: the stage in its middle, pixel by pixel or, zoomed, as large as the window allows, and on the
+// stage one screen at a time.
 class PanelWindow : public QWidget {
 public:
-    explicit PanelWindow(QSize stage);
+    enum class Zoom { None, ToWindow };
+
+    PanelWindow(QSize stage, Zoom zoom);
+    ~PanelWindow() override;
 
     QWidget& stage() { return *stage_; }
+    // A place on a widget of the stage, in pixels of the window.
+    QPoint toWindow(const QWidget& target, QPoint at) const;
 
     // The screen's widget belongs to the stage; the window hides what was shown before. A screen that was made for
     // the window alone is deleted when the next one comes.
@@ -31,7 +53,11 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    QWidget* stage_;
+    void zoomIn();
+
+    Stage* stage_;
+    QGraphicsView* view_ = nullptr; // only when zoomed
+    QGraphicsProxyWidget* proxy_ = nullptr;
     QWidget* screen_ = nullptr;
     std::function<void(int)> keys_;
     std::function<void()> close_;
