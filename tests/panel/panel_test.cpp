@@ -298,14 +298,14 @@ TEST_F(PanelTest, ZoomedIntoASmallerWindowTouchesStillMeetTheirControls)
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&panel.window()));
     panel.openServo();
     Operator hands{panel};
-    hands.menuKey(2);
+    hands.menuKey(1);
     ASSERT_EQ(panel.shownPart()->className(), "ServoMain");
-    hands.input("SollwertL", 5);
+    hands.input("SollwertL", 1);
     hands.type("7");
     hands.ok();
-    EXPECT_EQ(panel.shownPart()->require<panel::Child>("SollwertL", 5).get(platform::ids::VWSVarIn::Wert, {}),
+    EXPECT_EQ(panel.shownPart()->require<panel::Child>("SollwertL", 1).get(platform::ids::VWSVarIn::Wert, {}),
         Variant{7.0});
-    hands.footerKey(11);
+    hands.footerKey(11); // discards
     QTest::keyClick(&panel.window(), Qt::Key_Escape);
     EXPECT_EQ(panel.shownPart()->className(), "ServoMenu");
 }

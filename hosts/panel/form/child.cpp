@@ -58,7 +58,10 @@ Child::Child(std::string className, QWidget& view, Services& services)
 
 Child::~Child()
 {
-    if (view_) view_->deleteLater();
+    if (!view_) return;
+    // Until the event loop deletes it, nothing can be touched on it any more.
+    view_->hide();
+    view_->deleteLater();
 }
 
 void Child::addContainerProperties()

@@ -15,6 +15,11 @@ HeaderChild::HeaderChild(QWidget* parent, Services& panel, HeaderSource& source)
     bar().setTexts([this] { return source_.headerTexts(); });
 }
 
+HeaderChild::~HeaderChild()
+{
+    if (viewOrNull() != nullptr) bar().setTexts({});
+}
+
 void HeaderChild::languageChanged()
 {
     if (viewOrNull() == nullptr) return;

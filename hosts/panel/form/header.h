@@ -20,6 +20,8 @@ public:
 class HeaderChild : public Child {
 public:
     HeaderChild(QWidget* parent, Services& services, HeaderSource& source);
+    // The bar may outlive this for a moment and asks nothing any more.
+    ~HeaderChild() override;
     void languageChanged() override;
 
     HeaderBar& bar() { return static_cast<HeaderBar&>(view()); }

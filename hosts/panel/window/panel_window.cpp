@@ -14,7 +14,21 @@ namespace servopanel::panel {
 
 namespace {
 constexpr QColor surround{0x10, 0x16, 0x1C}; // around a stage that does not fill the window
-}
+
+// Shows all of the stage, as large as fits.
+class ZoomView : public QGraphicsView {
+public:
+    using QGraphicsView::QGraphicsView;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override
+    {
+        QGraphicsView::resizeEvent(event);
+        fitInView(sceneRect(), Qt::KeepAspectRatio);
+    }
+};
+
+} // namespace
 
 Stage::Stage(QWidget* window, QSize size)
     : QWidget{window}
@@ -50,7 +64,7 @@ void PanelWindow::zoomIn()
     auto* scene = new QGraphicsScene{this};
     proxy_ = scene->addWidget(stage_);
     scene->setSceneRect(QRectF{stage_->rect()});
-    view_ = new QGraphicsView{scene, this};
+    view_ = new ZoomView{scene, this};
     view_->setFrameShape(QFrame::NoFrame);
     view_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     view_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -94,7 +108,6 @@ void PanelWindow::resizeEvent(QResizeEvent*)
 {
     if (view_ != nullptr) {
         view_->setGeometry(rect());
-        view_->fitInView(QRectF{stage_->rect()}, Qt::KeepAspectRatio);
         return;
     }
     stage_->move(
