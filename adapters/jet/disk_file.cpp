@@ -100,7 +100,7 @@ private:
     bool placed_ = false;
 };
 
-// The original engine keeps such a file beside the database while anybody has it open.
+// Programs that share such a database keep this file beside it while anybody has it open.
 void refuseLocked(const fs::path& file)
 {
     const std::string wanted = fs::path{file.filename()}.replace_extension(".ldb").string();

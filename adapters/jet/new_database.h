@@ -36,7 +36,7 @@ struct NewDatabaseOptions {
 // The bytes of a new database with one table. The same input gives the same bytes. Errors: TypeMismatch for a value
 // that its column cannot hold, with the number of the row; Overflow for more rows than fit.
 //
-// Everything that readers of the format look at is there; what only the original engine needs to change the structure
+// Everything that readers of the format look at is there; what only a database engine needs to change the structure
 // of a database (tables of its own beside the catalogue, and the indexes of the catalogue) is not.
 Bytes newDatabase(const NewTable& table, const NewDatabaseOptions& options);
 

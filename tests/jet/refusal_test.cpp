@@ -6,7 +6,9 @@
 
 #include <csignal>
 #include <fcntl.h>
+#include <sched.h>
 #include <sys/file.h>
+#include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 
@@ -347,11 +349,34 @@ TEST(Refusals, OfAnOwnerThatWouldChange)
     }));
 }
 
+// A disk of the calling process alone, mounted on a folder. False where the system lets nobody do that.
+bool mountSmallDisk(const fs::path& folder, const std::string& size)
+{
+    const bool isOwn = ::unshare(CLONE_NEWNS) == 0 || ::unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0;
+    return isOwn && ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0
+        && ::mount("none", folder.c_str(), "tmpfs", 0, ("size=" + size).c_str()) == 0;
+}
+
 TEST(Refusals, OfADiskThatIsFull)
 {
     SampleProject project{sample()};
+    if (!inChild([&] { return mountSmallDisk(project.folder(), "256k"); }))
+        GTEST_SKIP() << "this system lets nobody mount a disk";
     EXPECT_TRUE(inChild([&] {
-        // The system's limit for files acts in the same place.
+        // The database fits on the disk, a second one beside it does not.
+        if (!mountSmallDisk(project.folder(), std::to_string(sample().size() * 3 / 2))) return false;
+        writeFile(project.file(), sample());
+        const bool isRefused =
+            attempt(project) == "'Servo.mdb': it cannot be written: no space left on the disk";
+        const auto entries = fs::directory_iterator{project.folder()};
+        return isRefused && std::distance(begin(entries), end(entries)) == 1;
+    }));
+}
+
+TEST(Refusals, OfAFileThatWouldBeTooLarge)
+{
+    SampleProject project{sample()};
+    EXPECT_TRUE(inChild([&] {
         std::signal(SIGXFSZ, SIG_IGN);
         const rlimit limit{5000, 5000};
         if (::setrlimit(RLIMIT_FSIZE, &limit) != 0) return false;

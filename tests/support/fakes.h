@@ -231,6 +231,7 @@ class FakePlatform final : public platform::LateObjects,
 public:
     World world;
     std::map<std::string, FakeTable> tables; // databases, by full path
+    std::shared_ptr<platform::DBEngine> engine; // another one than that over the tables
     std::vector<std::string> shown; // texts of message boxes
     std::map<std::string, std::vector<std::string>> written; // files that were replaced
 
@@ -250,6 +251,7 @@ public:
     std::shared_ptr<platform::DBEngine> createDBEngine() override
     {
         world.access("create DBEngine");
+        if (engine) return engine;
         return std::make_shared<FakeEngine>(world, tables);
     }
 

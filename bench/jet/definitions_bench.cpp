@@ -1,0 +1,120 @@
+// Definitions read and written back by the panel, beside mdb-export, which prints the same table, and the floor: reading
+// the bytes of the file.
+#include "jet/sample_definitions.h"
+
+#include <benchmark/benchmark.h>
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <stdexcept>
+#include <sys/wait.h>
+#include <unistd.h>
+
+extern char** environ;
+
+namespace servopanel::jet {
+
+namespace {
+
+using namespace testing;
+
+// Formats and sizes: 60 rows are the definitions of one servo or two, 2000 are what the panel keeps at most.
+void sizes(benchmark::internal::Benchmark* bench)
+{
+    for (const JetVersion version : {JetVersion::Jet3, JetVersion::Jet4})
+        for (const int rows : {60, 2000})
+            bench->Args({version == JetVersion::Jet3 ? 3 : 4, rows});
+    bench->ArgNames({"jet", "rows"})->Unit(benchmark::kMillisecond)->UseRealTime();
+}
+
+SampleProject project(const benchmark::State& state)
+{
+    const JetVersion version = state.range(0) == 3 ? JetVersion::Jet3 : JetVersion::Jet4;
+    return SampleProject{sampleRows(static_cast<std::size_t>(state.range(1))), {.version = version}};
+}
+
+// Runs a program as a user would, its output goes nowhere.
+void run(std::vector<std::string> words)
+{
+    std::vector<char*> arguments;
+    for (std::string& word : words)
+        arguments.push_back(word.data());
+    arguments.push_back(nullptr);
+    posix_spawn_file_actions_t actions{};
+    ::posix_spawn_file_actions_init(&actions);
+    ::posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    pid_t child = 0;
+    const int error = ::posix_spawnp(&child, arguments[0], &actions, nullptr, arguments.data(), environ);
+    ::posix_spawn_file_actions_destroy(&actions);
+    int status = 0;
+    if (error != 0 || ::waitpid(child, &status, 0) != child || !WIFEXITED(status) || WEXITSTATUS(status) != 0)
+        throw std::runtime_error{words[0] + " has failed"};
+}
+
+// What the panel does when a servo is chosen: opens the file, takes every value of every row.
+void panelReads(benchmark::State& state)
+{
+    SampleProject sample = project(state);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(sample.rows());
+}
+BENCHMARK(panelReads)->Apply(sizes);
+
+// What the panel does when a definition is confirmed: every row is updated, one value is another one.
+void panelWritesBack(benchmark::State& state)
+{
+    SampleProject sample = project(state);
+    double value = 0;
+    for (auto _ : state) {
+        const auto database = sample.open();
+        const auto records = database->openRecordSet(SampleProject::query);
+        bool isFirst = true;
+        for (; !records->atEnd(); records->moveNext()) {
+            records->edit();
+            for (const std::string_view column :
+                {"abs_max", "abs_min", "offset_or_bitno", "Max", "Min", "Pass"})
+                records->setField(column, records->field(column));
+            if (isFirst) records->setField("Max", value += 1);
+            isFirst = false;
+            records->update();
+        }
+        database->close();
+    }
+}
+BENCHMARK(panelWritesBack)->Apply(sizes);
+
+void servoDefsExports(benchmark::State& state)
+{
+    const SampleProject sample = project(state);
+    for (auto _ : state)
+        run({SERVO_DEFS, "export", sample.file()});
+}
+BENCHMARK(servoDefsExports)->Apply(sizes);
+
+void mdbExportExports(benchmark::State& state)
+{
+    const SampleProject sample = project(state);
+    for (auto _ : state)
+        run({"mdb-export", sample.file(), "PRESET_DEFS"});
+}
+BENCHMARK(mdbExportExports)->Apply(sizes);
+
+// What starting any program costs.
+void anEmptyProgramStarts(benchmark::State& state)
+{
+    for (auto _ : state)
+        run({"true"});
+}
+BENCHMARK(anEmptyProgramStarts)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+void bytesAreRead(benchmark::State& state)
+{
+    const SampleProject sample = project(state);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(bytesOf(sample.file()));
+}
+BENCHMARK(bytesAreRead)->Apply(sizes);
+
+} // namespace
+
+} // namespace servopanel::jet
