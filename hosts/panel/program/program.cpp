@@ -26,6 +26,11 @@ bool isWithoutScreen()
     return platform == QStringLiteral("offscreen") || platform == QStringLiteral("minimal");
 }
 
+std::string text(QSize size)
+{
+    return std::to_string(size.width()) + " x " + std::to_string(size.height()) + " pixels";
+}
+
 // Qt ends the program without a word of ours where it finds no screen. A tour needs none, everything else says so.
 bool findScreen(const Options& options)
 {
@@ -46,6 +51,10 @@ void show(PanelWindow& window, PanelWindow::Zoom zoom)
     }
     if (fills && !monitor.isEmpty()) window.resize(monitor);
     window.show();
+    if (!fills && !isWithoutScreen() && monitor.boundedTo(window.size()) != window.size())
+        say(stderr,
+            "servo-panel: the monitor is smaller than the panel's " + text(window.size()) + ", it has "
+                + text(monitor) + "; --zoom fit shows all of it\n");
 }
 
 int run(const Options& options)

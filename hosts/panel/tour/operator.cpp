@@ -19,8 +19,6 @@ namespace servopanel::panel {
 
 namespace {
 
-constexpr int settleMs = 30;
-
 template <class T>
 T& there(T* thing, const std::string& what)
 {
@@ -43,20 +41,20 @@ void Operator::press(QWidget& target, QPoint at)
     QWidget& window = panel_.window();
     if (!target.isVisible()) throw NotThere{"what is to be touched is not visible"};
     QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, panel_.window().toWindow(target, at));
-    wait(settleMs);
+    wait(settleMs_);
 }
 
 void Operator::moveTo(QWidget& target, QPoint at)
 {
     QTest::mouseMove(panel_.window().windowHandle(), panel_.window().toWindow(target, at));
-    wait(settleMs);
+    wait(settleMs_);
 }
 
 void Operator::release(QWidget& target, QPoint at)
 {
     QTest::mouseRelease(
         panel_.window().windowHandle(), Qt::LeftButton, {}, panel_.window().toWindow(target, at));
-    wait(settleMs);
+    wait(settleMs_);
 }
 
 void Operator::tap(QWidget& target)
@@ -67,7 +65,7 @@ void Operator::tap(QWidget& target)
     const QPoint place = panel_.window().toWindow(target, middle);
     press(target, middle);
     QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {}, place);
-    wait(settleMs);
+    wait(settleMs_);
 }
 
 ControlHost& Operator::part(std::string_view className)

@@ -18,8 +18,10 @@ struct NotThere {
 // screen cannot be touched and raises NotThere. Used by the tour and by tests.
 class Operator {
 public:
-    explicit Operator(Panel& panel)
+    // settleMs: how long the panel is left alone after every press and release.
+    explicit Operator(Panel& panel, int settleMs = 30)
         : panel_{panel}
+        , settleMs_{settleMs}
     {
     }
 
@@ -61,6 +63,7 @@ private:
     void padType(class KeyPad& pad, const std::string& number);
 
     Panel& panel_;
+    int settleMs_;
 };
 
 } // namespace servopanel::panel

@@ -9,23 +9,38 @@
 #include <QGraphicsView>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QWheelEvent>
 
 namespace servopanel::panel {
 
 namespace {
 constexpr QColor surround{0x10, 0x16, 0x1C}; // around a stage that does not fill the window
 
-// Shows all of the stage, as large as fits.
+// Shows all of the stage over all of itself. Texts and lines are drawn at the size they have here, pictures smoothed.
 class ZoomView : public QGraphicsView {
 public:
-    using QGraphicsView::QGraphicsView;
+    ZoomView(QGraphicsScene* scene, QWidget* parent)
+        : QGraphicsView{scene, parent}
+    {
+        setFrameShape(QFrame::NoFrame);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        setRenderHint(QPainter::SmoothPixmapTransform);
+    }
 
 protected:
     void resizeEvent(QResizeEvent* event) override
     {
         QGraphicsView::resizeEvent(event);
-        fitInView(sceneRect(), Qt::KeepAspectRatio);
+        const QSizeF scene = sceneRect().size();
+        const QTransform zoom = QTransform::fromScale(width() / scene.width(), height() / scene.height());
+        setTransform(zoom);
+        // Lines that fall between pixels need it; lines that do not would only be blurred.
+        setRenderHint(QPainter::Antialiasing, !zoom.isIdentity());
     }
+    // There is nothing to scroll to.
+    void wheelEvent(QWheelEvent* event) override { event->accept(); }
 };
 
 } // namespace
@@ -65,12 +80,6 @@ void PanelWindow::zoomIn()
     proxy_ = scene->addWidget(stage_);
     scene->setSceneRect(QRectF{stage_->rect()});
     view_ = new ZoomView{scene, this};
-    view_->setFrameShape(QFrame::NoFrame);
-    view_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    view_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    view_->setBackgroundBrush(surround);
-    view_->setRenderHints(
-        QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
 }
 
 QPoint PanelWindow::toWindow(const QWidget& target, QPoint at) const
@@ -106,12 +115,10 @@ void PanelWindow::paintEvent(QPaintEvent*) { QPainter{this}.fillRect(rect(), sur
 
 void PanelWindow::resizeEvent(QResizeEvent*)
 {
-    if (view_ != nullptr) {
-        view_->setGeometry(rect());
-        return;
-    }
-    stage_->move(
-        std::max(0, (width() - stage_->width()) / 2), std::max(0, (height() - stage_->height()) / 2));
+    QWidget& shown = view_ != nullptr ? static_cast<QWidget&>(*view_) : *stage_;
+    // In whole pixels, so that a stage at its own size is shown as it is.
+    if (view_ != nullptr) view_->resize(stage_->size().scaled(size(), Qt::KeepAspectRatio));
+    shown.move(std::max(0, (width() - shown.width()) / 2), std::max(0, (height() - shown.height()) / 2));
 }
 
 void PanelWindow::keyPressEvent(QKeyEvent* event)
