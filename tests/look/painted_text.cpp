@@ -1,0 +1,93 @@
+#include "look/painted_text.h"
+
+#include <QFontMetricsF>
+#include <QPaintDevice>
+#include <QPaintEngine>
+#include <QPainter>
+
+namespace servopanel::look {
+
+namespace {
+
+// Takes texts down and lets everything else pass.
+class Notes : public QPaintEngine {
+public:
+    Notes(std::vector<PaintedText>& texts, const QRectF& widget)
+        : QPaintEngine{AllFeatures}
+        , texts_{texts}
+        , widget_{widget}
+    {
+    }
+    bool begin(QPaintDevice*) override { return true; }
+    bool end() override { return true; }
+    void updateState(const QPaintEngineState&) override { }
+    void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override { }
+    void drawPath(const QPainterPath&) override { }
+    void drawPolygon(const QPointF*, int, PolygonDrawMode) override { }
+    void drawPolygon(const QPoint*, int, PolygonDrawMode) override { }
+    Type type() const override { return User; }
+
+    void drawTextItem(const QPointF& at, const QTextItem& item) override
+    {
+        if (item.text().trimmed().isEmpty()) return;
+        QRectF ink = QFontMetricsF{item.font()}.tightBoundingRect(item.text());
+        // A part of an Arabic word measures differently on its own; its advance is what was laid out.
+        if (item.renderFlags().testFlag(QTextItem::RightToLeft)) {
+            ink.setLeft(0);
+            ink.setRight(item.width());
+        }
+        const QTransform toWidget = painter()->deviceTransform();
+        QRectF room = widget_;
+        if (painter()->hasClipping()) room &= toWidget.mapRect(painter()->clipBoundingRect());
+        texts_.push_back(
+            {item.text(), item.font(), painter()->pen().color(), toWidget.mapRect(ink.translated(at)), room});
+    }
+
+private:
+    std::vector<PaintedText>& texts_;
+    QRectF widget_;
+};
+
+class NotePad : public QPaintDevice {
+public:
+    NotePad(std::vector<PaintedText>& texts, const QWidget& widget)
+        : engine_{texts, QRectF{widget.rect()}}
+        , widget_{widget}
+    {
+    }
+    QPaintEngine* paintEngine() const override { return &engine_; }
+
+protected:
+    int metric(PaintDeviceMetric metric) const override
+    {
+        switch (metric) {
+        case PdmWidth: return widget_.width();
+        case PdmHeight: return widget_.height();
+        case PdmDevicePixelRatio: return 1;
+        case PdmDevicePixelRatioScaled: return static_cast<int>(devicePixelRatioFScale());
+        case PdmDepth: return 32;
+        case PdmNumColors: return INT_MAX;
+        case PdmDpiX:
+        case PdmPhysicalDpiX: return widget_.logicalDpiX();
+        case PdmDpiY:
+        case PdmPhysicalDpiY: return widget_.logicalDpiY();
+        default: return 0;
+        }
+    }
+
+private:
+    mutable Notes engine_;
+    const QWidget& widget_;
+};
+
+} // namespace
+
+std::vector<PaintedText> paintedTexts(QWidget& widget)
+{
+    std::vector<PaintedText> texts;
+    NotePad pad{texts, widget};
+    widget.render(&pad, {}, {}, QWidget::RenderFlags{});
+    return texts;
+}
+
+} // namespace servopanel::look

@@ -1,0 +1,228 @@
+#include "look/states.h"
+
+#include "panel/form/scroll_bar.h"
+#include "panel/form/text_child.h"
+#include "panel/widgets/message_sheet.h"
+
+#include <QTest>
+
+#include <algorithm>
+
+namespace servopanel::look {
+
+using panel::Operator;
+using panel::Panel;
+
+namespace {
+
+using Look = std::function<void()>;
+
+// Keys of the menu of machine M1 by what their servos have.
+constexpr int fullest = 1; // every setpoint, switch and drawing number
+constexpr int sparse = 3; // a few setpoints only
+constexpr int drawings = 4; // two drawing numbers, three switches
+
+// Most states are reached and looked at, and the panel is switched off there.
+State state(std::string name, std::function<void(Operator&, Panel&)> reach)
+{
+    return {std::move(name), [reach = std::move(reach)](Operator& hands, Panel& panel, const Look& look) {
+                reach(hands, panel);
+                look();
+            }};
+}
+
+State withLevel(State state, std::int16_t level)
+{
+    state.level = level;
+    return state;
+}
+
+State ofMachine(State state, std::int16_t machine)
+{
+    state.machine = machine;
+    return state;
+}
+
+void change(Operator& hands, std::string_view name, std::int16_t index, const std::string& value)
+{
+    hands.input(name, index);
+    hands.type(value);
+    hands.ok();
+}
+
+void changeSeveral(Operator& hands)
+{
+    change(hands, "SollwertL", 1, "321.5");
+    change(hands, "SollwertL", 2, "181");
+    change(hands, "SollwertR", 11, "12.75");
+    hands.input("SchalterL", 31);
+    change(hands, "ZeichnungL", 43, "7");
+}
+
+void reportFault(Panel& panel, const std::string& text)
+{
+    for (const char* name : {"Ch1.M1_T_servo_1<.mM1_fetext_11>", "Ch1.M1_T_servo_1<.mM1_fetext_12>"})
+        panel.variables().write(name, basic::Variant{text}, machine::Writer::Machine);
+}
+
+// The message keeps the operator's touch waiting, so it is looked at from a timer.
+void lookAtMessage(Operator& hands, Panel& panel, const Look& look)
+{
+    hands.menuKey(fullest);
+    bool seen = false;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        for (QObject* each : panel.window().stage().children()) {
+            auto* message = dynamic_cast<panel::MessageSheet*>(each);
+            if (message == nullptr || !message->isVisible()) continue;
+            timer.stop();
+            look();
+            seen = true;
+            QTest::mouseClick(&message->okKey(), Qt::LeftButton);
+            return;
+        }
+    });
+    timer.start(1);
+    hands.input("SollwertL", 1);
+    if (!seen) throw panel::NotThere{"a message"};
+}
+
+std::vector<State> makeStates()
+{
+    std::vector<State> all;
+    all.push_back(state("menu", [](Operator&, Panel&) {}));
+    all.push_back(state("menu-end", [](Operator& hands, Panel&) {
+        panel::ScrollView& scroll =
+            hands.part("ServoMenu").require<panel::ScrollBarChild>("ScrollBar").scroll();
+        while (scroll.position() < scroll.last())
+            hands.scrollDown();
+    }));
+    all.push_back(state("menu-key-down", [](Operator& hands, Panel&) {
+        QWidget& key = hands.part("ServoMenu").require<panel::PictureChild>("BildIm", 2).view();
+        hands.press(key, key.rect().center());
+    }));
+    all.push_back(ofMachine(state("menu-short", [](Operator&, Panel&) {}), 2));
+
+    all.push_back(state("page-full", [](Operator& hands, Panel&) { hands.menuKey(fullest); }));
+    all.push_back(state("page-sparse", [](Operator& hands, Panel&) { hands.menuKey(sparse); }));
+    all.push_back(state("page-drawings", [](Operator& hands, Panel&) { hands.menuKey(drawings); }));
+    all.push_back(ofMachine(state("page-palletiser", [](Operator& hands, Panel&) { hands.menuKey(2); }), 2));
+    all.push_back(
+        withLevel(state("page-locked", [](Operator& hands, Panel&) { hands.menuKey(fullest); }), 0));
+    all.push_back(state("page-changed", [](Operator& hands, Panel&) {
+        hands.menuKey(fullest);
+        changeSeveral(hands);
+    }));
+    all.push_back(state("page-written", [](Operator& hands, Panel&) {
+        hands.menuKey(fullest);
+        changeSeveral(hands);
+        hands.footerKey(10);
+    }));
+    all.push_back(state("page-last", [](Operator& hands, Panel&) {
+        hands.menuKey(fullest);
+        while (hands.isKeyOn(6))
+            hands.footerKey(6);
+    }));
+    all.push_back(state("page-second-mode", [](Operator& hands, Panel&) {
+        hands.menuKey(fullest);
+        hands.footerKey(4);
+    }));
+
+    all.push_back(state("mask-over-right", [](Operator& hands, Panel&) {
+        hands.menuKey(fullest);
+        hands.input("SollwertL", 2);
+    }));
+    all.push_back(state("mask-over-left", [](Operator& hands, Panel&) {
+        hands.menuKey(fullest);
+        hands.input("SollwertR", 16);
+    }));
+    all.push_back(state("mask-last-row", [](Operator& hands, Panel&) {
+        hands.menuKey(fullest);
+        hands.input("SollwertL", 22);
+    }));
+    all.push_back(state("mask-negative", [](Operator& hands, Panel&) {
+        hands.menuKey(fullest);
+        hands.input("SollwertL", 21);
+        hands.type("-12.34");
+    }));
+    all.push_back(state("mask-too-large", [](Operator& hands, Panel&) {
+        hands.menuKey(fullest);
+        hands.input("SollwertL", 2);
+        hands.type("123456789");
+        hands.ok();
+    }));
+    all.push_back(state("mask-too-small", [](Operator& hands, Panel&) {
+        hands.menuKey(fullest);
+        hands.input("SollwertL", 6);
+        hands.type("1");
+        hands.ok();
+    }));
+    all.push_back(state("mask-no-number", [](Operator& hands, Panel&) {
+        hands.menuKey(fullest);
+        hands.input("SollwertL", 2);
+        hands.clear();
+        hands.ok();
+    }));
+    all.push_back(state("mask-drawing", [](Operator& hands, Panel&) {
+        hands.menuKey(fullest);
+        hands.input("ZeichnungL", 43);
+    }));
+
+    all.push_back(state("editor", [](Operator& hands, Panel&) {
+        hands.menuKey(fullest);
+        hands.footerKey(4);
+        hands.input("SollwertL", 1);
+    }));
+    all.push_back(state("editor-limits-crossed", [](Operator& hands, Panel&) {
+        hands.menuKey(fullest);
+        hands.footerKey(4);
+        hands.input("SollwertR", 12);
+        hands.editorType("999999");
+        hands.editorOk();
+    }));
+
+    all.push_back(state("diagnosis-1", [](Operator& hands, Panel&) {
+        hands.menuKey(fullest);
+        hands.footerKey(10);
+    }));
+    all.push_back(state("diagnosis-2", [](Operator& hands, Panel&) {
+        hands.menuKey(fullest);
+        hands.footerKey(10);
+        hands.footerKey(8);
+    }));
+    all.push_back(state("diagnosis-fault", [](Operator& hands, Panel& panel) {
+        reportFault(panel,
+            "E541 Hindernis im Fahrweg der Abwicklung, bitte Schutzhaube öffnen und Material entfernen / "
+            "Obstacle in the travel path of the unwinder, please open the hood and remove the material");
+        hands.menuKey(fullest);
+        hands.footerKey(10);
+    }));
+
+    all.push_back({"message", lookAtMessage, 5, 1, false});
+    all.push_back(state("reports-few", [](Operator& hands, Panel& panel) {
+        hands.menuKey(sparse);
+        panel.note("'Servo\\Servo_5_1280.gif': no such file");
+        panel.note("The project has no screen 1131");
+        hands.tap(panel.errors().badge());
+    }));
+    all.push_back(state("reports-many", [](Operator& hands, Panel& panel) {
+        hands.menuKey(fullest);
+        for (int number = 1; number <= 300; ++number)
+            panel.note("Ma WerteLesen: variable 'Ch1.M1_T_servo_1<.mM1_servo_diag_" + std::to_string(number)
+                + ">' is missing, which nobody on this line has ever declared");
+        panel.note(std::string(400, 'x'));
+        hands.tap(panel.errors().badge());
+    }));
+    all.push_back(state("other-screen", [](Operator& hands, Panel&) { hands.footerKey(11); }));
+    return all;
+}
+
+} // namespace
+
+const std::vector<State>& states()
+{
+    static const std::vector<State> all = makeStates();
+    return all;
+}
+
+} // namespace servopanel::look
