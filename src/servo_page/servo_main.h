@@ -110,7 +110,12 @@ private:
     void servoEinlesen(basic::StatementTrap& trap);
     void seitenteileZeigen(basic::StatementTrap& trap);
     void tasteSetzen(basic::StatementTrap& trap, std::uint8_t taste, const std::string& bild, bool frei);
+    void tasteBebildern(basic::StatementTrap& trap, std::uint8_t taste, const std::string& bild);
+    void tasteFreigeben(basic::StatementTrap& trap, std::uint8_t taste, bool frei);
     void tasteLeeren(basic::StatementTrap& trap, std::uint8_t taste);
+    void diagnoseWahl(basic::StatementTrap& trap, const std::string& bild7, const std::string& bild8,
+        bool frei, std::int16_t seite);
+    void diagnoseWahlLeeren(basic::StatementTrap& trap);
     void tasteFärben(basic::StatementTrap& trap, std::uint8_t taste, bool aktiv);
     void blätterTasten(basic::StatementTrap& trap);
     void diagnoseTasten(basic::StatementTrap& trap);

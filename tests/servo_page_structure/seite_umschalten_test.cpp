@@ -25,10 +25,15 @@ protected:
     {
         return picture(key, "Standard\\empty_1280.gif") + enable(key, false);
     }
+    static std::string noDiagnosis()
+    {
+        const std::string none = "Standard\\empty_1280.gif";
+        return picture(7, none) + picture(8, none) + enable(7, false) + enable(8, false) + colour(7, silver)
+            + colour(8, silver);
+    }
     static std::string parameterKeys()
     {
-        return empty(7) + empty(8) + colour(7, silver) + colour(8, silver)
-            + picture(10, "Servo\\Servo_Diag_1280.gif") + enable(10, true)
+        return noDiagnosis() + picture(10, "Servo\\Servo_Diag_1280.gif") + enable(10, true)
             + picture(11, "Standard\\F_Exit_1280.gif") + enable(11, true);
     }
     static std::string noEngine() { return empty(4) + colour(4, silver); }
@@ -69,23 +74,22 @@ TEST_F(SeiteUmschalten, OffersTheEngineToLevelFive)
 TEST_F(SeiteUmschalten, OffersBothDiagnosisPagesAndColoursTheShownOne)
 {
     show();
-    const std::string pages = picture(7, "Servo\\Servo_Diag1_1280.gif") + enable(7, true)
-        + picture(8, "Servo\\Servo_Diag2_1280.gif") + enable(8, true);
+    const std::string pages = picture(7, "Servo\\Servo_Diag1_1280.gif")
+        + picture(8, "Servo\\Servo_Diag2_1280.gif") + enable(7, true) + enable(8, true);
     const std::string others = picture(10, "Servo\\Servo_1280.gif") + enable(10, true)
         + picture(11, "Standard\\F_Exit_1280.gif") + enable(11, true);
 
     EXPECT_EQ(keys(run("key 10\n")),
         empty(5) + down() + noEngine() + pages + colour(7, green) + colour(8, silver) + others);
     EXPECT_EQ(keys(run("key 8\n")),
-        empty(5) + down() + noEngine() + pages + colour(7, silver) + colour(8, green) + others);
+        empty(5) + down() + noEngine() + pages + colour(8, green) + colour(7, silver) + others);
 }
 
 TEST_F(SeiteUmschalten, HasNoDiagnosisKeysForAServoWithoutASecondPage)
 {
     show("var Ch-1.intern<.servo_zeiger> = 2\n");
     EXPECT_EQ(keys(run("key 10\n")),
-        up() + down() + noEngine() + empty(7) + empty(8) + colour(7, silver) + colour(8, silver)
-            + picture(10, "Servo\\Servo_1280.gif") + enable(10, true)
+        up() + down() + noEngine() + noDiagnosis() + picture(10, "Servo\\Servo_1280.gif") + enable(10, true)
             + picture(11, "Standard\\F_Exit_1280.gif") + enable(11, true));
 }
 

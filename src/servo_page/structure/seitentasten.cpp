@@ -15,17 +15,49 @@ std::string ServoMain::bibliotheksBild(std::string_view zusatz)
 
 // The keys that servo and page decide are kept in the table too, so that releasing the keys later switches on exactly
 // those that are in use here. Key 4 is never released and key 11 always.
-void ServoMain::tasteSetzen(StatementTrap& trap, std::uint8_t taste, const std::string& bild, bool frei)
+void ServoMain::tasteBebildern(StatementTrap& trap, std::uint8_t taste, const std::string& bild)
 {
     trap([&] { Fußzeile{kind("Fußzeile")}.Bild(taste, bild); });
+    if (taste == 4 || taste == 11) return;
+    trap([&] { zustand_.fußzeile.Tasten[taste].Bild = bild; });
+}
+
+void ServoMain::tasteFreigeben(StatementTrap& trap, std::uint8_t taste, bool frei)
+{
     trap([&] { Fußzeile{kind("Fußzeile")}.Freigabe(taste, frei); });
     if (taste == 4 || taste == 11) return;
-    trap([&] { zustand_.fußzeile.Tasten[taste] = FußzeilenTaste{bild, frei}; });
+    trap([&] { zustand_.fußzeile.Tasten[taste].Benutzt = frei; });
+}
+
+void ServoMain::tasteSetzen(StatementTrap& trap, std::uint8_t taste, const std::string& bild, bool frei)
+{
+    tasteBebildern(trap, taste, bild);
+    tasteFreigeben(trap, taste, frei);
 }
 
 void ServoMain::tasteLeeren(StatementTrap& trap, std::uint8_t taste)
 {
     tasteSetzen(trap, taste, display::standardBild(gemeinsam(), "empty"), false);
+}
+
+// Keys 7 and 8, which belong together. seite: the one that is shown, 0 for none.
+void ServoMain::diagnoseWahl(
+    StatementTrap& trap, const std::string& bild7, const std::string& bild8, bool frei, std::int16_t seite)
+{
+    tasteBebildern(trap, 7, bild7);
+    tasteBebildern(trap, 8, bild8);
+    tasteFreigeben(trap, 7, frei);
+    tasteFreigeben(trap, 8, frei);
+    const std::uint8_t gezeigt = seite == 2 ? 8 : 7;
+    const std::uint8_t andere = seite == 2 ? 7 : 8;
+    tasteFärben(trap, gezeigt, seite != 0);
+    tasteFärben(trap, andere, false);
+}
+
+void ServoMain::diagnoseWahlLeeren(StatementTrap& trap)
+{
+    const std::string leer = display::standardBild(gemeinsam(), "empty");
+    diagnoseWahl(trap, leer, leer, false, 0);
 }
 
 void ServoMain::tasteFärben(StatementTrap& trap, std::uint8_t taste, bool aktiv)
@@ -59,17 +91,10 @@ void ServoMain::diagnoseTasten(StatementTrap& trap)
     tasteFärben(trap, 4, false);
 
     const auto zweiSeiten = trap.decision([&] { return gem.Diag2Servo[gem.AktServo]; });
-    if (zweiSeiten == true) {
-        tasteSetzen(trap, 7, bibliotheksBild("_Diag1_"), true);
-        tasteSetzen(trap, 8, bibliotheksBild("_Diag2_"), true);
-        tasteFärben(trap, 7, seite == 1);
-        tasteFärben(trap, 8, seite == 2);
-    } else if (zweiSeiten == false) {
-        tasteLeeren(trap, 7);
-        tasteLeeren(trap, 8);
-        tasteFärben(trap, 7, false);
-        tasteFärben(trap, 8, false);
-    }
+    if (zweiSeiten == true)
+        diagnoseWahl(trap, bibliotheksBild("_Diag1_"), bibliotheksBild("_Diag2_"), true, seite);
+    else if (zweiSeiten == false)
+        diagnoseWahlLeeren(trap);
 
     tasteSetzen(trap, 10, bibliotheksBild("_"), true);
 }
@@ -85,10 +110,7 @@ void ServoMain::parameterTasten(StatementTrap& trap)
         tasteLeeren(trap, 4);
     tasteFärben(trap, 4, service && zustand_.bearbeitung.ZweiterModus != display::falsch);
 
-    tasteLeeren(trap, 7);
-    tasteLeeren(trap, 8);
-    tasteFärben(trap, 7, false);
-    tasteFärben(trap, 8, false);
+    diagnoseWahlLeeren(trap);
 
     tasteSetzen(trap, 10, bibliotheksBild("_Diag_"), true);
 }
