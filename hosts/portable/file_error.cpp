@@ -22,6 +22,7 @@ std::string reasonText(std::error_code code)
 {
     if (code == std::errc::no_such_file_or_directory) return "there is no such file or folder";
     if (code == std::errc::permission_denied) return "permission denied";
+    if (code == std::errc::operation_not_permitted) return "the system does not permit it";
     if (code == std::errc::not_a_directory) return "a part of its path is no folder";
     if (code == std::errc::is_a_directory) return "it is a folder";
     if (code == std::errc::file_exists) return "it exists already";
