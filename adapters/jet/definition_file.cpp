@@ -4,9 +4,9 @@
 #include "jet/cell_patch.h"
 #include "jet/definition_table.h"
 #include "jet/number_coding.h"
+#include "jet/same_value.h"
 
 #include <algorithm>
-#include <bit>
 #include <utility>
 
 namespace servopanel::jet {
@@ -17,14 +17,6 @@ basic::Variant converted(const TableColumn& column, const basic::Variant& value)
 {
     if (value.holds<basic::Null>()) return value;
     return basic::convert(value, variantType(column.type));
-}
-
-bool sameValue(const basic::Variant& left, const basic::Variant& right)
-{
-    const auto* a = left.get<double>();
-    const auto* b = right.get<double>();
-    if (a && b) return std::bit_cast<std::uint64_t>(*a) == std::bit_cast<std::uint64_t>(*b);
-    return left == right;
 }
 
 void compare(const Table& expected, const Table& actual)

@@ -1,10 +1,13 @@
 #include "jet/definition_row.h"
 
 #include "jet/definition_table.h"
+#include "jet/row_coding.h"
 
 namespace servopanel::jet {
 
-Bytes newDefinitionDatabase(const std::vector<DefinitionRow>& rows, const NewDatabaseOptions& options)
+namespace {
+
+NewTable emptyTable()
 {
     constexpr std::uint16_t nameLength = 255;
     const auto text = [](std::string_view name) {
@@ -13,15 +16,31 @@ Bytes newDefinitionDatabase(const std::vector<DefinitionRow>& rows, const NewDat
     const auto number = [](std::string_view name, ColumnType type) {
         return NewColumn{std::string{name}, type, 0, false};
     };
-    NewTable table{std::string{definitionTableName},
+    return {std::string{definitionTableName},
         {text(machineTypeColumn), text(variableColumn), number("abs_max", ColumnType::Double),
             number("abs_min", ColumnType::Double), number(elementColumn, ColumnType::Int16),
             number("Max", ColumnType::Double), number("Min", ColumnType::Double),
             number("Pass", ColumnType::Int16)},
         {}};
+}
+
+std::vector<basic::Variant> cellsOf(const DefinitionRow& row)
+{
+    return {row.machineType, row.variable, row.absMax, row.absMin, row.element, row.max, row.min, row.pass};
+}
+
+} // namespace
+
+void requireStorable(const DefinitionRow& row, const NewDatabaseOptions& options)
+{
+    encodeRow(emptyTable().columns, cellsOf(row), options);
+}
+
+Bytes newDefinitionDatabase(const std::vector<DefinitionRow>& rows, const NewDatabaseOptions& options)
+{
+    NewTable table = emptyTable();
     for (const DefinitionRow& row : rows)
-        table.rows.push_back(
-            {row.machineType, row.variable, row.absMax, row.absMin, row.element, row.max, row.min, row.pass});
+        table.rows.push_back(cellsOf(row));
     return newDatabase(table, options);
 }
 

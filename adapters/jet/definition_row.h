@@ -22,6 +22,9 @@ struct DefinitionRow {
     friend bool operator==(const DefinitionRow&, const DefinitionRow&) = default;
 };
 
+// Error TypeMismatch when a new database cannot hold this definition.
+void requireStorable(const DefinitionRow& row, const NewDatabaseOptions& options = {});
+
 // The bytes of a new database that holds these definitions in this order. Error TypeMismatch with the number of a row
 // that cannot be stored, Overflow for more rows than a new file can have (about 14000).
 Bytes newDefinitionDatabase(const std::vector<DefinitionRow>& rows, const NewDatabaseOptions& options = {});

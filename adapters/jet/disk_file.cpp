@@ -1,10 +1,12 @@
 #include "jet/disk_file.h"
 
+#include "jet/file_kind.h"
 #include "jet/names.h"
 #include "jet/open_file.h"
+#include "jet/successor.h"
+#include "jet/system_failure.h"
 #include "portable/file_error.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <string>
@@ -20,85 +22,6 @@ namespace fs = std::filesystem;
 
 // Far more than a table of definitions needs; the file is held in memory.
 constexpr off_t largestFile = off_t{256} * 1024 * 1024;
-
-std::string lastReason() { return portable::reasonText({errno, std::generic_category()}); }
-
-[[noreturn]] void raiseLast(JetError number, std::string_view what)
-{
-    const bool full = errno == ENOSPC || errno == EDQUOT || errno == EFBIG;
-    const bool readOnly = errno == EACCES || errno == EPERM || errno == EROFS;
-    raise(full         ? JetError::DiskFull
-            : readOnly ? JetError::ReadOnly
-                       : number,
-        std::string{what} + ": " + lastReason());
-}
-
-// A new file beside another one. It vanishes again unless it has taken the other's place. Its name is always the same:
-// what a killed program left behind is removed by the next one.
-class Successor {
-public:
-    explicit Successor(const fs::path& file)
-        : path_{cleared(file.parent_path() / ("." + file.filename().string() + ".new"))}
-        , file_{path_, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0600}
-    {
-        if (!file_.isOpen()) raiseLast(JetError::CannotUpdate, "nothing can be written to its folder");
-    }
-    Successor(const Successor&) = delete;
-    Successor& operator=(const Successor&) = delete;
-    ~Successor()
-    {
-        if (!placed_) ::unlink(path_.c_str());
-    }
-
-    void resemble(const struct stat& old) const
-    {
-        struct stat own { };
-        if (::fstat(file_.descriptor(), &own) != 0)
-            raiseLast(JetError::CannotUpdate, "it cannot be replaced");
-        const bool sameOwner = own.st_uid == old.st_uid && own.st_gid == old.st_gid;
-        if (!sameOwner && ::fchown(file_.descriptor(), old.st_uid, old.st_gid) != 0)
-            raiseLast(JetError::ReadOnly, "a changed file could not have the same owner");
-        if (::fchmod(file_.descriptor(), old.st_mode & 07777U) != 0)
-            raiseLast(JetError::CannotUpdate, "a changed file could not have the same permissions");
-    }
-    void makeReadableByAll() const { ::fchmod(file_.descriptor(), 0644); }
-
-    // Writes and reads it again, so that a failing disk is found before the old file goes.
-    Bytes fill(ByteView content)
-    {
-        if (!file_.write(content) || ::fsync(file_.descriptor()) != 0)
-            raiseLast(JetError::CannotUpdate, "it cannot be written");
-        file_.close();
-        OpenFile again{path_, O_RDONLY};
-        Bytes read;
-        if (!again.isOpen() || !again.read(read, content.size() + 1))
-            raiseLast(JetError::CannotUpdate, "what was written cannot be read");
-        if (!std::equal(read.begin(), read.end(), content.begin(), content.end()))
-            raise(JetError::CannotUpdate, "what was written does not come back from the disk");
-        return read;
-    }
-
-    void takePlaceOf(const fs::path& file)
-    {
-        if (::rename(path_.c_str(), file.c_str()) != 0)
-            raiseLast(JetError::CannotUpdate, "it cannot be replaced");
-        placed_ = true;
-        // The new file is in its place. When this fails a power cut may bring the old one back, never a mixture.
-        const OpenFile folder{file.parent_path(), O_RDONLY | O_DIRECTORY};
-        if (folder.isOpen()) ::fsync(folder.descriptor());
-    }
-
-private:
-    static fs::path cleared(fs::path path)
-    {
-        ::unlink(path.c_str());
-        return path;
-    }
-
-    fs::path path_;
-    OpenFile file_;
-    bool placed_ = false;
-};
 
 // Programs that share such a database keep this file beside it while anybody has it open.
 void refuseLocked(const fs::path& file)
@@ -119,6 +42,40 @@ void refuseChanged(const DiskFile& file)
     if (::stat(file.path.c_str(), &now) != 0) raiseLast(JetError::CannotUpdate, "it cannot be found again");
     if (identityOf(now) != file.identity)
         raise(JetError::RowChanged, "another program has changed it since it was read");
+}
+
+// Taking the place of a write-protected file would work, but whoever protected it meant it: everybody, root too.
+void refuseProtected(const fs::path& file, const struct stat& status)
+{
+    constexpr mode_t writable = 0222;
+    if ((status.st_mode & writable) == 0) raise(JetError::ReadOnly, "it is write-protected");
+    if (::faccessat(AT_FDCWD, file.c_str(), W_OK, AT_EACCESS) != 0)
+        raiseLast(JetError::ReadOnly, "it is write-protected");
+}
+
+// A file that somebody named by mistake is not lost.
+void refuseOtherKind(FileKind old, FileKind created)
+{
+    if (old == created || old == FileKind::Empty) return;
+    raise(JetError::AlreadyExists,
+        created == FileKind::Database ? "it is no database; only a database is replaced by one"
+                                      : "it is no text; only a text is replaced by one");
+}
+
+// The file that a name leads to, or where it would be: the end of a symbolic link may not exist yet.
+fs::path withoutLinks(fs::path path)
+{
+    std::error_code code;
+    constexpr int mostLinks = 40;
+    for (int links = 0; fs::is_symlink(fs::symlink_status(path, code)); ++links) {
+        if (links == mostLinks) raise(JetError::CannotOpen, "its symbolic links lead in a circle");
+        path = path.parent_path() / fs::read_symlink(path, code);
+        if (code) raise(JetError::CannotOpen, portable::reasonText(code));
+    }
+    const fs::path folder =
+        fs::canonical(path.parent_path().empty() ? fs::path{"."} : path.parent_path(), code);
+    if (code) raise(JetError::CannotOpen, "its folder: " + portable::reasonText(code));
+    return folder / path.filename();
 }
 
 } // namespace
@@ -143,7 +100,7 @@ DiskFile readFile(const fs::path& path)
     return file;
 }
 
-void replaceFile(const DiskFile& file, ByteView content, const std::function<void(const Bytes&)>& verify)
+void replaceFile(const DiskFile& file, ByteView content, const Verify& verify)
 {
     const OpenFile original{file.path, O_RDONLY};
     struct stat old { };
@@ -153,36 +110,32 @@ void replaceFile(const DiskFile& file, ByteView content, const std::function<voi
     // with what was read has to do.
     if (::flock(original.descriptor(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
         raise(JetError::FileInUse, "another program is changing it");
-    refuseLocked(file.path);
+    if (kindOf(file.bytes) == FileKind::Database) refuseLocked(file.path);
     refuseChanged(file);
-    // Taking the place of a write-protected file would work, but whoever protected it meant it.
-    if (::faccessat(AT_FDCWD, file.path.c_str(), W_OK, AT_EACCESS) != 0)
-        raiseLast(JetError::ReadOnly, "it is write-protected");
+    refuseProtected(file.path, old);
 
-    Successor successor{file.path};
+    Successor successor{file.path, 0600};
     successor.resemble(old);
     verify(successor.fill(content));
     refuseChanged(file);
-    successor.takePlaceOf(file.path);
+    successor.takePlace();
 }
 
-void createFile(const fs::path& path, ByteView content, bool mayReplace)
+void createFile(const fs::path& path, ByteView content, bool mayReplace, const Verify& verify)
 {
-    std::error_code code;
-    const fs::path folder =
-        fs::canonical(path.parent_path().empty() ? fs::path{"."} : path.parent_path(), code);
-    if (code) raise(JetError::CannotOpen, "its folder: " + portable::reasonText(code));
-    fs::path file = folder / path.filename();
-    if (fs::exists(fs::symlink_status(file, code))) {
+    const fs::path file = withoutLinks(path);
+    struct stat status { };
+    if (::stat(file.c_str(), &status) == 0) {
         if (!mayReplace) raise(JetError::AlreadyExists, "it exists already");
-        // A symbolic link goes on leading to the file.
-        if (const fs::path real = fs::canonical(file, code); !code) file = real;
-        if (fs::is_directory(file, code)) raise(JetError::CannotOpen, "it is a folder");
+        const DiskFile old = readFile(file);
+        refuseOtherKind(kindOf(old.bytes), kindOf(content));
+        replaceFile(old, content, verify);
+        return;
     }
-    Successor successor{file};
-    successor.makeReadableByAll();
-    successor.fill(content);
-    successor.takePlaceOf(file);
+    if (errno != ENOENT) raiseLast(JetError::CannotOpen, "it cannot be created");
+    Successor successor{file, 0666};
+    verify(successor.fill(content));
+    successor.takeFreePlace();
 }
 
 } // namespace servopanel::jet

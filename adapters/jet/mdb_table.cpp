@@ -68,10 +68,10 @@ std::vector<TableColumn> MdbTable::columns() const
     std::vector<TableColumn> columns;
     for (std::size_t i = 0; i < handles_->table->num_cols; ++i) {
         const MdbColumn& column = handles_->column(i);
-        columns.push_back({column.name, static_cast<ColumnType>(column.col_type),
-            static_cast<std::uint16_t>(column.col_num), column.is_fixed != 0,
-            static_cast<std::uint16_t>(column.fixed_offset), static_cast<std::uint16_t>(column.col_size),
-            false});
+        columns.push_back(
+            {"", static_cast<ColumnType>(column.col_type), static_cast<std::uint16_t>(column.col_num),
+                column.is_fixed != 0, static_cast<std::uint16_t>(column.fixed_offset),
+                static_cast<std::uint16_t>(column.col_size), false});
     }
     return columns;
 }

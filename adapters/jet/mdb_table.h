@@ -26,6 +26,7 @@ public:
     MdbTable& operator=(const MdbTable&) = delete;
     ~MdbTable();
 
+    // Without their names, which environment variables have an influence on here.
     std::vector<TableColumn> columns() const;
 
     // Goes to the next row, nothing after the last. Deleted rows are passed over; a row that was moved comes where it

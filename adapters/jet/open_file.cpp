@@ -15,9 +15,10 @@ std::int64_t nanoseconds(const struct timespec& time)
 
 } // namespace
 
-OpenFile::OpenFile(const std::filesystem::path& path, int flags, mode_t mode)
-    : descriptor_{::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, mode)}
+void OpenFile::open(const std::filesystem::path& path, int flags, mode_t mode)
 {
+    close();
+    descriptor_ = ::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, mode);
 }
 
 void OpenFile::close()

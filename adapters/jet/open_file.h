@@ -13,11 +13,16 @@ class OpenFile {
 public:
     OpenFile() = default;
     // Opens without waiting, also when it is a pipe. Not open afterwards when that fails; errno tells why.
-    OpenFile(const std::filesystem::path& path, int flags, mode_t mode = 0);
+    explicit OpenFile(const std::filesystem::path& path, int flags, mode_t mode = 0)
+    {
+        open(path, flags, mode);
+    }
     OpenFile(const OpenFile&) = delete;
     OpenFile& operator=(const OpenFile&) = delete;
     ~OpenFile() { close(); }
 
+    // The same for another file; the one before is closed.
+    void open(const std::filesystem::path& path, int flags, mode_t mode = 0);
     bool isOpen() const { return descriptor_ >= 0; }
     int descriptor() const { return descriptor_; }
     void close();

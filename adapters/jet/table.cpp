@@ -59,8 +59,12 @@ Table readTableAt(const FileImage& image, std::uint32_t page)
     table.page = page;
     MdbTable source{image, page};
     table.columns = source.columns();
-    for (TableColumn& column : table.columns)
+    for (TableColumn& column : table.columns) {
+        const auto name = definition.columnNames.find(column.number);
+        if (name == definition.columnNames.end()) raiseDamaged("a column has no name");
+        column.name = name->second;
         column.indexed = definition.indexedColumns.contains(column.number);
+    }
 
     const CellReader reader{image};
     const std::size_t mostRows = std::size_t{image.pageCount()} * mostRowsOfPage;

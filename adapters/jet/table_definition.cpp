@@ -1,5 +1,7 @@
 #include "jet/table_definition.h"
 
+#include "jet/text_coding.h"
+
 namespace servopanel::jet {
 
 namespace {
@@ -40,10 +42,13 @@ TableDefinition readTableDefinition(const FileImage& image, std::uint32_t page)
         raiseDamaged("a table has more columns or indexes than there can be");
 
     // Columns, then their names, then the indexes.
-    std::size_t at = format.tableEntries + indexes * format.indexCountEntrySize
-        + definition.columnCount * format.columnEntrySize;
-    for (std::uint16_t i = 0; i < definition.columnCount; ++i) {
+    std::size_t entry = format.tableEntries + indexes * format.indexCountEntrySize;
+    std::size_t at = entry + definition.columnCount * format.columnEntrySize;
+    const TextDecoder decoder{format.version, image.codePage()};
+    for (std::uint16_t i = 0; i < definition.columnCount; ++i, entry += format.columnEntrySize) {
         const std::size_t length = format.nameLengthSize == 1 ? load8(bytes, at) : load16(bytes, at);
+        const ByteView name = part(bytes, at + format.nameLengthSize, length);
+        definition.columnNames[load16(bytes, entry + format.columnNumber)] = decoder.decode(name);
         at += format.nameLengthSize + length;
     }
     for (std::uint32_t i = 0; i < indexes; ++i, at += format.indexEntrySize) {

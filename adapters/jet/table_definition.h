@@ -3,14 +3,17 @@
 #include "jet/file_image.h"
 
 #include <cstdint>
+#include <map>
 #include <set>
+#include <string>
 
 namespace servopanel::jet {
 
-// What libmdb does not tell, or not reliably, about a table.
+// What libmdb does not tell about a table, or not reliably: environment variables change the names that it finds.
 struct TableDefinition {
     std::uint32_t rowCount = 0;
     std::uint16_t columnCount = 0;
+    std::map<std::uint16_t, std::string> columnNames; // by the columns' numbers
     std::set<std::uint16_t> indexedColumns; // numbers of the columns that are part of any index
 };
 

@@ -11,6 +11,7 @@ namespace servopanel::jet {
 namespace {
 
 constexpr char32_t replacement = 0xFFFD;
+constexpr char32_t byteOrderMark = 0xFEFF;
 // Starts a compressed text: characters of one byte, until a zero byte switches to two bytes and back.
 constexpr std::uint8_t compressedMark[]{0xFF, 0xFE};
 
@@ -189,7 +190,12 @@ Bytes encodeText(std::string_view text, JetVersion version, TextForm form)
     if (version == JetVersion::Jet3) return toWindows1252(signs);
     const bool compressible =
         std::all_of(signs.begin(), signs.end(), [](char32_t sign) { return sign > 0 && sign < 0x100; });
-    if (form == TextForm::Plain || !compressible) return toUnits(signs);
+    if (form == TextForm::Plain || !compressible) {
+        // Stored, it would be the mark of a compressed text.
+        if (!signs.empty() && signs.front() == byteOrderMark)
+            raise(JetError::TypeMismatch, "a text begins with the invisible character U+FEFF");
+        return toUnits(signs);
+    }
     Bytes stored{std::begin(compressedMark), std::end(compressedMark)};
     for (const char32_t sign : signs)
         stored.push_back(static_cast<std::uint8_t>(sign));

@@ -33,8 +33,8 @@ enum class TextForm : std::uint8_t {
     Compressed, // one byte for each character when all of them allow it
 };
 
-// UTF-8 as a Jet 4 file stores it, or in Windows-1252 for Jet 3. Error TypeMismatch when the text is not UTF-8 or has a
-// character that Windows-1252 lacks.
+// UTF-8 as a Jet 4 file stores it, or in Windows-1252 for Jet 3. Error TypeMismatch when the text is not UTF-8, has a
+// character that Windows-1252 lacks, or begins with U+FEFF, which no reader of a Jet 4 file would find again.
 Bytes encodeText(std::string_view text, JetVersion version, TextForm form = TextForm::Plain);
 
 } // namespace servopanel::jet

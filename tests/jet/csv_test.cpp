@@ -41,15 +41,15 @@ TEST(Csv, NamesTheLineThatItCannotRead)
     EXPECT_EQ(errorOf([] { parseCsv("a\n\"b\"c\n"); }).description,
         "line 2: there is something behind a closing quote");
     EXPECT_EQ(errorOf([] { parseCsv("a\nb\n\"c\n\n"); }).description, "line 3: a quote is not closed");
-    EXPECT_EQ(errorOf([] { parseCsv("\xFF"); }).description, "it is not UTF-8");
+    EXPECT_EQ(errorOf([] { parseCsv("a\nb\n\xFF\n"); }).description, "line 3: it is not UTF-8");
 }
 
 TEST(Csv, BringsBackEveryText)
 {
-    for (const std::string text : {"plain", "=1+1", "'=1+1", "''@x", "-5", "+a", "\tb", "\rc", "'quoted'",
-             "'", "''", "", " ", "a,b;c", "\"", "ä\nö"}) {
+    for (const std::string text : {"plain", "=1+1", "'=1+1", "''@x", "-5", "+a", "\tb", "\rc", "\nd", "\t=1",
+             "'\n=1", "'quoted'", "'", "''", "", " ", "a,b;c", "\"", "ä\nö"}) {
         const std::string safe = withoutFormula(text);
-        EXPECT_EQ(safe.find_first_of("=+-@\t\r") == 0, false) << text;
+        EXPECT_EQ(safe.find_first_of("=+-@\t\r\n") == 0, false) << text;
         EXPECT_EQ(withFormula(safe), text);
         EXPECT_EQ(cellsOf(csvLine({"x", safe})), (Lines{{"x", safe}}));
     }
@@ -62,8 +62,8 @@ TEST(Csv, BringsBackEveryDefinition)
     rows[1].machineType = std::string{"'-1"};
     rows[2].max = std::nextafter(0.1, 1.0);
     rows[3].max = 5e-324;
-    rows[4].max = -std::numeric_limits<double>::infinity();
-    EXPECT_EQ(exactly(fromCsv(toCsv(rows))), exactly(rows));
+    rows[4].max = -std::numeric_limits<double>::max();
+    EXPECT_EQ(exactly(fromCsv(toCsv(rows)).rows), exactly(rows));
 }
 
 constexpr std::string_view header = "machine_type,var_name,abs_max,abs_min,offset_or_bitno,Max,Min,Pass\n";
@@ -76,12 +76,27 @@ std::string refusalOf(std::string_view line)
 TEST(Csv, TakesColumnsInAnyOrderAndCase)
 {
     const auto rows =
-        fromCsv("PASS,min,max,offset_or_bitno,ABS_MIN,abs_max,Var_Name,machine_type\n1,2,3,4.0,5,6,v,m\n");
+        fromCsv("PASS,min,max,offset_or_bitno,ABS_MIN,abs_max,Var_Name,machine_type\n1,2,3,4.0,5,6,v,m\n")
+            .rows;
     ASSERT_EQ(rows.size(), 1U);
     EXPECT_EQ(rows[0].pass, basic::Variant{std::int16_t{1}});
     EXPECT_EQ(rows[0].element, basic::Variant{std::int16_t{4}});
     EXPECT_EQ(rows[0].absMax, basic::Variant{6.0});
     EXPECT_EQ(rows[0].machineType, basic::Variant{"m"});
+}
+
+TEST(Csv, RefusesWhatIsNoFiniteNumber)
+{
+    for (const std::string cell : {"nan", "NaN", "-nan", "inf", "-inf", "+inf", "infinity", "+-5", "++5",
+             "-+5", "--5", "+", "-", "1e400", "0x10"}) {
+        EXPECT_EQ(refusalOf("m,v,1,2,3," + cell + ",5,6\n"),
+            "line 2: '" + cell + "' cannot be a value of column 'Max'");
+        EXPECT_EQ(refusalOf("m,v,1,2,3,4,5," + cell + "\n"),
+            "line 2: '" + cell + "' cannot be a value of column 'Pass'");
+    }
+    for (const std::string cell : {"+5", "5", "5.0", "0.5e1"})
+        EXPECT_EQ(
+            fromCsv(std::string{header} + "m,v,1,2,3," + cell + ",5,6\n").rows[0].max, basic::Variant{5.0});
 }
 
 TEST(Csv, RefusesWhatIsNoDefinition)

@@ -233,6 +233,34 @@ TEST_P(JetEngineOtherTable, RefusesAVariableNumberWithoutPlace)
         "'Servo.mdb': row 2 (M1, Force): column 'Abs_Max' cannot be changed: the row has no room for it");
 }
 
+// What is no number in one row is no reason to refuse a change of another.
+TEST_P(JetEngineOtherTable, WritesBesideWhatIsNoNumber)
+{
+    NewTable table = otherTable();
+    table.rows[1][3] = std::numeric_limits<float>::quiet_NaN();
+    table.rows[1][8] = basic::Date{std::numeric_limits<double>::quiet_NaN()};
+    table.rows[1][9] = -std::numeric_limits<double>::quiet_NaN();
+    SampleProject other{newDatabase(table, {.version = GetParam()})};
+    other.change(other.bookmark(0), "Pass", std::int16_t{200});
+    EXPECT_EQ(other.rows()[0].pass, basic::Variant{std::uint8_t{200}});
+    other.change(other.bookmark(1), "Min", 0.5);
+    EXPECT_EQ(other.rows()[1].min, basic::Variant{0.5F});
+}
+
+// libmdb takes character sets from the environment.
+TEST_P(JetEngineOtherTable, IsReadTheSameInEveryEnvironment)
+{
+    const std::vector<DefinitionRow> expected = project.rows();
+    for (const char* name : {"MDBICONV", "MDB_JET3_CHARSET"})
+        for (const char* value : {"", "nonsense", "IBM037", "UTF-16", "UTF-32", "UCS-2LE"}) {
+            const tests::EnvironmentVariable variable{name, value};
+            EXPECT_TRUE(project.rows() == expected) << name << '=' << value;
+            project.change(project.bookmark(0), "Max", 4.5);
+            EXPECT_EQ(project.rows()[0].max, basic::Variant{basic::Currency{45000}});
+            project.change(project.bookmark(0), "Max", expected[0].max);
+        }
+}
+
 INSTANTIATE_TEST_SUITE_P(Both, JetEngineOtherTable, ::testing::Values(JetVersion::Jet3, JetVersion::Jet4),
     [](const auto& form) { return form.param == JetVersion::Jet3 ? "Jet3" : "Jet4"; });
 

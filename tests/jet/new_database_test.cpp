@@ -41,6 +41,24 @@ TEST(NewDatabase, RefusesATextThatTheFormatCannotHold)
         "row 2: column 'var_name' takes no more than 255 characters");
 }
 
+// Its bytes would mark a compressed text.
+TEST(NewDatabase, RefusesATextThatWouldComeBackAsAnotherOne)
+{
+    const std::string mark = "\uFEFF";
+    std::vector<DefinitionRow> rows = sampleRows(3);
+    for (const TextForm form : {TextForm::Plain, TextForm::Compressed}) {
+        for (const std::string& text : {mark, mark + "Speed", mark + "Ā"}) {
+            rows[1].variable = text;
+            EXPECT_EQ(errorOf([&] { return newDefinitionDatabase(rows, {.textForm = form}); }).description,
+                "row 2: a text begins with the invisible character U+FEFF");
+        }
+        for (const std::string& text : {"Speed" + mark, std::string{"\u00FF\u00FE"}, std::string{"\uFFFE"}}) {
+            rows[1].variable = text;
+            EXPECT_EQ(SampleProject(rows, {.textForm = form}).rows()[1].variable, rows[1].variable);
+        }
+    }
+}
+
 TEST(NewDatabase, RefusesMoreRowsThanItsMapCanList)
 {
     EXPECT_EQ(SampleProject(sampleRows(9000)).rows().size(), 9000U);

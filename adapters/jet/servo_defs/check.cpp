@@ -1,17 +1,22 @@
 #include "basic/conversions.h"
+#include "basic/error.h"
+#include "basic/text.h"
 #include "jet/servo_defs/commands.h"
 #include "jet/servo_defs/configured_servos.h"
 #include "jet/servo_defs/definition_list.h"
+#include "jet/servo_defs/servo_parameter.h"
 
+#include <cmath>
 #include <map>
 #include <optional>
 #include <set>
+#include <tuple>
 
 namespace servopanel::jet {
 
 namespace {
 
-constexpr double highestLevel = 5;
+constexpr std::int16_t highestLevel = 5;
 
 class Findings {
 public:
@@ -33,69 +38,138 @@ private:
 
 std::string placeOf(const DefinitionRow& row, std::size_t position)
 {
-    return "row " + std::to_string(position + 1) + " (" + keyOf(row) + ")";
+    return "row " + std::to_string(position + 1) + " (" + nameOf(row) + ")";
 }
 
-void checkValues(const DefinitionRow& row, const std::string& where, Findings& findings)
+// A value as the panel takes it into its table; nothing when it cannot.
+std::optional<double> limitOf(const basic::Variant& value)
 {
-    bool complete = true;
-    for (std::size_t column = 0; column < csvColumns.size(); ++column) {
-        if (!valueOf(row, column).holds<basic::Null>()) continue;
-        findings.add(where, std::string{csvColumns[column]} + " has no value");
-        complete = false;
+    try {
+        const double limit = basic::toDouble(value);
+        return std::isfinite(limit) ? std::optional{limit} : std::nullopt;
+    } catch (const basic::Error&) {
+        return std::nullopt;
     }
-    if (!complete) return;
-
-    const double absMax = basic::toDouble(row.absMax);
-    const double absMin = basic::toDouble(row.absMin);
-    const double max = basic::toDouble(row.max);
-    const double min = basic::toDouble(row.min);
-    // Turned round, so that what is no number counts as wrong too.
-    if (!(min <= max))
-        findings.add(where, "Min " + plainText(row.min) + " is above Max " + plainText(row.max));
-    if (!(absMin <= absMax))
-        findings.add(
-            where, "abs_min " + plainText(row.absMin) + " is above abs_max " + plainText(row.absMax));
-    if (!(max <= absMax))
-        findings.add(where, "Max " + plainText(row.max) + " is above abs_max " + plainText(row.absMax));
-    if (!(min >= absMin))
-        findings.add(where, "Min " + plainText(row.min) + " is below abs_min " + plainText(row.absMin));
-    const double level = basic::toDouble(row.pass);
-    if (!(level >= 0 && level <= highestLevel))
-        findings.add(where, "there is no access level " + plainText(row.pass));
 }
 
+std::optional<std::int16_t> integerOf(const basic::Variant& value)
+{
+    try {
+        return basic::toInt16(value);
+    } catch (const basic::Error&) {
+        return std::nullopt;
+    }
+}
+
+// One row and what is wrong with it.
+class RowCheck {
+public:
+    RowCheck(const DefinitionRow& row, std::string where, Findings& findings)
+        : row_{row}
+        , where_{std::move(where)}
+        , findings_{findings}
+    {
+    }
+
+    void run()
+    {
+        for (std::size_t column = 0; column < csvColumns.size(); ++column)
+            if (valueOf(row_, column).holds<basic::Null>())
+                findings_.add(where_, std::string{csvColumns[column]} + " has no value");
+        checkLimits();
+        const auto element = integer("offset_or_bitno", row_.element);
+        const std::optional<ServoParameter> parameter = servoParameter(plainText(row_.variable));
+        if (element && parameter && (*element < 0 || *element >= parameter->elements))
+            findings_.add(where_,
+                std::string{parameter->family} + " has elements 0 to "
+                    + std::to_string(parameter->elements - 1) + " only");
+        const auto level = integer("Pass", row_.pass);
+        if (level && (*level < 0 || *level > highestLevel))
+            findings_.add(where_, "there is no access level " + shownText(row_.pass));
+    }
+
+private:
+    void checkLimits()
+    {
+        const auto absMax = limit("abs_max", row_.absMax);
+        const auto absMin = limit("abs_min", row_.absMin);
+        const auto max = limit("Max", row_.max);
+        const auto min = limit("Min", row_.min);
+        if (min && max && *min > *max)
+            findings_.add(where_, "Min " + shownText(row_.min) + " is above Max " + shownText(row_.max));
+        if (absMin && absMax && *absMin > *absMax)
+            findings_.add(
+                where_, "abs_min " + shownText(row_.absMin) + " is above abs_max " + shownText(row_.absMax));
+        if (max && absMax && *max > *absMax)
+            findings_.add(
+                where_, "Max " + shownText(row_.max) + " is above abs_max " + shownText(row_.absMax));
+        if (min && absMin && *min < *absMin)
+            findings_.add(
+                where_, "Min " + shownText(row_.min) + " is below abs_min " + shownText(row_.absMin));
+    }
+
+    std::optional<double> limit(const std::string& column, const basic::Variant& value)
+    {
+        const std::optional<double> limit = limitOf(value);
+        if (!limit && !value.holds<basic::Null>())
+            findings_.add(where_, column + " '" + shownText(value) + "' is no finite number");
+        return limit;
+    }
+    std::optional<std::int16_t> integer(const std::string& column, const basic::Variant& value)
+    {
+        const std::optional<std::int16_t> integer = integerOf(value);
+        if (!integer && !value.holds<basic::Null>())
+            findings_.add(where_, column + " '" + shownText(value) + "' is no number of 16 bits");
+        return integer;
+    }
+
+    const DefinitionRow& row_;
+    std::string where_;
+    Findings& findings_;
+};
+
+// The panel reads the rows of its own machine type, then finds variables without regard to case.
 void checkDuplicates(const std::vector<DefinitionRow>& rows, Findings& findings)
 {
-    std::map<std::string, std::size_t> first;
+    std::map<std::tuple<std::string, std::string, std::int16_t>, std::size_t> earlier;
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        const auto [earlier, isNew] = first.try_emplace(keyOf(rows[i]), i);
-        if (!isNew)
-            findings.add(
-                placeOf(rows[i], i), "defined in row " + std::to_string(earlier->second + 1) + " already");
+        const std::optional<std::int16_t> element = integerOf(rows[i].element);
+        if (!element) continue;
+        const std::string variable = plainText(rows[i].variable);
+        const auto [other, isNew] = earlier.try_emplace(
+            std::tuple{plainText(rows[i].machineType), basic::upperCase(variable), *element}, i);
+        if (isNew) continue;
+        const bool sameCase = plainText(rows[other->second].variable) == variable;
+        findings.add(placeOf(rows[i], i),
+            "defined in row " + std::to_string(other->second + 1) + " already"
+                + (sameCase ? "" : ", in other letter case") + "; the last one counts");
     }
 }
 
 void checkProject(const std::vector<DefinitionRow>& rows, const std::string& project, Findings& findings)
 {
-    const std::vector<ServoName> list = configuredServos(project);
-    const std::set<ServoName> servos{list.begin(), list.end()};
+    std::map<ServoName, ServoName> servos; // the names in capitals lead to those of the project
+    for (const ServoName& servo : configuredServos(project))
+        servos.emplace(ServoName{basic::upperCase(servo.machine), servo.number}, servo);
     std::set<ServoName> defined;
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        const std::string variable = plainText(rows[i].variable);
-        const std::optional<ServoName> servo = servoOf(variable);
-        if (!servo)
+        const std::optional<ServoParameter> parameter = servoParameter(plainText(rows[i].variable));
+        if (!parameter) {
             findings.add(placeOf(rows[i], i), "the variable is no parameter of a servo");
-        else if (!servos.contains(*servo))
+            continue;
+        }
+        const auto servo = servos.find(parameter->servo);
+        if (servo == servos.end())
             findings.add(placeOf(rows[i], i),
-                "the project has no servo " + servo->number + " of machine " + servo->machine);
-        else if (servo->machine != plainText(rows[i].machineType))
-            findings.add(placeOf(rows[i], i), "the variable belongs to machine " + servo->machine);
+                "the project has no servo " + parameter->servo.number + " of machine "
+                    + parameter->servo.machine);
+        else if (servo->second.machine != plainText(rows[i].machineType))
+            findings.add(placeOf(rows[i], i), "the variable belongs to machine " + servo->second.machine);
         else
-            defined.insert(*servo);
+            defined.insert(servo->first);
     }
-    for (const ServoName& servo : servos)
-        if (!defined.contains(servo))
+    for (const auto& [key, servo] : servos)
+        if (!defined.contains(key))
             findings.add("servo " + servo.number + " of machine " + servo.machine, "has no definitions");
 }
 
@@ -104,15 +178,16 @@ void checkProject(const std::vector<DefinitionRow>& rows, const std::string& pro
 Result checkDefinitions(const Arguments& arguments, ToolOutput& output)
 {
     const CommandLine line{arguments, {{"--project", true}}, 1, 1};
-    const std::vector<DefinitionRow> rows = loadDefinitions(line.plain()[0]);
-    Findings findings{output.text};
+    const std::vector<DefinitionRow> rows = loadDefinitions(line.plain()[0]).rows;
+    std::string text;
+    Findings findings{text};
     for (std::size_t i = 0; i < rows.size(); ++i)
-        checkValues(rows[i], placeOf(rows[i], i), findings);
+        RowCheck{rows[i], placeOf(rows[i], i), findings}.run();
     checkDuplicates(rows, findings);
     if (const std::optional<std::string> project = line.value("--project"))
         checkProject(rows, *project, findings);
-    output.text +=
-        std::to_string(rows.size()) + " definitions, " + std::to_string(findings.count()) + " findings\n";
+    output.text = text + std::to_string(rows.size()) + " definitions, " + std::to_string(findings.count())
+        + " findings\n";
     return findings.count() == 0 ? Result::Good : Result::Findings;
 }
 

@@ -11,7 +11,7 @@ CommandLine::CommandLine(const std::vector<std::string>& arguments, const std::v
 {
     bool onlyPlain = false;
     for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
-        if (onlyPlain || argument->substr(0, 2) != "--") {
+        if (onlyPlain || argument->size() < 2 || argument->front() != '-') {
             plain_.push_back(*argument);
             continue;
         }

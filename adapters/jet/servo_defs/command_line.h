@@ -13,8 +13,8 @@ enum class Result {
     Failed = 2,
 };
 
-// The arguments of a command, split into those that stand by themselves and options. An option that takes a value gets
-// the argument that follows.
+// The arguments of a command, split into those that stand by themselves and options, which begin with "-". An option that
+// takes a value gets the argument that follows. Behind "--" there are no options.
 class CommandLine {
 public:
     struct Option {

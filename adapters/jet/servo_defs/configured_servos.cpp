@@ -4,73 +4,92 @@
 #include "basic/text.h"
 #include "jet/jet_error.h"
 #include "machine/project_file.h"
-#include "portable/portable_profile.h"
+#include "portable/path_mapping.h"
+#include "portable/profile_text.h"
+#include "portable/text_decoding.h"
+#include "portable/text_reading.h"
 
-#include <algorithm>
-#include <array>
+#include <optional>
+#include <string_view>
 
 namespace servopanel::jet {
 
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr std::string_view profile = "Parameter\\Program.ini";
 constexpr std::string_view designationPrefix = "parameter<.maschinenbez_";
 constexpr int mostServos = 50;
-constexpr std::array<std::string_view, 4> families{
-    "_servo_para_", "_servo_para2_", "_servo_schalt_", "_servo_zeich_"};
 
-bool startsWith(std::string_view text, std::string_view start)
+[[noreturn]] void refuse(const fs::path& file, const std::string& what)
 {
-    return text.substr(0, start.size()) == start;
+    raise(JetError::CannotOpen, "'" + file.string() + "': " + what);
 }
 
-std::string variableName(const ServoName& servo, std::string_view family)
+struct Machine {
+    std::string number; // "2" of "parameter<.maschinenbez_2>"
+    std::string designation;
+};
+
+std::vector<Machine> machinesOf(const fs::path& description)
 {
-    return "Ch1." + servo.machine + "_T_servo_" + servo.number + "<.m" + servo.machine + std::string{family}
-    + servo.number + ">";
+    if (std::error_code code; !fs::is_regular_file(description, code))
+        refuse(description, "there is no such file");
+    const machine::ProjectFile project = machine::ProjectFile::load(description);
+    if (!project.problems.empty()) {
+        const machine::Problem& first = project.problems.front();
+        refuse(description, first.place.empty() ? first.reason : first.place + ": " + first.reason);
+    }
+    std::vector<Machine> machines;
+    for (const auto& variable : project.variables) {
+        const std::string_view name = variable.name;
+        if (name.substr(0, designationPrefix.size()) != designationPrefix || name.back() != '>') continue;
+        const std::string_view number = name.substr(designationPrefix.size());
+        try {
+            machines.push_back(
+                {std::string{number.substr(0, number.size() - 1)}, basic::toText(variable.value)});
+        } catch (const basic::Error&) {
+            refuse(description, "/variables/" + variable.name + ": it is no designation of a machine");
+        }
+    }
+    if (machines.empty())
+        refuse(description,
+            "no machine has a designation (variables " + std::string{designationPrefix} + "...>)");
+    return machines;
+}
+
+std::int16_t servoNumber(
+    const fs::path& file, const std::string& section, const std::string& entry, const std::string& text)
+{
+    try {
+        return basic::roundToInt16(basic::Val(text));
+    } catch (const basic::Error&) {
+        refuse(file, "[" + section + "] " + entry + ": '" + text + "' is no number of a servo");
+    }
 }
 
 } // namespace
 
-std::vector<ServoName> configuredServos(const std::filesystem::path& project)
+std::vector<ServoName> configuredServos(const fs::path& project)
 {
-    const std::filesystem::path description = project / "project.json";
-    if (std::error_code code; !std::filesystem::is_regular_file(description, code))
-        raise(JetError::FileNotFound, "'" + description.string() + "': there is no such file");
-    const portable::PathMapping mapping{project};
-    portable::PortableProfile entries{mapping};
+    const std::vector<Machine> machines = machinesOf(project / "project.json");
+    const fs::path file = portable::PathMapping{project}.resolve(profile);
+    const portable::FileBytes content = portable::readFile(file, file.string());
+    if (content.failure) throw *content.failure;
+    const std::vector<std::string> lines = portable::decodeLines(content.bytes);
 
     std::vector<ServoName> servos;
-    for (const auto& variable : machine::ProjectFile::load(description).variables) {
-        if (!startsWith(variable.name, designationPrefix) || !variable.value.holds<std::string>()) continue;
-        std::string machine = variable.name.substr(designationPrefix.size());
-        if (!machine.empty()) machine.pop_back(); // the closing bracket
+    for (const Machine& machine : machines) {
+        const std::string section = machine.number + "Machine";
         for (int i = 1; i <= mostServos; ++i) {
-            const auto number = entries.text(profile, machine + "Machine", "Servo" + std::to_string(i));
-            const std::int16_t servo = number ? basic::roundToInt16(basic::Val(*number)) : std::int16_t{0};
-            if (servo != 0)
-                servos.push_back({*variable.value.get<std::string>(), basic::decimal(std::int32_t{servo})});
+            const std::string entry = "Servo" + std::to_string(i);
+            const std::optional<std::string> text = portable::profileLookUp(lines, section, entry);
+            const std::int16_t number = text ? servoNumber(file, section, entry, *text) : std::int16_t{0};
+            if (number != 0) servos.push_back({machine.designation, basic::decimal(std::int32_t{number})});
         }
     }
     return servos;
-}
-
-std::optional<ServoName> servoOf(std::string_view variable)
-{
-    constexpr std::string_view start = "Ch1.";
-    constexpr std::string_view middle = "_T_servo_";
-    const std::size_t machineEnd = variable.find(middle);
-    const std::size_t numberEnd = variable.find("<.m");
-    if (!startsWith(variable, start) || machineEnd == std::string_view::npos
-        || numberEnd == std::string_view::npos || numberEnd < machineEnd + middle.size())
-        return std::nullopt;
-    const std::size_t numberStart = machineEnd + middle.size();
-    const ServoName servo{std::string{variable.substr(start.size(), machineEnd - start.size())},
-        std::string{variable.substr(numberStart, numberEnd - numberStart)}};
-    const bool known = std::any_of(families.begin(), families.end(),
-        [&](std::string_view family) { return variableName(servo, family) == variable; });
-    if (!known) return std::nullopt;
-    return servo;
 }
 
 } // namespace servopanel::jet

@@ -1,9 +1,7 @@
 #pragma once
 
 #include <filesystem>
-#include <optional>
 #include <string>
-#include <string_view>
 #include <tuple>
 #include <vector>
 
@@ -20,10 +18,8 @@ struct ServoName {
 };
 
 // The servos of all machines of a project folder: those of its Parameter/Program.ini, with the designations that its
-// project.json gives to the machines. Errors name the file.
+// project.json gives to the machines. Errors name the file, and the entry in it: a file is missing or broken, no
+// machine has a designation, a number is none.
 std::vector<ServoName> configuredServos(const std::filesystem::path& project);
-
-// The servo that a variable of parameters belongs to, by its name; nothing when it is no such variable.
-std::optional<ServoName> servoOf(std::string_view variable);
 
 } // namespace servopanel::jet

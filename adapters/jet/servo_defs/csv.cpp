@@ -93,12 +93,23 @@ private:
     std::size_t number_ = 1;
 };
 
+// No character of several bytes has a line feed in it, so each line can be looked at by itself.
+void requireUtf8(std::string_view text)
+{
+    for (std::size_t number = 1; !text.empty(); ++number) {
+        const std::size_t end = text.find('\n');
+        if (!portable::isUtf8(text.substr(0, end))) refuse(number, "it is not UTF-8");
+        if (end == std::string_view::npos) return;
+        text.remove_prefix(end + 1);
+    }
+}
+
 // What begins like a formula behind any number of apostrophes.
 bool isFormula(std::string_view text)
 {
     const std::size_t at = text.find_first_not_of('\'');
     return at != std::string_view::npos
-        && std::string_view{"=+-@\t\r"}.find(text[at]) != std::string_view::npos;
+        && std::string_view{"=+-@\t\r\n"}.find(text[at]) != std::string_view::npos;
 }
 
 } // namespace
@@ -106,7 +117,7 @@ bool isFormula(std::string_view text)
 std::vector<CsvLine> parseCsv(std::string_view text)
 {
     if (text.substr(0, byteOrderMark.size()) == byteOrderMark) text.remove_prefix(byteOrderMark.size());
-    if (!portable::isUtf8(text)) raise(JetError::TypeMismatch, "it is not UTF-8");
+    requireUtf8(text);
     return Parser{text}.lines();
 }
 

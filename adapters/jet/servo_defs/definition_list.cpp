@@ -3,12 +3,14 @@
 #include "basic/conversions.h"
 #include "jet/definition_table.h"
 #include "jet/disk_file.h"
+#include "jet/file_kind.h"
 #include "jet/names.h"
 #include "jet/servo_defs/csv.h"
+#include "jet/servo_defs/named_errors.h"
 
 #include <algorithm>
-#include <bit>
 #include <charconv>
+#include <cmath>
 #include <optional>
 
 namespace servopanel::jet {
@@ -45,11 +47,12 @@ template <class T>
 T parsed(std::string_view text, std::string_view column)
 {
     std::string_view digits = text;
-    if (digits.substr(0, 1) == "+") digits.remove_prefix(1);
+    if (digits.substr(0, 1) == "+" && digits.substr(1, 1) != "-") digits.remove_prefix(1);
     T number{};
     const char* end = digits.data() + digits.size();
     const auto result = std::from_chars(digits.data(), end, number);
-    if (digits.empty() || result.ec != std::errc{} || result.ptr != end)
+    const bool isWhole = result.ec == std::errc{} && result.ptr == end;
+    if (!isWhole || !std::isfinite(static_cast<double>(number)))
         raise(JetError::TypeMismatch,
             "'" + std::string{text} + "' cannot be a value of column '" + std::string{column} + "'");
     return number;
@@ -90,23 +93,7 @@ std::array<std::size_t, csvColumns.size()> positionsOf(const CsvLine& header)
     return positions;
 }
 
-// Puts the number of the line into the errors of an action.
-template <class F>
-auto atLine(const CsvLine& line, F action)
-{
-    try {
-        return action();
-    } catch (const basic::Error& error) {
-        throw basic::Error{
-            error.number, error.source, "line " + std::to_string(line.number) + ": " + error.description};
-    }
-}
-
-bool isDatabase(ByteView bytes)
-{
-    constexpr std::uint8_t start[]{0, 1, 0, 0};
-    return bytes.size() >= std::size(start) && std::equal(std::begin(start), std::end(start), bytes.begin());
-}
+std::string lineName(std::size_t number) { return "line " + std::to_string(number); }
 
 } // namespace
 
@@ -136,15 +123,23 @@ std::vector<DefinitionRow> definitionsOf(const Table& table)
     return rows;
 }
 
-std::vector<DefinitionRow> loadDefinitions(const std::filesystem::path& file)
+std::string DefinitionList::placeOf(std::size_t row) const
 {
-    try {
+    return lines.empty() ? "row " + std::to_string(row + 1) : lineName(lines[row]);
+}
+
+DefinitionList loadDefinitions(const std::filesystem::path& file)
+{
+    return atFile(file.string(), [&]() -> DefinitionList {
         const DiskFile content = readFile(file);
-        if (isDatabase(content.bytes)) return definitionsOf(readDefinitions(FileImage{content.bytes}));
-        return fromCsv({reinterpret_cast<const char*>(content.bytes.data()), content.bytes.size()});
-    } catch (const basic::Error& error) {
-        throw named(error, file.string());
-    }
+        switch (kindOf(content.bytes)) {
+        case FileKind::Database: return {definitionsOf(readDefinitions(FileImage{content.bytes})), {}};
+        case FileKind::Text:
+            return fromCsv({reinterpret_cast<const char*>(content.bytes.data()), content.bytes.size()});
+        case FileKind::Empty: raise(JetError::UnknownFormat, "it is empty");
+        default: raise(JetError::UnknownFormat, "it is neither a Jet database nor a CSV file in UTF-8");
+        }
+    });
 }
 
 std::string toCsv(const std::vector<DefinitionRow>& rows)
@@ -165,14 +160,15 @@ std::string toCsv(const std::vector<DefinitionRow>& rows)
     return text;
 }
 
-std::vector<DefinitionRow> fromCsv(std::string_view text)
+DefinitionList fromCsv(std::string_view text)
 {
     const std::vector<CsvLine> lines = parseCsv(text);
     if (lines.empty()) raise(JetError::TypeMismatch, "it is empty; the first line has to name the columns");
-    const auto positions = atLine(lines.front(), [&] { return positionsOf(lines.front()); });
-    std::vector<DefinitionRow> rows;
-    for (auto line = lines.begin() + 1; line != lines.end(); ++line)
-        rows.push_back(atLine(*line, [&] {
+    const auto positions =
+        atPlace(lineName(lines.front().number), [&] { return positionsOf(lines.front()); });
+    DefinitionList list;
+    for (auto line = lines.begin() + 1; line != lines.end(); ++line) {
+        list.rows.push_back(atPlace(lineName(line->number), [&] {
             if (line->cells.size() != csvColumns.size())
                 raise(
                     JetError::TypeMismatch, "it has " + std::to_string(line->cells.size()) + " cells, not 8");
@@ -181,7 +177,9 @@ std::vector<DefinitionRow> fromCsv(std::string_view text)
                 valueOf(row, column) = cellValue(line->cells[positions[column]], column);
             return row;
         }));
-    return rows;
+        list.lines.push_back(line->number);
+    }
+    return list;
 }
 
 std::string plainText(const basic::Variant& value)
@@ -194,23 +192,35 @@ std::string plainText(const basic::Variant& value)
     return basic::toText(value);
 }
 
-bool sameValue(const basic::Variant& left, const basic::Variant& right)
+std::string shownText(const basic::Variant& value)
 {
-    const auto* a = left.get<double>();
-    const auto* b = right.get<double>();
-    if (a && b) return std::bit_cast<std::uint64_t>(*a) == std::bit_cast<std::uint64_t>(*b);
-    if (left.type() == right.type() || left.holds<basic::Null>() || right.holds<basic::Null>())
-        return left == right;
-    try {
-        return left == basic::convert(right, left.type());
-    } catch (const basic::Error&) {
-        return false;
+    if (value.holds<basic::Null>()) return "-";
+    constexpr char digits[] = "0123456789ABCDEF";
+    std::string shown;
+    for (const char c : plainText(value)) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (c == '\n')
+            shown += "\\n";
+        else if (c == '\r')
+            shown += "\\r";
+        else if (c == '\t')
+            shown += "\\t";
+        else if (byte < 0x20 || byte == 0x7F)
+            shown += std::string{"\\x"} + digits[byte / 16] + digits[byte % 16];
+        else
+            shown += c;
     }
+    return shown;
 }
 
-std::string keyOf(const DefinitionRow& row)
+DefinitionKey keyOf(const DefinitionRow& row)
 {
-    return plainText(row.machineType) + ", " + plainText(row.variable) + ", " + plainText(row.element);
+    return {plainText(row.machineType), plainText(row.variable), plainText(row.element)};
+}
+
+std::string nameOf(const DefinitionRow& row)
+{
+    return shownText(row.machineType) + ", " + shownText(row.variable) + ", " + shownText(row.element);
 }
 
 } // namespace servopanel::jet

@@ -1,5 +1,8 @@
 #include "jet/servo_defs/differences.h"
 
+#include "basic/conversions.h"
+#include "basic/error.h"
+#include "jet/same_value.h"
 #include "jet/servo_defs/definition_list.h"
 
 #include <deque>
@@ -11,12 +14,24 @@ namespace {
 
 constexpr std::size_t firstNumber = 2; // position in csvColumns behind the two names
 
+// Whether the second value is the first one when it is stored in its column.
+bool sameInColumn(const basic::Variant& left, const basic::Variant& right)
+{
+    if (left.type() == right.type() || left.holds<basic::Null>() || right.holds<basic::Null>())
+        return sameValue(left, right);
+    try {
+        return sameValue(left, basic::convert(right, left.type()));
+    } catch (const basic::Error&) {
+        return false;
+    }
+}
+
 } // namespace
 
 std::vector<Difference> differences(
     const std::vector<DefinitionRow>& left, const std::vector<DefinitionRow>& right)
 {
-    std::map<std::string, std::deque<std::size_t>> waiting;
+    std::map<DefinitionKey, std::deque<std::size_t>> waiting;
     for (std::size_t i = 0; i < right.size(); ++i)
         waiting[keyOf(right[i])].push_back(i);
 
@@ -33,7 +48,7 @@ std::vector<Difference> differences(
         met[other] = true;
         // The names are the same, but for no text and an empty one, which spreadsheets do not tell apart.
         for (std::size_t column = firstNumber; column < csvColumns.size(); ++column)
-            if (!sameValue(valueOf(left[i], column), valueOf(right[other], column)))
+            if (!sameInColumn(valueOf(left[i], column), valueOf(right[other], column)))
                 found.push_back({Difference::Kind::Value, i, other, column});
     }
     for (std::size_t i = 0; i < right.size(); ++i)
@@ -45,15 +60,15 @@ std::string describe(const std::vector<Difference>& found, const std::vector<Def
     const std::vector<DefinitionRow>& right)
 {
     const auto shown = [](const basic::Variant& value) {
-        return value.holds<basic::Null>() ? std::string{"(none)"} : plainText(value);
+        return value.holds<basic::Null>() ? std::string{"(none)"} : shownText(value);
     };
     std::string text;
     for (const Difference& difference : found) {
         switch (difference.kind) {
-        case Difference::Kind::OnlyLeft: text += "- " + keyOf(left[*difference.left]) + '\n'; break;
-        case Difference::Kind::OnlyRight: text += "+ " + keyOf(right[*difference.right]) + '\n'; break;
+        case Difference::Kind::OnlyLeft: text += "- " + nameOf(left[*difference.left]) + '\n'; break;
+        case Difference::Kind::OnlyRight: text += "+ " + nameOf(right[*difference.right]) + '\n'; break;
         case Difference::Kind::Value:
-            text += keyOf(left[*difference.left]) + ": " + std::string{csvColumns[difference.column]} + ' '
+            text += nameOf(left[*difference.left]) + ": " + std::string{csvColumns[difference.column]} + ' '
                 + shown(valueOf(left[*difference.left], difference.column)) + " -> "
                 + shown(valueOf(right[*difference.right], difference.column)) + '\n';
         }

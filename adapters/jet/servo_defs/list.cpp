@@ -1,10 +1,40 @@
+#include "basic/conversions.h"
+#include "basic/error.h"
 #include "basic/text.h"
 #include "jet/servo_defs/commands.h"
 #include "jet/servo_defs/definition_list.h"
 
 #include <algorithm>
+#include <limits>
+#include <tuple>
 
 namespace servopanel::jet {
+
+namespace {
+
+// For sorting; what is no number comes first.
+double elementOf(const DefinitionRow& row)
+{
+    try {
+        return basic::toDouble(row.element);
+    } catch (const basic::Error&) {
+        return -std::numeric_limits<double>::infinity();
+    }
+}
+
+std::string variableLine(const DefinitionRow& row)
+{
+    return shownText(row.machineType) + "  " + shownText(row.variable) + '\n';
+}
+
+std::string valuesLine(const DefinitionRow& row)
+{
+    return "  element " + shownText(row.element) + ": " + shownText(row.min) + " to " + shownText(row.max)
+        + " (absolute " + shownText(row.absMin) + " to " + shownText(row.absMax) + "), level "
+        + shownText(row.pass) + '\n';
+}
+
+} // namespace
 
 Result listDefinitions(const Arguments& arguments, ToolOutput& output)
 {
@@ -12,7 +42,7 @@ Result listDefinitions(const Arguments& arguments, ToolOutput& output)
     const std::optional<std::string> machine = line.value("--machine");
     const std::optional<std::string> variable = line.value("--variable");
 
-    std::vector<DefinitionRow> rows = loadDefinitions(line.plain()[0]);
+    std::vector<DefinitionRow> rows = loadDefinitions(line.plain()[0]).rows;
     const auto unwanted = [&](const DefinitionRow& row) {
         if (machine && plainText(row.machineType) != *machine) return true;
         return variable
@@ -21,18 +51,19 @@ Result listDefinitions(const Arguments& arguments, ToolOutput& output)
     };
     rows.erase(std::remove_if(rows.begin(), rows.end(), unwanted), rows.end());
     std::stable_sort(rows.begin(), rows.end(), [](const DefinitionRow& left, const DefinitionRow& right) {
-        return plainText(left.machineType) < plainText(right.machineType);
+        const auto order = [](const DefinitionRow& row) {
+            return std::tuple{plainText(row.machineType), plainText(row.variable), elementOf(row)};
+        };
+        return order(left) < order(right);
     });
 
-    // The names once for all rows that follow each other, then one line a row.
+    // The names once for all rows of a variable, then one line a row.
     std::string names;
     for (const DefinitionRow& row : rows) {
-        const std::string own = plainText(row.machineType) + "  " + plainText(row.variable);
-        if (own != names) output.text += own + '\n';
+        const std::string own = variableLine(row);
+        if (own != names) output.text += own;
         names = own;
-        output.text += "  element " + plainText(row.element) + ": " + plainText(row.min) + " to "
-            + plainText(row.max) + " (absolute " + plainText(row.absMin) + " to " + plainText(row.absMax)
-            + "), level " + plainText(row.pass) + '\n';
+        output.text += valuesLine(row);
     }
     output.text += std::to_string(rows.size()) + (rows.size() == 1 ? " definition\n" : " definitions\n");
     return Result::Good;
