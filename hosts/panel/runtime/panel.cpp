@@ -4,7 +4,6 @@
 #include "panel/form/fusszeile.h"
 #include "panel/form/vws_index.h"
 #include "panel/form/vws_var.h"
-#include "panel/pictures/picture_file.h"
 #include "panel/window/other_screen.h"
 #include "platform/ids.h"
 
@@ -19,6 +18,9 @@ constexpr std::string_view resolutionVariable = "parameter<.aufloesung>";
 constexpr std::string_view levelVariable = "Ch-1.intern<.passwort>";
 constexpr std::string_view machineVariable = "Ch-1.intern<.aktuelle_maschine>";
 constexpr std::string_view designationVariable = "parameter<.maschinenbez_";
+
+// Metafiles for keys are drawn larger than any key and averaged down, so that they are sharp at each size.
+constexpr int keyPictureSide = 512;
 
 QString toQt(std::string_view text)
 {
@@ -240,14 +242,13 @@ QString Panel::word(PanelText text)
 QImage Panel::picture(std::string_view name)
 {
     const std::string key{name};
-    if (const auto cached = pictureCache_.find(key); cached != pictureCache_.end()) return cached->second;
     try {
         const std::optional<std::filesystem::path> file = mapping_.find(name);
         if (!file) {
             note("'" + key + "': no such file");
             return {};
         }
-        return pictureCache_[key] = loadPicture(*file, key);
+        return pictureCache_.load(*file, key, keyPictureSide);
     } catch (const basic::Error& error) {
         note(error.description);
         return {};

@@ -15,7 +15,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -101,12 +100,12 @@ private:
     PanelWindow window_;
     ErrorList errors_;
     std::unique_ptr<MachineRunner> machine_;
-    std::map<std::string, QImage> pictureCache_;
+    PictureCache pictureCache_;
     std::set<std::string> noted_;
 
     portable::PortableFiles files_{mapping_};
     portable::PortableProfile profile_{mapping_};
-    PanelPictures pictures_{mapping_};
+    PanelPictures pictures_{mapping_, pictureCache_};
     PanelMessages messages_;
     PanelSurroundings surroundings_{portable::PortableSurroundings::Settings{}};
     PanelObjects objects_;
