@@ -22,6 +22,8 @@ int decimalsOf(const std::string& text)
     return static_cast<int>(text.size() - point - 1);
 }
 
+} // namespace
+
 bool isNumber(const Variant& value)
 {
     switch (value.type()) {
@@ -34,8 +36,6 @@ bool isNumber(const Variant& value)
     default: return false;
     }
 }
-
-} // namespace
 
 QString valueText(const Variant& value)
 {

@@ -37,6 +37,12 @@ constexpr std::array words{
     Word{PanelText::Back, "Panel.Back", "Zurück", "Back"},
     Word{PanelText::Screen, "Panel.Screen", "Bild", "Screen"},
     Word{PanelText::Message, "Panel.Message", "Hinweis", "Message"},
+    Word{PanelText::Trend, "Panel.Trend", "Verlauf", "Trend"},
+    Word{PanelText::TrendShared, "Panel.TrendShared", "Eine Skala", "One scale"},
+    Word{PanelText::TrendFreeze, "Panel.TrendFreeze", "Anhalten", "Freeze"},
+    Word{PanelText::TrendContinue, "Panel.TrendContinue", "Weiter", "Continue"},
+    Word{PanelText::TrendAdd, "Panel.TrendAdd", "Weiteren Wert antippen", "Touch a value to add it"},
+    Word{PanelText::TrendFull, "Panel.TrendFull", "höchstens vier Werte", "four values at most"},
 };
 
 const Word& word(PanelText text)

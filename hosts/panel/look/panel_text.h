@@ -31,6 +31,12 @@ enum class PanelText {
     Back,
     Screen,
     Message,
+    Trend,
+    TrendShared,
+    TrendFreeze,
+    TrendContinue,
+    TrendAdd,
+    TrendFull,
 };
 
 // "Panel.Ok" and so on.

@@ -4,6 +4,7 @@
 #include "panel/form/fusszeile.h"
 #include "panel/form/vws_index.h"
 #include "panel/form/vws_var.h"
+#include "panel/trends/observed_variables.h"
 #include "panel/window/other_screen.h"
 #include "platform/ids.h"
 
@@ -69,8 +70,11 @@ Panel::Panel(PanelSettings settings)
     , languages_{settings_.project, file_}
     , window_{stageSize(settings_.resolution.value_or(file_.resolution)), settings_.zoom}
     , errors_{window_.stage(), [this](PanelText text) { return word(text); }}
+    , trends_{window_.stage(), [this](std::string_view name) { return variables_->ReadValue(name); },
+          [this](PanelText text) { return word(text); }, [this] { return mayShowTrends(); }}
     , messages_{window_.stage(), gate_, [this](PanelText text) { return word(text); }}
-    , objects_{{variables_,
+    , objects_{{std::make_shared<ObservedVariables>(variables_,
+                    [this](std::string_view name, const Variant* value) { trends_.seen(name, value); }),
           std::make_shared<PanelPathHelper>(mapping_, file_.input,
               [this](std::int16_t number) { gate_.later([this, number] { openScreen(number); }); }),
           errors_, makeDatabase()}}
@@ -171,6 +175,7 @@ void Panel::openServo()
     servo_->put(names::Visible, {}, Variant{true});
     window_.showScreen(servo_->view());
     placeErrorKey();
+    if (auto* page = dynamic_cast<ControlHost*>(servo_->find("ServoMain"))) trends_.watch(*page);
     operation("show");
     servo_->show();
 }
@@ -191,6 +196,7 @@ void Panel::closeScreen()
 {
     otherScreen_ = 0;
     window_.showNothing();
+    trends_.forget();
     if (!servo_) return;
     operation("terminate");
     servo_->terminate();
@@ -213,6 +219,19 @@ void Panel::openScreen(std::int16_t number)
     window_.showScreen(*screen);
 }
 
+// Whoever reads a message or enters a value is left in peace.
+bool Panel::mayShowTrends()
+{
+    if (gate_.isClosed()) return false;
+    ControlHost* part = shownPart();
+    if (part == nullptr) return false;
+    for (const std::string_view name : {"Eingabemaske", "IniEingabe"}) {
+        Child* mask = part->find(name);
+        if (mask != nullptr && isVisible(*mask)) return false;
+    }
+    return true;
+}
+
 ControlHost* Panel::shownPart()
 {
     if (!servo_) return nullptr;
@@ -226,6 +245,10 @@ ControlHost* Panel::shownPart()
 void Panel::pressKey(int number)
 {
     if (gate_.isClosed()) return;
+    if (number == 11 && trends_.isOpen()) {
+        trends_.close();
+        return;
+    }
     if (ControlHost* part = shownPart()) {
         if (auto* footer = dynamic_cast<FußzeileChild*>(part->find("Fußzeile"))) footer->press(number);
     } else if (otherScreen_ != 0 && number == 11) {
@@ -279,7 +302,9 @@ std::vector<HeaderLanguage> Panel::languages()
 
 void Panel::chooseLanguage(int number)
 {
-    if (languages_.choose(static_cast<std::int16_t>(number)) && servo_) servo_->languageChanged();
+    if (!languages_.choose(static_cast<std::int16_t>(number)) || !servo_) return;
+    servo_->languageChanged();
+    trends_.languageChanged();
 }
 
 HeaderTexts Panel::headerTexts()

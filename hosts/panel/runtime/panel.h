@@ -7,6 +7,7 @@
 #include "panel/runtime/languages.h"
 #include "panel/runtime/machine_runner.h"
 #include "panel/runtime/panel_services.h"
+#include "panel/trends/trends.h"
 #include "panel/window/panel_window.h"
 #include "portable/portable_files.h"
 #include "portable/portable_profile.h"
@@ -50,6 +51,7 @@ public:
     machine::VariableStore& variables() { return *variables_; }
     ErrorList& errors() { return errors_; }
     EventGate& gate() { return gate_; }
+    Trends& trends() { return trends_; }
     const machine::ProjectFile& project() const { return file_; }
 
     // Shows the screen with the Servo control, made anew.
@@ -90,6 +92,7 @@ private:
     MadeControl make(std::string_view className, const platform::ControlPlatform& platform);
     void openScreen(std::int16_t number);
     void placeErrorKey();
+    bool mayShowTrends();
 
     PanelSettings settings_;
     machine::ProjectFile file_;
@@ -99,6 +102,7 @@ private:
     EventGate gate_;
     PanelWindow window_;
     ErrorList errors_;
+    Trends trends_;
     std::unique_ptr<MachineRunner> machine_;
     PictureCache pictureCache_;
     std::set<std::string> noted_;
