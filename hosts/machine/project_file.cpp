@@ -20,10 +20,26 @@ using Need = JsonObject::Need;
 
 constexpr std::int64_t least16 = std::numeric_limits<std::int16_t>::min();
 constexpr std::int64_t largest16 = std::numeric_limits<std::int16_t>::max();
+constexpr double leastInches = 4; // no panel for fingers is smaller
+constexpr double mostInches = 100;
 
 void take(std::int16_t& field, std::optional<std::int64_t> value)
 {
     if (value) field = static_cast<std::int16_t>(*value);
+}
+
+void readScreen(JsonObject& object, ProjectFile& project, const std::string& file)
+{
+    const Json* const json = object.object("screen", Need::Optional);
+    if (!json) return;
+    JsonObject screen{*json, file, object.pathOf("screen"), project.problems};
+    if (const auto inches = screen.number("diagonal_inches", Need::Optional)) {
+        if (*inches >= leastInches && *inches <= mostInches)
+            project.diagonalInches = *inches;
+        else
+            screen.problem("diagonal_inches", "a panel's screen has 4 to 100 inches");
+    }
+    screen.finish();
 }
 
 void readSettings(JsonObject& object, ProjectFile& project)
@@ -125,6 +141,7 @@ ProjectFile ProjectFile::parse(std::string_view text, const std::string& file)
     if (json.is_null()) return project;
     JsonObject object{json, file, "", project.problems};
     readSettings(object, project);
+    readScreen(object, project, file);
     readLanguages(object, project, file);
     readVariables(object, project);
     readScreens(object, project);

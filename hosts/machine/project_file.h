@@ -34,6 +34,7 @@ struct ProjectFile {
 
     std::string title;
     int resolution = 1280; // pixels of width: 800, 1024 or 1280
+    std::optional<double> diagonalInches; // of the panel's screen; nothing: what is usual
     std::int16_t level = 0; // access level at start
     std::int16_t input = -1; // input permission, 0 is none
     std::int16_t language = 0; // number of the language at start; one of languages when there are any

@@ -128,6 +128,26 @@ TEST(ProjectFile, SaysWhatIsWrongWithAVariable)
         valueOf(R"({"type": "doubles", "value": 1})"), Variant("problem: this type takes a list of numbers"));
 }
 
+TEST(ProjectFile, TakesTheDiagonalOfTheScreenAndRefusesSenselessOnes)
+{
+    const auto parsed = [](const std::string& screen) {
+        return ProjectFile::parse("{\"variables\": {}, \"screen\": " + screen + "}", "project.json");
+    };
+    EXPECT_EQ(parsed(R"({"diagonal_inches": 12.1})").diagonalInches, 12.1);
+    EXPECT_EQ(parsed("{}").diagonalInches, std::nullopt);
+    EXPECT_EQ(problemsOf(parsed("{}")), Problems{});
+    for (const std::string number : {"0", "-15", "381"}) {
+        const ProjectFile project = parsed("{\"diagonal_inches\": " + number + "}");
+        EXPECT_EQ(project.diagonalInches, std::nullopt) << number;
+        EXPECT_EQ(problemsOf(project),
+            (Problems{"project.json: /screen/diagonal_inches: a panel's screen has 4 to 100 inches"}))
+            << number;
+    }
+    EXPECT_EQ(problemsOf(parsed(R"({"diagonal_inches": "15"})")),
+        (Problems{"project.json: /screen/diagonal_inches: must be a number"}));
+    EXPECT_EQ(problemsOf(parsed("15")), (Problems{"project.json: /screen: must be an object in braces"}));
+}
+
 TEST(ProjectFile, KeepsTheGoodPartsBesideBadOnes)
 {
     const ProjectFile project =
