@@ -53,10 +53,10 @@ public:
     {
         return panel_->shownPart()->require<panel::IniEingabeChild>("IniEingabe").editor();
     }
-    // The number of a row, which comes after its name.
+    // The number of a row.
     std::string number(panel::DefinitionEditor::Row row)
     {
-        return editor().rowKey(row).text().section(' ', -1).toStdString();
+        return editor().rowKey(row).value().toStdString();
     }
     std::string reports()
     {

@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include <optional>
+#include <string>
 
 using namespace servopanel::panel;
 
@@ -38,7 +39,8 @@ protected:
     }
 
     QWidget stage_;
-    InputMask& mask_ = *new InputMask{&stage_, [](PanelText text) { return panelWord(text, "en"); }};
+    std::string language_ = "en";
+    InputMask& mask_ = *new InputMask{&stage_, [this](PanelText text) { return panelWord(text, language_); }};
     std::optional<double> accepted_;
     bool changed_ = false;
     bool cancelled_ = false;
@@ -50,7 +52,7 @@ TEST_F(InputMaskTest, AcceptsAValueWithinTheLimits)
 {
     start(0.35, -2.0, 2.0);
     EXPECT_EQ(mask_.shown().trimmed(), "0.35 %");
-    EXPECT_EQ(mask_.remark(), "Min -2   …   Max 2");
+    EXPECT_EQ(mask_.limits(), "Min -2   …   Max 2");
     tap("1");
     tap(".");
     tap("5");
@@ -88,12 +90,102 @@ TEST_F(InputMaskTest, TellsThatAValueWasNotChanged)
     EXPECT_FALSE(changed_);
 }
 
-TEST_F(InputMaskTest, HasASignKeyOnlyWhereValuesBelowZeroAreAllowed)
+TEST_F(InputMaskTest, TheSignKeyIsOnOnlyWhereValuesBelowZeroAreAllowed)
 {
     start(7, 0.0, 10.0);
-    EXPECT_FALSE(mask_.pad().key("±")->isVisible());
+    EXPECT_FALSE(mask_.pad().key("±")->isOn());
+    tap("±");
+    QTest::keyClicks(&mask_, "-");
+    EXPECT_EQ(mask_.shown(), "7 %");
     start(7, -10.0, 10.0);
-    EXPECT_TRUE(mask_.pad().key("±")->isVisible());
+    EXPECT_TRUE(mask_.pad().key("±")->isOn());
+    tap("±");
+    EXPECT_EQ(mask_.shown(), "-7 %");
+}
+
+TEST_F(InputMaskTest, ShowsTheLimitsWhileItRefuses)
+{
+    start(0.35, -2.0, 2.0);
+    tap("3");
+    QTest::mouseClick(&mask_.okKey(), Qt::LeftButton);
+    EXPECT_TRUE(mask_.refusing());
+    EXPECT_EQ(mask_.limits(), "Min -2   …   Max 2");
+    const QImage refusing = mask_.grab().toImage();
+    tap("⌫");
+    EXPECT_FALSE(mask_.refusing());
+    EXPECT_EQ(mask_.remark(), "");
+    EXPECT_NE(mask_.grab().toImage(), refusing);
+}
+
+TEST_F(InputMaskTest, ThePointIsThatOfTheLanguageOnKeyAndDisplay)
+{
+    language_ = "de";
+    start(0.35, -2.5, 2.0);
+    EXPECT_EQ(mask_.pad().key(".")->text(), ",");
+    EXPECT_EQ(mask_.shown(), "0,35 %");
+    EXPECT_EQ(mask_.limits(), "Min -2,5   …   Max 2");
+    tap("1");
+    tap(".");
+    tap("5");
+    EXPECT_EQ(mask_.shown(), "1,5 %");
+    mask_.accept();
+    EXPECT_EQ(accepted_, 1.5);
+    language_ = "en";
+    mask_.languageChanged();
+    EXPECT_EQ(mask_.pad().key(".")->text(), ".");
+    EXPECT_EQ(mask_.shown(), "1.5 %");
+}
+
+TEST_F(InputMaskTest, TakesTheSignBeforeTheDigitsAsAKeyboardHasIt)
+{
+    start(320, -500.0, 500.0);
+    QTest::keyClicks(&mask_, "-12,5");
+    mask_.accept();
+    EXPECT_EQ(accepted_, -12.5);
+}
+
+TEST_F(InputMaskTest, TakesDigitsOfOtherScripts)
+{
+    start(320, 0.0, 500.0);
+    QTest::sendKeyEvent(QTest::Click, &mask_, Qt::Key_unknown, QStringLiteral("٤"), {});
+    QTest::sendKeyEvent(QTest::Click, &mask_, Qt::Key_unknown, QStringLiteral("٢"), {});
+    mask_.accept();
+    EXPECT_EQ(accepted_, 42.0);
+}
+
+TEST_F(InputMaskTest, ArrowsOfAKeyboardStepAndDeleteClears)
+{
+    start(1.5, 0.0, 10.0);
+    QTest::keyClick(&mask_, Qt::Key_Up);
+    EXPECT_EQ(mask_.shown(), "1.6 %");
+    QTest::keyClick(&mask_, Qt::Key_Down);
+    QTest::keyClick(&mask_, Qt::Key_Down);
+    EXPECT_EQ(mask_.shown(), "1.4 %");
+    QTest::keyClick(&mask_, Qt::Key_Delete);
+    EXPECT_EQ(mask_.shown(), " %");
+}
+
+TEST_F(InputMaskTest, AHeldReturnKeyAcceptsOnce)
+{
+    start(7, 0.0, 10.0);
+    QKeyEvent held{QEvent::KeyPress, Qt::Key_Return, {}, {}, true};
+    QCoreApplication::sendEvent(&mask_, &held);
+    EXPECT_FALSE(accepted_.has_value());
+}
+
+TEST_F(InputMaskTest, FromRightToLeftTheKeysChangeSidesAndTheDigitsDoNot)
+{
+    start(7, 0.0, 10.0);
+    const auto left = [&](const QString& name) { return mask_.pad().key(name)->x(); };
+    EXPECT_LT(mask_.cancelKey().x(), mask_.okKey().x());
+    EXPECT_GT(left("⌫"), left("9"));
+    stage_.setLayoutDirection(Qt::RightToLeft);
+    EXPECT_GT(mask_.cancelKey().x(), mask_.okKey().x());
+    EXPECT_LT(left("⌫"), left("7"));
+    EXPECT_LT(left("7"), left("8"));
+    EXPECT_LT(left("8"), left("9"));
+    stage_.setLayoutDirection(Qt::LeftToRight);
+    EXPECT_LT(mask_.cancelKey().x(), mask_.okKey().x());
 }
 
 TEST_F(InputMaskTest, TakesPointAndCommaFromAKeyboardAndReturnAndEscape)

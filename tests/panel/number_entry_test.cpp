@@ -112,6 +112,37 @@ TEST(NumberEntry, StepsInTheLastPlaceWithoutDrifting)
     EXPECT_EQ(whole.value(), 11.0);
 }
 
+TEST(NumberEntry, StepsInTheSmallestPlaceOfValueAndLimits)
+{
+    NumberEntry entry = started(2, 0.5, 5.0);
+    entry.step(1);
+    EXPECT_EQ(entry.value(), 2.1);
+    NumberEntry fine = started(2.35, 0.0, 5.0);
+    fine.step(10);
+    EXPECT_EQ(fine.value(), 2.45);
+    // What is typed may be finer still.
+    entry.clear();
+    type(entry, "1.125");
+    entry.step(-1);
+    EXPECT_EQ(entry.value(), 1.124);
+}
+
+TEST(NumberEntry, ASignBeforeTheFirstDigitBelongsToTheNewNumber)
+{
+    NumberEntry entry = started(320, -500.0, 500.0);
+    type(entry, "-5");
+    EXPECT_EQ(entry.value(), -5.0);
+    NumberEntry kept = started(320, -500.0, 500.0);
+    kept.sign();
+    EXPECT_EQ(kept.value(), -320.0);
+    NumberEntry negative = started(-4.5, -500.0, 500.0);
+    type(negative, "-6");
+    EXPECT_EQ(negative.value(), 6.0);
+    NumberEntry replaced = started(-4.5, -500.0, 500.0);
+    type(replaced, "6");
+    EXPECT_EQ(replaced.value(), 6.0);
+}
+
 TEST(NumberEntry, StepsStopAtTheLimits)
 {
     NumberEntry entry = started(9, 0.0, 10.0);

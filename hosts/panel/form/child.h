@@ -48,6 +48,11 @@ public:
 
     // The operator has chosen another language.
     virtual void languageChanged() { }
+    // For controls that show a value of the machine: whether it is the last known one only.
+    virtual void setStale(bool) { }
+    virtual bool isStale() const { return false; }
+    // Whether it holds a value of the operator that waits to be written.
+    virtual bool isChanged() const { return false; }
     // Width of a text in the control's font, pixels.
     int textWidth(const QString& text) const;
 

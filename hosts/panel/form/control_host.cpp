@@ -2,6 +2,8 @@
 
 #include "basic/conversions.h"
 #include "panel/form/replay_command.h"
+#include "panel/form/row_touch.h"
+#include "panel/form/schalter.h"
 #include "panel/form/text_child.h"
 #include "panel/form/vws_index.h"
 #include "panel/form/vws_var.h"
@@ -122,12 +124,64 @@ void ControlHost::languageChanged()
 
 bool ControlHost::deliver(ChildId id, std::string_view event, Args args)
 {
-    if (ended_ || !made_.control || surroundings_.gate.isClosed()) return false;
+    if (ended_ || !made_.control || !mayEnter(event)) return false;
+    if (deliverToRow(id, event, args)) return true;
     if (const std::optional<std::string> command = replayCommand(className(), id, event, args))
         services().operation(*command);
     if (event == "TasteClick") displaysStartAnew();
-    const EventGate::Entry entry{surroundings_.gate};
-    return made_.control->deliver(id, event, args);
+    services().eventBegins(*this, event, args);
+    bool isHandled = false;
+    {
+        using Kind = EventGate::Entry::Kind;
+        const EventGate::Entry entry{surroundings_.gate, event == "Timer" ? Kind::Refresh : Kind::Action};
+        isHandled = made_.control->deliver(id, event, args);
+    }
+    services().eventEnds(*this, event, args);
+    return isHandled;
+}
+
+// While a procedure lets events run, the only thing that may come in is scrolling on, which the library then takes up
+// itself. Everything else meant a screen that is just being left.
+bool ControlHost::mayEnter(std::string_view event) const
+{
+    const EventGate& gate = surroundings_.gate;
+    if (gate.isClosed()) return false;
+    return event == "NeuePos" || event == "Timer" || (!gate.isBusy() && !gate.touchIsLate());
+}
+
+// A touch beside an input: the library sees the touch on the input that it meant.
+bool ControlHost::deliverToRow(ChildId touched, std::string_view event, Args args)
+{
+    const bool isDown = event == "MouseDown";
+    if (className() != platform::classes::ServoMain || touched.name.empty()) return false;
+    if ((!isDown && event != "MouseUp") || args.size() < 4) return false;
+    const QPoint at{toPixels(basic::toSingle(args[2])), toPixels(basic::toSingle(args[3]))};
+    const std::optional<RowInput> input = inputInRow(*this, touched, at);
+    const std::optional<Key> begun = std::exchange(switchInTouch_, std::nullopt);
+    if (!input) return false;
+    const ChildId meant{input->name, input->index};
+    if (dynamic_cast<SchalterChild*>(find(input->name, input->index)) != nullptr) {
+        // Like the switch itself, it acts when the finger is lifted.
+        if (isDown) switchInTouch_ = Key{input->name, input->index};
+        if (!isDown && begun == Key{input->name, input->index}) deliver(meant, "SchalterGedrückt", {});
+        return true;
+    }
+    if (!isDown) return false;
+    const Variant values[]{
+        args[0], args[1], Variant{toTwips(input->at.x())}, Variant{toTwips(input->at.y())}};
+    return deliver(meant, event, values);
+}
+
+void ControlHost::showValueStates()
+{
+    for (const auto& [key, child] : children_) {
+        if (auto* host = dynamic_cast<ControlHost*>(child.get())) {
+            host->showValueStates();
+            continue;
+        }
+        const std::optional<ValueSource> source = valueSource(key.first, key.second);
+        if (source) child->setStale(services().isStale(*source));
+    }
 }
 
 // A key may bring another page or servo onto the same displays.

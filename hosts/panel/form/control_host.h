@@ -7,6 +7,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -53,6 +54,9 @@ public:
 
     void languageChanged() override;
 
+    // Shows which values are only the last known ones.
+    void showValueStates();
+
     // An event of a child, or of the control's own surface when the name is empty.
     bool deliver(platform::ChildId id, std::string_view event, platform::Args args);
 
@@ -92,12 +96,15 @@ private:
     Beside beside(const platform::Control& input);
     QString shownText(const std::string& name, std::int16_t index);
     void displaysStartAnew();
+    bool deliverToRow(platform::ChildId touched, std::string_view event, platform::Args args);
+    bool mayEnter(std::string_view event) const;
 
     FormSurroundings& surroundings_;
     MadeControl made_;
     std::map<Key, ChildRef> children_;
     std::map<std::string, Elements, std::less<>> arrays_;
     Owned owner_;
+    std::optional<Key> switchInTouch_; // whose row the finger came down on
     bool ended_ = false;
 };
 

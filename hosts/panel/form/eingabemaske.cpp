@@ -91,6 +91,9 @@ void EingabemaskeChild::cancelled()
     raise("Eingabefertig");
 }
 
-void EingabemaskeChild::languageChanged() { mask().update(); }
+void EingabemaskeChild::languageChanged()
+{
+    if (viewOrNull() != nullptr) mask().languageChanged();
+}
 
 } // namespace servopanel::panel

@@ -4,16 +4,26 @@
 
 namespace servopanel::panel {
 
-EventGate::Entry::Entry(EventGate& gate)
+EventGate::Entry::Entry(EventGate& gate, Kind kind)
     : gate_{gate}
 {
     ++gate_.running_;
+    if (kind == Kind::Action) gate_.acted_ = true;
 }
 
 EventGate::Entry::~Entry()
 {
     --gate_.running_;
-    if (!gate_.isBusy() && !gate_.tasks_.empty()) gate_.schedule();
+    if (gate_.isBusy()) return;
+    if (gate_.acted_ && gate_.stale_) gate_.stale_();
+    gate_.acted_ = false;
+    if (!gate_.tasks_.empty()) gate_.schedule();
+}
+
+void EventGate::close()
+{
+    ++closed_;
+    if (stale_) stale_();
 }
 
 void EventGate::later(std::function<void()> task)

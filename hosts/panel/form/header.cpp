@@ -6,18 +6,25 @@ HeaderChild::HeaderChild(QWidget* parent, Services& panel, HeaderSource& source)
     : Child{"Header", *new HeaderBar{parent}, panel}
     , source_{source}
 {
-    bar().setLanguages(source_.languages(), [this](int number) {
-        if (number == source_.language()) return;
-        source_.chooseLanguage(number);
-        raise("SpracheGeandert", {basic::Variant{static_cast<std::int16_t>(number)}});
-    });
+    bar().setLanguages(
+        source_.languages(),
+        [this](int number) {
+            if (number == source_.language() || !source_.isFree()) return;
+            source_.chooseLanguage(number);
+            raise("SpracheGeandert", {basic::Variant{static_cast<std::int16_t>(number)}});
+        },
+        [&panel](PanelText text) { return panel.word(text); });
+    bar().setClock([this] { return source_.now(); });
     bar().setLanguage(source_.language());
     bar().setTexts([this] { return source_.headerTexts(); });
 }
 
 HeaderChild::~HeaderChild()
 {
-    if (viewOrNull() != nullptr) bar().setTexts({});
+    if (viewOrNull() == nullptr) return;
+    bar().setTexts({});
+    bar().setArrangedHandler({});
+    bar().setClock([] { return QDateTime{}; });
 }
 
 void HeaderChild::languageChanged()

@@ -14,6 +14,10 @@ public:
     // Makes it the panel's language; every control shows its texts in it afterwards.
     virtual void chooseLanguage(int number) = 0;
     virtual HeaderTexts headerTexts() = 0;
+    // The wall clock, which may jump.
+    virtual QDateTime now() { return QDateTime::currentDateTime(); }
+    // Whether a language may be chosen now.
+    virtual bool isFree() { return true; }
 };
 
 // Title bar with language selection, class Header. A chosen language is the panel's before it is reported.

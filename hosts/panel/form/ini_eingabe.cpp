@@ -31,6 +31,11 @@ IniEingabeChild::IniEingabeChild(QWidget* parent, Services& panel)
         [this](const Definition& definition) { accepted(definition); }, [this] { cancelled(); });
 }
 
+void IniEingabeChild::languageChanged()
+{
+    if (open_ && viewOrNull() != nullptr) editor().languageChanged();
+}
+
 void IniEingabeChild::accepted(const Definition& definition)
 {
     if (!open_) return;

@@ -10,6 +10,7 @@ namespace servopanel::panel {
 class IniEingabeChild : public Child {
 public:
     IniEingabeChild(QWidget* parent, Services& services);
+    void languageChanged() override;
 
     DefinitionEditor& editor() { return static_cast<DefinitionEditor&>(view()); }
     bool isOpen() const { return open_; }

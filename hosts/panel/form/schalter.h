@@ -10,15 +10,22 @@ class SchalterChild : public Child {
 public:
     SchalterChild(QWidget* parent, Services& services);
     void languageChanged() override;
+    void setStale(bool stale) override;
+    bool isStale() const override { return stale_; }
+    bool isChanged() const override { return changed_; }
 
     SwitchView& lever() { return static_cast<SwitchView&>(view()); }
 
 private:
     void enabledChanged() override { adapt(); }
     void adapt();
+    void setState(const basic::Variant& state);
 
     basic::Variant state_{false}; // as it was put: Boolean or bit weight
     bool free_ = true;
+    bool isKnown_ = false; // the machine's state was put
+    bool changed_ = false; // the operator's state was put since
+    bool stale_ = false;
 };
 
 } // namespace servopanel::panel

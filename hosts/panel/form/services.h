@@ -1,7 +1,9 @@
 #pragma once
 
 #include "basic/variant.h"
+#include "panel/form/value_source.h"
 #include "panel/look/panel_text.h"
+#include "platform/member.h"
 
 #include <QImage>
 #include <QString>
@@ -17,6 +19,8 @@ struct LanguageFont {
     std::int16_t charset = 0;
     std::int16_t weight = 400;
 };
+
+class ControlHost;
 
 // What the controls of a form ask of the panel around them.
 class Services {
@@ -37,6 +41,13 @@ public:
 
     // What a control did by itself at the operator's hand, in the words of a replay scenario ("mask 12.5").
     virtual void operation(const std::string& command) = 0;
+
+    // Whether the machine could not be asked for a value when it was wanted last.
+    virtual bool isStale(const ValueSource&) { return false; }
+
+    // An event is about to enter a control of the library, and its procedure is over.
+    virtual void eventBegins(ControlHost&, std::string_view /*event*/, platform::Args) { }
+    virtual void eventEnds(ControlHost&, std::string_view /*event*/, platform::Args) { }
 };
 
 } // namespace servopanel::panel

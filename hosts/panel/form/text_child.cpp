@@ -68,12 +68,29 @@ void TextChild::applyLook()
 {
     if (viewOrNull() == nullptr) return;
     text().setLook(font(), fromLibrary(ink_), qtAlignment(alignment_));
+    text().setLockShown(isLockedByLevel());
     lookChanged();
+}
+
+// While the mask is open every input is off; only those that the access level forbids are grey as well.
+bool TextChild::isLockedByLevel() const
+{
+    constexpr std::int32_t lockedInk = 0x808080;
+    return !enabled() && ink_ == lockedInk;
 }
 
 void TextChild::enabledChanged()
 {
-    if (viewOrNull() != nullptr) text().setLocked(!enabled());
+    if (viewOrNull() == nullptr) return;
+    text().setLocked(!enabled());
+    text().setLockShown(isLockedByLevel());
+}
+
+void TextChild::setStale(bool stale)
+{
+    if (stale_ == stale || viewOrNull() == nullptr) return;
+    stale_ = stale;
+    text().setStale(stale);
 }
 
 } // namespace servopanel::panel

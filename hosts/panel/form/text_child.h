@@ -10,6 +10,9 @@ class TextChild : public Child {
 public:
     TextChild(std::string className, TextView& view, Services& services);
 
+    void setStale(bool stale) override;
+    bool isStale() const override { return stale_; }
+
 protected:
     TextView& text() { return static_cast<TextView&>(view()); }
     // Sets font, colours and alignment of the view anew.
@@ -17,11 +20,13 @@ protected:
     virtual void lookChanged() { }
     void fontChanged() override { applyLook(); }
     void enabledChanged() override;
+    bool isLockedByLevel() const;
 
     std::int32_t ink_ = 0; // 0xBBGGRR
     std::int32_t ground_ = 0xC0C0C0;
     std::int16_t backStyle_ = 1; // 0: the background shows through
     std::int16_t borderStyle_ = 0; // 1: a frame around the text
+    bool stale_ = false;
     std::int16_t alignment_ = 0; // 0 left, 1 right, 2 centred; 3 to 5 the same mirrored
 };
 

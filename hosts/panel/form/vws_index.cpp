@@ -67,9 +67,11 @@ void VWSIndex::lookChanged()
     // With a frame it is an input, whose normal face is that of all inputs.
     const bool framed = borderStyle_ != 0;
     text().setFrame(framed ? TextView::Frame::Field : TextView::Frame::None);
-    text().setChanged(framed && ink_ == changedInk);
+    text().setChanged(isChanged());
     const bool opaque = backStyle_ != 0 && !(framed && ground_ == normalGround);
     text().setBackground(opaque ? std::optional{fromLibrary(ground_)} : std::nullopt);
 }
+
+bool VWSIndex::isChanged() const { return borderStyle_ != 0 && ink_ == changedInk; }
 
 } // namespace servopanel::panel

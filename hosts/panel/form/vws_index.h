@@ -10,6 +10,8 @@ class VWSIndex : public TextChild {
 public:
     VWSIndex(std::string className, QWidget* parent, Services& services);
     void languageChanged() override;
+    // A drawing number part; captions are never changed.
+    bool isChanged() const override;
 
     // What stands on the screen.
     const QString& shown() { return text().text(); }

@@ -22,8 +22,6 @@ int decimalsOf(const std::string& text)
     return static_cast<int>(text.size() - point - 1);
 }
 
-} // namespace
-
 bool isNumber(const Variant& value)
 {
     switch (value.type()) {
@@ -36,6 +34,8 @@ bool isNumber(const Variant& value)
     default: return false;
     }
 }
+
+} // namespace
 
 QString valueText(const Variant& value)
 {
@@ -86,8 +86,10 @@ void VWSVarIn::setBeingEdited(bool edited)
 void VWSVarIn::lookChanged()
 {
     text().setFrame(TextView::Frame::Field);
-    text().setChanged(ink_ == changedInk);
+    text().setChanged(isChanged());
 }
+
+bool VWSVarIn::isChanged() const { return ink_ == changedInk; }
 
 VWSVarOut::VWSVarOut(QWidget* parent, Services& services)
     : TextChild{"VWSVarOut", *new TextView{parent}, services}

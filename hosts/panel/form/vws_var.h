@@ -6,8 +6,6 @@
 
 namespace servopanel::panel {
 
-// Not so a text that reads like one.
-bool isNumber(const basic::Variant& value);
 // How a value of a process variable reads on the screen. Numbers have "." as their point.
 QString valueText(const basic::Variant& value);
 
@@ -20,6 +18,7 @@ public:
     // For the mask: what the operator entered. Raises nothing.
     void enter(double value) { setValue(value); }
     void setBeingEdited(bool edited);
+    bool isChanged() const override;
 
 private:
     void lookChanged() override;

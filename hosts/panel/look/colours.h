@@ -25,6 +25,7 @@ inline constexpr QColor keyOff{0xCB, 0xCF, 0xD3};
 inline constexpr QColor accent{0x1C, 0x5D, 0x99}; // what is being worked on
 inline constexpr QColor accept{0x1E, 0x7B, 0x3C};
 inline constexpr QColor refuse{0xB3, 0x26, 0x1E};
+inline constexpr QColor warn{0xF2, 0xC0, 0x3B}; // worth a look, nothing is lost
 
 inline constexpr QColor bar{0x24, 0x33, 0x42}; // header and titles
 inline constexpr QColor barInk{0xFF, 0xFF, 0xFF};

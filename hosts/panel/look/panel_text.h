@@ -31,12 +31,18 @@ enum class PanelText {
     Back,
     Screen,
     Message,
-    Trend,
-    TrendShared,
-    TrendFreeze,
-    TrendContinue,
-    TrendAdd,
-    TrendFull,
+    DecimalPoint, // on the key and in the display of the mask: one character
+    Languages,
+    LinkGood,
+    LinkPartly, // some of the values that are shown could not be read
+    LinkBad,
+    Written, // before the number of values
+    NotWritten, // before variable and reason
+    ClearReports,
+    FirstTime,
+    LastTime,
+    Times,
+    Procedure,
 };
 
 // "Panel.Ok" and so on.

@@ -2,11 +2,16 @@
 
 #include "basic/conversions.h"
 #include "panel/form/fusszeile.h"
+#include "panel/form/ini_eingabe.h"
 #include "panel/form/vws_index.h"
 #include "panel/form/vws_var.h"
-#include "panel/trends/observed_variables.h"
+#include "panel/look/touch_size.h"
+#include "panel/pictures/picture_file.h"
+#include "panel/runtime/confirm_answer.h"
 #include "panel/window/other_screen.h"
 #include "platform/ids.h"
+
+#include <array>
 
 namespace servopanel::panel {
 
@@ -19,9 +24,6 @@ constexpr std::string_view resolutionVariable = "parameter<.aufloesung>";
 constexpr std::string_view levelVariable = "Ch-1.intern<.passwort>";
 constexpr std::string_view machineVariable = "Ch-1.intern<.aktuelle_maschine>";
 constexpr std::string_view designationVariable = "parameter<.maschinenbez_";
-
-// Metafiles for keys are drawn larger than any key and averaged down, so that they are sharp at each size.
-constexpr int keyPictureSide = 512;
 
 QString toQt(std::string_view text)
 {
@@ -68,13 +70,14 @@ Panel::Panel(PanelSettings settings)
     , file_{loadProject(settings_.project)}
     , mapping_{mapping(settings_)}
     , languages_{settings_.project, file_}
+    , watched_{std::make_shared<WatchedVariables>(
+          settings_.wrapVariables ? settings_.wrapVariables(variables_) : variables_)}
     , window_{stageSize(settings_.resolution.value_or(file_.resolution)), settings_.zoom}
-    , errors_{window_.stage(), [this](PanelText text) { return word(text); }}
-    , trends_{window_.stage(), [this](std::string_view name) { return variables_->ReadValue(name); },
-          [this](PanelText text) { return word(text); }, [this] { return mayShowTrends(); }}
+    , errors_{window_.stage(), [this](PanelText text) { return word(text); }, [this] { return now(); }}
+    , answers_{*new AnswerStrip{&window_.stage()}}
+    , guard_{window_, gate_, [this] { answers_.touched(); }}
     , messages_{window_.stage(), gate_, [this](PanelText text) { return word(text); }}
-    , objects_{{std::make_shared<ObservedVariables>(variables_,
-                    [this](std::string_view name, const Variant* value) { trends_.seen(name, value); }),
+    , objects_{{watched_,
           std::make_shared<PanelPathHelper>(mapping_, file_.input,
               [this](std::int16_t number) { gate_.later([this, number] { openScreen(number); }); }),
           errors_, makeDatabase()}}
@@ -84,6 +87,8 @@ Panel::Panel(PanelSettings settings)
           }}
 {
     applySettings();
+    stateDiagonal(window_.stage(), file_.diagonalInches.value_or(usualDiagonal(window_.stage().width())));
+    watched_->setChangeHandler([this] { showValueStates(); });
     window_.setWindowTitle(toQt(file_.title.empty() ? std::string{"servo-panel"} : file_.title));
     window_.setKeyHandler([this](int number) { pressKey(number); });
     window_.setCloseHandler([this] {
@@ -93,6 +98,7 @@ Panel::Panel(PanelSettings settings)
         });
     });
     placeErrorKey();
+    placeAnswers();
     noteProblems();
     if (file_.machine && settings_.simulate) {
         machine_ = std::make_unique<MachineRunner>(*file_.machine, *variables_);
@@ -143,10 +149,7 @@ void Panel::noteProblems()
         note(problem.text());
 }
 
-void Panel::note(const std::string& text)
-{
-    if (noted_.insert(text).second) errors_.add(ErrorEntry::Origin::Panel, toQt(text));
-}
+void Panel::note(const std::string& text) { errors_.add(ErrorEntry::Origin::Panel, toQt(text)); }
 
 void Panel::startTrace()
 {
@@ -174,8 +177,9 @@ void Panel::openServo()
     servo_ = std::make_unique<ControlHost>("Servo", &window_.stage(), forms_);
     servo_->put(names::Visible, {}, Variant{true});
     window_.showScreen(servo_->view());
+    if (auto* header = dynamic_cast<HeaderChild*>(servo_->find("Header")))
+        header->bar().setArrangedHandler([this] { placeErrorKey(); });
     placeErrorKey();
-    if (auto* page = dynamic_cast<ControlHost*>(servo_->find("ServoMain"))) trends_.watch(*page);
     operation("show");
     servo_->show();
 }
@@ -192,11 +196,95 @@ void Panel::placeErrorKey()
     errors_.place(place);
 }
 
+// Below the heading of the servo page, where neither keys nor inputs stand; the lengths are those of 1280 pixels.
+void Panel::placeAnswers()
+{
+    const QSize stage = window_.stage().size();
+    const auto across = [&](int length) { return length * stage.width() / 1280; };
+    const auto down = [&](int length) { return length * stage.height() / 1024; };
+    answers_.setGeometry(across(7), down(152), across(380), down(102));
+}
+
+QDateTime Panel::now() { return settings_.clock ? settings_.clock() : QDateTime::currentDateTime(); }
+
+void Panel::setLink(const Link& link)
+{
+    const bool isNews = link_.good != link.good || link_.reason != link.reason;
+    link_ = link;
+    if (!isNews) return;
+    if (!link_.good) note(link_.reason);
+    showValueStates();
+}
+
+bool Panel::isStale(const ValueSource& source) { return !link_.good || watched_->isStale(source); }
+
+void Panel::showValueStates()
+{
+    if (servo_) servo_->showValueStates();
+}
+
+LinkQuality Panel::linkQuality()
+{
+    if (!link_.good) return LinkQuality::Bad;
+    ControlHost* part = shownPart();
+    int shown = 0;
+    int stale = 0;
+    if (part != nullptr)
+        part->forEach([&](std::string_view name, std::int16_t index, Child& child) {
+            if (!valueSource(name, index) || child.viewOrNull() == nullptr || !child.view().isVisible())
+                return;
+            ++shown;
+            if (child.isStale()) ++stale;
+        });
+    if (stale == 0) return LinkQuality::Good;
+    return stale == shown ? LinkQuality::Bad : LinkQuality::Partly;
+}
+
+void Panel::eventBegins(ControlHost& form, std::string_view event, platform::Args)
+{
+    if (event != "TasteClick") return;
+    watched_->startWrites();
+    changedFamilies_.clear();
+    form.forEach([this](std::string_view name, std::int16_t index, Child& child) {
+        const std::optional<ValueSource> source = valueSource(name, index);
+        if (source && child.isChanged()) changedFamilies_.insert(source->family);
+    });
+}
+
+void Panel::eventEnds(ControlHost&, std::string_view event, platform::Args)
+{
+    if (event == "TasteClick") answer();
+    ControlHost* part = shownPart();
+    if (part == nullptr || part->className() != platform::classes::ServoMain) {
+        answers_.dismiss();
+        return;
+    }
+    auto* mask = dynamic_cast<EingabemaskeChild*>(part->find("Eingabemaske"));
+    auto* editor = dynamic_cast<IniEingabeChild*>(part->find("IniEingabe"));
+    answers_.setCovered((mask != nullptr && mask->isOpen()) || (editor != nullptr && editor->isOpen()));
+}
+
+// What the operator confirmed, and what became of it.
+void Panel::answer()
+{
+    const std::optional<ConfirmAnswer> result = judgeConfirm(*watched_, changedFamilies_);
+    if (!result) return;
+    const QString written = word(PanelText::Written) + u' ' + QString::number(result->written);
+    if (result->refused.empty()) {
+        answers_.showWritten(written);
+        return;
+    }
+    QString reason = toQt(result->refused);
+    if (result->furtherRefusals > 0) reason += QStringLiteral(" (+%1)").arg(result->furtherRefusals);
+    if (result->written > 0) reason += QStringLiteral(". ") + written;
+    answers_.showRefused(word(PanelText::NotWritten), reason);
+}
+
 void Panel::closeScreen()
 {
     otherScreen_ = 0;
+    answers_.dismiss();
     window_.showNothing();
-    trends_.forget();
     if (!servo_) return;
     operation("terminate");
     servo_->terminate();
@@ -219,19 +307,6 @@ void Panel::openScreen(std::int16_t number)
     window_.showScreen(*screen);
 }
 
-// Whoever reads a message or enters a value is left in peace.
-bool Panel::mayShowTrends()
-{
-    if (gate_.isClosed()) return false;
-    ControlHost* part = shownPart();
-    if (part == nullptr) return false;
-    for (const std::string_view name : {"Eingabemaske", "IniEingabe"}) {
-        Child* mask = part->find(name);
-        if (mask != nullptr && isVisible(*mask)) return false;
-    }
-    return true;
-}
-
 ControlHost* Panel::shownPart()
 {
     if (!servo_) return nullptr;
@@ -245,10 +320,6 @@ ControlHost* Panel::shownPart()
 void Panel::pressKey(int number)
 {
     if (gate_.isClosed()) return;
-    if (number == 11 && trends_.isOpen()) {
-        trends_.close();
-        return;
-    }
     if (ControlHost* part = shownPart()) {
         if (auto* footer = dynamic_cast<FußzeileChild*>(part->find("Fußzeile"))) footer->press(number);
     } else if (otherScreen_ != 0 && number == 11) {
@@ -265,13 +336,14 @@ QString Panel::word(PanelText text)
 QImage Panel::picture(std::string_view name)
 {
     const std::string key{name};
+    if (const auto cached = pictureCache_.find(key); cached != pictureCache_.end()) return cached->second;
     try {
         const std::optional<std::filesystem::path> file = mapping_.find(name);
         if (!file) {
             note("'" + key + "': no such file");
             return {};
         }
-        return pictureCache_.load(*file, key, keyPictureSide);
+        return pictureCache_[key] = loadPicture(*file, key);
     } catch (const basic::Error& error) {
         note(error.description);
         return {};
@@ -302,9 +374,7 @@ std::vector<HeaderLanguage> Panel::languages()
 
 void Panel::chooseLanguage(int number)
 {
-    if (!languages_.choose(static_cast<std::int16_t>(number)) || !servo_) return;
-    servo_->languageChanged();
-    trends_.languageChanged();
+    if (languages_.choose(static_cast<std::int16_t>(number)) && servo_) servo_->languageChanged();
 }
 
 HeaderTexts Panel::headerTexts()
@@ -324,6 +394,9 @@ HeaderTexts Panel::headerTexts()
     if (ControlHost* part = shownPart())
         if (auto* heading = dynamic_cast<VWSIndex*>(part->find("Überschrift")))
             texts.shown = heading->shown();
+    texts.quality = linkQuality();
+    constexpr std::array words{PanelText::LinkGood, PanelText::LinkPartly, PanelText::LinkBad};
+    texts.link = word(words[static_cast<std::size_t>(texts.quality)]);
     return texts;
 }
 

@@ -4,10 +4,12 @@
 #include "machine/project_file.h"
 #include "machine/variable_store.h"
 #include "panel/form/control_host.h"
+#include "panel/runtime/input_guard.h"
 #include "panel/runtime/languages.h"
 #include "panel/runtime/machine_runner.h"
 #include "panel/runtime/panel_services.h"
-#include "panel/trends/trends.h"
+#include "panel/runtime/watched_variables.h"
+#include "panel/widgets/answer_strip.h"
 #include "panel/window/panel_window.h"
 #include "portable/portable_files.h"
 #include "portable/portable_profile.h"
@@ -16,6 +18,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -33,6 +36,10 @@ struct PanelSettings {
     PanelWindow::Zoom zoom = PanelWindow::Zoom::None;
     bool simulate = true; // false: the process variables stay as they are
     MakeDatabase makeDatabase; // another engine than the one for the project's own database file
+    // Another way to the process variables than straight to the panel's own.
+    std::function<std::shared_ptr<platform::ProcessVarAccess>(std::shared_ptr<platform::ProcessVarAccess>)>
+        wrapVariables;
+    std::function<QDateTime()> clock; // the wall clock; empty: the system's
 };
 
 // Why a panel cannot be started at all: one line for the engineer.
@@ -51,7 +58,6 @@ public:
     machine::VariableStore& variables() { return *variables_; }
     ErrorList& errors() { return errors_; }
     EventGate& gate() { return gate_; }
-    Trends& trends() { return trends_; }
     const machine::ProjectFile& project() const { return file_; }
 
     // Shows the screen with the Servo control, made anew.
@@ -69,6 +75,15 @@ public:
     void pressKey(int number);
     void note(const std::string& text);
 
+    // The way to the machine, as whoever holds the connection sees it. While it is bad every value is shown as the last
+    // known one. reason: for the list of reports.
+    struct Link {
+        bool good = true;
+        std::string reason;
+    };
+    void setLink(const Link& link);
+    AnswerStrip& answers() { return answers_; }
+
     // Services
     std::string text(std::string_view key) override { return languages_.text(key); }
     LanguageFont font() override { return {}; }
@@ -76,11 +91,16 @@ public:
     QImage picture(std::string_view name) override;
     void mirror(std::string_view variable, const basic::Variant& value) override;
     void operation(const std::string& command) override;
+    bool isStale(const ValueSource& source) override;
+    void eventBegins(ControlHost& form, std::string_view event, platform::Args args) override;
+    void eventEnds(ControlHost& form, std::string_view event, platform::Args args) override;
     // HeaderSource
     std::vector<HeaderLanguage> languages() override;
     int language() override { return languages_.current(); }
     void chooseLanguage(int number) override;
     HeaderTexts headerTexts() override;
+    QDateTime now() override;
+    bool isFree() override { return !gate_.isBusy() && !gate_.isClosed(); }
 
 private:
     MakeDatabase makeDatabase();
@@ -92,24 +112,30 @@ private:
     MadeControl make(std::string_view className, const platform::ControlPlatform& platform);
     void openScreen(std::int16_t number);
     void placeErrorKey();
-    bool mayShowTrends();
+    void placeAnswers();
+    void answer();
+    void showValueStates();
+    LinkQuality linkQuality();
 
     PanelSettings settings_;
     machine::ProjectFile file_;
     portable::PathMapping mapping_;
     Languages languages_;
     std::shared_ptr<machine::VariableStore> variables_ = std::make_shared<machine::VariableStore>();
+    std::shared_ptr<WatchedVariables> watched_;
+    Link link_;
     EventGate gate_;
     PanelWindow window_;
     ErrorList errors_;
-    Trends trends_;
+    AnswerStrip& answers_; // belongs to the stage
+    InputGuard guard_;
+    std::set<std::string_view> changedFamilies_; // of the fields that wait to be written
     std::unique_ptr<MachineRunner> machine_;
-    PictureCache pictureCache_;
-    std::set<std::string> noted_;
+    std::map<std::string, QImage> pictureCache_;
 
     portable::PortableFiles files_{mapping_};
     portable::PortableProfile profile_{mapping_};
-    PanelPictures pictures_{mapping_, pictureCache_};
+    PanelPictures pictures_{mapping_};
     PanelMessages messages_;
     PanelSurroundings surroundings_{portable::PortableSurroundings::Settings{}};
     PanelObjects objects_;

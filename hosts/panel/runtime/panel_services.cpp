@@ -29,9 +29,10 @@ void PanelErrorDisplay::ErrMessage(
     const std::size_t mark = text.rfind("###");
     const std::string_view procedure = mark == std::string_view::npos ? text : text.substr(mark + 3);
     list_.add(ErrorEntry::Origin::Library,
-        toQt(procedure) + QStringLiteral(": ") + toQt(description) + QStringLiteral(" (")
+        toQt(description) + QStringLiteral(" (")
             + (source.empty() ? QString{} : toQt(source) + QStringLiteral(", "))
-            + QString::fromStdString(basic::decimal(number)) + u')');
+            + QString::fromStdString(basic::decimal(number)) + u')',
+        toQt(procedure));
 }
 
 void PanelErrorDisplay::CloseMe() { list_.forget(ErrorEntry::Origin::Library); }
@@ -49,7 +50,7 @@ basic::ObjectRef PanelPictures::load(std::string_view path)
     const std::string name{path};
     const std::optional<std::filesystem::path> file = mapping_.find(path);
     if (!file) portable::raiseFileError(portable::FileError::FileNotFound, name, "no such file");
-    return std::make_shared<PanelPicture>(cache_.load(*file, name), name);
+    return std::make_shared<PanelPicture>(loadPicture(*file, name), name);
 }
 
 void PanelPictures::save(platform::Control& box, std::string_view path)

@@ -10,6 +10,7 @@
 #include "panel/window/other_screen.h"
 #include "platform/ids.h"
 
+#include <QCoreApplication>
 #include <QEventLoop>
 #include <QTest>
 #include <QTimer>
@@ -35,9 +36,18 @@ void Operator::wait(int milliseconds)
     loop.exec();
 }
 
+// An operator sees a screen before he touches it, and a touch that comes earlier is dropped.
+void Operator::settle()
+{
+    constexpr int turns = 5;
+    for (int i = 0; i < turns; ++i)
+        QCoreApplication::processEvents();
+}
+
 // The window system tells only the window where the finger is; which widget gets it is the panel's matter.
 void Operator::press(QWidget& target, QPoint at)
 {
+    settle();
     QWidget& window = panel_.window();
     if (!target.isVisible()) throw NotThere{"what is to be touched is not visible"};
     QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, panel_.window().toWindow(target, at));
@@ -115,17 +125,12 @@ void Operator::input(std::string_view name, std::int16_t index)
     tap(there(part("ServoMain").find(name, index), std::string{name}).view());
 }
 
-void Operator::actualValue(int number)
-{
-    constexpr int lastLine = 120;
-    const std::string name = number <= lastLine ? "IstWert" : "IstWertTab";
-    tap(there(part("ServoMain").find(name, static_cast<std::int16_t>(number)), name).view());
-}
-
 void Operator::language(int number)
 {
     ControlHost& servo = there(panel_.servo(), "the Servo control");
-    tap(there(servo.require<HeaderChild>("Header").bar().languageKey(number), "the language's key"));
+    HeaderBar& bar = servo.require<HeaderChild>("Header").bar();
+    if (bar.languagesKey() != nullptr) tap(*bar.languagesKey());
+    tap(there(bar.languageKey(number), "the language's key"));
 }
 
 void Operator::padType(KeyPad& pad, const std::string& number)

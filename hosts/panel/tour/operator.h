@@ -40,7 +40,6 @@ public:
     void scrollUp();
     void input(std::string_view name, std::int16_t index);
     void language(int number);
-    void actualValue(int number); // 101 to 140 on a diagnosis page
 
     // In the open mask.
     void clear();
@@ -61,6 +60,7 @@ public:
     bool isFree(std::string_view name, std::int16_t index);
 
 private:
+    void settle();
     void padType(class KeyPad& pad, const std::string& number);
 
     Panel& panel_;

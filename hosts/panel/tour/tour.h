@@ -28,7 +28,6 @@ private:
 
     void menu();
     void diagnosis();
-    void trend();
     void setpoints();
     void switchAndDrawing();
     void neighbours();

@@ -2,7 +2,11 @@
 
 #include "panel/look/colours.h"
 #include "panel/look/fonts.h"
+#include "panel/look/mirroring.h"
+#include "panel/look/touch_size.h"
+#include "panel/widgets/value_marks.h"
 
+#include <QEvent>
 #include <QKeyEvent>
 #include <QPainter>
 
@@ -45,14 +49,21 @@ void DefinitionEditor::setHandlers(
 
 void DefinitionEditor::start(const Definition& definition)
 {
-    setTitle(words_(PanelText::Definition));
     entries_[Least].start(definition.least, {}, {});
     entries_[Most].start(definition.most, {}, {});
     entries_[Level].start(definition.level, 0.0, highestLevel);
+    choose(Least);
+    languageChanged();
+    setFocus();
+}
+
+void DefinitionEditor::languageChanged()
+{
+    setTitle(words_(PanelText::Definition));
     ok_->setText(words_(PanelText::Ok));
     cancel_->setText(words_(PanelText::Cancel));
-    choose(Least);
-    setFocus();
+    pad_->setPointSign(words_(PanelText::DecimalPoint));
+    changed();
 }
 
 void DefinitionEditor::choose(Row row)
@@ -66,8 +77,12 @@ void DefinitionEditor::changed()
 {
     const std::array names{PanelText::Lowest, PanelText::Highest, PanelText::Level};
     for (std::size_t i = 0; i < rowCount; ++i) {
-        rowKeys_[i]->setText(
-            words_(names[i]) + QStringLiteral(":  ") + QString::fromStdString(entries_[i].text()));
+        rowKeys_[i]->setText(words_(names[i]));
+        const QString number = QString::fromStdString(entries_[i].text());
+        // An empty line would look like a key without a value.
+        rowKeys_[i]->setValue(number.isEmpty()
+                ? QStringLiteral("–")
+                : QString{number}.replace(u'.', words_(PanelText::DecimalPoint)));
         rowKeys_[i]->setChosen(static_cast<Row>(i) == chosen_);
     }
     remark_.clear();
@@ -105,9 +120,14 @@ void DefinitionEditor::keyPressEvent(QKeyEvent* event)
     event->accept();
     switch (event->key()) {
     case Qt::Key_Return:
-    case Qt::Key_Enter: accept(); break;
-    case Qt::Key_Escape: cancel(); break;
+    case Qt::Key_Enter:
+        if (!event->isAutoRepeat()) accept();
+        break;
+    case Qt::Key_Escape:
+        if (!event->isAutoRepeat()) cancel();
+        break;
     case Qt::Key_Backspace: pad_->pressBack(); break;
+    case Qt::Key_Delete: pad_->pressClear(); break;
     case Qt::Key_Up: choose(static_cast<Row>(std::max(0, chosen_ - 1))); break;
     case Qt::Key_Down: choose(static_cast<Row>(std::min(2, chosen_ + 1))); break;
     default:
@@ -126,17 +146,28 @@ void DefinitionEditor::paintEvent(QPaintEvent* event)
     Sheet::paintEvent(event);
     if (remark_.isEmpty()) return;
     QPainter painter{this};
-    painter.fillRect(remarkPlace(), colours::refuse);
+    const QRect place = remarkPlace();
+    painter.fillRect(place, colours::refuse);
+    const int side = place.height() - 4;
+    painter.setRenderHint(QPainter::Antialiasing);
+    drawWarning(painter, mirroredIn(*this, {place.left() + 3, place.top() + 2, side, side}), colours::barInk);
     painter.setPen(colours::barInk);
-    painter.setFont(
-        fitted(panelFont(scaled(0.032, height(), 10, 15), true), remark_, remarkPlace().width() - 4));
-    painter.drawText(remarkPlace(), Qt::AlignCenter, remark_);
+    drawFitted(painter, place.adjusted(side + 6, 0, -side - 6, 0), Qt::AlignCenter,
+        panelFont(scaled(0.034, height(), 10, 15), true), remark_);
 }
 
-void DefinitionEditor::resizeEvent(QResizeEvent*)
+void DefinitionEditor::resizeEvent(QResizeEvent*) { layOut(); }
+
+void DefinitionEditor::changeEvent(QEvent* event)
+{
+    Sheet::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange) layOut();
+}
+
+void DefinitionEditor::layOut()
 {
     const QRect place = inner();
-    const int rowHeight = scaled(0.085, height(), 22, 40);
+    const int rowHeight = std::max(leastTouch(*this), scaled(0.085, height(), 22, 40));
     for (std::size_t i = 0; i < rowCount; ++i) {
         rowKeys_[i]->setGeometry(
             place.left(), place.top() + static_cast<int>(i) * (rowHeight + 2), place.width(), rowHeight);
@@ -147,10 +178,12 @@ void DefinitionEditor::resizeEvent(QResizeEvent*)
     pad_->setGeometry(place.left(), top, place.width(), row * KeyPad::rows - gap);
     const int last = top + row * KeyPad::rows;
     const int half = (place.width() - gap) / 2;
-    cancel_->setGeometry(place.left(), last, half, place.bottom() + 1 - last);
+    const int height = place.bottom() + 1 - last;
+    cancel_->setGeometry(mirroredIn(*this, {place.left(), last, half, height}));
     for (TouchKey* key : {cancel_, ok_})
         key->setTextPixels(scaled(0.36, row, 11, 20));
-    ok_->setGeometry(place.right() + 1 - half, last, half, place.bottom() + 1 - last);
+    ok_->setGeometry(mirroredIn(*this, {place.right() + 1 - half, last, half, height}));
+    update();
 }
 
 } // namespace servopanel::panel

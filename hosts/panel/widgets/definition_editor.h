@@ -16,13 +16,15 @@ struct Definition {
 };
 
 // Editor of a parameter's limits and access level. OK is refused while a number is missing, the limits cross or the
-// level is none, and the editor says so.
+// level is none, and the editor says so until the next key.
 class DefinitionEditor : public Sheet {
 public:
     DefinitionEditor(QWidget* parent, PanelWords words);
 
     void setHandlers(std::function<void(const Definition&)> accepted, std::function<void()> cancelled);
     void start(const Definition& definition);
+    // Shows its words anew, after the language has changed.
+    void languageChanged();
 
     enum Row { Least, Most, Level };
     void choose(Row row);
@@ -38,12 +40,14 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     static constexpr std::size_t rowCount = 3;
 
     void changed();
+    void layOut();
     QString reasonAgainst() const;
     QRect remarkPlace() const;
 

@@ -1,52 +1,67 @@
 #pragma once
 
 #include "panel/look/panel_text.h"
+#include "panel/widgets/scroll_pane.h"
 #include "panel/widgets/sheet.h"
 #include "panel/widgets/touch_key.h"
+
+#include <QDateTime>
 
 #include <deque>
 
 namespace servopanel::panel {
 
-// One report, and how often it came in a row.
+// One report, how often it came, and when first and last.
 struct ErrorEntry {
     enum class Origin { Library, Panel };
     Origin origin = Origin::Panel;
     QString text;
-    QString time;
+    QString procedure; // that reported it; empty for the panel's own notes
+    QDateTime first;
+    QDateTime last;
     int times = 1;
 };
 
-// The reports for whoever looks after the panel, newest first. While there are none it is not seen; then a key with
-// their number stands in the top right corner of its parent and opens the list. It stops nobody from working on.
+// The reports for whoever looks after the panel, the latest first. While there are none it is not seen; then a key with
+// their number opens the list. It stops nobody from working on. Equal reports are counted in one line, and beyond 200
+// lines the oldest goes.
 class ErrorList {
 public:
-    ErrorList(QWidget& parent, PanelWords words);
+    ErrorList(QWidget& parent, PanelWords words, std::function<QDateTime()> clock);
 
-    void add(ErrorEntry::Origin origin, const QString& text);
+    void add(ErrorEntry::Origin origin, const QString& text, const QString& procedure = {});
     // Closes the list and takes the reports of one origin away.
     void forget(ErrorEntry::Origin origin);
+    // The operator has seen them all.
+    void clear();
     // Where the key stands, pixels of the parent.
     void place(const QRect& key);
 
     void open();
     void close();
-    bool isOpen() const { return sheet_->isVisibleTo(sheet_->parentWidget()); }
+    bool isOpen() const;
     int count() const;
     const std::deque<ErrorEntry>& entries() const { return entries_; }
     TouchKey& badge() { return *badge_; }
     TouchKey& closeKey() { return *close_; }
+    TouchKey& clearKey() { return *clear_; }
+    ScrollPane& pane() { return *pane_; }
+    Sheet& sheet();
 
 private:
-    class Rows;
+    class ListSheet;
     void adapt();
+    int rowHeight(const ErrorEntry& entry, int width) const;
+    void paintRows(QPainter& painter, const QRect& place) const;
 
     QWidget& parent_;
     PanelWords words_;
+    std::function<QDateTime()> clock_;
     std::deque<ErrorEntry> entries_;
     TouchKey* badge_;
-    Sheet* sheet_;
-    Rows* rows_;
+    ListSheet* sheet_;
+    ScrollPane* pane_;
+    TouchKey* clear_;
     TouchKey* close_;
 };
 

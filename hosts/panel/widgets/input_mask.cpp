@@ -3,40 +3,26 @@
 #include "basic/conversions.h"
 #include "panel/look/colours.h"
 #include "panel/look/fonts.h"
+#include "panel/look/mirroring.h"
+#include "panel/widgets/value_marks.h"
 
+#include <QEvent>
 #include <QKeyEvent>
+#include <QPainter>
 
 namespace servopanel::panel {
 
 namespace {
-
 constexpr int gap = 4; // pixels between keys
-
-QString number(double value) { return QString::fromStdString(basic::decimal(value)); }
-
-void colour(QLabel& label, const QColor& ink, const QColor& face)
-{
-    QPalette palette;
-    palette.setColor(QPalette::WindowText, ink);
-    palette.setColor(QPalette::Window, face);
-    label.setPalette(palette);
-    label.setAutoFillBackground(true);
 }
-
-} // namespace
 
 InputMask::InputMask(QWidget* parent, PanelWords words)
     : Sheet{parent}
     , words_{std::move(words)}
-    , value_{new QLabel{this}}
-    , remark_{new QLabel{this}}
-    , pad_{new KeyPad{this, [this] { changed(); }}}
+    , pad_{new KeyPad{this, [this] { tell(NumberEntry::Verdict::Fine); }}}
     , cancel_{new TouchKey{this}}
     , ok_{new TouchKey{this}}
 {
-    value_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    value_->setFrameShape(QFrame::Box);
-    remark_->setAlignment(Qt::AlignCenter);
     ok_->setRole(TouchKey::Role::Accept);
     ok_->setAction([this] { accept(); });
     cancel_->setRole(TouchKey::Role::Refuse);
@@ -56,40 +42,54 @@ void InputMask::start(const MaskTask& task)
     unit_ = task.unit;
     entry_.start(task.value, task.lower, task.upper);
     pad_->workOn(&entry_);
-    ok_->setText(words_(PanelText::Ok));
-    cancel_->setText(words_(PanelText::Cancel));
-    changed();
+    languageChanged();
+    tell(NumberEntry::Verdict::Fine);
     setFocus();
 }
 
-void InputMask::changed() { tell(NumberEntry::Verdict::Fine); }
+void InputMask::languageChanged()
+{
+    ok_->setText(words_(PanelText::Ok));
+    cancel_->setText(words_(PanelText::Cancel));
+    pad_->setPointSign(words_(PanelText::DecimalPoint));
+    update();
+}
 
 void InputMask::tell(NumberEntry::Verdict verdict)
 {
-    const QString text = QString::fromStdString(entry_.text());
-    value_->setText(unit_.isEmpty() ? text + u' ' : text + u' ' + unit_ + u' ');
-    refusing_ = verdict != NumberEntry::Verdict::Fine;
-    colour(*value_, refusing_ ? colours::refuse : colours::ink, colours::field);
-    colour(*remark_, refusing_ ? colours::barInk : colours::faintInk,
-        refusing_ ? colours::refuse : colours::sheet);
-    QString remark;
-    switch (verdict) {
-    case NumberEntry::Verdict::Fine:
-        if (entry_.lower()) remark = words_(PanelText::Lowest) + u' ' + number(*entry_.lower());
-        if (entry_.lower() && entry_.upper()) remark += QStringLiteral("   …   ");
-        if (entry_.upper()) remark += words_(PanelText::Highest) + u' ' + number(*entry_.upper());
-        break;
-    case NumberEntry::Verdict::NoNumber: remark = words_(PanelText::NoNumber); break;
-    case NumberEntry::Verdict::TooSmall:
-        remark = words_(PanelText::TooSmall) + u' ' + number(*entry_.lower());
-        break;
-    case NumberEntry::Verdict::TooLarge:
-        remark = words_(PanelText::TooLarge) + u' ' + number(*entry_.upper());
-        break;
+    verdict_ = verdict;
+    update();
+}
+
+QString InputMask::number(const std::string& text) const
+{
+    return QString::fromStdString(text).replace(u'.', words_(PanelText::DecimalPoint));
+}
+
+QString InputMask::number(double value) const { return number(basic::decimal(value)); }
+
+QString InputMask::shown() const
+{
+    return unit_.isEmpty() ? number(entry_.text()) : number(entry_.text()) + u' ' + unit_;
+}
+
+QString InputMask::limits() const
+{
+    QString text;
+    if (entry_.lower()) text = words_(PanelText::Lowest) + u' ' + number(*entry_.lower());
+    if (entry_.lower() && entry_.upper()) text += QStringLiteral("   …   ");
+    if (entry_.upper()) text += words_(PanelText::Highest) + u' ' + number(*entry_.upper());
+    return text;
+}
+
+QString InputMask::remark() const
+{
+    switch (verdict_) {
+    case NumberEntry::Verdict::NoNumber: return words_(PanelText::NoNumber);
+    case NumberEntry::Verdict::TooSmall: return words_(PanelText::TooSmall) + u' ' + number(*entry_.lower());
+    case NumberEntry::Verdict::TooLarge: return words_(PanelText::TooLarge) + u' ' + number(*entry_.upper());
+    default: return {};
     }
-    remark_->setText(remark);
-    remark_->setFont(
-        fitted(panelFont(scaled(0.032, height(), 10, 15), refusing_), remark, remark_->width() - 4));
 }
 
 void InputMask::accept()
@@ -112,36 +112,94 @@ void InputMask::keyPressEvent(QKeyEvent* event)
     event->accept();
     switch (event->key()) {
     case Qt::Key_Return:
-    case Qt::Key_Enter: accept(); break;
-    case Qt::Key_Escape: cancel(); break;
+    case Qt::Key_Enter:
+        // Held down, it would also confirm what comes after the mask.
+        if (!event->isAutoRepeat()) accept();
+        break;
+    case Qt::Key_Escape:
+        if (!event->isAutoRepeat()) cancel();
+        break;
     case Qt::Key_Backspace: pad_->pressBack(); break;
+    case Qt::Key_Delete: pad_->pressClear(); break;
+    case Qt::Key_Up: pad_->pressStep(1); break;
+    case Qt::Key_Down: pad_->pressStep(-1); break;
     default:
         if (!pad_->type(event->text())) event->ignore();
     }
 }
 
+void InputMask::paintValue(QPainter& painter) const
+{
+    painter.setPen(QPen{refusing() ? colours::refuse : colours::border, refusing() ? 2.0 : 1.0});
+    painter.setBrush(colours::field);
+    painter.drawRect(valuePlace_.adjusted(0, 0, -1, -1));
+    // The digits always run from left to right; only the unit changes its side.
+    const QRect inside = valuePlace_.adjusted(8, 0, -8, 0);
+    const QFont unitFont = panelFont(scaled(0.36, valuePlace_.height(), 12, 20));
+    const int unitWidth = unit_.isEmpty()
+        ? 0
+        : std::min(QFontMetrics{unitFont}.horizontalAdvance(unit_) + 2, inside.width() / 3);
+    const QRect unitPlace{inside.right() + 1 - unitWidth, inside.top(), unitWidth, inside.height()};
+    const QRect numberPlace = inside.adjusted(0, 0, unitWidth == 0 ? 0 : -unitWidth - 8, 0);
+    painter.setLayoutDirection(Qt::LeftToRight);
+    painter.setPen(refusing() ? colours::refuse : colours::ink);
+    drawFitted(painter, mirroredIn(*this, numberPlace), static_cast<int>(trailing(*this) | Qt::AlignVCenter),
+        panelFont(scaled(0.55, valuePlace_.height(), 15, 30), true), number(entry_.text()));
+    painter.setLayoutDirection(layoutDirection());
+    painter.setPen(colours::faintInk);
+    drawFitted(painter, mirroredIn(*this, unitPlace), static_cast<int>(trailing(*this) | Qt::AlignVCenter),
+        unitFont, unit_);
+}
+
+void InputMask::paintEvent(QPaintEvent* event)
+{
+    Sheet::paintEvent(event);
+    QPainter painter{this};
+    paintValue(painter);
+    const int pixels = scaled(0.034, height(), 10, 15);
+    painter.setPen(colours::ink);
+    drawFitted(painter, limitsPlace_, Qt::AlignCenter, panelFont(pixels), limits());
+    if (!refusing()) return;
+    painter.fillRect(remarkPlace_, colours::refuse);
+    const int side = remarkPlace_.height() - 4;
+    painter.setRenderHint(QPainter::Antialiasing);
+    drawWarning(painter, mirroredIn(*this, {remarkPlace_.left() + 3, remarkPlace_.top() + 2, side, side}),
+        colours::barInk);
+    painter.setPen(colours::barInk);
+    drawFitted(painter, remarkPlace_.adjusted(side + 6, 0, -side - 6, 0), Qt::AlignCenter,
+        panelFont(pixels, true), remark());
+}
+
 void InputMask::resizeEvent(QResizeEvent*) { layOut(); }
+
+void InputMask::changeEvent(QEvent* event)
+{
+    Sheet::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange) layOut();
+}
 
 void InputMask::layOut()
 {
     const QRect place = inner();
     const int valueHeight = scaled(0.12, height(), 30, 58);
-    const int remarkHeight = scaled(0.06, height(), 16, 28);
-    value_->setGeometry(place.left(), place.top(), place.width(), valueHeight);
-    value_->setFont(panelFont(scaled(0.55, valueHeight, 15, 30), true));
-    remark_->setGeometry(place.left(), place.top() + valueHeight + 2, place.width(), remarkHeight);
+    const int lineHeight = scaled(0.052, height(), 15, 24);
+    valuePlace_ = {place.left(), place.top(), place.width(), valueHeight};
+    limitsPlace_ = {place.left(), place.top() + valueHeight + 1, place.width(), lineHeight};
+    remarkPlace_ = limitsPlace_.translated(0, lineHeight + 1);
 
     // The keys share the rest: four rows of the pad and one for the way out.
-    const int top = remark_->geometry().bottom() + gap;
+    const int top = remarkPlace_.bottom() + gap;
     const int rest = place.bottom() + 1 - top;
     const int row = (rest + gap) / (KeyPad::rows + 1);
     pad_->setGeometry(place.left(), top, place.width(), row * KeyPad::rows - gap);
     const int last = top + row * KeyPad::rows;
     const int half = (place.width() - gap) / 2;
-    cancel_->setGeometry(place.left(), last, half, place.bottom() + 1 - last);
+    const int height = place.bottom() + 1 - last;
+    cancel_->setGeometry(mirroredIn(*this, {place.left(), last, half, height}));
+    ok_->setGeometry(mirroredIn(*this, {place.right() + 1 - half, last, half, height}));
     for (TouchKey* key : {cancel_, ok_})
         key->setTextPixels(scaled(0.36, row, 11, 20));
-    ok_->setGeometry(place.right() + 1 - half, last, half, place.bottom() + 1 - last);
+    update();
 }
 
 } // namespace servopanel::panel

@@ -4,8 +4,6 @@
 #include "panel/widgets/key_pad.h"
 #include "panel/widgets/sheet.h"
 
-#include <QLabel>
-
 namespace servopanel::panel {
 
 // What the mask shows and checks while it is open.
@@ -17,7 +15,8 @@ struct MaskTask {
     std::optional<double> upper;
 };
 
-// The number pad that opens over the page. It says why it refuses a value and stays open then.
+// The number pad that opens over the page. It always shows the limits and the unit; when it refuses a value it stays
+// open and says why until the next key.
 class InputMask : public Sheet {
 public:
     InputMask(QWidget* parent, PanelWords words);
@@ -26,37 +25,45 @@ public:
     void setHandlers(
         std::function<void(double value, bool changed)> accepted, std::function<void()> cancelled);
     void start(const MaskTask& task);
+    // Shows its words anew, after the language has changed.
+    void languageChanged();
 
     void accept();
     void cancel();
     KeyPad& pad() { return *pad_; }
     TouchKey& okKey() { return *ok_; }
     TouchKey& cancelKey() { return *cancel_; }
-    // What stands in the display, and below it.
-    QString shown() const { return value_->text(); }
-    QString remark() const { return remark_->text(); }
-    bool refusing() const { return refusing_; }
+    // What stands in the display with its unit, the limits below it, and why a value was refused.
+    QString shown() const;
+    QString limits() const;
+    QString remark() const;
+    bool refusing() const { return verdict_ != NumberEntry::Verdict::Fine; }
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void tell(NumberEntry::Verdict verdict);
-    void changed();
     void layOut();
+    QString number(const std::string& text) const;
+    QString number(double value) const;
+    void paintValue(QPainter& painter) const;
 
     PanelWords words_;
     NumberEntry entry_;
     QString unit_;
-    QLabel* value_;
-    QLabel* remark_;
+    QRect valuePlace_;
+    QRect limitsPlace_;
+    QRect remarkPlace_;
     KeyPad* pad_;
     TouchKey* cancel_;
     TouchKey* ok_;
     std::function<void(double, bool)> accepted_;
     std::function<void()> cancelled_;
-    bool refusing_ = false;
+    NumberEntry::Verdict verdict_ = NumberEntry::Verdict::Fine;
 };
 
 } // namespace servopanel::panel

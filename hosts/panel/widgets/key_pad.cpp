@@ -1,14 +1,19 @@
 #include "panel/widgets/key_pad.h"
 
 #include "panel/look/fonts.h"
+#include "panel/look/mirroring.h"
+
+#include <QEvent>
 
 namespace servopanel::panel {
 
 namespace {
 
 constexpr int gap = 4; // pixels between keys
+constexpr int fastAfter = 10; // a step key held this long goes ten times as fast
+constexpr int fast = 10;
 
-const std::array<QString, KeyPad::rows * KeyPad::columns>& labels()
+const std::array<QString, KeyPad::rows * KeyPad::columns>& names()
 {
     static const std::array<QString, KeyPad::rows * KeyPad::columns> all{QStringLiteral("7"),
         QStringLiteral("8"), QStringLiteral("9"), QStringLiteral("⌫"), //
@@ -25,40 +30,43 @@ KeyPad::KeyPad(QWidget* parent, std::function<void()> changed)
     , changed_{std::move(changed)}
 {
     for (std::size_t i = 0; i < keys_.size(); ++i) {
-        const QString label = labels()[i];
+        const QString name = names()[i];
         keys_[i] = new TouchKey{this};
-        keys_[i]->setText(label);
-        keys_[i]->setAction([this, label] { on(label); });
-        keys_[i]->setRepeating(label == QStringLiteral("▲") || label == QStringLiteral("▼"));
+        keys_[i]->setText(name);
+        keys_[i]->setAction([this, name] { on(name); });
+        keys_[i]->setRepeating(name == QStringLiteral("▲") || name == QStringLiteral("▼"));
     }
 }
 
 void KeyPad::workOn(NumberEntry* entry)
 {
     entry_ = entry;
-    key(QStringLiteral("±"))->setVisible(entry != nullptr && entry->signAllowed());
+    key(QStringLiteral("±"))->setOn(entry != nullptr && entry->signAllowed());
 }
 
-TouchKey* KeyPad::key(const QString& label) const
+void KeyPad::setPointSign(const QString& sign) { key(QStringLiteral("."))->setText(sign); }
+
+TouchKey* KeyPad::key(const QString& name) const
 {
-    for (TouchKey* each : keys_)
-        if (each->text() == label) return each;
+    for (std::size_t i = 0; i < keys_.size(); ++i)
+        if (names()[i] == name) return keys_[i];
     return nullptr;
 }
 
-void KeyPad::on(const QString& label)
+void KeyPad::on(const QString& name)
 {
     if (entry_ == nullptr) return;
-    if (label == QStringLiteral("⌫"))
+    if (name == QStringLiteral("⌫")) {
         entry_->back();
-    else if (label == QStringLiteral("C"))
+    } else if (name == QStringLiteral("C")) {
         entry_->clear();
-    else if (label == QStringLiteral("▲"))
-        entry_->step(1);
-    else if (label == QStringLiteral("▼"))
-        entry_->step(-1);
-    else
-        type(label);
+    } else if (name == QStringLiteral("▲") || name == QStringLiteral("▼")) {
+        const int places = key(name)->repeats() < fastAfter ? 1 : fast;
+        entry_->step(name == QStringLiteral("▲") ? places : -places);
+    } else {
+        type(name);
+        return;
+    }
     changed_();
 }
 
@@ -66,11 +74,12 @@ bool KeyPad::type(const QString& character)
 {
     if (entry_ == nullptr || character.size() != 1) return false;
     const QChar c = character.front();
-    if (c >= u'0' && c <= u'9')
-        entry_->digit(c.unicode() - u'0');
-    else if (c == u'.' || c == u',')
+    // Digits of any script, as a keyboard of the language has them.
+    if (c.digitValue() >= 0)
+        entry_->digit(c.digitValue());
+    else if (c == u'.' || c == u',' || c == u'٫')
         entry_->point();
-    else if (c == u'-' || c == u'±')
+    else if (c == u'-' || c == u'−' || c == u'±')
         entry_->sign();
     else
         return false;
@@ -79,11 +88,21 @@ bool KeyPad::type(const QString& character)
 }
 
 void KeyPad::pressBack() { on(QStringLiteral("⌫")); }
+void KeyPad::pressClear() { on(QStringLiteral("C")); }
 
-void KeyPad::resizeEvent(QResizeEvent*)
+void KeyPad::pressStep(int direction)
+{
+    if (entry_ == nullptr) return;
+    entry_->step(direction);
+    changed_();
+}
+
+void KeyPad::arrange()
 {
     for (std::size_t i = 0; i < keys_.size(); ++i) {
-        const int column = static_cast<int>(i) % columns;
+        int column = static_cast<int>(i) % columns;
+        // Only the column of corrections changes sides.
+        if (isRightToLeft()) column = (column + 1) % columns;
         const int row = static_cast<int>(i) / columns;
         const int left = column * (width() + gap) / columns;
         const int top = row * (height() + gap) / rows;
@@ -91,6 +110,14 @@ void KeyPad::resizeEvent(QResizeEvent*)
             (row + 1) * (height() + gap) / rows - gap - top);
         keys_[i]->setTextPixels(scaled(0.42, keys_[i]->height(), 11, 24));
     }
+}
+
+void KeyPad::resizeEvent(QResizeEvent*) { arrange(); }
+
+void KeyPad::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange) arrange();
 }
 
 } // namespace servopanel::panel

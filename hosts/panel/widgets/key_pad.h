@@ -10,8 +10,9 @@
 
 namespace servopanel::panel {
 
-// The keys that work on a number: digits, point, sign, back, clear, one up, one down. The sign is there only where
-// values below 0 are allowed.
+// The keys that work on a number: digits, point, sign, back, clear, up and down. The sign is on only where values below
+// 0 are allowed. From right to left the keys for correcting stand at the left; the block of digits is that of every
+// calculator.
 class KeyPad : public QWidget {
 public:
     KeyPad(QWidget* parent, std::function<void()> changed);
@@ -21,18 +22,24 @@ public:
     // A key of a keyboard; false when it means nothing here.
     bool type(const QString& character);
     void pressBack();
+    void pressClear();
+    void pressStep(int direction);
+    // The sign between whole part and fraction in the current language, as its key shows it.
+    void setPointSign(const QString& sign);
 
     static constexpr int rows = 4;
     static constexpr int columns = 4;
 
-    // The key with this label ("7", "±", "⌫", ...), for tests and the tour.
-    TouchKey* key(const QString& label) const;
+    // A key by its name ("7", ".", "±", "⌫", "C", "▲", "▼"), whatever stands on it.
+    TouchKey* key(const QString& name) const;
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
-    void on(const QString& label);
+    void on(const QString& name);
+    void arrange();
 
     NumberEntry* entry_ = nullptr;
     std::function<void()> changed_;

@@ -2,45 +2,61 @@
 
 #include "panel/look/colours.h"
 #include "panel/look/fonts.h"
+#include "panel/look/touch_size.h"
+#include "panel/look/wrapped_text.h"
 
 #include <QEventLoop>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QPainter>
+
+#include <algorithm>
 
 namespace servopanel::panel {
 
 namespace {
 constexpr int margin = 16;
-}
+constexpr int titleHeight = 36;
+} // namespace
 
 MessageSheet::MessageSheet(QWidget* parent, const QString& title, const QString& text, const QString& ok)
     : QWidget{parent}
     , text_{text}
     , sheet_{new Sheet{this}}
+    , pane_{new ScrollPane{sheet_}}
     , ok_{new TouchKey{sheet_}}
 {
-    setGeometry(parent->rect());
     setFocusPolicy(Qt::StrongFocus);
-    const int width = std::min(560, rect().width() - 2 * margin);
-    auto* words = new QLabel{text, sheet_};
-    words->setWordWrap(true);
-    words->setAlignment(Qt::AlignCenter);
-    words->setFont(panelFont(scaled(0.018, rect().width(), 13, 18)));
-    QPalette palette;
-    palette.setColor(QPalette::WindowText, colours::ink);
-    words->setPalette(palette);
-
-    const int keyHeight = scaled(0.06, rect().height(), 40, 60);
-    const int textHeight = std::max(60, words->heightForWidth(width - 2 * margin));
-    const int height = 36 + textHeight + keyHeight + 3 * margin;
     sheet_->setTitle(title);
-    sheet_->setGeometry((rect().width() - width) / 2, (rect().height() - height) / 2, width, height);
-    words->setGeometry(margin, 36 + margin, width - 2 * margin, textHeight);
     ok_->setText(ok);
     ok_->setRole(TouchKey::Role::Accept);
-    ok_->setGeometry((width - 200) / 2, height - margin - keyHeight, 200, keyHeight);
     ok_->setAction([this] { close(); });
+    setGeometry(parent->rect());
+    pane_->setContent([this](int width) { return textHeight(width); },
+        [this](QPainter& painter, const QRect& place) {
+            painter.setPen(colours::ink);
+            drawWrapped(painter, place.adjusted(margin, 0, -margin, 0),
+                {place.left(), 0, place.width(), pane_->height()}, Qt::AlignHCenter, textFont(), text_);
+        });
+}
+
+QFont MessageSheet::textFont() const { return panelFont(scaled(0.018, width(), 13, 18)); }
+
+int MessageSheet::textHeight(int width) const
+{
+    return wrappedHeight(text_, textFont(), std::max(1, width - 2 * margin));
+}
+
+// However long the text is, the key stays on the screen; the text then scrolls.
+void MessageSheet::resizeEvent(QResizeEvent*)
+{
+    const int width = std::min(560, rect().width() - 2 * margin);
+    const int keyHeight = std::max(leastTouch(*this), scaled(0.06, rect().height(), 40, 60));
+    const int around = titleHeight + keyHeight + 3 * margin;
+    const int words = std::clamp(textHeight(width - 2 * margin), 60, rect().height() - 2 * margin - around);
+    sheet_->setGeometry(
+        (rect().width() - width) / 2, (rect().height() - around - words) / 2, width, around + words);
+    pane_->setGeometry(margin, titleHeight + margin, width - 2 * margin, words);
+    ok_->setGeometry((width - 200) / 2, around + words - margin - keyHeight, 200, keyHeight);
 }
 
 void MessageSheet::run()
@@ -74,6 +90,7 @@ void MessageSheet::mouseDoubleClickEvent(QMouseEvent* event) { event->accept(); 
 void MessageSheet::keyPressEvent(QKeyEvent* event)
 {
     event->accept();
+    if (event->isAutoRepeat()) return;
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Escape)
         close();
 }

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "panel/look/panel_text.h"
+#include "panel/widgets/scroll_pane.h"
 #include "panel/widgets/sheet.h"
 #include "panel/widgets/touch_key.h"
 
 namespace servopanel::panel {
 
-// A message with an OK key. It covers its parent, so that nothing behind it can be touched while it is open.
+// A message with an OK key. It covers its parent, so that nothing behind it can be touched while it is open. A text that
+// is too long for the screen scrolls.
 class MessageSheet : public QWidget {
 public:
     MessageSheet(QWidget* parent, const QString& title, const QString& text, const QString& ok);
@@ -15,9 +17,11 @@ public:
     void run();
     TouchKey& okKey() { return *ok_; }
     const QString& text() const { return text_; }
+    ScrollPane& pane() { return *pane_; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -26,9 +30,12 @@ protected:
 
 private:
     void close();
+    QFont textFont() const;
+    int textHeight(int width) const;
 
     QString text_;
     Sheet* sheet_;
+    ScrollPane* pane_;
     TouchKey* ok_;
     std::function<void()> done_;
 };

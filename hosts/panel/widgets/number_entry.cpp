@@ -10,7 +10,17 @@ namespace servopanel::panel {
 
 namespace {
 constexpr std::size_t longest = 12; // characters that the display of the mask holds
+
+int decimalsOf(const std::string& text)
+{
+    const std::size_t point = text.find('.');
+    if (point == std::string::npos || text.find('E') != std::string::npos) return 0;
+    return static_cast<int>(text.size() - point - 1);
 }
+
+int decimalsOf(const std::optional<double>& limit) { return limit ? decimalsOf(basic::decimal(*limit)) : 0; }
+
+} // namespace
 
 void NumberEntry::start(double value, std::optional<double> lower, std::optional<double> upper)
 {
@@ -18,12 +28,14 @@ void NumberEntry::start(double value, std::optional<double> lower, std::optional
     first_ = value;
     lower_ = lower;
     upper_ = upper;
+    decimals_ = std::max({decimalsOf(text_), decimalsOf(lower), decimalsOf(upper)});
     fresh_ = true;
+    keepsSign_ = false;
 }
 
 void NumberEntry::begin()
 {
-    if (fresh_) text_.clear();
+    if (fresh_) text_ = keepsSign_ && text_.front() == '-' ? "-" : "";
     fresh_ = false;
 }
 
@@ -46,8 +58,8 @@ void NumberEntry::point()
 void NumberEntry::sign()
 {
     if (!signAllowed()) return;
-    // The sign belongs to the number that is shown, so it does not start a new one.
-    fresh_ = false;
+    // On a keyboard the sign comes before the digits, on the key pad often after them.
+    keepsSign_ = true;
     if (!text_.empty() && text_.front() == '-') {
         text_.erase(0, 1);
     } else if (text_.size() < longest) {
@@ -67,18 +79,11 @@ void NumberEntry::clear()
     text_.clear();
 }
 
-int NumberEntry::decimals() const
-{
-    const std::size_t point = text_.find('.');
-    if (point == std::string::npos || text_.find('E') != std::string::npos) return 0;
-    return static_cast<int>(text_.size() - point - 1);
-}
-
-void NumberEntry::step(int direction)
+void NumberEntry::step(int places)
 {
     // Counted in units of the last place, so that 0.1 three times up is 0.3 and nothing beside it.
-    const double unit = std::pow(10.0, decimals());
-    double next = (std::round(value().value_or(0) * unit) + direction) / unit;
+    const double unit = std::pow(10.0, std::max(decimals_, decimalsOf(text_)));
+    double next = (std::round(value().value_or(0) * unit) + places) / unit;
     if (upper_) next = std::min(next, *upper_);
     if (lower_) next = std::max(next, *lower_);
     text_ = basic::decimal(next);

@@ -15,11 +15,13 @@ public:
 
     void digit(int digit); // 0..9
     void point(); // once; whoever types a comma means the same
-    void sign(); // changes the sign where values below 0 are allowed
+    // Changes the sign where values below 0 are allowed. Before the first digit it stays for the number that follows.
+    void sign();
     void back(); // takes away the last character
     void clear();
-    // One up or down in the last place that is shown, not beyond the limits.
-    void step(int direction);
+    // Up or down by so many of the smallest place that the value at the start, the limits or what is typed have, not
+    // beyond the limits.
+    void step(int places);
 
     bool signAllowed() const { return !lower_ || *lower_ < 0; }
     const std::string& text() const { return text_; }
@@ -31,13 +33,13 @@ public:
 
 private:
     void begin(); // before the first typed character
-    int decimals() const;
-
     std::string text_;
     double first_ = 0;
+    int decimals_ = 0; // of the value at the start and of its limits
     std::optional<double> lower_;
     std::optional<double> upper_;
     bool fresh_ = true;
+    bool keepsSign_ = false; // the sign was chosen for a number that is still to come
 };
 
 } // namespace servopanel::panel

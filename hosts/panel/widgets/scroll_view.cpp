@@ -1,6 +1,7 @@
 #include "panel/widgets/scroll_view.h"
 
 #include "panel/look/colours.h"
+#include "panel/look/touch_size.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -10,7 +11,6 @@
 namespace servopanel::panel {
 
 namespace {
-constexpr int leastSlider = 44; // pixels, so that a finger can hold it
 constexpr int rowsPerStep = 12; // what counts in pixels moves by a good part of what is visible
 } // namespace
 
@@ -80,7 +80,7 @@ QRect ScrollView::slider() const
 {
     const QRect whole = track();
     const int length = std::clamp(whole.height() * visible_ / std::max(visible_, total_),
-        std::min(leastSlider, whole.height()), whole.height());
+        std::min(leastTouch(*this), whole.height()), whole.height());
     const int steps = last() - 1;
     const int top = steps == 0 ? 0 : (whole.height() - length) * (position_ - 1) / steps;
     return {whole.left(), whole.top() + top, whole.width(), length};
@@ -122,7 +122,7 @@ void ScrollView::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(eve
 
 void ScrollView::resizeEvent(QResizeEvent*)
 {
-    const int arrow = std::min(std::max(width(), 40), height() / 3);
+    const int arrow = std::min(std::max(width(), leastTouch(*this)), height() / 3);
     up_->setGeometry(0, 0, width(), arrow);
     down_->setGeometry(0, height() - arrow, width(), arrow);
     for (TouchKey* key : {up_, down_})

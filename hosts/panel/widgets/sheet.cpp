@@ -2,7 +2,9 @@
 
 #include "panel/look/colours.h"
 #include "panel/look/fonts.h"
+#include "panel/look/mirroring.h"
 
+#include <QEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -38,8 +40,14 @@ void Sheet::paintEvent(QPaintEvent*)
     painter.fillRect(bar, colours::bar);
     const QRect place = bar.adjusted(10, 0, -10, 0);
     painter.setPen(colours::barInk);
-    drawFitted(painter, place, Qt::AlignLeft | Qt::AlignVCenter,
+    drawFitted(painter, place, static_cast<int>(leading(*this) | Qt::AlignVCenter),
         panelFont(scaled(0.5, bar.height(), 11, 17), true), title_);
+}
+
+void Sheet::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange) update();
 }
 
 void Sheet::mousePressEvent(QMouseEvent* event) { event->accept(); }

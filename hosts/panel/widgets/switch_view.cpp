@@ -2,7 +2,9 @@
 
 #include "panel/look/colours.h"
 #include "panel/look/fonts.h"
+#include "panel/look/mirroring.h"
 
+#include <QEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -26,6 +28,15 @@ void SwitchView::setFree(bool free)
     if (free_ == free) return;
     free_ = free;
     down_ = false;
+    marks_.locked = !free;
+    update();
+}
+
+void SwitchView::setMarks(const ValueMarks& marks)
+{
+    const ValueMarks own{marks.changed, !free_, marks.stale};
+    if (own == marks_) return;
+    marks_ = own;
     update();
 }
 
@@ -52,33 +63,47 @@ void SwitchView::mouseReleaseEvent(QMouseEvent* event)
 
 void SwitchView::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
 
+void SwitchView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange) update();
+}
+
+QRect SwitchView::slider() const
+{
+    const int half = width() / 2;
+    return mirroredIn(*this, {state_ ? width() - half : 0, 0, half, height()}).adjusted(3, 3, -3, -3);
+}
+
 void SwitchView::paintEvent(QPaintEvent*)
 {
     QPainter painter{this};
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF whole = QRectF{rect()}.adjusted(1, 1, -1, -1);
-    const double half = whole.width() / 2;
 
     // The track shows both positions; the slider lies on the one that holds.
     QColor track =
         state_ ? mix(colours::accept, colours::field, 0.25) : mix(colours::border, colours::field, 0.45);
-    if (!free_) track = mix(track, colours::keyOff, 0.6);
-    painter.setPen(QPen{free_ ? colours::border : colours::faintBorder, 1});
+    if (!free_ || marks_.stale) track = mix(track, colours::keyOff, 0.6);
+    painter.setPen(
+        marks_.changed ? QPen{colours::accept, 3} : QPen{free_ ? colours::border : colours::faintBorder, 1});
     painter.setBrush(track);
     painter.drawRoundedRect(whole, 4, 4);
+    if (marks_.stale) drawHatching(painter, rect());
 
-    const QRectF slider{state_ ? whole.left() + half : whole.left(), whole.top(), half, whole.height()};
+    painter.setPen(QPen{free_ ? colours::border : colours::faintBorder, 1});
     painter.setBrush(!free_ ? colours::keyOff : down_ ? colours::keyPressed : colours::key);
-    painter.drawRoundedRect(slider.adjusted(2, 2, -2, -2), 3, 3);
+    painter.drawRoundedRect(QRectF{slider()}, 3, 3);
 
-    const int pixels = scaled(0.42, height(), 9, 18);
-    const auto word = [&](const QRectF& place, PanelText text, const QColor& ink) {
-        const QString shown = words_(text);
-        painter.setFont(fitted(panelFont(pixels, true), shown, static_cast<int>(place.width()) - 6));
-        painter.setPen(ink);
-        painter.drawText(place, Qt::AlignCenter, shown);
-    };
-    word(slider, state_ ? PanelText::On : PanelText::Off, free_ ? colours::ink : colours::lockedInk);
+    const QColor ink = free_ ? colours::ink : colours::lockedInk;
+    painter.setPen(marks_.stale ? staleInk(ink) : ink);
+    drawFitted(painter, slider().adjusted(3, 0, -3, 0), Qt::AlignCenter,
+        panelFont(scaled(0.42, height(), 9, 18), true), words_(state_ ? PanelText::On : PanelText::Off));
+    // Signs in the half that the slider leaves free.
+    drawMarks(painter, rect(), {marks_.changed, false, false});
+    const bool isSliderLeft = slider().center().x() < width() / 2;
+    const QRect free{isSliderLeft ? width() / 2 : 0, 0, width() - width() / 2, height()};
+    drawMarks(painter, free.adjusted(6, 0, 0, 0), {false, marks_.locked, marks_.stale});
 }
 
 } // namespace servopanel::panel

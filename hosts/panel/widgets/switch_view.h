@@ -1,6 +1,7 @@
 #pragma once
 
 #include "panel/look/panel_text.h"
+#include "panel/widgets/value_marks.h"
 
 #include <QWidget>
 
@@ -8,8 +9,8 @@
 
 namespace servopanel::panel {
 
-// A switch with two positions. Where its slider stands, the word on it and its colour tell the state. A touch is only
-// reported: whoever owns the switch decides what it then shows.
+// A switch with two positions, off at the side where a line begins. Where its slider stands, the word on it and its
+// colour tell the state. A touch is only reported: whoever owns the switch decides what it then shows.
 class SwitchView : public QWidget {
 public:
     SwitchView(QWidget* parent, PanelWords words);
@@ -17,7 +18,13 @@ public:
     void setHandler(std::function<void()> touched) { touched_ = std::move(touched); }
     void setState(bool on);
     void setFree(bool free);
+    // Its lock follows from setFree.
+    void setMarks(const ValueMarks& marks);
+    const ValueMarks& marks() const { return marks_; }
     bool state() const { return state_; }
+    bool isFree() const { return free_; }
+    // The part with the word, which lies on the position that holds.
+    QRect slider() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -25,10 +32,12 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     PanelWords words_;
     std::function<void()> touched_;
+    ValueMarks marks_;
     bool state_ = false;
     bool free_ = true;
     bool down_ = false;

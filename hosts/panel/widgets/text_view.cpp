@@ -53,6 +53,20 @@ void TextView::setChanged(bool changed)
     update();
 }
 
+void TextView::setLockShown(bool shown)
+{
+    if (lockShown_ == shown) return;
+    lockShown_ = shown;
+    update();
+}
+
+void TextView::setStale(bool stale)
+{
+    if (stale_ == stale) return;
+    stale_ = stale;
+    update();
+}
+
 void TextView::setBeingEdited(bool edited)
 {
     if (edited_ == edited) return;
@@ -96,8 +110,14 @@ void TextView::paintEvent(QPaintEvent*)
         const int padding = std::min(framePadding, inside.width() / 8);
         inside.adjust(padding, 1, -padding, -1);
     }
-    if (text_.isEmpty()) return;
-    painter.setPen(ink_);
+    if (stale_) drawHatching(painter, rect());
+    if (!text_.isEmpty()) paintText(painter, inside);
+    if (frame_ != Frame::None || stale_) drawMarks(painter, rect(), marks());
+}
+
+void TextView::paintText(QPainter& painter, const QRect& inside) const
+{
+    painter.setPen(stale_ ? staleInk(ink_) : ink_);
     QFont font = font_;
     if (changed_) font.setBold(true);
     if (wrapping_) {

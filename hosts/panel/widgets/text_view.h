@@ -1,6 +1,7 @@
 #pragma once
 
 #include "panel/widgets/touch_view.h"
+#include "panel/widgets/value_marks.h"
 
 #include <QColor>
 #include <QFont>
@@ -31,6 +32,11 @@ public:
     void setWrapping(bool wrapping);
     // Marks a field whose value waits to be written.
     void setChanged(bool changed);
+    // Shows that the access level forbids to change it, beside what setLocked does.
+    void setLockShown(bool shown);
+    // Shows that the value is only the last known one; the digits keep their size and place.
+    void setStale(bool stale);
+    ValueMarks marks() const { return {changed_, lockShown_, stale_}; }
     // Marks the field that the input mask is working on.
     void setBeingEdited(bool edited);
 
@@ -43,6 +49,7 @@ protected:
 private:
     QColor face() const;
     QPen border() const;
+    void paintText(QPainter& painter, const QRect& inside) const;
 
     QString text_;
     QFont font_;
@@ -53,6 +60,8 @@ private:
     bool wrapping_ = false;
     bool edited_ = false;
     bool changed_ = false;
+    bool lockShown_ = false;
+    bool stale_ = false;
 };
 
 } // namespace servopanel::panel

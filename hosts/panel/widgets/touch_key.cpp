@@ -2,7 +2,9 @@
 
 #include "panel/look/colours.h"
 #include "panel/look/fonts.h"
+#include "panel/look/mirroring.h"
 
+#include <QEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -19,7 +21,9 @@ TouchKey::TouchKey(QWidget* parent)
 {
     connect(&repeat_, &QTimer::timeout, this, [this] {
         repeat_.setInterval(repeatEveryMs);
-        if (down_) act();
+        if (!down_) return;
+        ++repeats_;
+        act();
     });
 }
 
@@ -27,6 +31,13 @@ void TouchKey::setText(const QString& text)
 {
     if (text_ == text) return;
     text_ = text;
+    update();
+}
+
+void TouchKey::setValue(const QString& value)
+{
+    if (value_ == value) return;
+    value_ = value;
     update();
 }
 
@@ -38,7 +49,7 @@ void TouchKey::setCorner(const QString& corner)
 
 void TouchKey::setPicture(const QImage& picture)
 {
-    picture_.set(picture);
+    picture_ = picture;
     update();
 }
 
@@ -59,11 +70,16 @@ void TouchKey::setOn(bool on)
 {
     if (on_ == on) return;
     on_ = on;
-    if (!on) {
-        repeat_.stop();
-        down_ = false;
-    }
+    if (!on) letGo();
     update();
+}
+
+// A key that was off or hidden meanwhile does not act when the finger is lifted.
+void TouchKey::letGo()
+{
+    repeat_.stop();
+    held_ = false;
+    down_ = false;
 }
 
 void TouchKey::setChosen(bool chosen)
@@ -88,6 +104,7 @@ void TouchKey::mousePressEvent(QMouseEvent* event)
     down_ = true;
     update();
     if (!repeating_) return;
+    repeats_ = 0;
     repeat_.start(repeatAfterMs);
     act();
 }
@@ -106,9 +123,7 @@ void TouchKey::mouseReleaseEvent(QMouseEvent* event)
     event->accept();
     if (event->button() != Qt::LeftButton) return;
     const bool chosen = held_ && down_ && on_ && rect().contains(event->position().toPoint());
-    held_ = false;
-    down_ = false;
-    repeat_.stop();
+    letGo();
     update();
     if (chosen && !repeating_) act();
 }
@@ -117,10 +132,14 @@ void TouchKey::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event
 
 void TouchKey::hideEvent(QHideEvent* event)
 {
-    held_ = false;
-    down_ = false;
-    repeat_.stop();
+    letGo();
     QWidget::hideEvent(event);
+}
+
+void TouchKey::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange) update();
 }
 
 QColor TouchKey::face() const
@@ -145,12 +164,24 @@ QColor TouchKey::ink() const
     return colours::ink;
 }
 
+void TouchKey::paintValue(QPainter& painter, const QRect& place, int pixels) const
+{
+    const QRect line = place.adjusted(6, 0, -6, 0);
+    const int half = line.width() / 2;
+    const QRect name = mirroredIn(*this, {line.left(), line.top(), half - 4, line.height()});
+    const QRect value =
+        mirroredIn(*this, {line.left() + half, line.top(), line.width() - half, line.height()});
+    drawFitted(painter, name, static_cast<int>(leading(*this) | Qt::AlignVCenter), panelFont(pixels), text_);
+    drawFitted(painter, value, static_cast<int>(trailing(*this) | Qt::AlignVCenter), panelFont(pixels, true),
+        value_);
+}
+
 void TouchKey::paintEvent(QPaintEvent*)
 {
     QPainter painter{this};
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    if (blankWhileOff_ && !on_ && picture().isNull()) {
+    if (blankWhileOff_ && !on_ && picture_.isNull()) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(mix(colours::bar, colours::keyOff, 0.18));
         painter.drawRoundedRect(QRectF{rect()}.adjusted(1, 1, -1, -1), 4, 4);
@@ -167,12 +198,12 @@ void TouchKey::paintEvent(QPaintEvent*)
 
     const int shift = down_ ? 1 : 0;
     QRect inside = rect().adjusted(4, 3, -4, -3).translated(shift, shift);
-    if (!on_ && !picture().isNull()) painter.setOpacity(offOpacity);
+    if (!on_ && !picture_.isNull()) painter.setOpacity(offOpacity);
 
     const int corner = corner_.isEmpty() ? 0 : scaled(0.16, height(), 9, 14);
     const int textPixels = textPixels_ != 0 ? textPixels_ : scaled(0.42, height(), 9, 26);
     QRect textPlace = inside;
-    if (!picture().isNull()) {
+    if (!picture_.isNull()) {
         QRect picturePlace = inside;
         if (corner != 0) picturePlace.setTop(inside.top() + corner * 2 / 3);
         if (!text_.isEmpty()) {
@@ -180,18 +211,26 @@ void TouchKey::paintEvent(QPaintEvent*)
             picturePlace.setBottom(inside.bottom() - line);
             textPlace = {inside.left(), inside.bottom() - line, inside.width(), line};
         }
-        picture_.draw(painter, picturePlace);
+        QSize size = picture_.size();
+        if (size.width() > picturePlace.width() || size.height() > picturePlace.height())
+            size.scale(picturePlace.size(), Qt::KeepAspectRatio);
+        QRect place{{0, 0}, size};
+        place.moveCenter(picturePlace.center());
+        painter.drawImage(place, picture_);
     }
     painter.setOpacity(1);
     painter.setPen(ink());
-    if (!text_.isEmpty()) {
-        const int pixels = picture().isNull() ? textPixels : std::min(textPixels, textPlace.height() * 3 / 4);
-        drawFitted(painter, textPlace, Qt::AlignCenter, panelFont(pixels, picture().isNull()), text_);
+    if (!value_.isEmpty()) {
+        paintValue(painter, textPlace, textPixels);
+    } else if (!text_.isEmpty()) {
+        const int pixels = picture_.isNull() ? textPixels : std::min(textPixels, textPlace.height() * 3 / 4);
+        drawFitted(painter, textPlace, Qt::AlignCenter, panelFont(pixels, picture_.isNull()), text_);
     }
     if (corner != 0) {
         painter.setFont(panelFont(corner));
         painter.setPen(on_ ? colours::faintInk : colours::lockedInk);
-        painter.drawText(inside.adjusted(1, 0, 0, 0), Qt::AlignLeft | Qt::AlignTop, corner_);
+        painter.drawText(
+            inside.adjusted(1, 0, -1, 0), static_cast<int>(leading(*this) | Qt::AlignTop), corner_);
     }
 }
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "panel/widgets/scaled_picture.h"
-
 #include <QImage>
 #include <QString>
 #include <QTimer>
@@ -26,7 +24,7 @@ public:
     // A small name in the corner, such as "F1".
     void setCorner(const QString& corner);
     void setPicture(const QImage& picture);
-    const QImage& picture() const { return picture_.picture(); }
+    const QImage& picture() const { return picture_; }
     void setRole(Role role);
     // A face of another colour, for a key that stands for something active.
     void setHighlight(std::optional<QColor> colour);
@@ -37,6 +35,11 @@ public:
     void setRepeating(bool repeating) { repeating_ = repeating; }
     void setChosen(bool chosen); // the chosen one of several keys
     void setTextPixels(int pixels) { textPixels_ = pixels; }
+    // A value at the end of the line; the text then stands at its beginning.
+    void setValue(const QString& value);
+    const QString& value() const { return value_; }
+    // How often a held key has acted since the finger came down, 0 at the first time.
+    int repeats() const { return repeats_; }
     bool isDown() const { return down_; }
 
 protected:
@@ -46,20 +49,25 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void act();
+    void letGo();
+    void paintValue(QPainter& painter, const QRect& place, int pixels) const;
     QColor face() const;
     QColor ink() const;
 
     std::function<void()> action_;
     QString text_;
     QString corner_;
-    ScaledPicture picture_;
+    QString value_;
+    QImage picture_;
     QTimer repeat_;
     std::optional<QColor> highlight_;
     Role role_ = Role::Plain;
     int textPixels_ = 0; // 0: by the key's height
+    int repeats_ = 0;
     bool on_ = true;
     bool down_ = false; // finger on it
     bool held_ = false; // finger came down on it and is not lifted

@@ -1,0 +1,123 @@
+#include "panel/runtime/input_guard.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QTimer>
+#include <QWindow>
+
+namespace servopanel::panel {
+
+namespace {
+
+// Some screens are read in a later turn of the event loop than others; what waited is in by the third.
+constexpr int drainTurns = 3;
+
+// Digits are typed in quick succession, one finger down before the other is up; keys that act are not.
+bool actsByItself(int key)
+{
+    return (key >= Qt::Key_F1 && key <= Qt::Key_F12) || key == Qt::Key_Escape || key == Qt::Key_Menu
+        || key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+} // namespace
+
+InputGuard::InputGuard(QWidget& window, EventGate& gate, std::function<void()> touched)
+    : window_{window}
+    , gate_{gate}
+    , touched_{std::move(touched)}
+{
+    gate_.setStaleHandler([this] { drain(); });
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+InputGuard::~InputGuard() { gate_.setStaleHandler({}); }
+
+void InputGuard::drain()
+{
+    const bool isRunning = isDraining();
+    turns_ = drainTurns;
+    if (isRunning) return;
+    const auto turn = [this](const auto& again) -> void {
+        QTimer::singleShot(0, &context_, [this, again] {
+            if (--turns_ > 0) again(again);
+        });
+    };
+    turn(turn);
+}
+
+bool InputGuard::press()
+{
+    if (down_ || key_ != 0 || dropping_ || isDraining()) {
+        if (!down_) dropping_ = true;
+        return true;
+    }
+    down_ = true;
+    gate_.beginTouch();
+    touched_();
+    return false;
+}
+
+bool InputGuard::release(bool isLast)
+{
+    if (dropping_) {
+        dropping_ = !isLast;
+        return true;
+    }
+    if (isLast) down_ = false;
+    return false;
+}
+
+bool InputGuard::keyPress(int key, bool repeated)
+{
+    if (repeated) return droppedKeys_.count(key) > 0;
+    const bool acts = actsByItself(key);
+    if (isDraining() || (acts && (down_ || (key_ != 0 && key_ != key)))) {
+        droppedKeys_.insert(key);
+        return true;
+    }
+    if (acts) key_ = key;
+    gate_.beginTouch();
+    touched_();
+    return false;
+}
+
+bool InputGuard::keyRelease(int key, bool repeated)
+{
+    if (repeated) return droppedKeys_.count(key) > 0;
+    if (droppedKeys_.erase(key) > 0) return true;
+    if (key == key_) key_ = 0;
+    return false;
+}
+
+bool InputGuard::eventFilter(QObject* watched, QEvent* event)
+{
+    // Only the window's own events: its widgets get what passes here.
+    if (!watched->isWindowType() || watched != window_.windowHandle()) return false;
+    switch (event->type()) {
+    case QEvent::MouseButtonPress: return press();
+    // A quick second touch comes as a press and as this.
+    case QEvent::MouseButtonDblClick: return down_ ? false : press();
+    case QEvent::MouseMove: return dropping_;
+    case QEvent::MouseButtonRelease:
+        return release(static_cast<QMouseEvent*>(event)->buttons() == Qt::NoButton);
+    case QEvent::KeyPress: {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        return keyPress(key->key(), key->isAutoRepeat());
+    }
+    case QEvent::KeyRelease: {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        return keyRelease(key->key(), key->isAutoRepeat());
+    }
+    case QEvent::FocusOut:
+        // Releases went to another window.
+        key_ = 0;
+        down_ = false;
+        dropping_ = false;
+        droppedKeys_.clear();
+        return false;
+    default: return false;
+    }
+}
+
+} // namespace servopanel::panel

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "panel/form/event_gate.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+
+#include <functional>
+#include <set>
+
+namespace servopanel::panel {
+
+// Watches what the window system hands to the panel's window, before any widget sees it. One touch or function key at a
+// time: what comes while another is held is left out until it is lifted. And nothing is kept in store: a touch that came
+// while a procedure ran, or before a message was on the screen, meant a screen that the operator no longer has in front
+// of him, so it is dropped as a whole. The page's periodic refresh changes nothing that a touch could mean and costs no
+// touch.
+class InputGuard : public QObject {
+public:
+    // touched: the operator has touched or pressed something, before it acts.
+    InputGuard(QWidget& window, EventGate& gate, std::function<void()> touched);
+    ~InputGuard() override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    bool press();
+    bool release(bool isLast);
+    bool keyPress(int key, bool repeated);
+    bool keyRelease(int key, bool repeated);
+    // Drops everything that is waiting already.
+    void drain();
+    bool isDraining() const { return turns_ > 0; }
+
+    QWidget& window_;
+    EventGate& gate_;
+    std::function<void()> touched_;
+    QObject context_;
+    int turns_ = 0; // of the event loop until what waited is gone
+    bool down_ = false; // a touch that was let through
+    bool dropping_ = false; // a touch that was not
+    int key_ = 0; // the function key that is held
+    std::set<int> droppedKeys_;
+};
+
+} // namespace servopanel::panel

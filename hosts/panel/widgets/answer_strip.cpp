@@ -1,0 +1,104 @@
+#include "panel/widgets/answer_strip.h"
+
+#include "panel/look/colours.h"
+#include "panel/look/fonts.h"
+#include "panel/look/mirroring.h"
+#include "panel/look/wrapped_text.h"
+#include "panel/widgets/value_marks.h"
+
+#include <QEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace servopanel::panel {
+
+AnswerStrip::AnswerStrip(QWidget* parent)
+    : QWidget{parent}
+{
+    timer_.setSingleShot(true);
+    connect(&timer_, &QTimer::timeout, this, [this] {
+        if (!refused_) dismiss();
+    });
+    hide();
+}
+
+void AnswerStrip::showWritten(const QString& text) { begin(false, text, {}); }
+void AnswerStrip::showRefused(const QString& text, const QString& reason) { begin(true, text, reason); }
+
+void AnswerStrip::begin(bool refused, const QString& text, const QString& reason)
+{
+    refused_ = refused;
+    text_ = text;
+    reason_ = reason;
+    due_ = true;
+    since_.start();
+    timer_.start(leastMs_);
+    adapt();
+    update();
+}
+
+void AnswerStrip::touched()
+{
+    if (due_ && refused_ && since_.elapsed() >= leastMs_) dismiss();
+}
+
+void AnswerStrip::setCovered(bool covered)
+{
+    if (covered_ == covered) return;
+    covered_ = covered;
+    adapt();
+}
+
+void AnswerStrip::dismiss()
+{
+    due_ = false;
+    timer_.stop();
+    adapt();
+}
+
+void AnswerStrip::adapt()
+{
+    setVisible(due_ && !covered_);
+    if (isVisible()) raise();
+}
+
+void AnswerStrip::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange) update();
+}
+
+void AnswerStrip::mousePressEvent(QMouseEvent* event) { event->accept(); }
+
+void AnswerStrip::paintEvent(QPaintEvent*)
+{
+    QPainter painter{this};
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor edge = refused_ ? colours::refuse : colours::accept;
+    painter.setPen(QPen{edge, 2});
+    painter.setBrush(colours::sheet);
+    painter.drawRoundedRect(QRectF{rect()}.adjusted(1, 1, -1, -1), 4, 4);
+
+    const int side = scaled(0.3, height(), 16, 28);
+    const int margin = scaled(0.08, height(), 4, 8);
+    const QRect sign{margin + 2, margin, side, side};
+    if (refused_)
+        drawCross(painter, mirroredIn(*this, sign), edge);
+    else
+        drawTick(painter, mirroredIn(*this, sign), edge);
+
+    const QRect head{sign.right() + margin, margin, width() - sign.right() - 2 * margin, side};
+    painter.setPen(colours::ink);
+    drawFitted(painter, mirroredIn(*this, head), static_cast<int>(leading(*this) | Qt::AlignVCenter),
+        panelFont(scaled(0.18, height(), 12, 18), true), text_);
+    if (reason_.isEmpty()) return;
+    const QRect rest{
+        margin + 2, head.bottom() + 2, width() - 2 * margin - 4, height() - head.bottom() - margin};
+    QFont font = panelFont(scaled(0.14, height(), 10, 14));
+    // A long reason is made smaller before its end is lost; the list of reports has it as a whole.
+    while (font.pixelSize() > 9 && wrappedHeight(reason_, font, rest.width()) > rest.height())
+        font.setPixelSize(font.pixelSize() - 1);
+    drawWrapped(painter, rest, rest, leading(*this), font, reason_);
+}
+
+} // namespace servopanel::panel

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "basic/error.h"
+#include "platform/process_var_access.h"
+
+#include <memory>
+#include <set>
+#include <string>
+
+namespace servopanel::testing {
+
+// Process variables of which some cannot be read or written, as a test wishes.
+class FlakyVariables : public platform::ProcessVarAccess {
+public:
+    explicit FlakyVariables(std::shared_ptr<platform::ProcessVarAccess> inner)
+        : inner_{std::move(inner)}
+    {
+    }
+    basic::Variant ReadValue(std::string_view name) override
+    {
+        if (unreadable.count(std::string{name}) > 0) fail(name, "no answer");
+        return inner_->ReadValue(name);
+    }
+    void WriteValue(std::string_view name, const basic::Variant& value) override
+    {
+        if (unwritable.count(std::string{name}) > 0) fail(name, "refused by the controller");
+        inner_->WriteValue(name, value);
+    }
+
+    std::set<std::string> unreadable;
+    std::set<std::string> unwritable;
+
+private:
+    [[noreturn]] static void fail(std::string_view name, const std::string& reason)
+    {
+        throw basic::Error{5, "Test", "'" + std::string{name} + "': " + reason};
+    }
+
+    std::shared_ptr<platform::ProcessVarAccess> inner_;
+};
+
+} // namespace servopanel::testing

@@ -1,0 +1,199 @@
+// Touch storms, keys pressed together and touches that came too late.
+#include "panel/runtime/input_guard.h"
+
+#include "panel/widgets/touch_key.h"
+#include "panel/window/panel_window.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <QWindow>
+
+using namespace servopanel::panel;
+
+namespace {
+
+class InputGuardTest : public ::testing::Test {
+protected:
+    InputGuardTest()
+    {
+        left_.setGeometry(100, 100, 100, 100);
+        right_.setGeometry(300, 100, 100, 100);
+        for (TouchKey* key : {&left_, &right_})
+            key->setAction([this] {
+                ++actions_;
+                const EventGate::Entry entry{gate_, kind_};
+                if (during_) during_();
+            });
+        window_.setKeyHandler([this](int number) { keys_.push_back(number); });
+        window_.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window_));
+        QTest::qWait(20);
+    }
+    QWindow* window() { return window_.windowHandle(); }
+    // As a window system does it: the events wait until the event loop comes to them.
+    void queueTap(QPoint at)
+    {
+        queue(at, Qt::LeftButton, QEvent::MouseButtonPress);
+        queue(at, Qt::NoButton, QEvent::MouseButtonRelease);
+    }
+    void queue(QPoint at, Qt::MouseButtons buttons, QEvent::Type type)
+    {
+        QMetaObject::invokeMethod(
+            &window_,
+            [=, this] {
+                qt_handleMouseEvent(
+                    window(), at, window()->mapToGlobal(at), buttons, Qt::LeftButton, type, {}, 0);
+            },
+            Qt::QueuedConnection);
+    }
+    static constexpr QPoint onLeft{150, 150};
+    static constexpr QPoint onRight{350, 150};
+
+    EventGate gate_;
+    PanelWindow window_{{800, 600}, PanelWindow::Zoom::None};
+    TouchKey& left_ = *new TouchKey{&window_.stage()};
+    TouchKey& right_ = *new TouchKey{&window_.stage()};
+    int touches_ = 0;
+    InputGuard guard_{window_, gate_, [this] { ++touches_; }};
+    int actions_ = 0;
+    EventGate::Entry::Kind kind_ = EventGate::Entry::Kind::Action;
+    std::function<void()> during_;
+    std::vector<int> keys_;
+};
+
+} // namespace
+
+TEST_F(InputGuardTest, OfAStormOnlyTheFirstTouchCounts)
+{
+    for (int i = 0; i < 300; ++i)
+        queueTap(onLeft);
+    QTest::qWait(50);
+    EXPECT_EQ(actions_, 1);
+    // What comes afterwards is meant for what is now on the screen.
+    queueTap(onLeft);
+    QTest::qWait(50);
+    EXPECT_EQ(actions_, 2);
+}
+
+TEST_F(InputGuardTest, ATouchThatCameWhileAProcedureRanIsDroppedAsAWhole)
+{
+    during_ = [this] {
+        // Comes while the procedure keeps the panel busy; its end comes much later.
+        queue(onRight, Qt::LeftButton, QEvent::MouseButtonPress);
+        during_ = nullptr;
+    };
+    queueTap(onLeft);
+    QTest::qWait(50);
+    EXPECT_EQ(actions_, 1);
+    EXPECT_FALSE(right_.isDown());
+    queue(onRight, Qt::NoButton, QEvent::MouseButtonRelease);
+    QTest::qWait(50);
+    EXPECT_EQ(actions_, 1);
+    queueTap(onRight);
+    QTest::qWait(50);
+    EXPECT_EQ(actions_, 2);
+}
+
+TEST_F(InputGuardTest, TheEndOfATouchIsNeverLost)
+{
+    // The press starts a procedure, as an input does; the finger is lifted while it runs.
+    right_.setRepeating(true);
+    during_ = [this] { queue(onRight, Qt::NoButton, QEvent::MouseButtonRelease); };
+    queue(onRight, Qt::LeftButton, QEvent::MouseButtonPress);
+    QTest::qWait(50);
+    EXPECT_FALSE(right_.isDown());
+}
+
+TEST_F(InputGuardTest, ARefreshCostsNoTouch)
+{
+    kind_ = EventGate::Entry::Kind::Refresh;
+    queueTap(onLeft);
+    queueTap(onRight);
+    QTest::qWait(50);
+    EXPECT_EQ(actions_, 2);
+}
+
+TEST_F(InputGuardTest, AMessageIsNotReadByTouchesFromBefore)
+{
+    gate_.close();
+    queueTap(onLeft);
+    QTest::qWait(50);
+    EXPECT_EQ(actions_, 0);
+    queueTap(onLeft);
+    QTest::qWait(50);
+    EXPECT_EQ(actions_, 1);
+    gate_.open();
+}
+
+TEST_F(InputGuardTest, OfTwoFunctionKeysTheFirstCountsUntilItIsReleased)
+{
+    QTest::keyPress(window(), Qt::Key_F5);
+    QTest::keyPress(window(), Qt::Key_F6);
+    EXPECT_EQ(keys_, (std::vector{5}));
+    QTest::keyRelease(window(), Qt::Key_F5);
+    QTest::keyRelease(window(), Qt::Key_F6);
+    QTest::keyClick(window(), Qt::Key_F6);
+    EXPECT_EQ(keys_, (std::vector{5, 6}));
+}
+
+TEST_F(InputGuardTest, AFunctionKeyAndATouchTogetherAreTheFirstOfThem)
+{
+    QTest::keyPress(window(), Qt::Key_F5);
+    QTest::mouseClick(window(), Qt::LeftButton, {}, onLeft);
+    QTest::keyRelease(window(), Qt::Key_F5);
+    EXPECT_EQ(actions_, 0);
+    EXPECT_EQ(keys_, (std::vector{5}));
+    QTest::mousePress(window(), Qt::LeftButton, {}, onLeft);
+    QTest::keyClick(window(), Qt::Key_F6);
+    QTest::mouseRelease(window(), Qt::LeftButton, {}, onLeft);
+    EXPECT_EQ(actions_, 1);
+    EXPECT_EQ(keys_, (std::vector{5}));
+}
+
+TEST_F(InputGuardTest, DigitsMayOverlapAsFastTypistsDo)
+{
+    QString typed;
+    class Typed : public QWidget {
+    public:
+        Typed(QWidget* parent, QString& into)
+            : QWidget{parent}
+            , into_{into}
+        {
+            setFocusPolicy(Qt::StrongFocus);
+        }
+
+    protected:
+        void keyPressEvent(QKeyEvent* event) override { into_ += event->text(); }
+
+    private:
+        QString& into_;
+    };
+    auto* target = new Typed{&window_.stage(), typed};
+    target->show();
+    target->setFocus();
+    QTest::qWait(20);
+    QTest::keyPress(window(), Qt::Key_1);
+    QTest::keyPress(window(), Qt::Key_2);
+    QTest::keyRelease(window(), Qt::Key_1);
+    QTest::keyRelease(window(), Qt::Key_2);
+    EXPECT_EQ(typed, "12");
+}
+
+TEST_F(InputGuardTest, AQuickSecondTouchCounts)
+{
+    // The window system tells of it as a press and a double click.
+    queueTap(onLeft);
+    QTest::qWait(30);
+    queueTap(onLeft);
+    QTest::qWait(30);
+    EXPECT_EQ(actions_, 2);
+}
+
+TEST_F(InputGuardTest, TellsOfEveryTouchThatCounts)
+{
+    QTest::mouseClick(window(), Qt::LeftButton, {}, onLeft);
+    QTest::qWait(30);
+    QTest::keyClick(window(), Qt::Key_F5);
+    EXPECT_EQ(touches_, 2);
+}

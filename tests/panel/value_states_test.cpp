@@ -1,0 +1,382 @@
+// What a value on the servo page tells of itself, and what a confirmed change came to.
+#include "flaky_variables.h"
+#include "test_project.h"
+
+#include "panel/form/eingabemaske.h"
+#include "panel/form/header.h"
+#include "panel/form/label.h"
+#include "panel/form/schalter.h"
+#include "panel/form/vws_index.h"
+#include "panel/form/vws_var.h"
+#include "platform/ids.h"
+#include "support/standard_project.h"
+
+#include <gtest/gtest.h>
+
+using namespace servopanel;
+using basic::Variant;
+using panel::LinkQuality;
+using panel::Operator;
+using panel::Panel;
+using panel::TextView;
+using servopanel::testing::FlakyVariables;
+using servopanel::testing::TestProject;
+
+namespace {
+
+const std::string setpoints = "Ch1.M1_T_servo_3<.mM1_servo_para_3>";
+const std::string secondSetpoints = "Ch1.M1_T_servo_3<.mM1_servo_para2_3>";
+const std::string switches = "Ch1.M1_T_servo_3<.mM1_servo_schalt_3>";
+const std::string drawings = "Ch1.M1_T_servo_3<.mM1_servo_zeich_3>";
+const std::string actualValues = "Ch1.M1_T_servo_3<.mM1_servo_diag_31>";
+const std::string faultText = "Ch1.M1_T_servo_3<.mM1_fetext_31>";
+const std::string changedFlag = "Ch1.M1_T_servo_3<.mM1_servoaender_3>";
+constexpr int refreshMs = 700; // the page has refreshed its values once meanwhile
+
+class ValueStatesTest : public ::testing::Test {
+protected:
+    explicit ValueStatesTest(int resolution = 1280)
+    {
+        panel::PanelSettings settings = project_.settings();
+        settings.resolution = resolution;
+        settings.wrapVariables = [this](std::shared_ptr<platform::ProcessVarAccess> inner) {
+            flaky_ = std::make_shared<FlakyVariables>(std::move(inner));
+            return flaky_;
+        };
+        panel_ = std::make_unique<Panel>(settings);
+        reader_ = std::make_unique<servopanel::testing::MessageReader>(*panel_);
+        panel_->window().show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&panel_->window()));
+        panel_->openServo();
+        hands_ = std::make_unique<Operator>(*panel_);
+        hands_->menuKey(1);
+    }
+
+    panel::Child& child(std::string_view name, std::int16_t index = platform::ChildId::noIndex)
+    {
+        return panel_->shownPart()->require<panel::Child>(name, index);
+    }
+    TextView& text(std::string_view name, std::int16_t index = platform::ChildId::noIndex)
+    {
+        return static_cast<TextView&>(child(name, index).view());
+    }
+    void change(std::string_view name, std::int16_t index, const std::string& number)
+    {
+        hands_->input(name, index);
+        hands_->type(number);
+        hands_->ok();
+    }
+    LinkQuality quality()
+    {
+        auto& bar = panel_->servo()->require<panel::HeaderChild>("Header").bar();
+        bar.refresh();
+        return bar.shown().quality;
+    }
+    std::string answer() { return panel_->answers().text().toStdString(); }
+
+    TestProject project_{servopanel::testing::standardProject};
+    std::shared_ptr<FlakyVariables> flaky_;
+    std::unique_ptr<Panel> panel_;
+    std::unique_ptr<servopanel::testing::MessageReader> reader_;
+    std::unique_ptr<Operator> hands_;
+};
+
+// The digits of a view, without what its state draws around them.
+QRect inkOf(const QImage& image, const QRect& part)
+{
+    QRect found;
+    for (int y = part.top(); y <= part.bottom(); ++y)
+        for (int x = part.left(); x <= part.right(); ++x)
+            if (image.pixelColor(x, y).lightness() < 150) found |= QRect{x, y, 1, 1};
+    return found;
+}
+
+} // namespace
+
+TEST_F(ValueStatesTest, AChangedSetpointHasAMarkThatIsNoColourAlone)
+{
+    EXPECT_EQ(text("SollwertL", 1).marks(), panel::ValueMarks{});
+    change("SollwertL", 1, "42.5");
+    EXPECT_TRUE(text("SollwertL", 1).marks().changed);
+    const QImage changed = text("SollwertL", 1).grab().toImage().convertToFormat(QImage::Format_Grayscale8);
+    hands_->footerKey(11);
+    EXPECT_FALSE(text("SollwertL", 1).marks().changed);
+    // The triangle fills the corner, where a plain field is light.
+    const QImage plain = text("SollwertL", 1).grab().toImage().convertToFormat(QImage::Format_Grayscale8);
+    EXPECT_LT(changed.pixelColor(6, 4).lightness(), 140);
+    EXPECT_GT(plain.pixelColor(6, 4).lightness(), 200);
+}
+
+TEST_F(ValueStatesTest, AToggledSwitchIsMarkedUntilTheMachineTellsItsState)
+{
+    auto& lever = panel_->shownPart()->require<panel::SchalterChild>("SchalterL", 31).lever();
+    EXPECT_FALSE(lever.marks().changed);
+    hands_->input("SchalterL", 31);
+    EXPECT_TRUE(lever.marks().changed);
+    hands_->wait(refreshMs);
+    EXPECT_TRUE(lever.marks().changed);
+    hands_->footerKey(11);
+    EXPECT_FALSE(lever.marks().changed);
+    EXPECT_TRUE(lever.state());
+}
+
+TEST_F(ValueStatesTest, AChangedDrawingNumberIsMarked)
+{
+    change("ZeichnungL", 43, "7");
+    EXPECT_TRUE(text("ZeichnungL", 43).marks().changed);
+    EXPECT_FALSE(text("ZeichnungL", 41).marks().changed);
+    hands_->footerKey(10);
+    EXPECT_FALSE(text("ZeichnungL", 43).marks().changed);
+}
+
+TEST_F(ValueStatesTest, OnlyWhatTheAccessLevelForbidsHasALock)
+{
+    EXPECT_TRUE(text("SollwertL", 2).marks().locked);
+    EXPECT_FALSE(text("SollwertL", 1).marks().locked);
+    // While the mask is open all inputs are off, but that is no lock.
+    hands_->input("SollwertL", 1);
+    EXPECT_FALSE(text("SollwertR", 11).marks().locked);
+    EXPECT_TRUE(text("SollwertL", 2).marks().locked);
+    hands_->cancel();
+    EXPECT_FALSE(text("SollwertR", 11).marks().locked);
+}
+
+TEST_F(ValueStatesTest, AFailedReadMakesItsValuesStaleAndTheNextGoodOneFresh)
+{
+    const QString shown = text("SollwertL", 1).text();
+    EXPECT_EQ(quality(), LinkQuality::Good);
+    flaky_->unreadable.insert(setpoints);
+    hands_->wait(refreshMs);
+    EXPECT_TRUE(text("SollwertL", 1).marks().stale);
+    EXPECT_TRUE(text("SollwertR", 11).marks().stale);
+    EXPECT_EQ(text("SollwertL", 1).text(), shown);
+    EXPECT_FALSE(text("SollwertL", 21).marks().stale);
+    EXPECT_FALSE(text("ZeichnungL", 41).marks().stale);
+    EXPECT_FALSE(panel_->shownPart()->require<panel::SchalterChild>("SchalterL", 31).lever().marks().stale);
+    EXPECT_EQ(quality(), LinkQuality::Partly);
+
+    flaky_->unreadable.clear();
+    hands_->wait(refreshMs);
+    EXPECT_FALSE(text("SollwertL", 1).marks().stale);
+    EXPECT_EQ(quality(), LinkQuality::Good);
+}
+
+TEST_F(ValueStatesTest, EveryFamilyHasItsOwnFields)
+{
+    flaky_->unreadable = {secondSetpoints, switches, drawings};
+    hands_->wait(refreshMs);
+    EXPECT_FALSE(text("SollwertL", 1).marks().stale);
+    EXPECT_TRUE(text("SollwertL", 21).marks().stale);
+    EXPECT_TRUE(panel_->shownPart()->require<panel::SchalterChild>("SchalterL", 31).lever().marks().stale);
+    EXPECT_TRUE(text("ZeichnungL", 43).marks().stale);
+}
+
+TEST_F(ValueStatesTest, LimitsThatCannotBeReadDoNotMakeAValueStale)
+{
+    flaky_->unreadable.insert("Ch1.M1_T_servo_3<.mM1_servo_para_un_3>");
+    hands_->wait(refreshMs);
+    EXPECT_FALSE(text("SollwertL", 1).marks().stale);
+}
+
+TEST_F(ValueStatesTest, ActualValuesTableAndFaultTextBecomeStale)
+{
+    hands_->footerKey(10);
+    EXPECT_FALSE(text("IstWert", 103).marks().stale);
+    flaky_->unreadable = {actualValues};
+    hands_->wait(refreshMs);
+    EXPECT_TRUE(text("IstWert", 103).marks().stale);
+    EXPECT_TRUE(text("IstWertTab", 123).marks().stale);
+    EXPECT_FALSE(text("Fehlertext").marks().stale);
+    EXPECT_EQ(quality(), LinkQuality::Partly);
+    flaky_->unreadable = {actualValues, faultText};
+    hands_->wait(refreshMs);
+    EXPECT_TRUE(text("Fehlertext").marks().stale);
+    EXPECT_EQ(quality(), LinkQuality::Bad);
+    // What is not on the screen says nothing about it.
+    hands_->footerKey(10);
+    EXPECT_EQ(quality(), LinkQuality::Good);
+}
+
+TEST_F(ValueStatesTest, AnArrayThatIsTooShortIsStaleFromItsEndOn)
+{
+    panel_->variables().declare(setpoints, basic::doubles({1, 2, 3, 4, 5, 6, 7, 8, 9, 10}));
+    hands_->wait(refreshMs);
+    EXPECT_FALSE(text("SollwertL", 1).marks().stale);
+    EXPECT_TRUE(text("SollwertR", 11).marks().stale);
+    panel_->variables().declare(setpoints, Variant{7.0});
+    hands_->wait(refreshMs);
+    EXPECT_TRUE(text("SollwertL", 1).marks().stale);
+}
+
+TEST_F(ValueStatesTest, AStaleValueIsFadedAndItsDigitsStayWhereTheyAre)
+{
+    TextView& field = text("SollwertL", 1);
+    const QRect right{field.width() / 2, 4, field.width() / 2 - 6, field.height() - 8};
+    const QImage fresh = field.grab().toImage();
+    const QRect before = inkOf(fresh, right);
+    ASSERT_FALSE(before.isNull());
+    flaky_->unreadable.insert(setpoints);
+    hands_->wait(refreshMs);
+    const QImage stale = field.grab().toImage();
+    EXPECT_NE(stale, fresh);
+    const QRect after = inkOf(stale, right);
+    EXPECT_NEAR(after.left(), before.left(), 1);
+    EXPECT_NEAR(after.right(), before.right(), 1);
+    EXPECT_NEAR(after.bottom(), before.bottom(), 1);
+}
+
+TEST_F(ValueStatesTest, ABadLinkMakesEverythingStaleUntilItIsGoodAgain)
+{
+    panel_->setLink({false, "The broker does not answer"});
+    EXPECT_TRUE(text("SollwertL", 1).marks().stale);
+    EXPECT_TRUE(text("ZeichnungL", 41).marks().stale);
+    EXPECT_EQ(quality(), LinkQuality::Bad);
+    EXPECT_EQ(panel_->errors().entries().front().text, "The broker does not answer");
+    panel_->setLink({true, ""});
+    EXPECT_FALSE(text("SollwertL", 1).marks().stale);
+    EXPECT_EQ(quality(), LinkQuality::Good);
+}
+
+TEST_F(ValueStatesTest, AnotherServosGoodVariablesAreFresh)
+{
+    flaky_->unreadable.insert(setpoints);
+    hands_->wait(refreshMs);
+    EXPECT_TRUE(text("SollwertL", 1).marks().stale);
+    hands_->footerKey(6);
+    EXPECT_FALSE(text("SollwertL", 1).marks().stale);
+    hands_->footerKey(5);
+    EXPECT_TRUE(text("SollwertL", 1).marks().stale);
+}
+
+TEST_F(ValueStatesTest, AConfirmedChangeIsAnsweredWithTheNumberOfValues)
+{
+    change("SollwertL", 1, "42.5");
+    change("SollwertL", 21, "7");
+    hands_->input("SchalterL", 31);
+    EXPECT_FALSE(panel_->answers().isVisible());
+    hands_->footerKey(10);
+    EXPECT_TRUE(panel_->answers().isVisible());
+    EXPECT_FALSE(panel_->answers().isRefusal());
+    EXPECT_EQ(answer(), "Written, values: 3");
+}
+
+TEST_F(ValueStatesTest, ADrawingNumberCountsAsOneValue)
+{
+    change("ZeichnungL", 41, "7");
+    change("ZeichnungL", 45, "8");
+    hands_->footerKey(10);
+    EXPECT_EQ(answer(), "Written, values: 1");
+}
+
+TEST_F(ValueStatesTest, OtherKeysAreNotAnswered)
+{
+    hands_->footerKey(10);
+    hands_->footerKey(10);
+    change("SollwertL", 1, "42.5");
+    hands_->footerKey(11);
+    EXPECT_FALSE(panel_->answers().isVisible());
+}
+
+TEST_F(ValueStatesTest, ARefusedWriteIsAnsweredWithVariableAndReason)
+{
+    change("SollwertL", 1, "42.5");
+    change("SollwertL", 21, "7");
+    flaky_->unwritable.insert(setpoints);
+    hands_->footerKey(10);
+    ASSERT_TRUE(panel_->answers().isVisible());
+    EXPECT_TRUE(panel_->answers().isRefusal());
+    EXPECT_EQ(answer(), "Not written: '" + setpoints + "': refused by the controller. Written, values: 1");
+    EXPECT_EQ(basic::element(*panel_->variables().find(setpoints), 0), Variant{1.5});
+    EXPECT_EQ(basic::element(*panel_->variables().find(secondSetpoints), 0), Variant{7.0});
+}
+
+TEST_F(ValueStatesTest, AChangeThatIsLostBecauseItsVariableCannotBeReadIsRefused)
+{
+    change("SollwertL", 1, "42.5");
+    flaky_->unreadable.insert(setpoints);
+    hands_->footerKey(10);
+    ASSERT_TRUE(panel_->answers().isRefusal());
+    EXPECT_NE(answer().find(setpoints + "': no answer"), std::string::npos) << answer();
+}
+
+TEST_F(ValueStatesTest, AVariableThatNobodyChangedMayBeBroken)
+{
+    flaky_->unreadable.insert(drawings);
+    change("SollwertL", 1, "42.5");
+    hands_->footerKey(10);
+    EXPECT_EQ(answer(), "Written, values: 1");
+}
+
+TEST_F(ValueStatesTest, AMachineThatIsNotToldOfTheChangeIsARefusal)
+{
+    change("SollwertL", 1, "42.5");
+    flaky_->unwritable.insert(changedFlag);
+    hands_->footerKey(10);
+    EXPECT_TRUE(panel_->answers().isRefusal());
+    EXPECT_NE(answer().find(changedFlag), std::string::npos);
+}
+
+namespace {
+
+class AnswerPlaceTest : public ValueStatesTest, public ::testing::WithParamInterface<int> {
+protected:
+    AnswerPlaceTest()
+        : ValueStatesTest{GetParam()}
+    {
+    }
+};
+
+} // namespace
+
+INSTANTIATE_TEST_SUITE_P(Screens, AnswerPlaceTest, ::testing::Values(1280, 1024, 800));
+
+TEST_P(AnswerPlaceTest, TheAnswerLiesOnNothingThatCanBeTouched)
+{
+    change("SollwertL", 1, "42.5");
+    hands_->footerKey(10);
+    ASSERT_TRUE(panel_->answers().isVisible());
+    const QRect strip = panel_->answers().geometry();
+    panel_->shownPart()->forEach([&](std::string_view name, std::int16_t index, panel::Child& each) {
+        if (!each.view().isVisible() || name == "ServoMain") return;
+        const QRect place{each.view().mapTo(&panel_->window().stage(), QPoint{}), each.view().size()};
+        EXPECT_FALSE(place.intersects(strip)) << name << " " << index;
+    });
+    // The mask opens over its place and is seen as a whole.
+    hands_->input("SollwertR", 11);
+    EXPECT_FALSE(panel_->answers().isVisible());
+    hands_->cancel();
+    EXPECT_TRUE(panel_->answers().isVisible());
+}
+
+TEST_F(ValueStatesTest, ARefusalStaysForSomeTimeAndUntilTheNextTouch)
+{
+    panel_->answers().setLeastTime(300);
+    change("SollwertL", 1, "42.5");
+    flaky_->unwritable.insert(setpoints);
+    hands_->footerKey(10);
+    hands_->input("BeschriftungL", 2); // a touch that means nothing
+    EXPECT_TRUE(panel_->answers().isVisible());
+    hands_->wait(400);
+    EXPECT_TRUE(panel_->answers().isVisible());
+    hands_->input("BeschriftungL", 2);
+    EXPECT_FALSE(panel_->answers().isVisible());
+}
+
+TEST_F(ValueStatesTest, AnAnswerOfSuccessGoesByItself)
+{
+    panel_->answers().setLeastTime(100);
+    change("SollwertL", 1, "42.5");
+    hands_->footerKey(10);
+    EXPECT_TRUE(panel_->answers().isVisible());
+    hands_->wait(200);
+    EXPECT_FALSE(panel_->answers().isVisible());
+}
+
+TEST_F(ValueStatesTest, TheAnswerGoesWithItsPage)
+{
+    change("SollwertL", 1, "42.5");
+    hands_->footerKey(10);
+    hands_->footerKey(11);
+    EXPECT_EQ(panel_->shownPart()->className(), "ServoMenu");
+    EXPECT_FALSE(panel_->answers().isVisible());
+}
