@@ -4,7 +4,7 @@
 set -u -o pipefail
 
 packages=(g++ cmake ninja-build pkg-config libgtest-dev nlohmann-json3-dev qt6-base-dev libwmf-dev mdbtools-dev mdbtools
-          python3 python3-pil fonts-dejavu-core)
+          python3 python3-pil fonts-dejavu-core fonts-wqy-microhei)
 lint_packages=(clang clang-format clang-tidy)
 logs=build/logs
 

@@ -10,8 +10,11 @@ import json
 import sys
 from pathlib import Path
 
+import arabic
+import chinese
 import line_m1
 import line_m2
+from model import Language
 from panel_texts import FOOTER, MENU, PANEL, SCREENS, STANDARD
 
 LIBRARY = "Servo"
@@ -26,7 +29,12 @@ ELEMENTS = 40
 HEADING_LINES = [101, 102, 111]
 COLUMN_HEADINGS = [20, 25, 30, 35]
 
-LANGUAGES = [("de", "Deutsch"), ("en", "English")]
+LANGUAGES = [
+    Language("de", "Deutsch"),
+    Language("en", "English"),
+    Language("ar", "العربية", arabic.TEXTS, direction="rtl"),
+    Language("zh", "中文", chinese.TEXTS),
+]
 
 
 def variable(machine, servo, family, suffix=""):
@@ -210,7 +218,7 @@ def project_json():
         '"lines": ' + block((compact(simulated_line(m)) for m in MACHINES.values()), 3, "[]"),
         '"servos": ' + block(servos, 3, "[]"),
     ]
-    languages = [{"number": n, "code": code, "name": name} for n, (code, name) in enumerate(LANGUAGES, 1)]
+    languages = [{"number": n, **language.settings} for n, language in enumerate(LANGUAGES, 1)]
     screens = {str(base + 100 * n): titles[0] for n in MACHINES for base, titles in SCREENS.items()}
     members = [
         '"title": ' + compact("Servoantriebe: Verarbeitungslinie und Palettierer"),
@@ -314,8 +322,7 @@ def servo_texts(machine, servo, pick):
 
 
 def language_texts(language):
-    def pick(de, en):
-        return (de, en)[language]
+    pick = language.pick
 
     def put(key, text):
         lines.append(f"{key} = {text}".rstrip())
@@ -346,8 +353,8 @@ def files():
         "Parameter/Program.ini": program_ini(),
         f"{LIBRARY}/{LIBRARY}.csv": definitions_csv(),
     }
-    for language, (code, _) in enumerate(LANGUAGES):
-        result[f"Texts/{code}.txt"] = language_texts(language)
+    for language in LANGUAGES:
+        result[f"Texts/{language.code}.txt"] = language_texts(language)
     for machine in MACHINES.values():
         for servo in machine.SERVOS:
             result[caption_name(machine, servo)] = caption_ini(servo)
@@ -368,11 +375,15 @@ def verify():
                 assert abs_low <= low <= item.value <= high <= abs_high, f"{place}: {item.de}"
             for item in servo.setpoints + servo.switches + servo.drawings:
                 assert 0 <= item.level <= 5, f"{place}: {item.de}"
-                for text in (item.de, item.en):
+                for text in (language.pick(item.de, item.en) for language in LANGUAGES):
                     assert all(len(part) <= 28 for part in text.rsplit(" ", 1)), f"{place}: {text} is too long"
             for page in servo.pages:
                 for item in page.left + page.right:
                     assert len(item.de) <= 30 and len(item.en) <= 30, f"{place}: {item.de} / {item.en} is too long"
+    for language in LANGUAGES:
+        language_texts(language)
+        assert not language.missing, f"{language.code}: no translation of {language.missing}"
+        assert not language.unused, f"{language.code}: nothing uses the translations of {language.unused}"
 
 
 def main():

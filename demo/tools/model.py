@@ -1,9 +1,34 @@
 """Vocabulary in which the demo's machines are described (line_m1.py, line_m2.py).
 
-A servo is written down once, with both languages, limits, access levels and behaviour together; make_project.py spreads it
-over variables, texts, parameter definitions and the simulation."""
+A servo is written down once, with its German and English texts, limits, access levels and behaviour together;
+make_project.py spreads it over variables, texts, parameter definitions and the simulation. Further languages translate
+the German texts in tables of their own (arabic.py, chinese.py)."""
 
 from dataclasses import dataclass, field
+
+
+class Language:
+    """A language of the project. texts: its translations by German text; without them it is German or English."""
+
+    def __init__(self, code, name, texts=None, **look):
+        self.code = code
+        self.settings = {"code": code, "name": name, **look}
+        self.texts = texts
+        self.missing = []
+        self.asked = set()
+
+    def pick(self, de, en):
+        """What the language says for a text that the model has in German and English."""
+        if self.texts is None:
+            return de if self.code == "de" else en
+        self.asked.add(de)
+        if de and de not in self.texts:
+            self.missing.append(de)
+        return self.texts.get(de, "")
+
+    @property
+    def unused(self):
+        return sorted(set(self.texts or {}) - self.asked)
 
 
 @dataclass

@@ -35,6 +35,12 @@ PANEL = [
     ("Panel.LastTime", "Zuletzt", "Last"),
     ("Panel.Times", "Anzahl", "Count"),
     ("Panel.Procedure", "Prozedur", "Procedure"),
+    ("Panel.Trend", "Verlauf", "Trend"),
+    ("Panel.TrendShared", "Eine Skala", "One scale"),
+    ("Panel.TrendFreeze", "Anhalten", "Freeze"),
+    ("Panel.TrendContinue", "Weiter", "Continue"),
+    ("Panel.TrendAdd", "Weiteren Wert antippen", "Touch a value to add it"),
+    ("Panel.TrendFull", "höchstens vier Werte", "four values at most"),
 ]
 
 MENU = [("Servo.Menu.0", "Servoantriebe der Maschine", "Servo drives of the machine")]

@@ -8,6 +8,7 @@
 #include "portable/text_reading.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <limits>
 #include <utility>
@@ -55,6 +56,47 @@ void readSettings(JsonObject& object, ProjectFile& project)
     take(project.input, object.whole("input", Need::Optional, least16, largest16));
 }
 
+// Languages that are written from right to left, by their code without country ("ar" of "ar-EG").
+bool isRightToLeftCode(std::string_view code)
+{
+    constexpr std::array<std::string_view, 4> codes{"ar", "fa", "he", "ur"};
+    return std::find(codes.begin(), codes.end(), code.substr(0, code.find_first_of("-_"))) != codes.end();
+}
+
+// One of two words; nothing when the member is missing, or something else stands there and was reported.
+std::optional<bool> choice(
+    JsonObject& entry, const char* member, const std::string& no, const std::string& yes)
+{
+    const std::optional<std::string> word = entry.text(member, Need::Optional);
+    if (!word) return {};
+    if (*word != no && *word != yes) {
+        entry.problem(member, "must be \"" + no + "\" or \"" + yes + '"');
+        return {};
+    }
+    return *word == yes;
+}
+
+// What a language looks like; a mistake here costs the look only, not the language.
+void readLook(JsonObject& entry, ProjectFile::Language& language)
+{
+    language.rightToLeft =
+        choice(entry, "direction", "ltr", "rtl").value_or(isRightToLeftCode(language.code));
+    language.font = entry.text("font", Need::Optional).value_or("");
+    language.arabicIndicDigits = choice(entry, "digits", "latin", "arabic-indic").value_or(false);
+}
+
+// The code is part of a file name.
+bool isFileName(std::string_view code)
+{
+    return !code.empty() && code.find_first_of("/\\:") == std::string_view::npos && code.front() != '.';
+}
+
+bool isTaken(const ProjectFile& project, const ProjectFile::Language& language)
+{
+    return std::any_of(project.languages.begin(), project.languages.end(),
+        [&](const ProjectFile::Language& other) { return other.number == language.number; });
+}
+
 void readLanguages(JsonObject& object, ProjectFile& project, const std::string& file)
 {
     if (const Json* const languages = object.array("languages", Need::Optional)) {
@@ -66,8 +108,14 @@ void readLanguages(JsonObject& object, ProjectFile& project, const std::string& 
             take(language.number, entry.whole("number", Need::Required, least16, largest16));
             language.code = entry.text("code", Need::Required).value_or("");
             language.name = entry.text("name", Need::Optional).value_or(language.code);
+            if (!entry.failed() && !isFileName(language.code))
+                entry.problem("code", "must be the name of a file in Texts, without folder and extension");
+            if (!entry.failed() && isTaken(project, language))
+                entry.problem("number", "is that of another language");
+            const bool failed = entry.failed();
+            readLook(entry, language);
             entry.finish();
-            if (!entry.failed()) project.languages.push_back(std::move(language));
+            if (!failed) project.languages.push_back(std::move(language));
         }
     }
     if (project.languages.empty()) {

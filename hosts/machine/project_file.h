@@ -21,7 +21,10 @@ struct ProjectFile {
     struct Language {
         std::int16_t number = 0;
         std::string code; // of Texts/<code>.txt
-        std::string name;
+        std::string name; // as its speakers call it
+        bool rightToLeft = false;
+        std::string font; // family; empty: the panel's choice
+        bool arabicIndicDigits = false; // numbers are shown with the digits of Arabic script
     };
     struct Variable {
         std::string name;

@@ -5,16 +5,53 @@
 #include "portable/text_reading.h"
 #include "portable/trimming.h"
 
+#include <optional>
 #include <utility>
 
 namespace servopanel::machine {
+
+namespace {
+
+std::string lineNumber(std::size_t index) { return "line " + std::to_string(index + 1); }
+
+// A file may have come together from several editors, so every line is judged by itself. The first one in another
+// encoding is named, with the number of all of them.
+std::vector<std::string> decoded(
+    std::string_view bytes, const std::string& file, std::vector<Problem>& problems)
+{
+    const std::optional<std::string> utf16 = portable::fromUtf16(bytes);
+    if (utf16) bytes = *utf16;
+    std::vector<std::string> lines;
+    std::size_t foreign = 0;
+    std::size_t firstForeign = 0;
+    std::optional<std::size_t> firstZero;
+    for (const std::string_view line : portable::splitLines(portable::withoutByteOrderMark(bytes))) {
+        const bool isUtf8 = portable::isUtf8(line);
+        if (!isUtf8 && foreign++ == 0) firstForeign = lines.size();
+        if (!firstZero && line.find('\0') != std::string_view::npos) firstZero = lines.size();
+        lines.push_back(isUtf8 ? std::string{line} : portable::fromWindows1252(line));
+    }
+    if (foreign > 0)
+        problems.push_back({file, lineNumber(firstForeign),
+            "is not in UTF-8; read as Windows-1252"
+                + (foreign > 1 ? ", like " + std::to_string(foreign - 1) + " more" : std::string{})
+                + "; save the file as UTF-8"});
+    if (firstZero)
+        problems.push_back({file, lineNumber(*firstZero),
+            "has characters of the number 0; UTF-16 needs a byte order mark; save the file as UTF-8"});
+    return lines;
+}
+
+} // namespace
 
 Texts Texts::load(const std::filesystem::path& file)
 {
     const std::string name = file.filename().string();
     try {
         const portable::FileBytes content = portable::readFile(file, file.string());
-        Texts texts = fromLines(portable::decodeLines(content.bytes), name);
+        std::vector<Problem> problems;
+        Texts texts = fromLines(decoded(content.bytes, name, problems), name);
+        texts.problems_.insert(texts.problems_.begin(), problems.begin(), problems.end());
         if (content.failure) texts.problems_.push_back({name, "", content.failure->description});
         return texts;
     } catch (const basic::Error& error) {
@@ -29,7 +66,7 @@ Texts Texts::fromLines(const std::vector<std::string>& lines, const std::string&
     Texts texts;
     for (std::size_t i = 0; i < lines.size(); ++i) {
         const auto problem = [&](std::string reason) {
-            texts.problems_.push_back({file, "line " + std::to_string(i + 1), std::move(reason)});
+            texts.problems_.push_back({file, lineNumber(i), std::move(reason)});
         };
         const std::string_view line = portable::trimBlanks(lines[i]);
         if (line.empty() || line.front() == '#') continue;

@@ -14,7 +14,8 @@ namespace servopanel::machine {
 // text in double quotes keeps the blanks inside them. Keys compare exactly.
 class Texts {
 public:
-    // Never fails: what is missing or wrong is among the problems. The file may be in UTF-8 or Windows-1252.
+    // Never fails: what is missing or wrong is among the problems. The file is in UTF-8, or in UTF-16 with a byte order
+    // mark; lines that are neither are taken as Windows-1252 and reported.
     static Texts load(const std::filesystem::path& file);
     // file: its name for the problems.
     static Texts fromLines(const std::vector<std::string>& lines, const std::string& file);
@@ -23,6 +24,7 @@ public:
     const std::string* find(std::string_view key) const;
     // The text, "" for an unknown key.
     std::string text(std::string_view key) const;
+    const std::map<std::string, std::string, std::less<>>& all() const { return texts_; }
 
     std::size_t size() const { return texts_.size(); }
     const std::vector<Problem>& problems() const { return problems_; }

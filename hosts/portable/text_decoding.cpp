@@ -20,8 +20,13 @@ void append(std::string& text, unsigned codePoint)
     } else if (codePoint < 0x800U) {
         put(0xC0U | (codePoint >> 6U));
         put(0x80U | (codePoint & 0x3FU));
-    } else {
+    } else if (codePoint < 0x10000U) {
         put(0xE0U | (codePoint >> 12U));
+        put(0x80U | ((codePoint >> 6U) & 0x3FU));
+        put(0x80U | (codePoint & 0x3FU));
+    } else {
+        put(0xF0U | (codePoint >> 18U));
+        put(0x80U | ((codePoint >> 12U) & 0x3FU));
         put(0x80U | ((codePoint >> 6U) & 0x3FU));
         put(0x80U | (codePoint & 0x3FU));
     }
@@ -81,20 +86,65 @@ std::string fromWindows1252(std::string_view bytes)
     return text;
 }
 
-std::vector<std::string> decodeLines(std::string_view bytes)
+std::string_view withoutByteOrderMark(std::string_view bytes)
 {
     constexpr std::string_view byteOrderMark{"\xEF\xBB\xBF"};
-    if (bytes.substr(0, byteOrderMark.size()) == byteOrderMark) bytes.remove_prefix(byteOrderMark.size());
+    return bytes.substr(0, byteOrderMark.size()) == byteOrderMark ? bytes.substr(byteOrderMark.size())
+                                                                  : bytes;
+}
 
-    const bool utf8 = isUtf8(bytes);
-    std::vector<std::string> lines;
+std::vector<std::string_view> splitLines(std::string_view bytes)
+{
+    std::vector<std::string_view> lines;
     while (!bytes.empty()) {
         const std::size_t end = bytes.find_first_of("\r\n");
-        const std::string_view line = bytes.substr(0, end);
-        lines.push_back(utf8 ? std::string{line} : fromWindows1252(line));
+        lines.push_back(bytes.substr(0, end));
         if (end == std::string_view::npos) break;
         bytes.remove_prefix(bytes.substr(end, 2) == "\r\n" ? end + 2 : end + 1);
     }
+    return lines;
+}
+
+std::optional<std::string> fromUtf16(std::string_view bytes)
+{
+    constexpr std::string_view littleEndianMark{"\xFF\xFE"};
+    constexpr std::string_view bigEndianMark{"\xFE\xFF"};
+    constexpr unsigned noCharacter = 0xFFFD;
+    const std::string_view mark = bytes.substr(0, 2);
+    if (mark != littleEndianMark && mark != bigEndianMark) return {};
+    const std::size_t high = mark == bigEndianMark ? 0 : 1;
+    const std::size_t count = bytes.size() / 2;
+    const auto unitAt = [&](std::size_t index) {
+        const auto byte = [&](std::size_t place) {
+            return static_cast<unsigned>(static_cast<unsigned char>(bytes[2 * index + place]));
+        };
+        return byte(high) << 8U | byte(1 - high);
+    };
+    const auto isIn = [](unsigned unit, unsigned first) { return unit >= first && unit < first + 0x400U; };
+    constexpr unsigned firstHigh = 0xD800; // surrogates
+    constexpr unsigned firstLow = 0xDC00;
+    std::string text;
+    text.reserve(bytes.size());
+    for (std::size_t i = 1; i < count; ++i) {
+        const unsigned unit = unitAt(i);
+        if (isIn(unit, firstHigh) && i + 1 < count && isIn(unitAt(i + 1), firstLow)) {
+            append(text, 0x10000U + ((unit - firstHigh) << 10U) + (unitAt(i + 1) - firstLow));
+            ++i;
+        } else {
+            append(text, isIn(unit, firstHigh) || isIn(unit, firstLow) ? noCharacter : unit);
+        }
+    }
+    if (bytes.size() % 2 != 0) append(text, noCharacter); // the file was cut within a character
+    return text;
+}
+
+std::vector<std::string> decodeLines(std::string_view bytes)
+{
+    const std::string_view content = withoutByteOrderMark(bytes);
+    const bool utf8 = isUtf8(content);
+    std::vector<std::string> lines;
+    for (const std::string_view line : splitLines(content))
+        lines.push_back(utf8 ? std::string{line} : fromWindows1252(line));
     return lines;
 }
 

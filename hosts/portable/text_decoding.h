@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,15 @@ namespace servopanel::portable {
 // of two generations: bytes that are valid UTF-8 as a whole are taken as they are, all others as Windows-1252. A byte
 // order mark is dropped. Never fails.
 std::vector<std::string> decodeLines(std::string_view bytes);
+
+// UTF-8 without the byte order mark that some editors put before it.
+std::string_view withoutByteOrderMark(std::string_view bytes);
+
+// The bytes without their ends of lines, not decoded yet.
+std::vector<std::string_view> splitLines(std::string_view bytes);
+
+// UTF-16 that says so by a byte order mark, as UTF-8; nothing for any other bytes. What is no character becomes U+FFFD.
+std::optional<std::string> fromUtf16(std::string_view bytes);
 
 // Whether the bytes are well-formed UTF-8: shortest forms only, no surrogates, nothing above U+10FFFF.
 bool isUtf8(std::string_view bytes);

@@ -307,4 +307,60 @@ TEST(MachineSettings, KnowOnlyTheSimulatedMachine)
     EXPECT_FALSE(project.machine);
 }
 
+ProjectFile withLanguages(const std::string& languages)
+{
+    return ProjectFile::parse("{\"languages\": [" + languages + "], \"variables\": {}}", "project.json");
+}
+
+TEST(ProjectFile, TakesTheDirectionOfALanguageFromItsCode)
+{
+    const ProjectFile project = withLanguages(
+        R"({"number": 1, "code": "de"}, {"number": 2, "code": "ar"}, {"number": 3, "code": "he-IL"},
+           {"number": 4, "code": "fa", "direction": "ltr"}, {"number": 5, "code": "yi", "direction": "rtl"})");
+    EXPECT_EQ(problemsOf(project), Problems{});
+    ASSERT_EQ(project.languages.size(), 5U);
+    EXPECT_FALSE(project.languages[0].rightToLeft);
+    EXPECT_TRUE(project.languages[1].rightToLeft);
+    EXPECT_TRUE(project.languages[2].rightToLeft);
+    EXPECT_FALSE(project.languages[3].rightToLeft);
+    EXPECT_TRUE(project.languages[4].rightToLeft);
+}
+
+TEST(ProjectFile, TakesFontAndDigitsOfALanguage)
+{
+    const ProjectFile project = withLanguages(
+        R"({"number": 1, "code": "ar", "font": "Noto Sans Arabic", "digits": "arabic-indic"},
+           {"number": 2, "code": "zh", "digits": "latin"})");
+    EXPECT_EQ(problemsOf(project), Problems{});
+    ASSERT_EQ(project.languages.size(), 2U);
+    EXPECT_EQ(project.languages[0].font, "Noto Sans Arabic");
+    EXPECT_TRUE(project.languages[0].arabicIndicDigits);
+    EXPECT_EQ(project.languages[1].font, "");
+    EXPECT_FALSE(project.languages[1].arabicIndicDigits);
+}
+
+TEST(ProjectFile, KeepsALanguageWhoseLookIsWrong)
+{
+    const ProjectFile project = withLanguages(
+        R"({"number": 1, "code": "ar", "direction": "left", "digits": 5, "font": 12, "fnt": "x"})");
+    EXPECT_EQ(problemsOf(project),
+        (Problems{"project.json: /languages/0/direction: must be \"ltr\" or \"rtl\"",
+            "project.json: /languages/0/font: must be a text in quotes",
+            "project.json: /languages/0/digits: must be a text in quotes",
+            "project.json: /languages/0/fnt: is not known here"}));
+    ASSERT_EQ(project.languages.size(), 1U);
+    EXPECT_TRUE(project.languages[0].rightToLeft);
+}
+
+TEST(ProjectFile, RefusesLanguagesThatCannotBeTold)
+{
+    const ProjectFile project = withLanguages(
+        R"({"number": 1, "code": "de"}, {"number": 1, "code": "en"}, {"number": 2, "code": "../en"})");
+    EXPECT_EQ(problemsOf(project),
+        (Problems{"project.json: /languages/1/number: is that of another language",
+            "project.json: /languages/2/code: must be the name of a file in Texts, without folder and "
+            "extension"}));
+    EXPECT_EQ(project.languages.size(), 1U);
+}
+
 } // namespace

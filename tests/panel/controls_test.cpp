@@ -99,16 +99,24 @@ TEST_F(ControlsTest, AFontClassSetsTheSizeInPoints)
     EXPECT_LT(around_.form().textWidth({"Text"}, "WWWWWWWWWW"), wide);
 }
 
-TEST_F(ControlsTest, MirroredAlignmentsShowTheTextOnTheOtherSide)
+// The library mirrors an alignment once, when it starts a control; the panel's direction may change after that.
+TEST_F(ControlsTest, AlignmentsFollowThePanelsDirection)
 {
     platform::Textanzeige{control("Text")}.Text("|");
     const auto look = [&](std::int16_t alignment) {
         control("Text")->put(names::Alignment, alignment);
+        EXPECT_EQ(control("Text")->get(names::Alignment), Variant{alignment});
         return child<panel::VWSIndex>("Text").view().grab().toImage();
     };
     const QImage left = look(0);
     const QImage right = look(1);
     EXPECT_NE(left, right);
+    EXPECT_EQ(look(3), left);
+    EXPECT_EQ(look(4), right);
+    EXPECT_EQ(look(5), look(2));
+    around_.stage.setLayoutDirection(Qt::RightToLeft);
+    EXPECT_EQ(look(0), right);
+    EXPECT_EQ(look(1), left);
     EXPECT_EQ(look(3), right);
     EXPECT_EQ(look(4), left);
     EXPECT_EQ(look(5), look(2));

@@ -1,6 +1,7 @@
 #include "panel/pictures/picture_file.h"
 
 #include "basic/error.h"
+#include "sample_pictures.h"
 #include "support/error_number.h"
 
 #include <gtest/gtest.h>
@@ -10,6 +11,7 @@
 
 using namespace servopanel;
 using panel::loadPicture;
+namespace samples = servopanel::testing;
 
 namespace {
 
@@ -38,48 +40,12 @@ protected:
     QTemporaryDir folder_;
 };
 
-// One red pixel.
-const QByteArray redGif =
-    QByteArray::fromHex("47494638396101000100800000ff0000ffffff2c00000000010001000002024401003b");
-
-QByteArray word(int value)
+// Five bits of a colour cannot say it exactly.
+bool isLike(QRgb colour, QRgb wanted)
 {
-    return QByteArray{}.append(char(value & 0xFF)).append(char((value >> 8) & 0xFF));
-}
-QByteArray longWord(long value) { return word(int(value & 0xFFFF)) + word(int((value >> 16) & 0xFFFF)); }
-
-QByteArray record(int function, const QList<int>& parameters)
-{
-    QByteArray made = longWord(3 + parameters.size()) + word(function);
-    for (const int parameter : parameters)
-        made += word(parameter);
-    return made;
-}
-
-// A placeable metafile of 100 x 50 units: a green rectangle over its left half, as a polygon. mapMode 1: one unit is one
-// pixel; 8: the file scales itself.
-QByteArray metafile(int mapMode = 8)
-{
-    QByteArray head = QByteArray::fromHex("d7cdc69a") + word(0) + word(0) + word(0) + word(100) + word(50)
-        + word(96) + longWord(0);
-    int sum = 0;
-    for (int i = 0; i < head.size(); i += 2)
-        sum ^= (quint8(head[i]) | (quint8(head[i + 1]) << 8));
-    head += word(sum);
-
-    QByteArray records;
-    records += record(0x0103, {mapMode});
-    records += record(0x020B, {0, 0}); // window origin
-    records += record(0x020C, {50, 100}); // window size: height, width
-    records += record(0x02FC, {0, 0xC000, 0x0000, 0}); // brush: solid, colour 0x00C000
-    records += record(0x012D, {0});
-    records += record(0x02FA, {5, 0, 0, 0, 0}); // pen: none
-    records += record(0x012D, {1});
-    records += record(0x0324, {4, 0, 0, 50, 0, 50, 50, 0, 50}); // polygon
-    records += record(0, {});
-    const long words = 9 + records.size() / 2;
-    return head + word(1) + word(9) + word(0x0300) + longWord(words) + word(2) + longWord(13) + word(0)
-        + records;
+    constexpr int most = 8;
+    return std::abs(qRed(colour) - qRed(wanted)) < most && std::abs(qGreen(colour) - qGreen(wanted)) < most
+        && std::abs(qBlue(colour) - qBlue(wanted)) < most;
 }
 
 } // namespace
@@ -95,23 +61,9 @@ TEST_F(PictureFileTest, TellsTheFormatByTheContent)
 
 TEST_F(PictureFileTest, LoadsAGif)
 {
-    const QImage loaded = loadPicture(write("red.bmp", redGif), "red.bmp");
+    const QImage loaded = loadPicture(write("red.bmp", samples::gif()), "red.bmp");
     EXPECT_EQ(loaded.size(), (QSize{1, 1}));
     EXPECT_EQ(loaded.pixelColor(0, 0), QColor(255, 0, 0));
-}
-
-TEST_F(PictureFileTest, DrawsAMetafileWithTransparentBackground)
-{
-    for (const int mapMode : {1, 8}) {
-        const QImage drawn = loadPicture(write("OK.wmf", metafile(mapMode)), "OK.wmf");
-        ASSERT_FALSE(drawn.isNull());
-        EXPECT_NEAR(drawn.width(), 2 * drawn.height(), 2);
-        const QColor left = drawn.pixelColor(drawn.width() / 4, drawn.height() / 2);
-        EXPECT_EQ(left.alpha(), 255) << mapMode;
-        EXPECT_EQ(left.green(), 0xC0) << mapMode;
-        EXPECT_EQ(left.red(), 0) << mapMode;
-        EXPECT_EQ(drawn.pixelColor(drawn.width() * 3 / 4, drawn.height() / 2).alpha(), 0) << mapMode;
-    }
 }
 
 TEST_F(PictureFileTest, AMissingFileIsError53)
@@ -136,22 +88,41 @@ TEST_F(PictureFileTest, WhatIsNoPictureIsError481AndNamesTheFile)
         481);
 }
 
-TEST_F(PictureFileTest, BrokenPicturesAreError481)
+TEST_F(PictureFileTest, LoadsBitmapsOfEveryKind)
 {
-    QFile whole{QString::fromStdString(save("whole.png", "PNG").string())};
-    ASSERT_TRUE(whole.open(QIODevice::ReadOnly));
-    EXPECT_EQ(servopanel::testing::errorNumber(
-                  [&] { return loadPicture(write("cut.png", whole.readAll().left(40)), "cut.png"); }),
-        481);
-    EXPECT_EQ(servopanel::testing::errorNumber(
-                  [&] { return loadPicture(write("cut.wmf", metafile().left(30)), "cut.wmf"); }),
-        481);
-    QByteArray wrong = metafile();
-    for (int i = 22; i < wrong.size(); i += 3)
-        wrong[i] = char(0xFF);
-    EXPECT_EQ(
-        servopanel::testing::errorNumber([&] { return loadPicture(write("wrong.wmf", wrong), "wrong.wmf"); }),
-        481);
+    using Kind = samples::BitmapKind;
+    const std::vector<Kind> kinds{{1}, {4}, {8}, {16}, {24}, {32}, {24, true}, {8, true}, {4, false, true},
+        {8, false, true}, {1, false, false, true}, {4, false, false, true}, {8, false, false, true},
+        {24, false, false, true}, {16, false, false, false, true}};
+    for (const Kind& kind : kinds) {
+        const QImage loaded = loadPicture(write("a.bmp", samples::bitmap(kind)), "a.bmp");
+        const std::string what = "bits " + std::to_string(kind.bits) + (kind.isTopDown ? ", top down" : "")
+            + (kind.isRunLengthCoded ? ", runs" : "") + (kind.hasOldHeader ? ", old header" : "")
+            + (kind.hasMasks ? ", masks" : "");
+        ASSERT_EQ(loaded.size(), (QSize{4, 3})) << what;
+        const bool isMono = kind.bits == 1;
+        EXPECT_TRUE(isLike(loaded.pixel(0, 0), isMono ? 0x000000 : 0xFF0000)) << what;
+        EXPECT_TRUE(isLike(loaded.pixel(1, 0), isMono ? 0xFFFFFF : 0x00FF00)) << what;
+        EXPECT_TRUE(isLike(loaded.pixel(2, 0), isMono ? 0x000000 : 0x0000FF)) << what;
+        EXPECT_TRUE(isLike(loaded.pixel(3, 0), 0xFFFFFF)) << what;
+        EXPECT_TRUE(isLike(loaded.pixel(0, 1), 0x000000)) << what;
+        EXPECT_TRUE(isLike(loaded.pixel(3, 2), 0x000000)) << what;
+    }
+}
+
+TEST_F(PictureFileTest, APictureWithTooManyPixelsIsError481AndSaysSo)
+{
+    QByteArray huge = samples::bitmap({1});
+    huge.replace(18, 8, samples::longWord(8000) + samples::longWord(8000));
+    huge += QByteArray(8000 / 8 * 8000, char(0)); // all of it is there
+    try {
+        loadPicture(write("huge.bmp", huge), "huge.bmp");
+        FAIL();
+    } catch (const basic::Error& error) {
+        EXPECT_EQ(error.number, 481);
+        EXPECT_NE(error.description.find("8000 x 8000 pixels are too many"), std::string::npos)
+            << error.description;
+    }
 }
 
 TEST_F(PictureFileTest, SavesABitmapWhateverTheNameSays)

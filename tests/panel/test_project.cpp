@@ -107,6 +107,19 @@ void TestProject::picture(std::string_view rest)
     image.save(QString::fromStdString(file(diskName(name)).string()), "BMP");
 }
 
+void TestProject::addEmptyTexts()
+{
+    constexpr int lastText = 100;
+    std::string all;
+    for (const int servo : {0, 3, 5, 7})
+        for (int text = 0; text <= lastText; ++text) {
+            const std::string key = "Servo.M1.Servo" + std::to_string(servo) + "." + std::to_string(text);
+            if (texts_.find(key + " =") == std::string::npos) all += key + " =\n";
+        }
+    texts_ += all;
+    write("Texts/en.txt", texts_);
+}
+
 void TestProject::writeProjectFile() const
 {
     write("project.json",

@@ -24,6 +24,9 @@ public:
     std::filesystem::path file(const std::string& name) const { return folder() / name; }
     // Writes a file of the project anew.
     void write(const std::string& name, const std::string& content) const;
+    // Texts that the scenario does not have become empty ones, as a replay reads them; a panel shows the key of a missing
+    // text.
+    void addEmptyTexts();
     void remove(const std::string& name) const { std::filesystem::remove(file(name)); }
 
     // A panel on this project: nothing moves by itself, scaled pictures stay within the test, and the database holds

@@ -60,6 +60,7 @@ std::vector<std::string> linesOf(const std::string& text)
 TEST(PanelTrace, EqualsTheReplayOfTheSameActions)
 {
     TestProject project{servopanel::testing::standardProject};
+    project.addEmptyTexts();
     panel::PanelSettings settings = project.settings();
     settings.trace = project.file("panel.trace");
     {

@@ -15,11 +15,12 @@ Label::Label(QWidget* parent, Services& services)
     : TextChild{"Label", *new TextView{parent}, services}
 {
     backStyle_ = 0;
+    growsDown_ = true; // below a caption there is a picture, above it another control
     addProperty(
         names::Caption, [this] { return Variant{caption_}; },
         [this](const Variant& value) {
             caption_ = basic::toText(value);
-            text().setText(QString::fromStdString(caption_));
+            showText(QString::fromStdString(caption_));
             fit();
         });
     for (const auto& [name, colour] :
@@ -53,6 +54,14 @@ void Label::lookChanged()
         backStyle_ != 0 && borderStyle_ == 0 ? std::optional{fromLibrary(ground_)} : std::nullopt);
     text().setWrapping(wordWrap_);
     fit();
+}
+
+void Label::placed()
+{
+    const QWidget* const container = view().parentWidget();
+    if (autoSize_ && container != nullptr)
+        view().setGeometry(view().geometry().intersected(container->rect()));
+    TextChild::placed();
 }
 
 void Label::fit()

@@ -4,13 +4,15 @@
 
 namespace servopanel::panel {
 
-// Plain text label, class Label. With AutoSize it is always as large as its text.
+// Plain text label, class Label. With AutoSize it is always as large as its text; what is seen of it stays within its
+// container.
 class Label : public TextChild {
 public:
     Label(QWidget* parent, Services& services);
 
 private:
     void lookChanged() override;
+    void placed() override;
     void fit();
 
     std::string caption_;

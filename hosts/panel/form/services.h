@@ -27,7 +27,7 @@ class Services {
 public:
     virtual ~Services() = default;
 
-    // A text in the current language, empty when there is none.
+    // A text in the current language; one that is missing shows its key.
     virtual std::string text(std::string_view key) = 0;
     virtual LanguageFont font() = 0;
     // A word of the panel itself in the current language.

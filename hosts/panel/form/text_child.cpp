@@ -5,6 +5,8 @@
 #include "panel/look/twips.h"
 #include "platform/ids.h"
 
+#include <algorithm>
+
 namespace servopanel::panel {
 
 using basic::Variant;
@@ -13,14 +15,13 @@ namespace names = platform::names;
 
 namespace {
 
+// 3 to 5 are 0 to 2 as the library has mirrored them once; the view follows the direction that the panel has now.
 Qt::Alignment qtAlignment(std::int16_t alignment)
 {
-    switch (alignment) {
-    case 1:
-    case 3: return Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignVCenter;
-    case 2:
-    case 5: return Qt::AlignHCenter | Qt::AlignVCenter;
-    default: return Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignVCenter;
+    switch (alignment % 3) {
+    case 1: return Qt::AlignRight | Qt::AlignVCenter;
+    case 2: return Qt::AlignHCenter | Qt::AlignVCenter;
+    default: return Qt::AlignLeft | Qt::AlignVCenter;
     }
 }
 
@@ -67,9 +68,39 @@ TextChild::TextChild(std::string className, TextView& view, Services& services)
 void TextChild::applyLook()
 {
     if (viewOrNull() == nullptr) return;
-    text().setLook(font(), fromLibrary(ink_), qtAlignment(alignment_));
+    text().setLook(font(), fromLibrary(ink_), qtAlignment(alignment_) | fixedSide_);
     text().setLockShown(isLockedByLevel());
     lookChanged();
+    giveRoom();
+}
+
+void TextChild::placed()
+{
+    given_ = view().geometry();
+    giveRoom();
+}
+
+void TextChild::showText(const QString& shown)
+{
+    text().setText(shown);
+    giveRoom();
+}
+
+// Captions on small panels are as high as Latin letters; Arabic and Chinese ones are higher.
+void TextChild::giveRoom()
+{
+    const int more = text().inkHeight() - given_.height();
+    QRect room = given_;
+    if (more > 0) {
+        const int above = growsDown_ ? 0 : (more + 1) / 2;
+        room.adjust(0, -above, 0, growsDown_ ? more : above);
+        // Not out of the container, unless the control itself is.
+        const QWidget* const container = view().parentWidget();
+        if (container != nullptr && room.bottom() > container->height() - 1)
+            room.moveBottom(std::max(container->height() - 1, given_.bottom()));
+        if (room.top() < 0) room.moveTop(std::min(0, given_.top()));
+    }
+    if (given_.isValid() && view().geometry() != room) view().setGeometry(room);
 }
 
 // While the mask is open every input is off; only those that the access level forbids are grey as well.

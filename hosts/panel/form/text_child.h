@@ -19,6 +19,10 @@ protected:
     void applyLook();
     virtual void lookChanged() { }
     void fontChanged() override { applyLook(); }
+    void placed() override;
+    // Shows a text. Its view becomes higher than the control where letters of a script need it.
+    void showText(const QString& shown);
+    void giveRoom();
     void enabledChanged() override;
     bool isLockedByLevel() const;
 
@@ -28,6 +32,9 @@ protected:
     std::int16_t borderStyle_ = 0; // 1: a frame around the text
     bool stale_ = false;
     std::int16_t alignment_ = 0; // 0 left, 1 right, 2 centred; 3 to 5 the same mirrored
+    bool growsDown_ = false; // its view keeps its upper edge
+    QRect given_; // pixels of the control, whatever the view takes
+    Qt::Alignment fixedSide_; // AlignAbsolute: left stays left on a panel from right to left
 };
 
 // Makes a touch view report to the library: MouseDown, MouseMove and MouseUp with button, shift and place in twips.

@@ -59,7 +59,7 @@ void VWSIndex::languageChanged()
 {
     if (viewOrNull() == nullptr) return;
     const bool isKey = value_.size() > 1 && value_.front() == '@';
-    text().setText(QString::fromStdString(isKey ? services().text(value_.substr(1)) : value_));
+    showText(QString::fromStdString(isKey ? services().text(value_.substr(1)) : value_));
 }
 
 void VWSIndex::lookChanged()

@@ -22,6 +22,8 @@ int decimalsOf(const std::string& text)
     return static_cast<int>(text.size() - point - 1);
 }
 
+} // namespace
+
 bool isNumber(const Variant& value)
 {
     switch (value.type()) {
@@ -34,8 +36,6 @@ bool isNumber(const Variant& value)
     default: return false;
     }
 }
-
-} // namespace
 
 QString valueText(const Variant& value)
 {
@@ -56,6 +56,7 @@ VWSVarIn::VWSVarIn(QWidget* parent, Services& services)
                 member, [&field] { return Variant{field}; },
                 [&field](const Variant& value) { field = basic::toText(value); }, copied);
     };
+    fixedSide_ = Qt::AlignAbsolute; // the places of a number stand below each other in every language
     add(ids::VariablenName, variable_, false);
     add(ids::Obergrenze, upper_, true);
     add(ids::Untergrenze, lower_, true);
@@ -94,6 +95,7 @@ bool VWSVarIn::isChanged() const { return ink_ == changedInk; }
 VWSVarOut::VWSVarOut(QWidget* parent, Services& services)
     : TextChild{"VWSVarOut", *new TextView{parent}, services}
 {
+    fixedSide_ = Qt::AlignAbsolute;
     addProperty(
         platform::ids::VWSVarOut::Wert, [this] { return value_; },
         [this](const Variant& value) {

@@ -6,6 +6,8 @@
 
 namespace servopanel::panel {
 
+// Not so a text that reads like one.
+bool isNumber(const basic::Variant& value);
 // How a value of a process variable reads on the screen. Numbers have "." as their point.
 QString valueText(const basic::Variant& value);
 

@@ -1,5 +1,7 @@
 #include "panel/look/fonts.h"
 
+#include "panel/look/language_look.h"
+#include "panel/look/text_fit.h"
 #include "panel/look/twips.h"
 
 #include <QFontMetrics>
@@ -8,11 +10,13 @@ namespace servopanel::panel {
 
 namespace {
 constexpr float twipsPerPoint = 20.0F;
-}
+int leastPixels(const QFont& font) { return std::max(1, font.pixelSize() * 7 / 10); }
+} // namespace
 
 QFont panelFont(int pixels, bool bold)
 {
-    QFont font{QStringLiteral("DejaVu Sans")};
+    QFont font;
+    font.setFamilies(languageLook().families);
     font.setPixelSize(std::max(1, pixels));
     font.setBold(bold);
     return font;
@@ -20,7 +24,9 @@ QFont panelFont(int pixels, bool bold)
 
 QFont libraryFont(const QString& name, float points, bool bold)
 {
-    QFont font{name.isEmpty() ? QStringLiteral("DejaVu Sans") : name};
+    // Letters that the named family lacks come from those of the panel's languages.
+    QFont font;
+    font.setFamilies(QStringList{name.isEmpty() ? valueFamily() : name} + languageLook().families);
     font.setPixelSize(std::max(1, toPixels(points * twipsPerPoint)));
     font.setBold(bold);
     return font;
@@ -29,21 +35,16 @@ QFont libraryFont(const QString& name, float points, bool bold)
 QFont fitted(const QFont& font, const QString& text, int width)
 {
     QFont smaller = font;
-    const int least = std::max(1, font.pixelSize() * 7 / 10);
-    while (smaller.pixelSize() > least && QFontMetrics{smaller}.horizontalAdvance(text) > width)
+    while (smaller.pixelSize() > leastPixels(font) && QFontMetrics{smaller}.horizontalAdvance(text) > width)
         smaller.setPixelSize(smaller.pixelSize() - 1);
     return smaller;
 }
 
 void drawFitted(QPainter& painter, const QRect& place, int alignment, const QFont& font, const QString& text)
 {
-    const QFont smaller = fitted(font, text, place.width());
-    const QFontMetrics metrics{smaller};
-    // Exact widths have fractions; what fits when rounded must not lose its last letters.
-    const bool fits = metrics.horizontalAdvance(text) <= place.width();
-    painter.setFont(smaller);
-    painter.drawText(place, alignment | Qt::TextSingleLine,
-        fits ? text : metrics.elidedText(text, Qt::ElideRight, place.width()));
+    constexpr int anyHeight = 1 << 16;
+    TextFit::oneLine(text, font, {place.width(), anyHeight}, leastPixels(font))
+        .draw(painter, place, static_cast<Qt::Alignment>(alignment));
 }
 
 int scaled(double share, int whole, int least, int most)

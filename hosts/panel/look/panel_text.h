@@ -7,8 +7,8 @@
 
 namespace servopanel::panel {
 
-// Words of the panel itself. A project may give its own under "Panel.<name>"; otherwise the panel's German or English
-// ones are used.
+// Words of the panel itself. A project may give its own under "Panel.<name>"; otherwise the panel's German, English,
+// Arabic or Chinese ones are used.
 enum class PanelText {
     Ok,
     Cancel,
@@ -43,12 +43,18 @@ enum class PanelText {
     LastTime,
     Times,
     Procedure,
+    Trend,
+    TrendShared,
+    TrendFreeze,
+    TrendContinue,
+    TrendAdd,
+    TrendFull,
 };
 
 // "Panel.Ok" and so on.
 std::string_view panelTextKey(PanelText text);
 
-// The panel's own word in a language ("de", any other is English).
+// The panel's own word in a language by its code; English where it does not know the language.
 QString panelWord(PanelText text, std::string_view languageCode);
 
 using PanelWords = std::function<QString(PanelText)>;

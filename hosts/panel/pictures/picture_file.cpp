@@ -1,6 +1,8 @@
 #include "panel/pictures/picture_file.h"
 
 #include "basic/error.h"
+#include "panel/pictures/metafile.h"
+#include "panel/pictures/picture_kind.h"
 #include "portable/file_error.h"
 
 #include <QBuffer>
@@ -13,40 +15,65 @@ namespace servopanel::panel {
 namespace {
 
 constexpr qint64 largestFile = 100'000'000; // bytes
+constexpr qint64 mostPixels = 32'000'000;
+constexpr int mostMegabytes = 160; // that a decoder may take for one picture
 constexpr int invalidPicture = 481;
 
 QString toQt(const std::filesystem::path& file) { return QFile::decodeName(file.c_str()); }
 
-bool isMetafile(const QByteArray& data)
+[[noreturn]] void raiseInvalid(const std::string& name, const std::string& why)
 {
-    // Placeable, or a plain header: on disk or in memory, nine words long.
-    return data.startsWith(QByteArray::fromHex("d7cdc69a"))
-        || data.startsWith(QByteArray::fromHex("01000900"))
-        || data.startsWith(QByteArray::fromHex("02000900"));
+    throw basic::Error{invalidPicture, {}, "'" + name + "': invalid picture, " + why};
+}
+
+const char* decoderOf(PictureKind kind)
+{
+    switch (kind) {
+    case PictureKind::Bitmap: return "bmp";
+    case PictureKind::Gif: return "gif";
+    case PictureKind::Png: return "png";
+    default: return "jpeg";
+    }
+}
+
+QImage decode(PictureKind kind, const QByteArray& data, const std::string& name)
+{
+    QBuffer buffer;
+    buffer.setData(data);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader::setAllocationLimit(mostMegabytes);
+    // The decoder is named: none but these is ever let loose on a file.
+    QImageReader reader{&buffer, decoderOf(kind)};
+    reader.setAutoDetectImageFormat(false);
+    reader.setAutoTransform(true);
+    const QSize size = reader.size();
+    if (qint64{size.width()} * size.height() > mostPixels)
+        raiseInvalid(name,
+            QStringLiteral("%1 x %2 pixels are too many").arg(size.width()).arg(size.height()).toStdString());
+    const QImage image = reader.read();
+    if (image.isNull()) raiseInvalid(name, reader.errorString().toStdString());
+    return image;
 }
 
 } // namespace
 
-QImage loadPicture(const std::filesystem::path& file, const std::string& name)
+QImage loadPicture(const std::filesystem::path& file, const std::string& name, int metafileSide)
 {
     QFile input{toQt(file)};
     if (!input.exists()) portable::raiseFileError(portable::FileError::FileNotFound, name, "no such file");
     if (input.size() > largestFile || !input.open(QIODevice::ReadOnly))
         portable::raiseFileError(portable::FileError::AccessError, name, "cannot be read");
-    const QByteArray data = input.readAll();
+    return decodePicture(input.readAll(), name, metafileSide);
+}
 
-    QImage image;
-    if (isMetafile(data)) {
-        image = drawMetafile(data);
-    } else {
-        QBuffer buffer;
-        buffer.setData(data);
-        buffer.open(QIODevice::ReadOnly);
-        QImageReader reader{&buffer};
-        reader.setDecideFormatFromContent(true);
-        image = reader.read();
-    }
-    if (image.isNull()) throw basic::Error{invalidPicture, {}, "'" + name + "': invalid picture"};
+QImage decodePicture(const QByteArray& data, const std::string& name, int metafileSide)
+{
+    const PictureKind kind = pictureKind(data);
+    if (kind == PictureKind::None) raiseInvalid(name, "neither bitmap, GIF, PNG, JPEG nor metafile");
+    if (!isWhole(kind, data)) raiseInvalid(name, "the file breaks off or is damaged");
+    QImage image =
+        kind == PictureKind::Metafile ? drawMetafile(data, metafileSide) : decode(kind, data, name);
+    if (image.isNull()) raiseInvalid(name, "its records are damaged or ask for too much");
     // Files carry densities of all kinds; on the panel a pixel is a pixel.
     image.setDevicePixelRatio(1);
     return image;

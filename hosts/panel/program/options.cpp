@@ -91,7 +91,9 @@ std::string helpText()
            "                               print what was written to the machine, and end\n"
            "  --help                       this text\n"
            "\n"
-           "Exit status: 0 at the end, 2 when the panel cannot be started.\n";
+           "Exit status: 0 at the end, 1 when the display went away or a tour did not find its way, 2 when "
+           "the\n"
+           "panel cannot be started.\n";
 }
 
 } // namespace servopanel::panel

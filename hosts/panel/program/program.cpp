@@ -2,6 +2,7 @@
 
 #include "basic/error.h"
 #include "panel/look/fonts.h"
+#include "panel/program/display.h"
 #include "panel/program/options.h"
 #include "panel/tour/tour.h"
 
@@ -61,6 +62,7 @@ int run(const Options& options)
 {
     Panel panel{options.settings};
     show(panel.window(), options.settings.zoom);
+    keepOnScreen(panel.window());
     panel.openServo();
     if (options.tour.empty()) return QApplication::exec();
     return Tour{panel, options.tour}.play();
@@ -86,6 +88,7 @@ int runProgram(int argc, char** argv)
             "a bare frame buffer, vnc for a remote viewer, offscreen nowhere.\n");
         return cannotStart;
     }
+    const DisplayWatch watch;
     const QApplication application{argc, argv};
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setFont(panelFont(14));

@@ -6,8 +6,8 @@
 #include "panel/form/vws_index.h"
 #include "panel/form/vws_var.h"
 #include "panel/look/touch_size.h"
-#include "panel/pictures/picture_file.h"
 #include "panel/runtime/confirm_answer.h"
+#include "panel/trends/observed_variables.h"
 #include "panel/window/other_screen.h"
 #include "platform/ids.h"
 
@@ -22,8 +22,12 @@ namespace {
 
 constexpr std::string_view resolutionVariable = "parameter<.aufloesung>";
 constexpr std::string_view levelVariable = "Ch-1.intern<.passwort>";
+constexpr std::string_view rightToLeftVariable = "Ch-1.param_client<.arabisch>";
 constexpr std::string_view machineVariable = "Ch-1.intern<.aktuelle_maschine>";
 constexpr std::string_view designationVariable = "parameter<.maschinenbez_";
+
+// Metafiles for keys are drawn larger than any key and averaged down, so that they are sharp at each size.
+constexpr int keyPictureSide = 512;
 
 QString toQt(std::string_view text)
 {
@@ -76,8 +80,11 @@ Panel::Panel(PanelSettings settings)
     , errors_{window_.stage(), [this](PanelText text) { return word(text); }, [this] { return now(); }}
     , answers_{*new AnswerStrip{&window_.stage()}}
     , guard_{window_, gate_, [this] { answers_.touched(); }}
+    , trends_{window_.stage(), [this](std::string_view name) { return variables_->ReadValue(name); },
+          [this](PanelText text) { return word(text); }, [this] { return mayShowTrends(); }}
     , messages_{window_.stage(), gate_, [this](PanelText text) { return word(text); }}
-    , objects_{{watched_,
+    , objects_{{std::make_shared<ObservedVariables>(watched_,
+                    [this](std::string_view name, const Variant* value) { trends_.seen(name, value); }),
           std::make_shared<PanelPathHelper>(mapping_, file_.input,
               [this](std::int16_t number) { gate_.later([this, number] { openScreen(number); }); }),
           errors_, makeDatabase()}}
@@ -121,24 +128,38 @@ MakeDatabase Panel::makeDatabase()
     return [this] { return std::make_shared<jet::JetEngine>(mapping_); };
 }
 
-Panel::~Panel() { closeScreen(); }
+Panel::~Panel()
+{
+    closeScreen();
+    setLanguageLook({{valueFamily()}});
+}
 
 void Panel::applySettings()
 {
     file_.declareVariables(*variables_);
     if (settings_.resolution)
-        setVariable(resolutionVariable, static_cast<std::int16_t>(*settings_.resolution));
-    setVariable(levelVariable, settings_.level.value_or(file_.level));
+        setVariable(resolutionVariable, Variant{static_cast<std::int16_t>(*settings_.resolution)});
+    setVariable(levelVariable, Variant{settings_.level.value_or(file_.level)});
     if (!settings_.language.empty() && !languages_.choose(settings_.language))
         throw CannotStart{"the project has no language '" + settings_.language + "'"};
+    applyLanguage();
 }
 
-void Panel::setVariable(std::string_view name, std::int16_t value)
+void Panel::setVariable(std::string_view name, const Variant& value)
 {
     if (variables_->find(name) == nullptr)
-        variables_->declare(name, Variant{value});
+        variables_->declare(name, value);
     else
-        variables_->write(name, Variant{value}, machine::Writer::Host);
+        mirror(name, value);
+}
+
+// The library asks for the direction whenever it starts a control; the panel's own widgets follow the stage at once.
+void Panel::applyLanguage()
+{
+    const bool rightToLeft = languages_.isRightToLeft();
+    setLanguageLook(languages_.look());
+    setVariable(rightToLeftVariable, Variant{rightToLeft});
+    window_.stage().setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
 }
 
 void Panel::noteProblems()
@@ -180,6 +201,7 @@ void Panel::openServo()
     if (auto* header = dynamic_cast<HeaderChild*>(servo_->find("Header")))
         header->bar().setArrangedHandler([this] { placeErrorKey(); });
     placeErrorKey();
+    if (auto* page = dynamic_cast<ControlHost*>(servo_->find("ServoMain"))) trends_.watch(*page);
     operation("show");
     servo_->show();
 }
@@ -285,6 +307,7 @@ void Panel::closeScreen()
     otherScreen_ = 0;
     answers_.dismiss();
     window_.showNothing();
+    trends_.forget();
     if (!servo_) return;
     operation("terminate");
     servo_->terminate();
@@ -295,16 +318,29 @@ void Panel::openScreen(std::int16_t number)
 {
     closeScreen();
     otherScreen_ = number;
-    const std::string title = text("Panel.Screen." + basic::decimal(std::int32_t{number}));
+    const std::string* const title = languages_.find("Panel.Screen." + basic::decimal(std::int32_t{number}));
     const QString numbered = word(PanelText::Screen) + u' ' + QString::number(number);
     bool isKnown = false;
     for (const machine::ProjectFile::Screen& screen : file_.screens)
         isKnown = isKnown || screen.number == number;
     if (!isKnown) note("The project has no screen " + basic::decimal(std::int32_t{number}));
     auto* screen = new OtherScreen{
-        &window_.stage(), title.empty() ? numbered : toQt(title), numbered, word(PanelText::Back)};
+        &window_.stage(), title == nullptr ? numbered : toQt(*title), numbered, word(PanelText::Back)};
     screen->backKey().setAction([this] { gate_.later([this] { openServo(); }); });
     window_.showScreen(*screen);
+}
+
+// Whoever reads a message or enters a value is left in peace.
+bool Panel::mayShowTrends()
+{
+    if (gate_.isClosed()) return false;
+    ControlHost* part = shownPart();
+    if (part == nullptr) return false;
+    for (const std::string_view name : {"Eingabemaske", "IniEingabe"}) {
+        Child* mask = part->find(name);
+        if (mask != nullptr && isVisible(*mask)) return false;
+    }
+    return true;
 }
 
 ControlHost* Panel::shownPart()
@@ -320,6 +356,10 @@ ControlHost* Panel::shownPart()
 void Panel::pressKey(int number)
 {
     if (gate_.isClosed()) return;
+    if (number == 11 && trends_.isOpen()) {
+        trends_.close();
+        return;
+    }
     if (ControlHost* part = shownPart()) {
         if (auto* footer = dynamic_cast<FußzeileChild*>(part->find("Fußzeile"))) footer->press(number);
     } else if (otherScreen_ != 0 && number == 11) {
@@ -329,21 +369,21 @@ void Panel::pressKey(int number)
 
 QString Panel::word(PanelText text)
 {
-    const std::string own = languages_.text(panelTextKey(text));
-    return own.empty() ? panelWord(text, languages_.currentCode()) : toQt(own);
+    const std::string* const own = languages_.find(panelTextKey(text));
+    const bool hasOwn = own != nullptr && !own->empty();
+    return hasOwn ? toQt(*own) : panelWord(text, languages_.currentCode());
 }
 
 QImage Panel::picture(std::string_view name)
 {
     const std::string key{name};
-    if (const auto cached = pictureCache_.find(key); cached != pictureCache_.end()) return cached->second;
     try {
         const std::optional<std::filesystem::path> file = mapping_.find(name);
         if (!file) {
             note("'" + key + "': no such file");
             return {};
         }
-        return pictureCache_[key] = loadPicture(*file, key);
+        return pictureCache_.load(*file, key, keyPictureSide);
     } catch (const basic::Error& error) {
         note(error.description);
         return {};
@@ -368,13 +408,17 @@ std::vector<HeaderLanguage> Panel::languages()
 {
     std::vector<HeaderLanguage> result;
     for (const Languages::Language& language : languages_.all())
-        result.push_back({language.number, toQt(language.name)});
+        result.push_back({language.settings.number, toQt(language.settings.name)});
     return result;
 }
 
 void Panel::chooseLanguage(int number)
 {
-    if (languages_.choose(static_cast<std::int16_t>(number)) && servo_) servo_->languageChanged();
+    if (!languages_.choose(static_cast<std::int16_t>(number))) return;
+    applyLanguage();
+    if (servo_) servo_->languageChanged();
+    trends_.languageChanged();
+    window_.stage().update();
 }
 
 HeaderTexts Panel::headerTexts()
@@ -387,9 +431,9 @@ HeaderTexts Panel::headerTexts()
     };
     const QString number = value(std::string{machineVariable});
     const QString designation = value(std::string{designationVariable} + number.toStdString() + ">");
-    const std::string machineName = text("Panel.Machine." + designation.toStdString());
+    const std::string* const machineName = languages_.find("Panel.Machine." + designation.toStdString());
     texts.machine = word(PanelText::Machine) + u' ' + designation;
-    if (!machineName.empty()) texts.machine += QStringLiteral(" – ") + toQt(machineName);
+    if (machineName != nullptr) texts.machine += QStringLiteral(" – ") + toQt(*machineName);
     texts.level = word(PanelText::AccessLevel) + u' ' + value(std::string{levelVariable});
     if (ControlHost* part = shownPart())
         if (auto* heading = dynamic_cast<VWSIndex*>(part->find("Überschrift")))

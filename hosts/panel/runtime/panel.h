@@ -9,6 +9,7 @@
 #include "panel/runtime/machine_runner.h"
 #include "panel/runtime/panel_services.h"
 #include "panel/runtime/watched_variables.h"
+#include "panel/trends/trends.h"
 #include "panel/widgets/answer_strip.h"
 #include "panel/window/panel_window.h"
 #include "portable/portable_files.h"
@@ -18,7 +19,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -58,6 +58,7 @@ public:
     machine::VariableStore& variables() { return *variables_; }
     ErrorList& errors() { return errors_; }
     EventGate& gate() { return gate_; }
+    Trends& trends() { return trends_; }
     const machine::ProjectFile& project() const { return file_; }
 
     // Shows the screen with the Servo control, made anew.
@@ -86,7 +87,7 @@ public:
 
     // Services
     std::string text(std::string_view key) override { return languages_.text(key); }
-    LanguageFont font() override { return {}; }
+    LanguageFont font() override { return languages_.font(); }
     QString word(PanelText text) override;
     QImage picture(std::string_view name) override;
     void mirror(std::string_view variable, const basic::Variant& value) override;
@@ -106,7 +107,8 @@ private:
     MakeDatabase makeDatabase();
     static machine::ProjectFile loadProject(const std::filesystem::path& folder);
     void applySettings();
-    void setVariable(std::string_view name, std::int16_t value);
+    void setVariable(std::string_view name, const basic::Variant& value);
+    void applyLanguage();
     void noteProblems();
     void startTrace();
     MadeControl make(std::string_view className, const platform::ControlPlatform& platform);
@@ -116,6 +118,7 @@ private:
     void answer();
     void showValueStates();
     LinkQuality linkQuality();
+    bool mayShowTrends();
 
     PanelSettings settings_;
     machine::ProjectFile file_;
@@ -130,12 +133,13 @@ private:
     AnswerStrip& answers_; // belongs to the stage
     InputGuard guard_;
     std::set<std::string_view> changedFamilies_; // of the fields that wait to be written
+    Trends trends_;
     std::unique_ptr<MachineRunner> machine_;
-    std::map<std::string, QImage> pictureCache_;
+    PictureCache pictureCache_;
 
     portable::PortableFiles files_{mapping_};
     portable::PortableProfile profile_{mapping_};
-    PanelPictures pictures_{mapping_};
+    PanelPictures pictures_{mapping_, pictureCache_};
     PanelMessages messages_;
     PanelSurroundings surroundings_{portable::PortableSurroundings::Settings{}};
     PanelObjects objects_;

@@ -50,7 +50,7 @@ basic::ObjectRef PanelPictures::load(std::string_view path)
     const std::string name{path};
     const std::optional<std::filesystem::path> file = mapping_.find(path);
     if (!file) portable::raiseFileError(portable::FileError::FileNotFound, name, "no such file");
-    return std::make_shared<PanelPicture>(loadPicture(*file, name), name);
+    return std::make_shared<PanelPicture>(cache_.load(*file, name), name);
 }
 
 void PanelPictures::save(platform::Control& box, std::string_view path)

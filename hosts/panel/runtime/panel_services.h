@@ -3,6 +3,7 @@
 #include "machine/variable_store.h"
 #include "panel/form/event_gate.h"
 #include "panel/form/services.h"
+#include "panel/pictures/picture_cache.h"
 #include "panel/widgets/error_list.h"
 #include "platform/library_platform.h"
 #include "portable/path_mapping.h"
@@ -49,8 +50,9 @@ private:
 
 class PanelPictures : public platform::Pictures {
 public:
-    explicit PanelPictures(const portable::PathMapping& mapping)
+    PanelPictures(const portable::PathMapping& mapping, PictureCache& cache)
         : mapping_{mapping}
+        , cache_{cache}
     {
     }
     basic::ObjectRef load(std::string_view path) override;
@@ -58,6 +60,7 @@ public:
 
 private:
     const portable::PathMapping& mapping_;
+    PictureCache& cache_;
 };
 
 class PanelPathHelper : public platform::PathHelper {

@@ -125,6 +125,13 @@ void Operator::input(std::string_view name, std::int16_t index)
     tap(there(part("ServoMain").find(name, index), std::string{name}).view());
 }
 
+void Operator::actualValue(int number)
+{
+    constexpr int lastLine = 120;
+    const std::string name = number <= lastLine ? "IstWert" : "IstWertTab";
+    tap(there(part("ServoMain").find(name, static_cast<std::int16_t>(number)), name).view());
+}
+
 void Operator::language(int number)
 {
     ControlHost& servo = there(panel_.servo(), "the Servo control");

@@ -40,6 +40,7 @@ public:
     void scrollUp();
     void input(std::string_view name, std::int16_t index);
     void language(int number);
+    void actualValue(int number); // 101 to 140 on a diagnosis page
 
     // In the open mask.
     void clear();

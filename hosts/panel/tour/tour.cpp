@@ -70,6 +70,7 @@ int Tour::play()
         if (!QTest::qWaitForWindowExposed(&panel_.window())) throw NotThere{"the window"};
         menu();
         diagnosis();
+        trend();
         setpoints();
         switchAndDrawing();
         neighbours();
@@ -106,6 +107,32 @@ void Tour::diagnosis()
     step("diagnosis-1", [&] { operator_.footerKey(10); });
     if (operator_.isKeyOn(8)) step("diagnosis-2", [&] { operator_.footerKey(8); });
     step("parameters-again", [&] { operator_.footerKey(10); });
+}
+
+void Tour::trend()
+{
+    constexpr int curveMs = 4000; // a curve of some length
+    step("diagnosis-again", [&] { operator_.footerKey(10); });
+    TrendSheet& sheet = panel_.trends().sheet();
+    step("trend", [&] {
+        for (const int number : {105, 106, 113})
+            if (operator_.part("ServoMain")
+                    .find("IstWert", static_cast<std::int16_t>(number))
+                    ->view()
+                    .isVisible())
+                operator_.actualValue(number);
+        operator_.wait(curveMs);
+    });
+    step("trend-frozen-and-read", [&] {
+        operator_.tap(sheet.freezeKey());
+        const QRect curves = sheet.plot().area();
+        const QPoint place{curves.right() - curves.width() / 40, curves.center().y()};
+        operator_.press(sheet.plot(), place);
+        operator_.release(sheet.plot(), place);
+    });
+    step("trend-large", [&] { operator_.tap(sheet.enlargeKey()); });
+    step("trend-closed", [&] { operator_.tap(sheet.closeKey()); });
+    step("parameters-after-trend", [&] { operator_.footerKey(10); });
 }
 
 Tour::Input Tour::freeSetpoint(int which)

@@ -28,6 +28,7 @@ private:
 
     void menu();
     void diagnosis();
+    void trend();
     void setpoints();
     void switchAndDrawing();
     void neighbours();

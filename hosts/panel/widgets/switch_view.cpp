@@ -1,6 +1,7 @@
 #include "panel/widgets/switch_view.h"
 
 #include "panel/look/colours.h"
+#include "panel/look/contrast.h"
 #include "panel/look/fonts.h"
 #include "panel/look/mirroring.h"
 
@@ -95,7 +96,7 @@ void SwitchView::paintEvent(QPaintEvent*)
     painter.setBrush(!free_ ? colours::keyOff : down_ ? colours::keyPressed : colours::key);
     painter.drawRoundedRect(QRectF{slider()}, 3, 3);
 
-    const QColor ink = free_ ? colours::ink : colours::lockedInk;
+    const QColor ink = free_ ? colours::ink : readable(colours::lockedInk, colours::keyOff);
     painter.setPen(marks_.stale ? staleInk(ink) : ink);
     drawFitted(painter, slider().adjusted(3, 0, -3, 0), Qt::AlignCenter,
         panelFont(scaled(0.42, height(), 9, 18), true), words_(state_ ? PanelText::On : PanelText::Off));

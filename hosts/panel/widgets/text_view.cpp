@@ -1,7 +1,9 @@
 #include "panel/widgets/text_view.h"
 
 #include "panel/look/colours.h"
-#include "panel/look/fonts.h"
+#include "panel/look/contrast.h"
+#include "panel/look/language_look.h"
+#include "panel/look/reading_order.h"
 
 #include <QPainter>
 
@@ -77,7 +79,56 @@ void TextView::setBeingEdited(bool edited)
 QSize TextView::textSize() const
 {
     const QFontMetrics metrics{font_};
-    return {metrics.horizontalAdvance(text_) + 1, metrics.height()};
+    return {metrics.horizontalAdvance(forDrawing(text_, runsRightToLeft(text_))) + 1, metrics.height()};
+}
+
+int TextView::inkHeight() const
+{
+    if (frame_ != Frame::None || wrapping_ || text_.isEmpty()) return 0;
+    const QFontMetrics metrics{fit().font};
+    const QString& line = fit().lines.front();
+    const QRect ink = metrics.tightBoundingRect(forDrawing(line, runsRightToLeft(line)));
+    // Above and below the middle of the line, which stands in the middle of the view.
+    const int middle = (metrics.descent() - metrics.ascent()) / 2;
+    return 2 * (std::max(middle - ink.top(), ink.bottom() + 1 - middle) + 1);
+}
+
+QRect TextView::inside() const
+{
+    if (frame_ == Frame::None) return rect();
+    const int padding = std::min(framePadding, width() / 8);
+    return rect().adjusted(padding, 1, -padding, -1);
+}
+
+// Letters such as "r" reach over their width; without a frame the widget's right edge would cut them. In pixels, as far
+// as there is room.
+int TextView::overhang() const
+{
+    constexpr int most = 2;
+    const int flags = drawingFlags(alignment_, layoutDirection(), false);
+    if (frame_ != Frame::None || wrapping_ || (flags & Qt::AlignRight) == 0) return 0;
+    const QString& line = fit().lines.front();
+    const int taken = QFontMetrics{fit().font}.horizontalAdvance(forDrawing(line, runsRightToLeft(line)));
+    return std::clamp(width() - taken, 0, most);
+}
+
+const TextFit& TextView::fit() const
+{
+    QFont font = font_;
+    if (changed_) font.setBold(true);
+    const QSize size = inside().size();
+    const bool digits = languageLook().arabicIndicDigits;
+    const bool isFitted = text_ == fittedText_ && font == fittedFont_ && size == fittedSize_
+        && wrapping_ == fittedWrapping_ && digits == fittedDigits_;
+    if (isFitted) return fit_;
+    fit_ = wrapping_ ? TextFit::wrapped(text_, font, size, leastTextPixels)
+                     : TextFit::oneLine(text_, font, size, leastTextPixels);
+    fittedText_ = text_;
+    fittedFont_ = font;
+    fittedSize_ = size;
+    fittedWrapping_ = wrapping_;
+    fittedDigits_ = digits;
+    return fit_;
 }
 
 QColor TextView::face() const
@@ -97,35 +148,32 @@ QPen TextView::border() const
 void TextView::paintEvent(QPaintEvent*)
 {
     QPainter painter{this};
-    QRect inside = rect();
     if (frame_ == Frame::None) {
-        if (background_) painter.fillRect(inside, *background_);
+        if (background_) painter.fillRect(rect(), *background_);
     } else {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(border());
         const double line = border().widthF();
         painter.setBrush(face());
-        painter.drawRoundedRect(QRectF{inside}.adjusted(line / 2, line / 2, -line / 2, -line / 2), 3, 3);
+        painter.drawRoundedRect(QRectF{rect()}.adjusted(line / 2, line / 2, -line / 2, -line / 2), 3, 3);
         painter.setRenderHint(QPainter::Antialiasing, false);
-        const int padding = std::min(framePadding, inside.width() / 8);
-        inside.adjust(padding, 1, -padding, -1);
     }
     if (stale_) drawHatching(painter, rect());
-    if (!text_.isEmpty()) paintText(painter, inside);
+    if (!text_.isEmpty()) {
+        painter.setPen(shownInk());
+        fit().draw(painter, inside().adjusted(0, 0, -overhang(), 0), alignment_);
+    }
     if (frame_ != Frame::None || stale_) drawMarks(painter, rect(), marks());
 }
 
-void TextView::paintText(QPainter& painter, const QRect& inside) const
+// The ink of a text that can be read on what it stands on.
+QColor TextView::shownInk() const
 {
-    painter.setPen(stale_ ? staleInk(ink_) : ink_);
-    QFont font = font_;
-    if (changed_) font.setBold(true);
-    if (wrapping_) {
-        painter.setFont(font);
-        painter.drawText(inside, static_cast<int>(alignment_) | Qt::TextWordWrap, text_);
-        return;
-    }
-    drawFitted(painter, inside, static_cast<int>(alignment_), font, text_);
+    const QColor ink = stale_ ? staleInk(ink_) : ink_;
+    const bool bare = frame_ == Frame::None && !background_;
+    // A light text without a face of its own stands on something dark in a picture.
+    const bool onPicture = bare && ink.lightness() > colours::background.lightness();
+    return onPicture ? ink : readable(ink, bare ? colours::background : face());
 }
 
 } // namespace servopanel::panel

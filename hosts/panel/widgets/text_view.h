@@ -1,5 +1,6 @@
 #pragma once
 
+#include "panel/look/text_fit.h"
 #include "panel/widgets/touch_view.h"
 #include "panel/widgets/value_marks.h"
 
@@ -12,7 +13,8 @@
 
 namespace servopanel::panel {
 
-// A text on the screen: caption, value or input field.
+// A text on the screen: caption, value or input field. A text that does not fit is made smaller, and what still does not
+// fit is replaced by "…".
 class TextView : public TouchView {
 public:
     enum class Frame {
@@ -25,6 +27,7 @@ public:
 
     void setText(const QString& text);
     const QString& text() const { return text_; }
+    // Left and right change places on a panel from right to left, unless the alignment is absolute.
     void setLook(const QFont& font, const QColor& ink, Qt::Alignment alignment);
     void setFrame(Frame frame);
     // Nothing: the frame's own face, or none.
@@ -42,14 +45,21 @@ public:
 
     // Pixels that the text takes with this font, without frame.
     QSize textSize() const;
+    // Pixels that the view must be high at least, so that no letter loses its upper or lower end. A frame keeps its height.
+    int inkHeight() const;
+    // Whether a part of the text had to be left out, in the size that the view has now.
+    bool isElided() const { return fit().elided; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    QRect inside() const; // where the text may stand
+    int overhang() const;
+    const TextFit& fit() const;
     QColor face() const;
     QPen border() const;
-    void paintText(QPainter& painter, const QRect& inside) const;
+    QColor shownInk() const;
 
     QString text_;
     QFont font_;
@@ -62,6 +72,14 @@ private:
     bool changed_ = false;
     bool lockShown_ = false;
     bool stale_ = false;
+
+    // What the text was last fitted for; a value is painted more often than it changes.
+    mutable TextFit fit_;
+    mutable QString fittedText_;
+    mutable QFont fittedFont_;
+    mutable QSize fittedSize_;
+    mutable bool fittedWrapping_ = false;
+    mutable bool fittedDigits_ = false;
 };
 
 } // namespace servopanel::panel

@@ -1,6 +1,7 @@
 #include "panel/widgets/touch_key.h"
 
 #include "panel/look/colours.h"
+#include "panel/look/contrast.h"
 #include "panel/look/fonts.h"
 #include "panel/look/mirroring.h"
 
@@ -49,7 +50,7 @@ void TouchKey::setCorner(const QString& corner)
 
 void TouchKey::setPicture(const QImage& picture)
 {
-    picture_ = picture;
+    picture_.set(picture);
     update();
 }
 
@@ -181,7 +182,7 @@ void TouchKey::paintEvent(QPaintEvent*)
     QPainter painter{this};
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    if (blankWhileOff_ && !on_ && picture_.isNull()) {
+    if (blankWhileOff_ && !on_ && picture().isNull()) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(mix(colours::bar, colours::keyOff, 0.18));
         painter.drawRoundedRect(QRectF{rect()}.adjusted(1, 1, -1, -1), 4, 4);
@@ -198,12 +199,12 @@ void TouchKey::paintEvent(QPaintEvent*)
 
     const int shift = down_ ? 1 : 0;
     QRect inside = rect().adjusted(4, 3, -4, -3).translated(shift, shift);
-    if (!on_ && !picture_.isNull()) painter.setOpacity(offOpacity);
+    if (!on_ && !picture().isNull()) painter.setOpacity(offOpacity);
 
     const int corner = corner_.isEmpty() ? 0 : scaled(0.16, height(), 9, 14);
     const int textPixels = textPixels_ != 0 ? textPixels_ : scaled(0.42, height(), 9, 26);
     QRect textPlace = inside;
-    if (!picture_.isNull()) {
+    if (!picture().isNull()) {
         QRect picturePlace = inside;
         if (corner != 0) picturePlace.setTop(inside.top() + corner * 2 / 3);
         if (!text_.isEmpty()) {
@@ -211,24 +212,19 @@ void TouchKey::paintEvent(QPaintEvent*)
             picturePlace.setBottom(inside.bottom() - line);
             textPlace = {inside.left(), inside.bottom() - line, inside.width(), line};
         }
-        QSize size = picture_.size();
-        if (size.width() > picturePlace.width() || size.height() > picturePlace.height())
-            size.scale(picturePlace.size(), Qt::KeepAspectRatio);
-        QRect place{{0, 0}, size};
-        place.moveCenter(picturePlace.center());
-        painter.drawImage(place, picture_);
+        picture_.draw(painter, picturePlace);
     }
     painter.setOpacity(1);
     painter.setPen(ink());
     if (!value_.isEmpty()) {
         paintValue(painter, textPlace, textPixels);
     } else if (!text_.isEmpty()) {
-        const int pixels = picture_.isNull() ? textPixels : std::min(textPixels, textPlace.height() * 3 / 4);
-        drawFitted(painter, textPlace, Qt::AlignCenter, panelFont(pixels, picture_.isNull()), text_);
+        const int pixels = picture().isNull() ? textPixels : std::min(textPixels, textPlace.height() * 3 / 4);
+        drawFitted(painter, textPlace, Qt::AlignCenter, panelFont(pixels, picture().isNull()), text_);
     }
     if (corner != 0) {
         painter.setFont(panelFont(corner));
-        painter.setPen(on_ ? colours::faintInk : colours::lockedInk);
+        painter.setPen(on_ ? readable(colours::faintInk, face()) : colours::lockedInk);
         painter.drawText(
             inside.adjusted(1, 0, -1, 0), static_cast<int>(leading(*this) | Qt::AlignTop), corner_);
     }

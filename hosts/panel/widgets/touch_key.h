@@ -1,5 +1,7 @@
 #pragma once
 
+#include "panel/widgets/scaled_picture.h"
+
 #include <QImage>
 #include <QString>
 #include <QTimer>
@@ -24,7 +26,7 @@ public:
     // A small name in the corner, such as "F1".
     void setCorner(const QString& corner);
     void setPicture(const QImage& picture);
-    const QImage& picture() const { return picture_; }
+    const QImage& picture() const { return picture_.picture(); }
     void setRole(Role role);
     // A face of another colour, for a key that stands for something active.
     void setHighlight(std::optional<QColor> colour);
@@ -62,7 +64,7 @@ private:
     QString text_;
     QString corner_;
     QString value_;
-    QImage picture_;
+    ScaledPicture picture_;
     QTimer repeat_;
     std::optional<QColor> highlight_;
     Role role_ = Role::Plain;

@@ -10,6 +10,8 @@ namespace servopanel::panel {
 
 namespace {
 
+constexpr int narrowField = 6; // as many sides of a sign
+
 // Sides of the signs by the height of the field, pixels.
 int markSide(const QRect& field) { return std::clamp(field.height() * 34 / 100, 7, 13); }
 
@@ -81,10 +83,12 @@ void drawMarks(QPainter& painter, const QRect& field, const ValueMarks& marks)
     if (marks == ValueMarks{}) return;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    const int side = markSide(field);
-    const bool hasRoom = field.width() > 2 * field.height();
-    if (marks.stale && hasRoom) {
-        const QRect place{field.left() + 4, field.top() + 3, side, side};
+    // In the narrow parts of a drawing number the signs stay above and below the digits.
+    const bool narrow = field.width() < narrowField * markSide(field);
+    const int side = narrow ? markSide(field) * 2 / 3 : markSide(field);
+    const int margin = narrow ? 1 : 3;
+    if (marks.stale) {
+        const QRect place{field.left() + margin + 1, field.top() + margin, side, side};
         // Beside the triangle of a change, where there is one.
         drawWarning(painter, marks.changed ? place.translated(side + 3, 0) : place, colours::ink);
     }
@@ -95,14 +99,8 @@ void drawMarks(QPainter& painter, const QRect& field, const ValueMarks& marks)
         painter.drawPolygon(
             QPolygonF{{corner, corner + QPointF(side + 4, 0), corner + QPointF(0, side + 4)}});
     }
-    if (marks.locked && !hasRoom) {
-        QPen dashes{colours::faintInk, 2};
-        dashes.setDashPattern({2, 2});
-        painter.setPen(dashes);
-        painter.drawLine(field.left() + 5, field.bottom() - 2, field.right() - 5, field.bottom() - 2);
-    }
-    if (marks.locked && hasRoom) {
-        const QRect place{field.left() + 5, field.bottom() - side - 2, side, side};
+    if (marks.locked) {
+        const QRect place{field.left() + margin + 2, field.bottom() + 1 - side - margin, side, side};
         drawPadlock(painter, place, colours::faintInk);
     }
     painter.restore();

@@ -20,8 +20,7 @@ struct ValueMarks {
 void drawHatching(QPainter& painter, const QRect& field);
 // The signs at the left of a field, where values aligned to the right leave space: changed a triangle in the top corner,
 // stale a warning at the top, locked a padlock at the bottom. They keep their side in every direction of writing, because
-// the values do. A field that its digits fill has the triangle, and for a lock dashes below them; for stale its hatching
-// must do.
+// the values do.
 void drawMarks(QPainter& painter, const QRect& field, const ValueMarks& marks);
 
 // How strongly a stale value's ink is faded.

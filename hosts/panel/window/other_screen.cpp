@@ -1,6 +1,7 @@
 #include "panel/window/other_screen.h"
 
 #include "panel/look/colours.h"
+#include "panel/look/contrast.h"
 #include "panel/look/fonts.h"
 
 #include <QPainter>
@@ -29,7 +30,7 @@ void OtherScreen::paintEvent(QPaintEvent*)
     painter.setPen(colours::ink);
     painter.setFont(panelFont(scaled(0.045, height(), 24, 46), true));
     painter.drawText(QRect{0, height() * 30 / 100, width(), height() * 12 / 100}, Qt::AlignCenter, title_);
-    painter.setPen(colours::faintInk);
+    painter.setPen(readable(colours::faintInk, colours::background));
     painter.setFont(panelFont(scaled(0.022, height(), 13, 22)));
     painter.drawText(QRect{0, height() * 42 / 100, width(), height() * 8 / 100}, Qt::AlignCenter, number_);
 }

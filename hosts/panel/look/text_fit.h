@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QFont>
+#include <QPainter>
+#include <QSize>
+#include <QString>
+#include <QStringList>
+
+namespace servopanel::panel {
+
+// The smallest height of letters that an operator reads at arm's length: 8 points, in pixels of every panel.
+inline constexpr int leastTextPixels = 11;
+
+// How a text is brought into a rectangle: on one line or wrapped, made smaller down to a height that can still be read,
+// and in the end cut off with "…" between two characters. However long the text is, only what may fit is looked at.
+struct TextFit {
+    QFont font;
+    QStringList lines;
+    bool elided = false; // something of the text is not seen
+
+    // width and height of the rectangle, pixels. The font is never made smaller than leastPixels.
+    static TextFit oneLine(const QString& text, const QFont& font, QSize place, int leastPixels);
+    static TextFit wrapped(const QString& text, const QFont& font, QSize place, int leastPixels);
+
+    // The colour is that of the painter's pen. Left and right change places on a widget from right to left, unless the
+    // alignment is absolute.
+    void draw(QPainter& painter, const QRect& place, Qt::Alignment alignment) const;
+};
+
+} // namespace servopanel::panel

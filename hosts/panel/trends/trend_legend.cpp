@@ -1,0 +1,91 @@
+#include "panel/trends/trend_legend.h"
+
+#include "panel/look/colours.h"
+#include "panel/look/fonts.h"
+#include "panel/trends/line_mark.h"
+
+#include <QPainter>
+#include <QStyle>
+
+namespace servopanel::panel {
+
+namespace {
+constexpr int twoLinesFrom = 42; // pixels of height
+}
+
+TrendLegend::TrendLegend(QWidget* parent, std::function<void()> remove)
+    : QWidget{parent}
+    , remove_{new TouchKey{this}}
+{
+    remove_->setText(QStringLiteral("✕"));
+    remove_->setAction(std::move(remove));
+    remove_->hide();
+}
+
+void TrendLegend::setLine(const std::optional<TrendLine>& line, const QString& hint)
+{
+    line_ = line;
+    hint_ = hint;
+    remove_->setVisible(line.has_value());
+    place();
+    update();
+}
+
+void TrendLegend::setValue(const QString& value)
+{
+    if (value_ == value) return;
+    value_ = value;
+    update();
+}
+
+void TrendLegend::place()
+{
+    const int side = std::min(height() - 2, 44);
+    const QRect key{width() - side, (height() - side) / 2, side, side};
+    remove_->setGeometry(QStyle::visualRect(layoutDirection(), rect(), key));
+}
+
+void TrendLegend::resizeEvent(QResizeEvent*) { place(); }
+
+void TrendLegend::paintEvent(QPaintEvent*)
+{
+    QPainter painter{this};
+    painter.setPen(QPen{colours::faintBorder, 1});
+    painter.drawLine(0, height() - 1, width(), height() - 1);
+    const auto at = [&](const QRect& place) { return QStyle::visualRect(layoutDirection(), rect(), place); };
+    const auto side = [&](Qt::Alignment alignment) {
+        return static_cast<int>(
+            QStyle::visualAlignment(layoutDirection(), alignment) | Qt::AlignAbsolute | Qt::AlignVCenter);
+    };
+    if (!line_) {
+        painter.setPen(colours::faintInk);
+        drawFitted(painter, rect().adjusted(4, 0, -4, 0), side(Qt::AlignLeft),
+            panelFont(scaled(0.4, height(), 10, 14)), hint_);
+        return;
+    }
+    constexpr int sample = 30;
+    const int gap = 6;
+    const int keySide = std::min(height() - 2, 44);
+    drawSample(painter, at({2, 0, sample, height()}), line_->mark);
+    const QString shown = line_->unit.isEmpty() ? value_ : value_ + u' ' + line_->unit;
+    const QRect words{sample + gap + 2, 0, width() - sample - 2 * gap - keySide - 2, height()};
+    painter.setPen(colours::ink);
+    if (height() >= twoLinesFrom) {
+        const int line = height() / 2;
+        drawFitted(painter, at({words.left(), 1, words.width(), line - 1}), side(Qt::AlignLeft),
+            panelFont(scaled(0.3, height(), 11, 15)), line_->caption);
+        drawFitted(painter, at({words.left(), line - 1, words.width(), line}), side(Qt::AlignLeft),
+            panelFont(scaled(0.34, height(), 12, 18), true), shown);
+        return;
+    }
+    const QFont valueFont = panelFont(scaled(0.46, height(), 10, 15), true);
+    const int valueWidth =
+        std::min(words.width() * 2 / 3, QFontMetrics{valueFont}.horizontalAdvance(shown) + 2);
+    drawFitted(painter, at({words.left(), 0, words.width() - valueWidth - gap, height()}),
+        side(Qt::AlignLeft), panelFont(scaled(0.42, height(), 10, 14)), line_->caption);
+    painter.setPen(colours::ink);
+    drawFitted(painter, at({words.right() + 1 - valueWidth, 0, valueWidth, height()}), side(Qt::AlignRight),
+        valueFont, shown);
+}
+
+} // namespace servopanel::panel
