@@ -1,10 +1,11 @@
 #include "look/geometry.h"
 
+#include "panel/look/contrast.h"
+
 #include <QGlyphRun>
 #include <QTextLayout>
 
 #include <algorithm>
-#include <cmath>
 #include <cxxabi.h>
 #include <iomanip>
 #include <map>
@@ -15,6 +16,7 @@ namespace servopanel::look {
 
 namespace {
 
+constexpr double anyHeight = 1e6;
 constexpr double tolerance = 1.0; // pixels by which antialiasing and side bearings may reach over
 
 std::string text(const QRect& place)
@@ -58,7 +60,7 @@ void collect(QWidget& widget, const QWidget* sheet, View& view,
 // What a piece shows, in pixels of the root.
 std::vector<QRectF> shown(const Piece& piece)
 {
-    if (piece.fill != Fill::Nothing) return {QRectF{piece.place}};
+    if (piece.fill == Fill::All || piece.fill == Fill::Ground) return {QRectF{piece.place}};
     std::vector<QRectF> result;
     for (const PaintedText& each : piece.texts)
         result.push_back((each.ink & each.room).translated(piece.place.topLeft()));
@@ -88,17 +90,6 @@ bool isCovered(const View& view, const Piece& piece, const QRectF& place)
         if (sheet == piece.sheet) above = true;
     }
     return false;
-}
-
-double linear(int channel)
-{
-    const double share = channel / 255.0;
-    return share <= 0.03928 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
-}
-
-double luminance(const QColor& colour)
-{
-    return 0.2126 * linear(colour.red()) + 0.7152 * linear(colour.green()) + 0.0722 * linear(colour.blue());
 }
 
 bool isNear(QRgb one, QRgb other)
@@ -195,7 +186,9 @@ Findings findCutTexts(const View& view)
 {
     Findings findings;
     forEachText(view, [&](const Piece& piece, const PaintedText& each) {
-        if (isWithin(each.ink, each.room)) return;
+        QRectF room = each.room;
+        if (piece.fill == Fill::Scrolled) room.adjust(0, -anyHeight, 0, anyHeight);
+        if (isWithin(each.ink, room)) return;
         findings.push_back({"cut",
             view.name(*piece.widget) + ' ' + text(piece.place) + ": " + quoted(each.text) + " takes "
                 + text(each.ink) + ", seen is " + text(each.room)});
@@ -245,24 +238,18 @@ Findings findSmallTargets(const std::vector<Target>& targets, double millimetres
     return findings;
 }
 
-double contrast(const QColor& one, const QColor& other)
-{
-    const double a = luminance(one) + 0.05;
-    const double b = luminance(other) + 0.05;
-    return std::max(a, b) / std::min(a, b);
-}
-
 Findings findPaleTexts(
     const View& view, const QImage& picture, const std::function<bool(const QWidget&)>& isInactive)
 {
     Findings findings;
     forEachText(view, [&](const Piece& piece, const PaintedText& each) {
         const QRectF ink = (each.ink & each.room).translated(piece.place.topLeft());
-        if (isInactive(*piece.widget) || isCovered(view, piece, ink)) return;
-        const QRect place = ink.toAlignedRect() & picture.rect();
+        if (ink.isEmpty() || isInactive(*piece.widget) || isCovered(view, piece, ink)) return;
+        // A little around the glyphs: a point has no ground of its own.
+        const QRect place = ink.toAlignedRect().adjusted(-2, -2, 2, 2) & piece.place & picture.rect();
         const auto ground = groundOf(picture, place, each.colour);
-        const double found = ground ? contrast(each.colour, *ground) : 1.0;
-        if (found >= leastContrast) return;
+        const double found = ground ? panel::contrast(each.colour, *ground) : 1.0;
+        if (found >= panel::leastContrast) return;
         std::ostringstream out;
         out << view.name(*piece.widget) << ' ' << text(place) << ": " << quoted(each.text) << ' '
             << each.colour.name().toStdString() << " on "

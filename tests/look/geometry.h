@@ -27,6 +27,7 @@ enum class Fill {
     Nothing, // only what it writes
     All, // a key, a field
     Ground, // a picture with room for texts
+    Scrolled, // only what it writes, of which lines above and below come with scrolling
 };
 
 // A widget that is seen, with what it paints itself.
@@ -69,10 +70,6 @@ Findings findSmallTargets(const std::vector<Target>& targets, double millimetres
 Findings findPaleTexts(
     const View& view, const QImage& picture, const std::function<bool(const QWidget&)>& isInactive);
 
-// Of two colours, 1 (none) to 21 (black and white), as accessibility guides count it.
-double contrast(const QColor& one, const QColor& other);
-
 inline constexpr double leastTargetMillimetres = 9;
-inline constexpr double leastContrast = 4.5;
 
 } // namespace servopanel::look

@@ -2,6 +2,7 @@
 // small for a finger or too pale to read.
 #include "look/longest_project.h"
 #include "look/screen.h"
+#include "panel/look/touch_size.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +19,7 @@ namespace {
 constexpr const char* longest = "longest";
 
 // A language that comes to the demonstration project comes to this list.
-constexpr std::array languagesOfDemo{"de", "en"};
+constexpr std::array languagesOfDemo{"de", "en", "ar", "zh"};
 
 struct Screen {
     int resolution;
@@ -36,9 +37,11 @@ protected:
         take(state, findOutside(view));
         take(state, findOverlaps(view));
         take(state, findCutTexts(view));
+        take(state, findSmallTargets(targets(panel), panel::millimetresPerPixel(panel.window().stage())));
         if (GetParam().language == longest) return;
         take(state, findShortenedTexts(view));
         take(state, findMissingGlyphs(view));
+        take(state, findPaleTexts(view, panel.window().stage().grab().toImage(), isInactive));
     }
     void take(const State& state, const Findings& findings)
     {
@@ -49,6 +52,11 @@ protected:
     static bool isKnown(const State& state, const Finding& finding)
     {
         const auto tells = [&](const char* name) { return finding.what.find(name) != std::string::npos; };
+        // Two lines of a caption are 11 pixels apart on panels of 800 pixels. Arabic letters are up to 15 high with their
+        // marks, so their boxes meet; the letters themselves seldom do.
+        if (GetParam().resolution == 800 && GetParam().language == "ar" && finding.kind == "overlap"
+            && (tells("BeschriftungL") || tells("BeschriftungR")))
+            return true;
         return GetParam().resolution == 1024 && state.name.rfind("menu", 0) == 0
             && (tells("BildIm(") || tells("Beschriftung("));
     }

@@ -191,6 +191,22 @@ TEST_F(GeometryTest, FindsALineOfAWrappedTextBelowItsBox)
     EXPECT_TRUE(findCutTexts(view()).empty());
 }
 
+TEST_F(GeometryTest, LinesThatComeWithScrollingAreNotCut)
+{
+    auto* list = new Painted{&root_, [](QPainter& painter) {
+                                 painter.setFont(servopanel::panel::panelFont(14));
+                                 painter.drawText(QPoint{10, 20}, "First line");
+                                 painter.drawText(QPoint{10, 42}, "Second line");
+                             }};
+    list->setGeometry(0, 0, 200, 40);
+    EXPECT_EQ(findCutTexts(view()).size(), 1U);
+    filled_ = list;
+    fill_ = Fill::Scrolled;
+    EXPECT_TRUE(findCutTexts(view()).empty());
+    list->resize(50, 40);
+    EXPECT_EQ(findCutTexts(view()).size(), 2U); // nobody can scroll to the side
+}
+
 TEST_F(GeometryTest, FindsATextThatItsPainterClips)
 {
     Painted widget{&root_, [](QPainter& painter) {
@@ -250,11 +266,4 @@ TEST_F(GeometryTest, ATextUnderASheetNeedNotBeReadable)
     auto* sheet = new Sheet{&root_};
     sheet->setGeometry(0, 0, 200, 200);
     EXPECT_TRUE(pale().empty());
-}
-
-TEST(Contrast, IsThatOfTheGuides)
-{
-    EXPECT_NEAR(contrast(Qt::black, Qt::white), 21.0, 0.01);
-    EXPECT_NEAR(contrast(QColor{0x77, 0x77, 0x77}, Qt::white), 4.48, 0.01);
-    EXPECT_NEAR(contrast(Qt::red, Qt::red), 1.0, 0.001);
 }

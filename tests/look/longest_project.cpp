@@ -91,7 +91,7 @@ LongestProject::LongestProject(const std::filesystem::path& project, const std::
     std::map<std::string, Longest> longest = longestOf(texts);
     // Words of the panel that the project does not bring.
     for (const panel::PanelText text : panelTexts())
-        for (const char* language : {"de", "en"})
+        for (const char* language : {"de", "en", "ar", "zh"})
             longest[std::string{panel::panelTextKey(text)}].take(
                 panel::panelWord(text, language).toStdString());
     std::ofstream out{texts / (code + ".txt"), std::ios::trunc};

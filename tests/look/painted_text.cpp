@@ -5,6 +5,9 @@
 #include <QPaintEngine>
 #include <QPainter>
 
+#include <algorithm>
+#include <iterator>
+
 namespace servopanel::look {
 
 namespace {
@@ -29,18 +32,27 @@ public:
 
     void drawTextItem(const QPointF& at, const QTextItem& item) override
     {
-        if (item.text().trimmed().isEmpty()) return;
-        QRectF ink = QFontMetricsF{item.font()}.tightBoundingRect(item.text());
+        // Signs that only order the text leave no ink.
+        QString text = item.text();
+        text.remove(QChar{0x2066}).remove(QChar{0x2069});
+        if (text.trimmed().isEmpty()) return;
+        QRectF ink = QFontMetricsF{item.font()}.tightBoundingRect(text);
         // A part of an Arabic word measures differently on its own; its advance is what was laid out.
         if (item.renderFlags().testFlag(QTextItem::RightToLeft)) {
-            ink.setLeft(0);
-            ink.setRight(item.width());
+            // Blanks at its end stand at the left.
+            const QFontMetricsF metrics{item.font()};
+            const auto blanks = [&](auto begin, auto end) {
+                const auto first = std::find_if(begin, end, [](QChar sign) { return !sign.isSpace(); });
+                return static_cast<double>(std::distance(begin, first)) * metrics.horizontalAdvance(u' ');
+            };
+            ink.setLeft(blanks(text.crbegin(), text.crend()));
+            ink.setRight(item.width() - blanks(text.cbegin(), text.cend()));
         }
         const QTransform toWidget = painter()->deviceTransform();
         QRectF room = widget_;
         if (painter()->hasClipping()) room &= toWidget.mapRect(painter()->clipBoundingRect());
         texts_.push_back(
-            {item.text(), item.font(), painter()->pen().color(), toWidget.mapRect(ink.translated(at)), room});
+            {text, item.font(), painter()->pen().color(), toWidget.mapRect(ink.translated(at)), room});
     }
 
 private:

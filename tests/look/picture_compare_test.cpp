@@ -1,4 +1,5 @@
 // Changes are noticed, and what only a font renderer sees is not.
+#include "look/few_colours.h"
 #include "look/picture_compare.h"
 
 #include "panel/look/fonts.h"
@@ -100,6 +101,18 @@ TEST(PictureCompare, ATextAFractionOfAPixelFurtherIsNotNoticed)
     Drawing other;
     other.at.rx() += 0.5;
     EXPECT_TRUE(compare(draw({}), draw(other)).isSame());
+}
+
+TEST(PictureCompare, FewerColoursAreNotNoticed)
+{
+    QImage colourful = draw({});
+    for (int x = 0; x < colourful.width(); ++x)
+        for (int y = 60; y < 80; ++y)
+            colourful.setPixelColor(x, y, QColor::fromHsv(x * 359 / 200, 40 + 10 * (y - 60), 200));
+    const QImage few = withFewColours(colourful);
+    EXPECT_EQ(few.format(), QImage::Format_Indexed8);
+    EXPECT_NE(few.convertToFormat(colourful.format()), colourful);
+    EXPECT_TRUE(compare(colourful, few).isSame());
 }
 
 TEST(PictureCompare, AnotherSizeIsNoticed)

@@ -1,10 +1,15 @@
 #include "look/screen.h"
 
 #include "machine/project_file.h"
-#include "panel/form/fusszeile.h"
+#include "panel/flaky_variables.h"
+#include "panel/form/eingabemaske.h"
+#include "panel/form/ini_eingabe.h"
+#include "panel/form/row_touch.h"
+#include "panel/form/schalter.h"
 #include "panel/form/scroll_bar.h"
-#include "panel/widgets/canvas_view.h"
+#include "panel/widgets/answer_strip.h"
 #include "panel/widgets/message_sheet.h"
+#include "panel/widgets/scroll_pane.h"
 #include "panel/widgets/switch_view.h"
 #include "panel/widgets/text_view.h"
 
@@ -76,6 +81,7 @@ Fill fillOf(const QWidget& widget, const std::string& name)
         if (begins(name, {"BildIm", "ParaPic"})) return Fill::Ground;
         if (begins(name, {"Sollwert", "Zeichnung", "IstWert", "ScrollBar"})) return Fill::All;
     }
+    if (dynamic_cast<const panel::ScrollPane*>(&widget) != nullptr) return Fill::Scrolled;
     if (dynamic_cast<const panel::TouchKey*>(&widget) != nullptr) return Fill::All;
     if (dynamic_cast<const panel::SwitchView*>(&widget) != nullptr) return Fill::All;
     const auto* label = dynamic_cast<const QLabel*>(&widget);
@@ -85,7 +91,37 @@ Fill fillOf(const QWidget& widget, const std::string& name)
 bool isSheet(const QWidget& widget)
 {
     return dynamic_cast<const panel::Sheet*>(&widget) != nullptr
+        || dynamic_cast<const panel::AnswerStrip*>(&widget) != nullptr
         || dynamic_cast<const panel::MessageSheet*>(&widget) != nullptr;
+}
+
+// Meanwhile a touch on the page changes nothing.
+bool isEditing(panel::ControlHost& page)
+{
+    auto* mask = dynamic_cast<panel::EingabemaskeChild*>(page.find("Eingabemaske"));
+    auto* editor = dynamic_cast<panel::IniEingabeChild*>(page.find("IniEingabe"));
+    return (mask != nullptr && mask->isOpen()) || (editor != nullptr && editor->isOpen());
+}
+
+// Where a touch means this input: the input itself, and as much of its row above and below as stands for it.
+QRect reach(panel::ControlHost& page, const std::string& name, std::int16_t index, QWidget& input)
+{
+    QRect place = input.rect();
+    QWidget* area = input.parentWidget();
+    for (const std::int16_t half : {std::int16_t{1}, std::int16_t{2}}) {
+        panel::Child* box = page.find("MainBereich", half);
+        if (box == nullptr || &box->view() != area) continue;
+        const int middle = input.geometry().center().x();
+        const auto means = [&](int y) {
+            const auto found = panel::inputInRow(page, {"MainBereich", half}, {middle, y});
+            return found && found->name == name && found->index == index;
+        };
+        while (means(input.y() + place.top() - 1))
+            place.setTop(place.top() - 1);
+        while (means(input.y() + place.bottom() + 1))
+            place.setBottom(place.bottom() + 1);
+    }
+    return place;
 }
 
 void setNumber(const std::filesystem::path& file, const std::string& member, int value)
@@ -128,6 +164,14 @@ void show(const Start& start, const State& state, const std::function<void(Panel
     settings.language = start.language;
     settings.level = state.level;
     settings.zoom = start.zoom;
+    settings.clock = [] { return QDateTime{QDate{2025, 3, 14}, QTime{9, 26, 53}}; };
+    std::shared_ptr<servopanel::testing::FlakyVariables> variables;
+    settings.wrapVariables = [&](std::shared_ptr<platform::ProcessVarAccess> inner) {
+        variables = std::make_shared<servopanel::testing::FlakyVariables>(std::move(inner));
+        variables->unreadable.insert(state.unreadable.begin(), state.unreadable.end());
+        variables->unwritable.insert(state.unwritable.begin(), state.unwritable.end());
+        return variables;
+    };
     try {
         Panel panel{settings};
         panel.variables().write(
@@ -140,6 +184,9 @@ void show(const Start& start, const State& state, const std::function<void(Panel
         bool seen = false;
         state.visit(hands, panel, [&] {
             seen = true;
+            // It follows what is shown a moment later.
+            if (panel.servo() != nullptr)
+                panel.servo()->require<panel::HeaderChild>("Header").bar().refresh();
             look(panel);
         });
         EXPECT_TRUE(seen) << state.name << " was not looked at";
@@ -162,19 +209,22 @@ std::vector<Target> targets(Panel& panel)
     QWidget& stage = panel.window().stage();
     const NameOf name = nameOf(panel);
     std::vector<Target> all;
-    const auto add = [&](const QWidget& widget) {
+    const auto add = [&](const QWidget& widget, const QRect& place) {
         if (widget.isVisibleTo(&stage))
-            all.push_back({name(widget), {widget.mapTo(&stage, QPoint{}), widget.size()}});
+            all.push_back({name(widget), {widget.mapTo(&stage, place.topLeft()), place.size()}});
     };
     for (const QWidget* widget : stage.findChildren<QWidget*>()) {
         const auto* key = dynamic_cast<const panel::TouchKey*>(widget);
-        if (key != nullptr && key->isOn()) add(*key);
+        if (key != nullptr && key->isOn()) add(*key, key->rect());
     }
     if (panel::ControlHost* part = panel.shownPart())
-        part->forEach([&](std::string_view control, std::int16_t, panel::Child& child) {
-            if (child.enabled()
-                && begins(std::string{control}, {"Sollwert", "Schalter", "Zeichnung", "BildIm"}))
-                add(child.view());
+        part->forEach([&](std::string_view control, std::int16_t index, panel::Child& child) {
+            const std::string named{control};
+            auto* lever = dynamic_cast<panel::SchalterChild*>(&child);
+            if (!child.enabled() || (lever != nullptr && !lever->lever().isFree())) return;
+            if (begins(named, {"BildIm"})) add(child.view(), child.view().rect());
+            if (!isEditing(*part) && begins(named, {"Sollwert", "Schalter", "Zeichnung"}))
+                add(child.view(), reach(*part, named, index, child.view()));
         });
     return all;
 }
@@ -183,13 +233,6 @@ bool isInactive(const QWidget& widget)
 {
     const auto* key = dynamic_cast<const panel::TouchKey*>(&widget);
     return key != nullptr && !key->isOn();
-}
-
-double millimetresPerPixel(Panel& panel)
-{
-    const QSize size = panel.window().stage().size();
-    const double inches = size.width() == 1280 ? 19 : 15;
-    return inches * 25.4 / std::hypot(size.width(), size.height());
 }
 
 } // namespace servopanel::look

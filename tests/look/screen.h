@@ -41,6 +41,5 @@ void show(const Start& start, const State& state, const std::function<void(panel
 View takeIn(panel::Panel& panel);
 std::vector<Target> targets(panel::Panel& panel);
 bool isInactive(const QWidget& widget);
-double millimetresPerPixel(panel::Panel& panel);
 
 } // namespace servopanel::look

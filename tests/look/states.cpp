@@ -43,6 +43,18 @@ State ofMachine(State state, std::int16_t machine)
     return state;
 }
 
+State withoutReading(State state, std::string variable)
+{
+    state.unreadable.push_back(std::move(variable));
+    return state;
+}
+
+State withoutWriting(State state, std::string variable)
+{
+    state.unwritable.push_back(std::move(variable));
+    return state;
+}
+
 void change(Operator& hands, std::string_view name, std::int16_t index, const std::string& value)
 {
     hands.input(name, index);
@@ -117,6 +129,25 @@ std::vector<State> makeStates()
         hands.menuKey(fullest);
         changeSeveral(hands);
         hands.footerKey(10);
+    }));
+    all.push_back(withoutWriting(state("page-refused",
+                                     [](Operator& hands, Panel&) {
+                                         hands.menuKey(fullest);
+                                         change(hands, "SollwertL", 1, "321.5");
+                                         hands.footerKey(10);
+                                     }),
+        "Ch1.M1_T_servo_1<.mM1_servo_para_1>"));
+    all.push_back(
+        withoutReading(state("page-values-missing", [](Operator& hands, Panel&) { hands.menuKey(fullest); }),
+            "Ch1.M1_T_servo_1<.mM1_servo_para2_1>"));
+    all.push_back(state("page-no-link", [](Operator& hands, Panel& panel) {
+        hands.menuKey(fullest);
+        panel.setLink({false, "The controller does not answer"});
+    }));
+    all.push_back(state("diagnosis-no-link", [](Operator& hands, Panel& panel) {
+        hands.menuKey(fullest);
+        hands.footerKey(10);
+        panel.setLink({false, "The controller does not answer"});
     }));
     all.push_back(state("page-last", [](Operator& hands, Panel&) {
         hands.menuKey(fullest);
@@ -198,7 +229,13 @@ std::vector<State> makeStates()
         hands.footerKey(10);
     }));
 
-    all.push_back({"message", lookAtMessage, 5, 1, false});
+    all.push_back(state("languages", [](Operator& hands, Panel& panel) {
+        hands.menuKey(fullest);
+        // Up to three languages have keys of their own.
+        panel::TouchKey* key = panel.servo()->require<panel::HeaderChild>("Header").bar().languagesKey();
+        if (key != nullptr) hands.tap(*key);
+    }));
+    all.push_back({"message", lookAtMessage, 5, 1, false, {}, {}});
     all.push_back(state("reports-few", [](Operator& hands, Panel& panel) {
         hands.menuKey(sparse);
         panel.note("'Servo\\Servo_5_1280.gif': no such file");

@@ -17,6 +17,8 @@ struct State {
     std::int16_t level = 5; // access level
     std::int16_t machine = 1;
     bool inputAllowed = true;
+    std::vector<std::string> unreadable{}; // process variables that the machine does not give
+    std::vector<std::string> unwritable{}; // and those that it does not take
 };
 
 // Every page and dialogue of the panel. Whoever adds one adds an entry.

@@ -1,0 +1,138 @@
+// Every page and dialogue looks as it did when somebody last looked at it. The pictures are renewed, once they have been
+// looked at again, by ./test --renew-pictures.
+#include "look/few_colours.h"
+#include "look/machine_look.h"
+#include "look/picture_compare.h"
+#include "look/screen.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <filesystem>
+#include <iostream>
+#include <set>
+#include <vector>
+
+using namespace servopanel::look;
+namespace panel = servopanel::panel;
+
+namespace {
+
+struct Series {
+    int resolution;
+    std::string language;
+};
+
+// Every state is seen in the first series and in one of the others.
+const std::vector<Series> seriesOfPictures{
+    {1280, "de"}, {1024, "en"}, {800, "de"}, {800, "en"}, {1024, "de"}, {1280, "en"}};
+
+std::vector<std::size_t> allSeries()
+{
+    std::vector<std::size_t> all(seriesOfPictures.size());
+    for (std::size_t i = 0; i < all.size(); ++i)
+        all[i] = i;
+    return all;
+}
+
+std::string seriesName(const ::testing::TestParamInfo<std::size_t>& info)
+{
+    const Series& series = seriesOfPictures[info.param];
+    return std::to_string(series.resolution) + "_" + series.language;
+}
+
+const std::filesystem::path pictures = std::filesystem::path{SERVOPANEL_TESTS_DIR} / "look" / "pictures";
+const std::filesystem::path differences = LOOK_DIFFERENCES;
+
+bool belongs(std::size_t state, std::size_t series)
+{
+    return series == 0 || state % (seriesOfPictures.size() - 1) == series - 1;
+}
+
+std::string nameOf(std::size_t state, std::size_t series)
+{
+    return states()[state].name + "-" + std::to_string(seriesOfPictures[series].resolution) + "-"
+        + seriesOfPictures[series].language;
+}
+
+bool isRenewing() { return qEnvironmentVariableIntValue("PANEL_UPDATE_PICTURES") != 0; }
+
+QString toQt(const std::filesystem::path& path) { return QString::fromStdString(path.string()); }
+
+class Pictures : public ::testing::TestWithParam<std::size_t> {
+protected:
+    void SetUp() override
+    {
+        const std::string here = lookOfThisMachine();
+        const std::string recorded = recordedLook(pictures / "drawn-with.txt");
+        if (here == recorded || isRenewing()) return;
+        // Fonts and renderer get their fixes there as well; what that changes is to be seen.
+        if (isReferenceSystem())
+            std::cout << "drawn with\n" << here << "the pictures in the repository with\n" << recorded;
+        else
+            GTEST_SKIP() << "These pictures were drawn with\n"
+                         << recorded << "and mean nothing here:\n"
+                         << here;
+    }
+    void compareOrRenew(const std::string& name, const QImage& now)
+    {
+        const std::filesystem::path file = pictures / (name + ".png");
+        if (isRenewing()) {
+            save(now, file);
+            return;
+        }
+        const QImage reference{toQt(file)};
+        if (reference.isNull()) {
+            ADD_FAILURE() << "There is no picture " << file.string();
+            return;
+        }
+        const Comparison result = compare(reference, now);
+        if (result.isSame()) return;
+        std::filesystem::create_directories(differences);
+        const std::filesystem::path difference = differences / (name + ".png");
+        sideBySide(reference, now, result).save(toQt(difference));
+        ADD_FAILURE() << name << " looks different in " << result.pixels
+                      << " pixels; reference, now and difference: " << difference.string();
+    }
+    static void save(const QImage& picture, const std::filesystem::path& file)
+    {
+        // A picture that still passes stays, so that renewing changes only what changed.
+        const QImage before{toQt(file)};
+        if (!before.isNull() && compare(before, picture).isSame()) return;
+        std::filesystem::create_directories(file.parent_path());
+        ASSERT_TRUE(withFewColours(picture).save(toQt(file), "PNG", 0)) << file.string();
+    }
+};
+
+} // namespace
+
+TEST_P(Pictures, LookAsTheyDid)
+{
+    const DemoProject demo;
+    const Series& series = seriesOfPictures[GetParam()];
+    if (isRenewing()) recordLook(pictures / "drawn-with.txt");
+    for (std::size_t i = 0; i < states().size(); ++i) {
+        if (!belongs(i, GetParam())) continue;
+        show({demo.folder(), series.language, series.resolution}, states()[i], [&](panel::Panel& shown) {
+            compareOrRenew(nameOf(i, GetParam()), shown.window().stage().grab().toImage());
+        });
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Series, Pictures, ::testing::ValuesIn(allSeries()), seriesName);
+
+// A state that is gone leaves no picture behind.
+TEST(PictureFiles, AreThoseOfTheStates)
+{
+    std::set<std::string> known;
+    for (std::size_t i = 0; i < states().size(); ++i)
+        for (const std::size_t number : allSeries())
+            if (belongs(i, number)) known.insert(nameOf(i, number) + ".png");
+    for (const auto& file : std::filesystem::directory_iterator{pictures}) {
+        if (file.path().extension() != ".png") continue;
+        if (isRenewing() && known.count(file.path().filename().string()) == 0)
+            std::filesystem::remove(file.path());
+        else
+            EXPECT_EQ(known.count(file.path().filename().string()), 1U) << file.path().string();
+    }
+}
