@@ -17,8 +17,10 @@ std::string problemOf(std::string_view family, std::string_view name, const basi
     const bool isList = value.holds<basic::Array>();
     const bool isOneValue = family == families::switches || family == families::faultText;
     if (isList == !isOneValue) return {};
-    return "'" + std::string{name}
-    + (isList ? "': a list where one value is expected" : "': no list of values");
+    std::string problem = "'";
+    problem += name;
+    problem += isList ? "': a list where one value is expected" : "': no list of values";
+    return problem;
 }
 
 std::size_t elements(const basic::Variant& value)
