@@ -18,7 +18,12 @@ namespace {
 constexpr int lookMs = 700; // long enough for the page to refresh its values once
 constexpr std::string_view machinePrefix = "Ch1.";
 
-std::string twoDigits(int number) { return (number < 10 ? "0" : "") + basic::decimal(std::int32_t{number}); }
+std::string twoDigits(int number)
+{
+    std::string digits = basic::decimal(std::int32_t{number});
+    if (number < 10) digits.insert(digits.begin(), '0');
+    return digits;
+}
 
 } // namespace
 

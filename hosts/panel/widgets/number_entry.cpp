@@ -35,7 +35,7 @@ void NumberEntry::start(double value, std::optional<double> lower, std::optional
 
 void NumberEntry::begin()
 {
-    if (fresh_) text_ = keepsSign_ && text_.front() == '-' ? "-" : "";
+    if (fresh_) text_.resize(keepsSign_ && text_.front() == '-' ? 1 : 0);
     fresh_ = false;
 }
 
