@@ -4,10 +4,9 @@
 #   panel_library(NAME SOURCES a.cpp ... LINK panel_basic ...)   static library, or INTERFACE without any SOURCES
 #   panel_program(NAME SOURCES main.cpp ... LINK ...)            executable
 #   panel_test(NAME SOURCES a_test.cpp ... LINK ...)             GoogleTest program whose cases ctest lists one by one
+#   panel_add_folder(folder ...)                                 add_subdirectory for the folders that have a CMakeLists.txt
 #
 # PRECOMPILE <header> ... of a library or a test: large headers of others that most of its sources include.
-#
-#   panel_add_folder(folder ...)                                 add_subdirectory for the folders that have a CMakeLists.txt
 
 # Files below src/, hosts/ and adapters/ are included by their path from there: "basic/variant.h", "jet/jet_engine.h".
 set(PANEL_INCLUDE_DIRS "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}/hosts" "${PROJECT_SOURCE_DIR}/adapters")
@@ -33,6 +32,17 @@ function(panel_target_defaults target)
     endif()
 endfunction()
 
+function(panel_precompile target)
+    if(NOT ARGN)
+        return()
+    endif()
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+        # From precompiled headers g++ 12 also reports such things of std::string as it keeps to itself otherwise.
+        target_compile_options(${target} PRIVATE -Wno-stringop-overflow -Wno-array-bounds)
+    endif()
+endfunction()
+
 function(panel_library name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK;PRECOMPILE")
     if(arg_UNPARSED_ARGUMENTS)
@@ -48,7 +58,7 @@ function(panel_library name)
     panel_target_defaults(${name})
     target_include_directories(${name} PUBLIC ${PANEL_INCLUDE_DIRS})
     target_link_libraries(${name} PUBLIC ${arg_LINK})
-    target_precompile_headers(${name} PRIVATE ${arg_PRECOMPILE})
+    panel_precompile(${name} ${arg_PRECOMPILE})
 endfunction()
 
 function(panel_program name)
@@ -73,7 +83,7 @@ function(panel_test name)
     target_include_directories(${name} PRIVATE ${PANEL_INCLUDE_DIRS} "${PROJECT_SOURCE_DIR}/tests")
     target_compile_definitions(${name} PRIVATE SERVOPANEL_TESTS_DIR="${PROJECT_SOURCE_DIR}/tests")
     target_link_libraries(${name} PRIVATE ${arg_LINK} GTest::gtest GTest::gtest_main)
-    target_precompile_headers(${name} PRIVATE ${arg_PRECOMPILE})
+    panel_precompile(${name} ${arg_PRECOMPILE})
     gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
 endfunction()
 
