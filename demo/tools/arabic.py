@@ -2,6 +2,7 @@
 
 TEXTS = {
     "Texte der Bedienung": "نصوص لوحة التشغيل",
+    "Servoantriebe: Verarbeitungslinie und Palettierer": "محركات المؤازرة: خط التحويل ومكدس الطبليات",
     "OK": "موافق",
     "Abbruch": "إلغاء",
     "C": "C",
@@ -23,7 +24,6 @@ TEXTS = {
     "Meldungen": "البلاغات",
     "Hinweis": "تنبيه",
     "Bild": "الشاشة",
-    ",": ".",
     "Sprache": "اللغة",
     "Verbunden": "متصل",
     "Werte fehlen": "قيم ناقصة",

@@ -2,6 +2,7 @@
 
 TEXTS = {
     "Texte der Bedienung": "操作面板文本",
+    "Servoantriebe: Verarbeitungslinie und Palettierer": "伺服驱动：加工生产线与码垛机",
     "OK": "确定",
     "Abbruch": "取消",
     "C": "C",
@@ -23,7 +24,6 @@ TEXTS = {
     "Meldungen": "消息",
     "Hinweis": "提示",
     "Bild": "画面",
-    ",": ".",
     "Sprache": "语言",
     "Verbunden": "已连接",
     "Werte fehlen": "数值缺失",

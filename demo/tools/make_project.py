@@ -15,7 +15,7 @@ import chinese
 import line_m1
 import line_m2
 from model import Language
-from panel_texts import FOOTER, MENU, PANEL, SCREENS, STANDARD
+from panel_texts import FOOTER, MENU, PANEL, PROJECT_TITLE, SCREENS, STANDARD
 
 LIBRARY = "Servo"
 MACHINES = {1: line_m1, 2: line_m2}
@@ -221,7 +221,7 @@ def project_json():
     languages = [{"number": n, **language.settings} for n, language in enumerate(LANGUAGES, 1)]
     screens = {str(base + 100 * n): titles[0] for n in MACHINES for base, titles in SCREENS.items()}
     members = [
-        '"title": ' + compact("Servoantriebe: Verarbeitungslinie und Palettierer"),
+        '"title": ' + compact(PROJECT_TITLE),
         '"resolution": 1280', '"level": 5', '"input": -1', '"language": 1',
         '"languages": ' + block(map(compact, languages), 2, "[]"),
         '"screens": ' + compact(screens),

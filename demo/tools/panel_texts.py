@@ -1,7 +1,10 @@
 """Language texts that belong to no servo: the panel's own words, footer keys, messages, screens."""
 
+PROJECT_TITLE = "Servoantriebe: Verarbeitungslinie und Palettierer"
+
 # (key, German, English). Key pads and keys are narrow: short words.
 PANEL = [
+    ("Panel.Title", PROJECT_TITLE, "Servo drives: converting line and palletiser"),
     ("Panel.Ok", "OK", "OK"),
     ("Panel.Cancel", "Abbruch", "Cancel"),
     ("Panel.Clear", "C", "C"),
@@ -23,7 +26,6 @@ PANEL = [
     ("Panel.Errors", "Meldungen", "Reports"),
     ("Panel.Message", "Hinweis", "Note"),
     ("Panel.Screen", "Bild", "Screen"),
-    ("Panel.DecimalPoint", ",", "."),
     ("Panel.Languages", "Sprache", "Language"),
     ("Panel.LinkGood", "Verbunden", "Connected"),
     ("Panel.LinkPartly", "Werte fehlen", "Values missing"),

@@ -75,6 +75,20 @@ TEST_F(DefinitionEditorTest, RefusesALevelThatIsNone)
     EXPECT_FALSE(accepted_.has_value());
 }
 
+TEST_F(DefinitionEditorTest, SaysWhyALevelTakesNoMinus)
+{
+    choose(DefinitionEditor::Level);
+    QTest::keyClicks(&editor_, "-");
+    EXPECT_EQ(editor_.remark(), "Level: whole number up to 32767");
+    QTest::keyClicks(&editor_, "2");
+    EXPECT_TRUE(editor_.remark().isEmpty());
+    choose(DefinitionEditor::Least);
+    QTest::keyClicks(&editor_, "-4");
+    EXPECT_TRUE(editor_.remark().isEmpty());
+    ok();
+    EXPECT_EQ(accepted_, (Definition{-4, 10, 2}));
+}
+
 TEST_F(DefinitionEditorTest, RefusesAnEmptyLimit)
 {
     type("C");

@@ -118,8 +118,8 @@ TEST_F(DefinitionRestart, LimitAndLevelThatServiceChangesAreThereAfterARestart)
     EXPECT_TRUE(session.input(1).enabled());
     session.hands().footerKey(4);
     session.hands().input("SollwertL", 1);
-    EXPECT_EQ(session.number(panel::DefinitionEditor::Most), "80.5");
-    EXPECT_EQ(session.number(panel::DefinitionEditor::Least), "0");
+    EXPECT_EQ(session.number(panel::DefinitionEditor::Most), "80.5 mm");
+    EXPECT_EQ(session.number(panel::DefinitionEditor::Least), "0 mm");
     EXPECT_EQ(session.number(panel::DefinitionEditor::Level), "4");
 }
 

@@ -14,7 +14,7 @@ protected:
     ErrorListTest()
     {
         stage_.resize(1280, 1024);
-        list_.place({800, 20, 76, 50});
+        list_.place({800, 20, 76, 50}, 104);
         stage_.show();
     }
     QWidget stage_;

@@ -29,11 +29,12 @@ public:
 
     std::set<std::string> unreadable;
     std::set<std::string> unwritable;
+    std::int32_t number = 5; // of the errors
 
 private:
-    [[noreturn]] static void fail(std::string_view name, const std::string& reason)
+    [[noreturn]] void fail(std::string_view name, const std::string& reason) const
     {
-        throw basic::Error{5, "Test", "'" + std::string{name} + "': " + reason};
+        throw basic::Error{number, "Test", "'" + std::string{name} + "': " + reason};
     }
 
     std::shared_ptr<platform::ProcessVarAccess> inner_;

@@ -1,5 +1,7 @@
 #include "panel/widgets/input_mask.h"
 
+#include "basic/conversions.h"
+
 #include <gtest/gtest.h>
 
 #include <QTest>
@@ -29,7 +31,7 @@ protected:
 
     void start(double value, std::optional<double> lower, std::optional<double> upper)
     {
-        mask_.start({"Draw", "%", value, lower, upper});
+        mask_.start({"Draw", "%", servopanel::basic::decimal(value), lower, upper});
     }
     void tap(const QString& label)
     {
@@ -117,23 +119,38 @@ TEST_F(InputMaskTest, ShowsTheLimitsWhileItRefuses)
     EXPECT_NE(mask_.grab().toImage(), refusing);
 }
 
-TEST_F(InputMaskTest, ThePointIsThatOfTheLanguageOnKeyAndDisplay)
+TEST_F(InputMaskTest, WritesNumbersLikeThePageAndTakesACommaForAPoint)
 {
     language_ = "de";
-    start(0.35, -2.5, 2.0);
-    EXPECT_EQ(mask_.pad().key(".")->text(), ",");
-    EXPECT_EQ(mask_.shown(), "0,35 %");
-    EXPECT_EQ(mask_.limits(), "Min -2,5   …   Max 2");
-    tap("1");
-    tap(".");
-    tap("5");
-    EXPECT_EQ(mask_.shown(), "1,5 %");
+    mask_.start({"Draw", "%", "0.35", -2.5, 2.0});
+    EXPECT_EQ(mask_.pad().key(".")->text(), ".");
+    EXPECT_EQ(mask_.shown(), "0.35 %");
+    EXPECT_EQ(mask_.limits(), "Min -2.5   …   Max 2");
+    QTest::keyClicks(&mask_, "1,5");
+    EXPECT_EQ(mask_.shown(), "1.5 %");
     mask_.accept();
     EXPECT_EQ(accepted_, 1.5);
-    language_ = "en";
-    mask_.languageChanged();
-    EXPECT_EQ(mask_.pad().key(".")->text(), ".");
-    EXPECT_EQ(mask_.shown(), "1.5 %");
+}
+
+// A number of the page has as many digits as it shows, whatever lies behind them.
+TEST_F(InputMaskTest, LeavingTheTextOfThePageChangesNothing)
+{
+    mask_.start({"Draw", "%", "0.1", {}, {}});
+    mask_.accept();
+    EXPECT_EQ(accepted_, 0.1);
+    EXPECT_FALSE(changed_);
+}
+
+TEST_F(InputMaskTest, SaysWhyAMinusIsNotTaken)
+{
+    start(5, 0.5, 10.0);
+    QTest::keyClicks(&mask_, "-");
+    EXPECT_EQ(mask_.shown(), "5 %");
+    EXPECT_TRUE(mask_.refusing());
+    EXPECT_EQ(mask_.remark(), "No minus: at least 0.5");
+    QTest::keyClicks(&mask_, "7");
+    EXPECT_FALSE(mask_.refusing());
+    EXPECT_EQ(mask_.shown(), "7 %");
 }
 
 TEST_F(InputMaskTest, TakesTheSignBeforeTheDigitsAsAKeyboardHasIt)

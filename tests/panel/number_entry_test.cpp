@@ -1,5 +1,7 @@
 #include "panel/widgets/number_entry.h"
 
+#include "basic/conversions.h"
+
 #include <gtest/gtest.h>
 
 using servopanel::panel::NumberEntry;
@@ -10,7 +12,7 @@ namespace {
 NumberEntry started(double value, std::optional<double> lower = {}, std::optional<double> upper = {})
 {
     NumberEntry entry;
-    entry.start(value, lower, upper);
+    entry.start(servopanel::basic::decimal(value), lower, upper);
     return entry;
 }
 
@@ -64,11 +66,11 @@ TEST(NumberEntry, HasASignOnlyWhereValuesBelowZeroAreAllowed)
 {
     NumberEntry positive = started(5, 0.0, 10.0);
     EXPECT_FALSE(positive.signAllowed());
-    positive.sign();
+    EXPECT_EQ(positive.sign(), Verdict::NoSign);
     EXPECT_EQ(positive.text(), "5");
 
     NumberEntry both = started(5, -10.0, 10.0);
-    both.sign();
+    EXPECT_EQ(both.sign(), Verdict::Fine);
     EXPECT_EQ(both.value(), -5.0);
     both.sign();
     EXPECT_EQ(both.value(), 5.0);

@@ -53,6 +53,8 @@ public:
     virtual bool isStale() const { return false; }
     // Whether it holds a value of the operator that waits to be written.
     virtual bool isChanged() const { return false; }
+    // Lights an input up while the mask or the definition editor works on it.
+    virtual void setBeingEdited(bool) { }
     // Width of a text in the control's font, pixels.
     int textWidth(const QString& text) const;
 

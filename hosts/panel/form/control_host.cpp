@@ -11,6 +11,8 @@
 #include "panel/look/twips.h"
 #include "platform/ids.h"
 
+#include <algorithm>
+
 namespace servopanel::panel {
 
 using basic::Variant;
@@ -129,6 +131,7 @@ bool ControlHost::deliver(ChildId id, std::string_view event, Args args)
     if (const std::optional<std::string> command = replayCommand(className(), id, event, args))
         services().operation(*command);
     if (event == "TasteClick") displaysStartAnew();
+    Child* const outer = std::exchange(touched_, find(id.name, id.index));
     services().eventBegins(*this, event, args);
     bool isHandled = false;
     {
@@ -136,6 +139,7 @@ bool ControlHost::deliver(ChildId id, std::string_view event, Args args)
         const EventGate::Entry entry{surroundings_.gate, event == "Timer" ? Kind::Refresh : Kind::Action};
         isHandled = made_.control->deliver(id, event, args);
     }
+    touched_ = outer;
     services().eventEnds(*this, event, args);
     return isHandled;
 }
@@ -329,29 +333,40 @@ QString ControlHost::shownText(const std::string& name, std::int16_t index)
     return isSeen ? text->shown() : QString{};
 }
 
-// Captions and units stand in arrays whose names end like the input's own: SollwertL, BeschriftungL, EinheitL. An input
-// outside of arrays stands in for a drawing number part, which is lit up meanwhile; its caption is the number's.
+// Captions and units stand in arrays whose names end like the input's own: SollwertL, BeschriftungL, EinheitL. A drawing
+// number has one caption for its parts.
 Beside ControlHost::beside(const platform::Control& input)
 {
-    constexpr std::string_view inputStem = "Sollwert";
     constexpr std::string_view drawingStem = "Zeichnung";
-    constexpr std::int32_t litUp = 0x00FF00;
-    for (const auto& [key, child] : children_) {
-        const auto& [name, index] = key;
-        if (child.get() == &input && name.rfind(inputStem, 0) == 0) {
-            const std::string side = name.substr(inputStem.size());
-            const QString caption = shownText("Beschriftung" + side, index) + u' '
-                + shownText("Beschriftung" + side + "2", index);
-            return {caption.trimmed(), shownText("Einheit" + side, index).trimmed()};
-        }
-        if (name.rfind(drawingStem, 0) != 0) continue;
-        const bool isLitUp =
-            basic::toInt32(child->Child::get(platform::ids::VWSIndex::Hintergrund, {})) == litUp;
-        const auto caption = static_cast<std::int16_t>(index % 2 == 1 ? 41 : 42);
-        if (isLitUp && find("Pseudo") == &input)
-            return {shownText("Beschriftung" + name.substr(drawingStem.size()), caption).trimmed(), {}};
+    const auto own = std::find_if(
+        children_.begin(), children_.end(), [&](const auto& each) { return each.second.get() == &input; });
+    const Key* const key = own != children_.end() && own->first.first == "Pseudo" ? litUpDrawing()
+        : own == children_.end()                                                  ? nullptr
+                                                                                  : &own->first;
+    if (key == nullptr) return {};
+    const auto& [name, index] = *key;
+    const bool isDrawing = name.rfind(drawingStem, 0) == 0;
+    for (const std::string_view stem :
+        {std::string_view{"Sollwert"}, std::string_view{"Schalter"}, drawingStem}) {
+        if (name.rfind(stem, 0) != 0) continue;
+        const std::string side = name.substr(stem.size());
+        const auto caption = static_cast<std::int16_t>(!isDrawing ? index : index % 2 == 1 ? 41 : 42);
+        const QString text = shownText("Beschriftung" + side, caption) + u' '
+            + shownText("Beschriftung" + side + "2", caption);
+        return {text.trimmed(), shownText("Einheit" + side, index).trimmed()};
     }
     return {};
+}
+
+// An input outside of arrays stands in for a drawing number part, which is lit up meanwhile.
+const ControlHost::Key* ControlHost::litUpDrawing()
+{
+    constexpr std::int32_t litUp = 0x00FF00;
+    for (const auto& [key, child] : children_)
+        if (key.first.rfind("Zeichnung", 0) == 0
+            && basic::toInt32(child->Child::get(platform::ids::VWSIndex::Hintergrund, {})) == litUp)
+            return &key;
+    return nullptr;
 }
 
 } // namespace servopanel::panel

@@ -54,6 +54,8 @@ public:
 
     void languageChanged() override;
 
+    // Caption and unit of one of its inputs, as they stand on the screen.
+    Beside beside(const platform::Control& input);
     // Shows which values are only the last known ones.
     void showValueStates();
 
@@ -93,7 +95,7 @@ private:
     void adopt(const Key& key, const ChildRef& child, QWidget* parent);
     ChildRef require(platform::ChildId id);
     CanvasView& canvasOf(platform::ChildId id);
-    Beside beside(const platform::Control& input);
+    const Key* litUpDrawing();
     QString shownText(const std::string& name, std::int16_t index);
     void displaysStartAnew();
     bool deliverToRow(platform::ChildId touched, std::string_view event, platform::Args args);
@@ -104,6 +106,7 @@ private:
     std::map<Key, ChildRef> children_;
     std::map<std::string, Elements, std::less<>> arrays_;
     Owned owner_;
+    Child* touched_ = nullptr; // what raised the event that is being delivered
     std::optional<Key> switchInTouch_; // whose row the finger came down on
     bool ended_ = false;
 };

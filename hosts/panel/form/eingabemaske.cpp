@@ -24,12 +24,14 @@ std::optional<double> limit(platform::Control& target, const platform::Member& m
     }
 }
 
-double presentValue(platform::Control& target)
+// The value as the page writes it, where it is one.
+std::string presentNumber(platform::Control& target)
 {
     try {
-        return basic::toDouble(target.get(VWSVarInIds::Wert));
+        const Variant value = target.get(VWSVarInIds::Wert);
+        return isNumber(value) ? basic::toText(value) : basic::decimal(basic::toDouble(value));
     } catch (const basic::Error&) {
-        return 0;
+        return "0";
     }
 }
 
@@ -55,16 +57,13 @@ EingabemaskeChild::EingabemaskeChild(QWidget* parent, Services& panel, FindBesid
 void EingabemaskeChild::setOpen(bool open)
 {
     open_ = open;
-    auto* input = dynamic_cast<VWSVarIn*>(target_.get());
-    if (input != nullptr) input->setBeingEdited(open);
+    if (auto* input = dynamic_cast<Child*>(target_.get())) input->setBeingEdited(open);
     if (!open || !target_) return;
     MaskTask task;
-    if (findBeside_) {
-        const Beside beside = findBeside_(*target_);
-        task.title = beside.caption;
-        task.unit = beside.unit;
-    }
-    task.value = presentValue(*target_);
+    const Beside beside = field();
+    task.title = beside.caption;
+    task.unit = beside.unit;
+    task.number = presentNumber(*target_);
     task.lower = limit(*target_, VWSVarInIds::Untergrenze);
     task.upper = limit(*target_, VWSVarInIds::Obergrenze);
     mask().start(task);
@@ -91,9 +90,15 @@ void EingabemaskeChild::cancelled()
     raise("Eingabefertig");
 }
 
+Beside EingabemaskeChild::field() const { return findBeside_ && target_ ? findBeside_(*target_) : Beside{}; }
+
 void EingabemaskeChild::languageChanged()
 {
-    if (viewOrNull() != nullptr) mask().languageChanged();
+    if (viewOrNull() == nullptr) return;
+    mask().languageChanged();
+    if (!open_) return;
+    const Beside beside = field();
+    mask().setField(beside.caption, beside.unit);
 }
 
 } // namespace servopanel::panel

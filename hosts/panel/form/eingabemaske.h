@@ -1,16 +1,10 @@
 #pragma once
 
+#include "panel/form/beside.h"
 #include "panel/form/child.h"
 #include "panel/widgets/input_mask.h"
 
 namespace servopanel::panel {
-
-// What stands beside an input on the form.
-struct Beside {
-    QString caption;
-    QString unit;
-};
-using FindBeside = std::function<Beside(const platform::Control& input)>;
 
 // Numeric input mask, class Eingabemaske. It edits the value of its target within the target's own limits and reports
 // a changed value once, when it is accepted, right before it reports that it is done.
@@ -24,6 +18,7 @@ public:
 
 private:
     void setOpen(bool open);
+    Beside field() const;
     void accepted(double value, bool changed);
     void cancelled();
 

@@ -36,7 +36,9 @@ FußzeileChild::FußzeileChild(QWidget* parent, Services& panel)
     : Child{"Fußzeile", *new FooterBar{parent}, panel}
 {
     keys_[hardwareKey].on = true;
-    bar().setHandler([this](int key) { press(key); });
+    bar().setHandler([this](int key) {
+        if (!services().takesKey(key)) press(key);
+    });
     addMethod(ids::Freigabe, 2, [this](Args args) {
         const int key = basic::toByte(args[0]);
         keys_[key].on = basic::toBoolean(args[1]);

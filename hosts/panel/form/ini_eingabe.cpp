@@ -8,9 +8,12 @@ namespace servopanel::panel {
 using basic::Variant;
 namespace ids = platform::ids::IniEingabe;
 
-IniEingabeChild::IniEingabeChild(QWidget* parent, Services& panel)
+IniEingabeChild::IniEingabeChild(
+    QWidget* parent, Services& panel, FindBeside findBeside, std::function<Child*()> touched)
     : Child{"IniEingabe",
         *new DefinitionEditor{parent, [&panel](PanelText text) { return panel.word(text); }}, panel}
+    , findBeside_{std::move(findBeside)}
+    , touched_{std::move(touched)}
 {
     addProperty(
         ids::Pass, [this] { return Variant{definition_.level}; },
@@ -23,17 +26,33 @@ IniEingabeChild::IniEingabeChild(QWidget* parent, Services& panel)
         [this](const Variant& value) { definition_.least = basic::toDouble(value); });
     addProperty(
         ids::Offen, [this] { return Variant{open_}; },
-        [this](const Variant& value) {
-            open_ = basic::toBoolean(value);
-            if (open_) editor().start(definition_);
-        });
+        [this](const Variant& value) { setOpen(basic::toBoolean(value)); });
     editor().setHandlers(
         [this](const Definition& definition) { accepted(definition); }, [this] { cancelled(); });
 }
 
+void IniEingabeChild::setOpen(bool open)
+{
+    open_ = open;
+    if (field_ != nullptr) field_->setBeingEdited(false);
+    field_ = open && touched_ ? touched_() : nullptr;
+    if (!open) return;
+    if (field_ != nullptr) field_->setBeingEdited(true);
+    showField();
+    editor().start(definition_);
+}
+
+void IniEingabeChild::showField()
+{
+    const Beside beside = field_ != nullptr && findBeside_ ? findBeside_(*field_) : Beside{};
+    editor().setField(beside.caption, beside.unit);
+}
+
 void IniEingabeChild::languageChanged()
 {
-    if (open_ && viewOrNull() != nullptr) editor().languageChanged();
+    if (!open_ || viewOrNull() == nullptr) return;
+    showField();
+    editor().languageChanged();
 }
 
 void IniEingabeChild::accepted(const Definition& definition)

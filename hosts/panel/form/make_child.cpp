@@ -30,7 +30,10 @@ ChildRef ControlHost::makeChild(std::string_view className, QWidget* parent)
     if (className == classes::Fußzeile) return std::make_shared<FußzeileChild>(parent, panel);
     if (className == classes::ScrollBar) return std::make_shared<ScrollBarChild>(parent, panel);
     if (className == classes::Schalter) return std::make_shared<SchalterChild>(parent, panel);
-    if (className == classes::IniEingabe) return std::make_shared<IniEingabeChild>(parent, panel);
+    if (className == classes::IniEingabe)
+        return std::make_shared<IniEingabeChild>(
+            parent, panel, [this](const platform::Control& input) { return beside(input); },
+            [this] { return touched_; });
     if (className == classes::Eingabemaske)
         return std::make_shared<EingabemaskeChild>(
             parent, panel, [this](const platform::Control& input) { return beside(input); });

@@ -41,6 +41,11 @@ void SchalterChild::setStale(bool stale)
     adapt();
 }
 
+void SchalterChild::setBeingEdited(bool edited)
+{
+    if (viewOrNull() != nullptr) lever().setBeingEdited(edited);
+}
+
 void SchalterChild::adapt()
 {
     if (viewOrNull() == nullptr) return;

@@ -13,6 +13,7 @@ public:
     void setStale(bool stale) override;
     bool isStale() const override { return stale_; }
     bool isChanged() const override { return changed_; }
+    void setBeingEdited(bool edited) override;
 
     SwitchView& lever() { return static_cast<SwitchView&>(view()); }
 

@@ -42,6 +42,9 @@ public:
     // What a control did by itself at the operator's hand, in the words of a replay scenario ("mask 12.5").
     virtual void operation(const std::string& command) = 0;
 
+    // A footer key that the panel needs for itself just now; true when it was used up.
+    virtual bool takesKey(int /*number*/) { return false; }
+
     // Whether the machine could not be asked for a value when it was wanted last.
     virtual bool isStale(const ValueSource&) { return false; }
 

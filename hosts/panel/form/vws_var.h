@@ -19,7 +19,7 @@ public:
 
     // For the mask: what the operator entered. Raises nothing.
     void enter(double value) { setValue(value); }
-    void setBeingEdited(bool edited);
+    void setBeingEdited(bool edited) override;
     bool isChanged() const override;
 
 private:

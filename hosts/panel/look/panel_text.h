@@ -17,6 +17,7 @@ enum class PanelText {
     Highest,
     TooSmall,
     TooLarge,
+    NoSign, // before the lower limit, where it allows nothing below 0
     NoNumber,
     Level,
     LevelRange,
@@ -31,13 +32,18 @@ enum class PanelText {
     Back,
     Screen,
     Message,
-    DecimalPoint, // on the key and in the display of the mask: one character
     Languages,
     LinkGood,
     LinkPartly, // some of the values that are shown could not be read
     LinkBad,
     Written, // before the number of values
-    NotWritten, // before variable and reason
+    NotWritten, // before the field and the reason
+    RefusedUnreadable, // behind the caption of a field, like the other reasons
+    RefusedRange,
+    RefusedType,
+    RefusedReadOnly,
+    RefusedOther,
+    NotTold, // instead of a caption: the machine has the values and does not know of it
     ClearReports,
     FirstTime,
     LastTime,

@@ -1,49 +1,66 @@
 #include "panel/runtime/confirm_answer.h"
 
+#include "basic/error.h"
+
 #include <algorithm>
 
 namespace servopanel::panel {
 
 namespace {
 
-void refuse(ConfirmAnswer& answer, const std::string& variable, const std::string& reason)
-{
-    if (!answer.refused.empty()) {
-        ++answer.furtherRefusals;
-        return;
-    }
-    // Most reasons name the variable themselves.
-    const bool namesIt = reason.find(variable) != std::string::npos;
-    answer.refused = namesIt || variable.empty() ? reason : variable + ": " + reason;
-}
+// Classic numbers of errors that the library itself does not raise.
+constexpr std::int32_t deviceFailed = 57;
+constexpr std::int32_t deviceUnavailable = 68;
+constexpr std::int32_t permissionDenied = 70;
+constexpr std::int32_t serverUnavailable = 462;
 
 } // namespace
 
+RefusalReason reasonOf(std::int32_t error, bool wasReading)
+{
+    switch (error) {
+    case static_cast<std::int32_t>(basic::ErrorNumber::Overflow): return RefusalReason::OutOfRange;
+    case static_cast<std::int32_t>(basic::ErrorNumber::TypeMismatch): return RefusalReason::WrongType;
+    case permissionDenied: return wasReading ? RefusalReason::NotReadable : RefusalReason::ReadOnly;
+    case deviceFailed:
+    case deviceUnavailable:
+    case serverUnavailable: return RefusalReason::NoLink;
+    default: return wasReading ? RefusalReason::NotReadable : RefusalReason::Other;
+    }
+}
+
 std::optional<ConfirmAnswer> judgeConfirm(
-    const WatchedVariables& variables, const std::set<std::string_view>& changed)
+    const WatchedVariables& variables, const std::vector<std::string_view>& changed)
 {
     const std::vector<WatchedVariables::Write>& writes = variables.writes();
+    const auto writeOf = [&](std::string_view family) {
+        return std::find_if(
+            writes.begin(), writes.end(), [&](const auto& write) { return write.family == family; });
+    };
     // The library tells the machine of every confirmed change, and of nothing else.
-    const auto told = std::find_if(writes.begin(), writes.end(),
-        [](const auto& write) { return write.family == families::changedFlag; });
+    const auto told = writeOf(families::changedFlag);
     if (told == writes.end()) return {};
 
     ConfirmAnswer answer;
+    const auto refuse = [&](const WatchedVariables::Write& write) {
+        if (!write.problem.empty())
+            answer.refusals.push_back(
+                {write.family, write.variable, reasonOf(write.error, false), write.problem});
+    };
     for (const WatchedVariables::Write& write : writes)
         if (write.problem.empty()) answer.written += write.changes;
     for (const std::string_view family : changed) {
-        const auto write = std::find_if(
-            writes.begin(), writes.end(), [&](const auto& each) { return each.family == family; });
-        if (write != writes.end()) {
-            if (!write->problem.empty()) refuse(answer, write->variable, write->problem);
+        if (const auto write = writeOf(family); write != writes.end()) {
+            refuse(*write);
             continue;
         }
         // What could not be read is not written either, so that nothing is overwritten unseen.
         const WatchedVariables::Read* const read = variables.latest(family);
-        refuse(answer, read == nullptr ? std::string{} : read->variable,
-            read == nullptr ? std::string{family} : read->problem);
+        answer.refusals.push_back(read == nullptr
+                ? Refusal{family, {}, RefusalReason::NotReadable, {}}
+                : Refusal{family, read->variable, reasonOf(read->error, true), read->problem});
     }
-    if (!told->problem.empty()) refuse(answer, told->variable, told->problem);
+    refuse(*told);
     return answer;
 }
 

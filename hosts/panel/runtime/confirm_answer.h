@@ -3,23 +3,35 @@
 #include "panel/runtime/watched_variables.h"
 
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace servopanel::panel {
+
+// Why the machine keeps its own value, as far as the number of an error tells.
+enum class RefusalReason { NotReadable, OutOfRange, WrongType, ReadOnly, NoLink, Other };
+
+// The reason behind the number of an error that reading or writing a process variable raised.
+RefusalReason reasonOf(std::int32_t error, bool wasReading);
+
+// A variable of which a confirmed change did not reach the machine.
+struct Refusal {
+    std::string_view family;
+    std::string variable; // empty when it was never asked for
+    RefusalReason reason = RefusalReason::Other;
+    std::string description; // the error's own words
+};
 
 // What became of a confirmed change.
 struct ConfirmAnswer {
     int written = 0; // values of the machine that are others now
-    // Why something of it did not reach the machine: variable and reason; empty when all did.
-    std::string refused;
-    int furtherRefusals = 0;
+    std::vector<Refusal> refusals; // one a family at most
 };
 
 // Judges one press of the confirm key. changed: the families of the fields that waited to be written. Nothing when the
 // key did not confirm anything.
 std::optional<ConfirmAnswer> judgeConfirm(
-    const WatchedVariables& variables, const std::set<std::string_view>& changed);
+    const WatchedVariables& variables, const std::vector<std::string_view>& changed);
 
 } // namespace servopanel::panel

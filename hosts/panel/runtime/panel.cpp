@@ -6,7 +6,6 @@
 #include "panel/form/vws_index.h"
 #include "panel/form/vws_var.h"
 #include "panel/look/touch_size.h"
-#include "panel/runtime/confirm_answer.h"
 #include "panel/trends/observed_variables.h"
 #include "panel/window/other_screen.h"
 #include "platform/ids.h"
@@ -80,6 +79,8 @@ Panel::Panel(PanelSettings settings)
     , errors_{window_.stage(), [this](PanelText text) { return word(text); }, [this] { return now(); }}
     , answers_{*new AnswerStrip{&window_.stage()}}
     , guard_{window_, gate_, [this] { answers_.touched(); }}
+    , confirms_{*watched_, answers_, [this](PanelText text) { return word(text); },
+          [this](const QString& line) { errors_.add(ErrorEntry::Origin::Panel, line); }}
     , trends_{window_.stage(), [this](std::string_view name) { return variables_->ReadValue(name); },
           [this](PanelText text) { return word(text); }, [this] { return mayShowTrends(); }}
     , messages_{window_.stage(), gate_, [this](PanelText text) { return word(text); }}
@@ -96,7 +97,6 @@ Panel::Panel(PanelSettings settings)
     applySettings();
     stateDiagonal(window_.stage(), file_.diagonalInches.value_or(usualDiagonal(window_.stage().width())));
     watched_->setChangeHandler([this] { showValueStates(); });
-    window_.setWindowTitle(toQt(file_.title.empty() ? std::string{"servo-panel"} : file_.title));
     window_.setKeyHandler([this](int number) { pressKey(number); });
     window_.setCloseHandler([this] {
         gate_.later([this] {
@@ -159,7 +159,16 @@ void Panel::applyLanguage()
     const bool rightToLeft = languages_.isRightToLeft();
     setLanguageLook(languages_.look());
     setVariable(rightToLeftVariable, Variant{rightToLeft});
+    const std::string name = title();
+    window_.setWindowTitle(name.empty() ? QStringLiteral("servo-panel") : toQt(name));
     window_.stage().setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
+}
+
+// The project's name in the language of the operator, where the texts have one.
+std::string Panel::title()
+{
+    const std::string* const own = languages_.find("Panel.Title");
+    return own == nullptr || own->empty() ? file_.title : *own;
 }
 
 void Panel::noteProblems()
@@ -212,10 +221,13 @@ void Panel::placeErrorKey()
     const QSize stage = window_.stage().size();
     QRect place{
         stage.width() * 60 / 100, stage.height() / 50, stage.width() * 6 / 100, stage.height() * 5 / 100};
+    int below = stage.height() / 10;
     if (servo_)
-        if (auto* header = dynamic_cast<HeaderChild*>(servo_->find("Header")))
+        if (auto* header = dynamic_cast<HeaderChild*>(servo_->find("Header"))) {
             place = header->bar().freePlace();
-    errors_.place(place);
+            below = header->bar().geometry().bottom() + 1;
+        }
+    errors_.place(place, below);
 }
 
 // Below the heading of the servo page, where neither keys nor inputs stand; the lengths are those of 1280 pixels.
@@ -264,18 +276,14 @@ LinkQuality Panel::linkQuality()
 
 void Panel::eventBegins(ControlHost& form, std::string_view event, platform::Args)
 {
-    if (event != "TasteClick") return;
-    watched_->startWrites();
-    changedFamilies_.clear();
-    form.forEach([this](std::string_view name, std::int16_t index, Child& child) {
-        const std::optional<ValueSource> source = valueSource(name, index);
-        if (source && child.isChanged()) changedFamilies_.insert(source->family);
-    });
+    if (event == "TasteClick") confirms_.keyBegins(form);
 }
 
-void Panel::eventEnds(ControlHost&, std::string_view event, platform::Args)
+void Panel::eventEnds(ControlHost& form, std::string_view event, platform::Args)
 {
-    if (event == "TasteClick") answer();
+    if (event == "TasteClick") confirms_.keyEnds(form, link_.good);
+    // The library has brought its texts in the new language only now.
+    if (event == "SpracheGeandert") retranslate();
     ControlHost* part = shownPart();
     if (part == nullptr || part->className() != platform::classes::ServoMain) {
         answers_.dismiss();
@@ -284,22 +292,6 @@ void Panel::eventEnds(ControlHost&, std::string_view event, platform::Args)
     auto* mask = dynamic_cast<EingabemaskeChild*>(part->find("Eingabemaske"));
     auto* editor = dynamic_cast<IniEingabeChild*>(part->find("IniEingabe"));
     answers_.setCovered((mask != nullptr && mask->isOpen()) || (editor != nullptr && editor->isOpen()));
-}
-
-// What the operator confirmed, and what became of it.
-void Panel::answer()
-{
-    const std::optional<ConfirmAnswer> result = judgeConfirm(*watched_, changedFamilies_);
-    if (!result) return;
-    const QString written = word(PanelText::Written) + u' ' + QString::number(result->written);
-    if (result->refused.empty()) {
-        answers_.showWritten(written);
-        return;
-    }
-    QString reason = toQt(result->refused);
-    if (result->furtherRefusals > 0) reason += QStringLiteral(" (+%1)").arg(result->furtherRefusals);
-    if (result->written > 0) reason += QStringLiteral(". ") + written;
-    answers_.showRefused(word(PanelText::NotWritten), reason);
 }
 
 void Panel::closeScreen()
@@ -355,16 +347,20 @@ ControlHost* Panel::shownPart()
 
 void Panel::pressKey(int number)
 {
-    if (gate_.isClosed()) return;
-    if (number == 11 && trends_.isOpen()) {
-        trends_.close();
-        return;
-    }
+    if (gate_.isClosed() || takesKey(number)) return;
     if (ControlHost* part = shownPart()) {
         if (auto* footer = dynamic_cast<FußzeileChild*>(part->find("Fußzeile"))) footer->press(number);
     } else if (otherScreen_ != 0 && number == 11) {
         gate_.later([this] { openServo(); });
     }
+}
+
+// The way out closes what lies on the page first.
+bool Panel::takesKey(int number)
+{
+    if (number != 11 || !trends_.isOpen()) return false;
+    trends_.close();
+    return true;
 }
 
 QString Panel::word(PanelText text)
@@ -416,15 +412,23 @@ void Panel::chooseLanguage(int number)
 {
     if (!languages_.choose(static_cast<std::int16_t>(number))) return;
     applyLanguage();
+    retranslate();
+}
+
+// Everything that repeats texts of the project or shows words of the panel.
+void Panel::retranslate()
+{
     if (servo_) servo_->languageChanged();
     trends_.languageChanged();
+    errors_.languageChanged();
+    confirms_.languageChanged(shownPart());
     window_.stage().update();
 }
 
 HeaderTexts Panel::headerTexts()
 {
     HeaderTexts texts;
-    texts.title = toQt(file_.title);
+    texts.title = toQt(title());
     const auto value = [this](const std::string& name) {
         const Variant* found = variables_->find(name);
         return found == nullptr ? QString{} : valueText(*found);

@@ -4,6 +4,7 @@
 #include "machine/project_file.h"
 #include "machine/variable_store.h"
 #include "panel/form/control_host.h"
+#include "panel/runtime/confirm_answers.h"
 #include "panel/runtime/input_guard.h"
 #include "panel/runtime/languages.h"
 #include "panel/runtime/machine_runner.h"
@@ -21,7 +22,6 @@
 #include <fstream>
 #include <memory>
 #include <optional>
-#include <set>
 #include <string>
 
 namespace servopanel::panel {
@@ -92,6 +92,7 @@ public:
     QImage picture(std::string_view name) override;
     void mirror(std::string_view variable, const basic::Variant& value) override;
     void operation(const std::string& command) override;
+    bool takesKey(int number) override;
     bool isStale(const ValueSource& source) override;
     void eventBegins(ControlHost& form, std::string_view event, platform::Args args) override;
     void eventEnds(ControlHost& form, std::string_view event, platform::Args args) override;
@@ -109,13 +110,14 @@ private:
     void applySettings();
     void setVariable(std::string_view name, const basic::Variant& value);
     void applyLanguage();
+    void retranslate();
+    std::string title();
     void noteProblems();
     void startTrace();
     MadeControl make(std::string_view className, const platform::ControlPlatform& platform);
     void openScreen(std::int16_t number);
     void placeErrorKey();
     void placeAnswers();
-    void answer();
     void showValueStates();
     LinkQuality linkQuality();
     bool mayShowTrends();
@@ -132,7 +134,7 @@ private:
     ErrorList errors_;
     AnswerStrip& answers_; // belongs to the stage
     InputGuard guard_;
-    std::set<std::string_view> changedFamilies_; // of the fields that wait to be written
+    ConfirmAnswers confirms_;
     Trends trends_;
     std::unique_ptr<MachineRunner> machine_;
     PictureCache pictureCache_;

@@ -68,10 +68,12 @@ basic::Variant WatchedVariables::ReadValue(std::string_view name)
         const basic::Variant value = inner_->ReadValue(name);
         read.value = value;
         read.problem = problemOf(family, name, value);
+        read.error = read.problem.empty() ? 0 : static_cast<std::int32_t>(basic::ErrorNumber::TypeMismatch);
         tell();
         return value;
     } catch (const basic::Error& error) {
         read.problem = error.description;
+        read.error = error.number;
         tell();
         throw;
     }
@@ -84,7 +86,7 @@ void WatchedVariables::WriteValue(std::string_view name, const basic::Variant& v
         inner_->WriteValue(name, value);
         return;
     }
-    Write write{std::string{name}, family, 0, {}};
+    Write write{std::string{name}, family, 0, {}, 0};
     if (const auto read = reads_.find(name); read != reads_.end())
         write.changes = changesOf(family, read->second.value, value);
     try {
@@ -92,6 +94,7 @@ void WatchedVariables::WriteValue(std::string_view name, const basic::Variant& v
         writes_.push_back(std::move(write));
     } catch (const basic::Error& error) {
         write.problem = error.description;
+        write.error = error.number;
         writes_.push_back(std::move(write));
         throw;
     }

@@ -30,6 +30,7 @@ public:
         std::string variable;
         basic::Variant value; // of the last good read
         std::string problem; // why it cannot be shown; empty: it can
+        std::int32_t error = 0; // number of the error behind the problem
     };
     // Of a family, whichever servo was read last: it is the one that is shown. nullptr before the first read.
     const Read* latest(std::string_view family) const;
@@ -45,6 +46,7 @@ public:
         std::string_view family;
         int changes = 0; // values that differ from what was read last
         std::string problem; // empty: written
+        std::int32_t error = 0; // number of the error behind the problem
     };
     // Forgets the writes so far.
     void startWrites() { writes_.clear(); }

@@ -37,6 +37,13 @@ void AnswerStrip::begin(bool refused, const QString& text, const QString& reason
     update();
 }
 
+void AnswerStrip::retranslate(const QString& text, const QString& reason)
+{
+    text_ = text;
+    reason_ = reason;
+    update();
+}
+
 void AnswerStrip::touched()
 {
     if (due_ && refused_ && since_.elapsed() >= leastMs_) dismiss();

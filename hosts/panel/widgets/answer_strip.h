@@ -22,6 +22,10 @@ public:
     void dismiss();
 
     bool isRefusal() const { return refused_; }
+    // Whether its time is not over, seen or covered.
+    bool isDue() const { return due_; }
+    // The same answer in other words; its time goes on.
+    void retranslate(const QString& text, const QString& reason);
     QString text() const { return reason_.isEmpty() ? text_ : text_ + QStringLiteral(": ") + reason_; }
 
     // Milliseconds that it is shown at least.

@@ -1,5 +1,6 @@
 #include "panel/widgets/definition_editor.h"
 
+#include "basic/conversions.h"
 #include "panel/look/colours.h"
 #include "panel/look/fonts.h"
 #include "panel/look/mirroring.h"
@@ -25,7 +26,12 @@ constexpr double highestLevel = std::numeric_limits<std::int16_t>::max();
 DefinitionEditor::DefinitionEditor(QWidget* parent, PanelWords words)
     : Sheet{parent}
     , words_{std::move(words)}
-    , pad_{new KeyPad{this, [this] { changed(); }}}
+    , pad_{new KeyPad{this,
+          [this](NumberEntry::Verdict verdict) {
+              changed();
+              // Only a level has no sign.
+              if (verdict == NumberEntry::Verdict::NoSign) remark_ = words_(PanelText::LevelRange);
+          }}}
     , cancel_{new TouchKey{this}}
     , ok_{new TouchKey{this}}
 {
@@ -47,11 +53,17 @@ void DefinitionEditor::setHandlers(
     cancelled_ = std::move(cancelled);
 }
 
+void DefinitionEditor::setField(const QString& caption, const QString& unit)
+{
+    caption_ = caption;
+    unit_ = unit;
+}
+
 void DefinitionEditor::start(const Definition& definition)
 {
-    entries_[Least].start(definition.least, {}, {});
-    entries_[Most].start(definition.most, {}, {});
-    entries_[Level].start(definition.level, 0.0, highestLevel);
+    entries_[Least].start(basic::decimal(definition.least), {}, {});
+    entries_[Most].start(basic::decimal(definition.most), {}, {});
+    entries_[Level].start(basic::decimal(std::int32_t{definition.level}), 0.0, highestLevel);
     choose(Least);
     languageChanged();
     setFocus();
@@ -59,10 +71,9 @@ void DefinitionEditor::start(const Definition& definition)
 
 void DefinitionEditor::languageChanged()
 {
-    setTitle(words_(PanelText::Definition));
+    setTitle(caption_.isEmpty() ? words_(PanelText::Definition) : caption_);
     ok_->setText(words_(PanelText::Ok));
     cancel_->setText(words_(PanelText::Cancel));
-    pad_->setPointSign(words_(PanelText::DecimalPoint));
     changed();
 }
 
@@ -78,15 +89,19 @@ void DefinitionEditor::changed()
     const std::array names{PanelText::Lowest, PanelText::Highest, PanelText::Level};
     for (std::size_t i = 0; i < rowCount; ++i) {
         rowKeys_[i]->setText(words_(names[i]));
-        const QString number = QString::fromStdString(entries_[i].text());
-        // An empty line would look like a key without a value.
-        rowKeys_[i]->setValue(number.isEmpty()
-                ? QStringLiteral("–")
-                : QString{number}.replace(u'.', words_(PanelText::DecimalPoint)));
+        rowKeys_[i]->setValue(valueOf(static_cast<Row>(i)));
         rowKeys_[i]->setChosen(static_cast<Row>(i) == chosen_);
     }
     remark_.clear();
     update();
+}
+
+QString DefinitionEditor::valueOf(Row row) const
+{
+    const QString number = QString::fromStdString(entries_[static_cast<std::size_t>(row)].text());
+    // An empty line would look like a key without a value.
+    if (number.isEmpty()) return QStringLiteral("–");
+    return row == Level || unit_.isEmpty() ? number : number + u' ' + unit_;
 }
 
 QString DefinitionEditor::reasonAgainst() const
@@ -144,9 +159,16 @@ QRect DefinitionEditor::remarkPlace() const
 void DefinitionEditor::paintEvent(QPaintEvent* event)
 {
     Sheet::paintEvent(event);
-    if (remark_.isEmpty()) return;
     QPainter painter{this};
     const QRect place = remarkPlace();
+    if (remark_.isEmpty()) {
+        // The title says whose definition it is, this line what is changed of it.
+        if (caption_.isEmpty()) return;
+        painter.setPen(colours::faintInk);
+        drawFitted(painter, place, Qt::AlignCenter, panelFont(scaled(0.034, height(), 10, 15)),
+            words_(PanelText::Definition));
+        return;
+    }
     painter.fillRect(place, colours::refuse);
     const int side = place.height() - 4;
     painter.setRenderHint(QPainter::Antialiasing);

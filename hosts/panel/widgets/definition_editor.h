@@ -22,6 +22,8 @@ public:
     DefinitionEditor(QWidget* parent, PanelWords words);
 
     void setHandlers(std::function<void(const Definition&)> accepted, std::function<void()> cancelled);
+    // Whose definition it is: caption for the title, unit for the limits. Both may be empty.
+    void setField(const QString& caption, const QString& unit);
     void start(const Definition& definition);
     // Shows its words anew, after the language has changed.
     void languageChanged();
@@ -50,6 +52,7 @@ private:
     void layOut();
     QString reasonAgainst() const;
     QRect remarkPlace() const;
+    QString valueOf(Row row) const;
 
     PanelWords words_;
     std::array<NumberEntry, rowCount> entries_;
@@ -58,6 +61,8 @@ private:
     TouchKey* cancel_;
     TouchKey* ok_;
     Row chosen_ = Least;
+    QString caption_;
+    QString unit_;
     QString remark_;
     std::function<void(const Definition&)> accepted_;
     std::function<void()> cancelled_;

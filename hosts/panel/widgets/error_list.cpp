@@ -172,10 +172,19 @@ void ErrorList::clear()
     adapt();
 }
 
-void ErrorList::place(const QRect& key)
+void ErrorList::place(const QRect& key, int top)
 {
     badge_->setGeometry(key);
+    top_ = top;
     if (isOpen()) open();
+}
+
+void ErrorList::languageChanged()
+{
+    clear_->setText(words_(PanelText::ClearReports));
+    close_->setText(words_(PanelText::Close));
+    adapt();
+    sheet_->update();
 }
 
 void ErrorList::adapt()
@@ -233,14 +242,12 @@ void ErrorList::open()
 {
     const int width = std::min(900, parent_.width() - 2 * margin);
     const int height = std::min(420, parent_.height() / 2);
-    clear_->setText(words_(PanelText::ClearReports));
-    close_->setText(words_(PanelText::Close));
-    sheet_->setGeometry(mirroredIn(
-        parent_, {parent_.width() - width - margin, badge_->geometry().bottom() + margin, width, height}));
+    sheet_->setGeometry(
+        mirroredIn(parent_, {parent_.width() - width - margin, top_ + margin, width, height}));
     if (!isOpen()) pane_->toTop();
     sheet_->show();
     sheet_->raise();
-    adapt();
+    languageChanged();
 }
 
 void ErrorList::close() { sheet_->hide(); }

@@ -34,8 +34,10 @@ public:
     void forget(ErrorEntry::Origin origin);
     // The operator has seen them all.
     void clear();
-    // Where the key stands, pixels of the parent.
-    void place(const QRect& key);
+    // Where the key stands and where the list may begin, pixels of the parent: the header stays in sight.
+    void place(const QRect& key, int top);
+    // Shows its words anew, after the language has changed.
+    void languageChanged();
 
     void open();
     void close();
@@ -58,6 +60,7 @@ private:
     PanelWords words_;
     std::function<QDateTime()> clock_;
     std::deque<ErrorEntry> entries_;
+    int top_ = 0;
     TouchKey* badge_;
     ListSheet* sheet_;
     ScrollPane* pane_;

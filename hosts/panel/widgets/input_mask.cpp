@@ -13,13 +13,18 @@
 namespace servopanel::panel {
 
 namespace {
+
 constexpr int gap = 4; // pixels between keys
-}
+
+// Written like the values of the page.
+QString number(double value) { return QString::fromStdString(basic::decimal(value)); }
+
+} // namespace
 
 InputMask::InputMask(QWidget* parent, PanelWords words)
     : Sheet{parent}
     , words_{std::move(words)}
-    , pad_{new KeyPad{this, [this] { tell(NumberEntry::Verdict::Fine); }}}
+    , pad_{new KeyPad{this, [this](NumberEntry::Verdict verdict) { tell(verdict); }}}
     , cancel_{new TouchKey{this}}
     , ok_{new TouchKey{this}}
 {
@@ -38,20 +43,25 @@ void InputMask::setHandlers(std::function<void(double, bool)> accepted, std::fun
 
 void InputMask::start(const MaskTask& task)
 {
-    setTitle(task.title);
-    unit_ = task.unit;
-    entry_.start(task.value, task.lower, task.upper);
+    setField(task.title, task.unit);
+    entry_.start(task.number, task.lower, task.upper);
     pad_->workOn(&entry_);
     languageChanged();
     tell(NumberEntry::Verdict::Fine);
     setFocus();
 }
 
+void InputMask::setField(const QString& caption, const QString& unit)
+{
+    setTitle(caption);
+    unit_ = unit;
+    update();
+}
+
 void InputMask::languageChanged()
 {
     ok_->setText(words_(PanelText::Ok));
     cancel_->setText(words_(PanelText::Cancel));
-    pad_->setPointSign(words_(PanelText::DecimalPoint));
     update();
 }
 
@@ -61,16 +71,10 @@ void InputMask::tell(NumberEntry::Verdict verdict)
     update();
 }
 
-QString InputMask::number(const std::string& text) const
-{
-    return QString::fromStdString(text).replace(u'.', words_(PanelText::DecimalPoint));
-}
-
-QString InputMask::number(double value) const { return number(basic::decimal(value)); }
-
 QString InputMask::shown() const
 {
-    return unit_.isEmpty() ? number(entry_.text()) : number(entry_.text()) + u' ' + unit_;
+    const QString number = QString::fromStdString(entry_.text());
+    return unit_.isEmpty() ? number : number + u' ' + unit_;
 }
 
 QString InputMask::limits() const
@@ -87,6 +91,7 @@ QString InputMask::remark() const
     switch (verdict_) {
     case NumberEntry::Verdict::NoNumber: return words_(PanelText::NoNumber);
     case NumberEntry::Verdict::TooSmall: return words_(PanelText::TooSmall) + u' ' + number(*entry_.lower());
+    case NumberEntry::Verdict::NoSign: return words_(PanelText::NoSign) + u' ' + number(*entry_.lower());
     case NumberEntry::Verdict::TooLarge: return words_(PanelText::TooLarge) + u' ' + number(*entry_.upper());
     default: return {};
     }
@@ -144,7 +149,7 @@ void InputMask::paintValue(QPainter& painter) const
     painter.setLayoutDirection(Qt::LeftToRight);
     painter.setPen(refusing() ? colours::refuse : colours::ink);
     drawFitted(painter, mirroredIn(*this, numberPlace), static_cast<int>(trailing(*this) | Qt::AlignVCenter),
-        panelFont(scaled(0.55, valuePlace_.height(), 15, 30), true), number(entry_.text()));
+        panelFont(scaled(0.55, valuePlace_.height(), 15, 30), true), QString::fromStdString(entry_.text()));
     painter.setLayoutDirection(layoutDirection());
     painter.setPen(colours::faintInk);
     drawFitted(painter, mirroredIn(*this, unitPlace), static_cast<int>(trailing(*this) | Qt::AlignVCenter),

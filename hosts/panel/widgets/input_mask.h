@@ -10,7 +10,7 @@ namespace servopanel::panel {
 struct MaskTask {
     QString title; // caption of the field, may be empty
     QString unit;
-    double value = 0;
+    std::string number = "0"; // as the page shows it
     std::optional<double> lower;
     std::optional<double> upper;
 };
@@ -25,8 +25,9 @@ public:
     void setHandlers(
         std::function<void(double value, bool changed)> accepted, std::function<void()> cancelled);
     void start(const MaskTask& task);
-    // Shows its words anew, after the language has changed.
+    // Shows its words anew, after the language has changed; caption and unit of the field are brought by setField.
     void languageChanged();
+    void setField(const QString& caption, const QString& unit);
 
     void accept();
     void cancel();
@@ -48,8 +49,6 @@ protected:
 private:
     void tell(NumberEntry::Verdict verdict);
     void layOut();
-    QString number(const std::string& text) const;
-    QString number(double value) const;
     void paintValue(QPainter& painter) const;
 
     PanelWords words_;

@@ -25,9 +25,9 @@ const std::array<QString, KeyPad::rows * KeyPad::columns>& names()
 
 } // namespace
 
-KeyPad::KeyPad(QWidget* parent, std::function<void()> changed)
+KeyPad::KeyPad(QWidget* parent, Pressed pressed)
     : QWidget{parent}
-    , changed_{std::move(changed)}
+    , pressed_{std::move(pressed)}
 {
     for (std::size_t i = 0; i < keys_.size(); ++i) {
         const QString name = names()[i];
@@ -43,8 +43,6 @@ void KeyPad::workOn(NumberEntry* entry)
     entry_ = entry;
     key(QStringLiteral("±"))->setOn(entry != nullptr && entry->signAllowed());
 }
-
-void KeyPad::setPointSign(const QString& sign) { key(QStringLiteral("."))->setText(sign); }
 
 TouchKey* KeyPad::key(const QString& name) const
 {
@@ -67,23 +65,24 @@ void KeyPad::on(const QString& name)
         type(name);
         return;
     }
-    changed_();
+    pressed_(NumberEntry::Verdict::Fine);
 }
 
 bool KeyPad::type(const QString& character)
 {
     if (entry_ == nullptr || character.size() != 1) return false;
     const QChar c = character.front();
+    NumberEntry::Verdict verdict = NumberEntry::Verdict::Fine;
     // Digits of any script, as a keyboard of the language has them.
     if (c.digitValue() >= 0)
         entry_->digit(c.digitValue());
     else if (c == u'.' || c == u',' || c == u'٫')
         entry_->point();
     else if (c == u'-' || c == u'−' || c == u'±')
-        entry_->sign();
+        verdict = entry_->sign();
     else
         return false;
-    changed_();
+    pressed_(verdict);
     return true;
 }
 
@@ -94,7 +93,7 @@ void KeyPad::pressStep(int direction)
 {
     if (entry_ == nullptr) return;
     entry_->step(direction);
-    changed_();
+    pressed_(NumberEntry::Verdict::Fine);
 }
 
 void KeyPad::arrange()

@@ -15,7 +15,9 @@ namespace servopanel::panel {
 // calculator.
 class KeyPad : public QWidget {
 public:
-    KeyPad(QWidget* parent, std::function<void()> changed);
+    // pressed: a key has worked on the number, or could not and says why.
+    using Pressed = std::function<void(NumberEntry::Verdict)>;
+    KeyPad(QWidget* parent, Pressed pressed);
 
     // The number to work on; it outlives the pad's use of it.
     void workOn(NumberEntry* entry);
@@ -24,8 +26,6 @@ public:
     void pressBack();
     void pressClear();
     void pressStep(int direction);
-    // The sign between whole part and fraction in the current language, as its key shows it.
-    void setPointSign(const QString& sign);
 
     static constexpr int rows = 4;
     static constexpr int columns = 4;
@@ -42,7 +42,7 @@ private:
     void arrange();
 
     NumberEntry* entry_ = nullptr;
-    std::function<void()> changed_;
+    Pressed pressed_;
     std::array<TouchKey*, rows * columns> keys_{};
 };
 

@@ -22,10 +22,10 @@ int decimalsOf(const std::optional<double>& limit) { return limit ? decimalsOf(b
 
 } // namespace
 
-void NumberEntry::start(double value, std::optional<double> lower, std::optional<double> upper)
+void NumberEntry::start(const std::string& number, std::optional<double> lower, std::optional<double> upper)
 {
-    text_ = basic::decimal(value);
-    first_ = value;
+    text_ = number;
+    first_ = value().value_or(0);
     lower_ = lower;
     upper_ = upper;
     decimals_ = std::max({decimalsOf(text_), decimalsOf(lower), decimalsOf(upper)});
@@ -55,9 +55,9 @@ void NumberEntry::point()
     text_ += '.';
 }
 
-void NumberEntry::sign()
+NumberEntry::Verdict NumberEntry::sign()
 {
-    if (!signAllowed()) return;
+    if (!signAllowed()) return Verdict::NoSign;
     // On a keyboard the sign comes before the digits, on the key pad often after them.
     keepsSign_ = true;
     if (!text_.empty() && text_.front() == '-') {
@@ -65,6 +65,7 @@ void NumberEntry::sign()
     } else if (text_.size() < longest) {
         text_.insert(0, 1, '-');
     }
+    return Verdict::Fine;
 }
 
 void NumberEntry::back()

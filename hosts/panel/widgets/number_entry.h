@@ -8,15 +8,18 @@ namespace servopanel::panel {
 // A number that is being typed, with the limits that it must keep. Knows nothing of keys on a screen.
 class NumberEntry {
 public:
-    enum class Verdict { Fine, NoNumber, TooSmall, TooLarge };
+    // NoSign: only of a sign that the limits do not allow.
+    enum class Verdict { Fine, NoNumber, TooSmall, TooLarge, NoSign };
 
-    // Limits that are missing do not limit. The first digit replaces the value that is there at first.
-    void start(double value, std::optional<double> lower, std::optional<double> upper);
+    // The number as it is written elsewhere, with "." as its point. Limits that are missing do not limit. The first digit
+    // replaces the number that is there at first.
+    void start(const std::string& number, std::optional<double> lower, std::optional<double> upper);
 
     void digit(int digit); // 0..9
     void point(); // once; whoever types a comma means the same
-    // Changes the sign where values below 0 are allowed. Before the first digit it stays for the number that follows.
-    void sign();
+    // Changes the sign where values below 0 are allowed, else changes nothing and says so. Before the first digit it stays
+    // for the number that follows.
+    Verdict sign();
     void back(); // takes away the last character
     void clear();
     // Up or down by so many of the smallest place that the value at the start, the limits or what is typed have, not

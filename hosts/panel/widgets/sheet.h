@@ -10,6 +10,7 @@ class Sheet : public QWidget {
 public:
     explicit Sheet(QWidget* parent);
     void setTitle(const QString& title);
+    const QString& title() const { return title_; }
 
     int titleHeight() const;
     // The space inside the border and below the title.

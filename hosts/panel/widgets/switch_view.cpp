@@ -41,6 +41,13 @@ void SwitchView::setMarks(const ValueMarks& marks)
     update();
 }
 
+void SwitchView::setBeingEdited(bool edited)
+{
+    if (edited_ == edited) return;
+    edited_ = edited;
+    update();
+}
+
 void SwitchView::mousePressEvent(QMouseEvent* event)
 {
     event->accept();
@@ -86,8 +93,10 @@ void SwitchView::paintEvent(QPaintEvent*)
     QColor track =
         state_ ? mix(colours::accept, colours::field, 0.25) : mix(colours::border, colours::field, 0.45);
     if (!free_ || marks_.stale) track = mix(track, colours::keyOff, 0.6);
-    painter.setPen(
-        marks_.changed ? QPen{colours::accept, 3} : QPen{free_ ? colours::border : colours::faintBorder, 1});
+    QPen edge{free_ ? colours::border : colours::faintBorder, 1};
+    if (marks_.changed) edge = QPen{colours::accept, 3};
+    if (edited_) edge = QPen{colours::accent, 3};
+    painter.setPen(edge);
     painter.setBrush(track);
     painter.drawRoundedRect(whole, 4, 4);
     if (marks_.stale) drawHatching(painter, rect());

@@ -21,6 +21,9 @@ public:
     // Its lock follows from setFree.
     void setMarks(const ValueMarks& marks);
     const ValueMarks& marks() const { return marks_; }
+    // Marks the switch that the definition editor is working on.
+    void setBeingEdited(bool edited);
+    bool isBeingEdited() const { return edited_; }
     bool state() const { return state_; }
     bool isFree() const { return free_; }
     // The part with the word, which lies on the position that holds.
@@ -41,6 +44,7 @@ private:
     bool state_ = false;
     bool free_ = true;
     bool down_ = false;
+    bool edited_ = false;
 };
 
 } // namespace servopanel::panel

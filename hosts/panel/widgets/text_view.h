@@ -42,6 +42,7 @@ public:
     ValueMarks marks() const { return {changed_, lockShown_, stale_}; }
     // Marks the field that the input mask is working on.
     void setBeingEdited(bool edited);
+    bool isBeingEdited() const { return edited_; }
 
     // Pixels that the text takes with this font, without frame.
     QSize textSize() const;

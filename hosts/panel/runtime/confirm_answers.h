@@ -1,0 +1,55 @@
+#pragma once
+
+#include "panel/form/control_host.h"
+#include "panel/runtime/confirm_answer.h"
+#include "panel/widgets/answer_strip.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace servopanel::panel {
+
+// Answers every press of the confirm key: in the operator's words on the strip, with variables and the words of the
+// errors in the list of reports. An answer goes with the next footer key, because another servo may be shown then.
+class ConfirmAnswers {
+public:
+    // note: a line for the list of reports.
+    ConfirmAnswers(WatchedVariables& variables, AnswerStrip& strip, PanelWords words,
+        std::function<void(const QString& line)> note);
+
+    // A footer key of the page is about to act.
+    void keyBegins(ControlHost& page);
+    // It has acted. hasLink: whether there was a way to the machine at all.
+    void keyEnds(ControlHost& page, bool hasLink);
+    // Words and captions are others now.
+    void languageChanged(ControlHost* page);
+
+private:
+    // A field whose value waits to be written.
+    struct Field {
+        ValueSource source;
+        std::string name;
+        std::int16_t index = 0;
+    };
+
+    QString reasonWord(RefusalReason reason) const;
+    QString caption(ControlHost& page, const Field& field) const;
+    // The captions of what a refusal concerns; that the machine was not told concerns no field.
+    QStringList concerned(ControlHost& page, const Refusal& refusal) const;
+    QString written() const;
+    // Head and reason, as they stand on the strip.
+    QString head() const;
+    QString reason(ControlHost& page) const;
+    void report(ControlHost& page);
+
+    WatchedVariables& variables_;
+    AnswerStrip& strip_;
+    PanelWords words_;
+    std::function<void(const QString&)> note_;
+    std::vector<Field> changed_;
+    std::optional<ConfirmAnswer> answer_;
+};
+
+} // namespace servopanel::panel
