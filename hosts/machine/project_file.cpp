@@ -173,7 +173,10 @@ ProjectFile ProjectFile::load(const std::filesystem::path& file)
     try {
         const portable::FileBytes content = portable::readFile(file, file.string());
         ProjectFile project = parse(content.bytes, name);
-        if (content.failure) project.problems.push_back({name, "", content.failure->description});
+        if (content.failure) {
+            project.problems.push_back({name, "", content.failure->description});
+            project.isWhole = false;
+        }
         return project;
     } catch (const basic::Error& error) {
         ProjectFile project;
@@ -186,6 +189,7 @@ ProjectFile ProjectFile::parse(std::string_view text, const std::string& file)
 {
     ProjectFile project;
     const Json json = readJson(text, file, project.problems);
+    project.isWhole = Json::accept(text);
     if (json.is_null()) return project;
     JsonObject object{json, file, "", project.problems};
     readSettings(object, project);

@@ -47,6 +47,7 @@ struct ProjectFile {
     std::optional<MachineSettings> machine; // nothing when the project brings no simulated machine
 
     std::vector<Problem> problems;
+    bool isWhole = false; // the file could be read to its end, whatever its members hold
 
     static ProjectFile load(const std::filesystem::path& file);
     // file: its name for the problems.
