@@ -35,6 +35,8 @@ void take(Options& options, const std::string& name, const std::string& value)
             fail("an access level from 0 to 99");
         else
             options.settings.level = static_cast<std::int16_t>(level);
+    } else if (name == "--state") {
+        options.settings.state = value;
     } else if (name == "--trace") {
         options.settings.trace = value;
     } else if (name == "--tour") {
@@ -86,10 +88,15 @@ std::string helpText()
            "places\n"
            "  --language NUMBER|CODE       language at start instead of the project's\n"
            "  --level N                    access level instead of the project's, 0 operator to 5 service\n"
+           "  --state FOLDER               keep language and servo there and come back to them after a "
+           "restart or "
+           "a power cut\n"
            "  --trace FILE                 write everything that crosses the library's border to FILE\n"
            "  --tour FOLDER                play an operator's tour, save a picture of every step to FOLDER,\n"
            "                               print what was written to the machine, and end\n"
            "  --help                       this text\n"
+           "\n"
+           "The signal HUP makes it read the project anew.\n"
            "\n"
            "Exit status: 0 at the end, 1 when the display went away or a tour did not find its way, 2 when "
            "the\n"

@@ -4,6 +4,8 @@
 #include "panel/look/fonts.h"
 #include "panel/program/display.h"
 #include "panel/program/options.h"
+#include "panel/program/reload_request.h"
+#include "panel/program/session.h"
 #include "panel/tour/tour.h"
 
 #include <QApplication>
@@ -60,12 +62,14 @@ void show(PanelWindow& window, PanelWindow::Zoom zoom)
 
 int run(const Options& options)
 {
-    Panel panel{options.settings};
-    show(panel.window(), options.settings.zoom);
-    keepOnScreen(panel.window());
-    panel.openServo();
-    if (options.tour.empty()) return QApplication::exec();
-    return Tour{panel, options.tour}.play();
+    Session session{options.settings, [&](Panel& panel) {
+                        show(panel.window(), options.settings.zoom);
+                        keepOnScreen(panel.window());
+                        panel.openServo();
+                    }};
+    if (!options.tour.empty()) return Tour{session.panel(), options.tour}.play();
+    const ReloadRequest request{[&] { session.reload(); }};
+    return QApplication::exec();
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "panel/runtime/panel.h"
 
 #include "basic/conversions.h"
+#include "machine/carry_over.h"
 #include "panel/form/fusszeile.h"
 #include "panel/form/ini_eingabe.h"
 #include "panel/form/vws_index.h"
@@ -23,6 +24,8 @@ constexpr std::string_view resolutionVariable = "parameter<.aufloesung>";
 constexpr std::string_view levelVariable = "Ch-1.intern<.passwort>";
 constexpr std::string_view rightToLeftVariable = "Ch-1.param_client<.arabisch>";
 constexpr std::string_view machineVariable = "Ch-1.intern<.aktuelle_maschine>";
+constexpr std::string_view servoVariable = "Ch-1.intern<.servo_zeiger>";
+constexpr std::string_view servoCountVariable = "parameter<.servo_anzahl_";
 constexpr std::string_view designationVariable = "parameter<.maschinenbez_";
 
 // Metafiles for keys are drawn larger than any key and averaged down, so that they are sharp at each size.
@@ -43,6 +46,16 @@ QSize stageSize(int resolution)
 }
 
 bool isVisible(Child& child) { return basic::toBoolean(child.get(names::Visible, {})); }
+
+// Whether the mask or the definition editor is open.
+bool isEntering(ControlHost& part)
+{
+    for (const std::string_view name : {"Eingabemaske", "IniEingabe"}) {
+        Child* mask = part.find(name);
+        if (mask != nullptr && isVisible(*mask)) return true;
+    }
+    return false;
+}
 
 portable::PathMapping mapping(const PanelSettings& settings)
 {
@@ -131,18 +144,75 @@ MakeDatabase Panel::makeDatabase()
 Panel::~Panel()
 {
     closeScreen();
+    variables_->removeListener(choiceListener_);
     setLanguageLook({{valueFamily()}});
 }
 
 void Panel::applySettings()
 {
     file_.declareVariables(*variables_);
+    if (settings_.before)
+        machine::carryOver(settings_.before->file, *settings_.before->variables, file_, *variables_);
     if (settings_.resolution)
         setVariable(resolutionVariable, Variant{static_cast<std::int16_t>(*settings_.resolution)});
     setVariable(levelVariable, Variant{settings_.level.value_or(file_.level)});
     if (!settings_.language.empty() && !languages_.choose(settings_.language))
         throw CannotStart{"the project has no language '" + settings_.language + "'"};
+    takeUpChoices();
     applyLanguage();
+}
+
+// A language on the command line counts more than one that was chosen before.
+void Panel::takeUpChoices()
+{
+    std::optional<Choices> choices;
+    if (!settings_.state.empty()) {
+        remembered_.emplace(settings_.state, settings_.project);
+        choices = remembered_->load();
+        if (!remembered_->problem().empty()) note(remembered_->problem());
+    }
+    if (settings_.before) choices = settings_.before->choices;
+    if (choices) {
+        if (choices->language && settings_.language.empty()) languages_.choose(*choices->language);
+        const std::string count =
+            std::string{servoCountVariable} + basic::decimal(std::int32_t{choices->machine}) + ">";
+        // Another machine, or fewer servos than before: the menu is the place to start from.
+        if (choices->machine == number(machineVariable) && choices->servo <= number(count))
+            setVariable(servoVariable, Variant{choices->servo});
+    }
+    choiceListener_ = variables_->addListener([this](const machine::VariableStore::Write& write) {
+        if (write.name == servoVariable || write.name == machineVariable)
+            gate_.later([this] { rememberChoices(); });
+    });
+}
+
+std::int16_t Panel::number(std::string_view variable)
+{
+    const Variant* value = variables_->find(variable);
+    try {
+        return value == nullptr ? std::int16_t{0} : basic::toInt16(*value);
+    } catch (const basic::Error&) {
+        return 0;
+    }
+}
+
+Choices Panel::choices()
+{
+    Choices choices{{}, number(machineVariable), number(servoVariable)};
+    if (!languages_.all().empty()) choices.language = languages_.current();
+    return choices;
+}
+
+void Panel::rememberChoices()
+{
+    if (!remembered_) return;
+    remembered_->save(choices());
+    if (!remembered_->problem().empty()) note(remembered_->problem());
+}
+
+std::shared_ptr<const Held> Panel::hold()
+{
+    return std::make_shared<const Held>(Held{file_, variables_, choices()});
 }
 
 void Panel::setVariable(std::string_view name, const Variant& value)
@@ -184,7 +254,8 @@ void Panel::note(const std::string& text) { errors_.add(ErrorEntry::Origin::Pane
 void Panel::startTrace()
 {
     if (settings_.trace.empty()) return;
-    traceFile_.open(settings_.trace, std::ios::binary | std::ios::trunc);
+    // A panel that takes another one's place goes on with its trace.
+    traceFile_.open(settings_.trace, std::ios::binary | (settings_.before ? std::ios::app : std::ios::trunc));
     if (!traceFile_) throw CannotStart{"the trace cannot be written to '" + settings_.trace.string() + "'"};
     sink_ = std::make_unique<recording::TraceSink>([this](std::string_view lines) {
         traceFile_ << lines;
@@ -325,14 +396,19 @@ void Panel::openScreen(std::int16_t number)
 // Whoever reads a message or enters a value is left in peace.
 bool Panel::mayShowTrends()
 {
-    if (gate_.isClosed()) return false;
+    ControlHost* part = shownPart();
+    return part != nullptr && !gate_.isClosed() && !isEntering(*part);
+}
+
+bool Panel::hasUnfinishedInput()
+{
+    if (gate_.isBusy() || gate_.isClosed()) return true;
     ControlHost* part = shownPart();
     if (part == nullptr) return false;
-    for (const std::string_view name : {"Eingabemaske", "IniEingabe"}) {
-        Child* mask = part->find(name);
-        if (mask != nullptr && isVisible(*mask)) return false;
-    }
-    return true;
+    bool changed = isEntering(*part);
+    part->forEach(
+        [&](std::string_view, std::int16_t, Child& child) { changed = changed || child.isChanged(); });
+    return changed;
 }
 
 ControlHost* Panel::shownPart()
@@ -413,6 +489,7 @@ void Panel::chooseLanguage(int number)
     if (!languages_.choose(static_cast<std::int16_t>(number))) return;
     applyLanguage();
     retranslate();
+    rememberChoices();
 }
 
 // Everything that repeats texts of the project or shows words of the panel.

@@ -9,6 +9,7 @@
 #include "panel/runtime/languages.h"
 #include "panel/runtime/machine_runner.h"
 #include "panel/runtime/panel_services.h"
+#include "panel/runtime/remembered_choices.h"
 #include "panel/runtime/watched_variables.h"
 #include "panel/trends/trends.h"
 #include "panel/widgets/answer_strip.h"
@@ -26,12 +27,22 @@
 
 namespace servopanel::panel {
 
+// What a panel held when it ended, for the one that comes after it.
+struct Held {
+    machine::ProjectFile file;
+    std::shared_ptr<machine::VariableStore> variables;
+    Choices choices;
+};
+
 struct PanelSettings {
     std::filesystem::path project;
     std::optional<int> resolution; // pixels of width; otherwise the project's
     std::string language; // number or code; empty: the project's
     std::optional<std::int16_t> level; // access level; otherwise the project's
     std::filesystem::path trace; // file for everything that crosses the library's border; empty: none
+    std::filesystem::path
+        state; // folder for what the operator chose, kept over a restart; empty: nothing is kept
+    std::shared_ptr<const Held> before; // of the panel that this one takes the place of
     std::filesystem::path temporary; // where scaled pictures are kept; empty: the system's temporary folder
     PanelWindow::Zoom zoom = PanelWindow::Zoom::None;
     bool simulate = true; // false: the process variables stay as they are
@@ -54,6 +65,9 @@ public:
     explicit Panel(PanelSettings settings);
     ~Panel() override;
 
+    // The project's file as it stands in the folder. Raises CannotStart when there is none.
+    static machine::ProjectFile loadProject(const std::filesystem::path& folder);
+
     PanelWindow& window() { return window_; }
     machine::VariableStore& variables() { return *variables_; }
     ErrorList& errors() { return errors_; }
@@ -71,6 +85,10 @@ public:
     std::int16_t otherScreen() const { return otherScreen_; }
     // Ends the control that is shown.
     void closeScreen();
+
+    // Whether an input is open or not confirmed yet, or a message is read, so that the panel must not be taken away.
+    bool hasUnfinishedInput();
+    std::shared_ptr<const Held> hold();
 
     // A key of the keyboard: footer keys 1 to 12.
     void pressKey(int number);
@@ -106,8 +124,11 @@ public:
 
 private:
     MakeDatabase makeDatabase();
-    static machine::ProjectFile loadProject(const std::filesystem::path& folder);
     void applySettings();
+    void takeUpChoices();
+    Choices choices();
+    void rememberChoices();
+    std::int16_t number(std::string_view variable);
     void setVariable(std::string_view name, const basic::Variant& value);
     void applyLanguage();
     void retranslate();
@@ -128,6 +149,8 @@ private:
     Languages languages_;
     std::shared_ptr<machine::VariableStore> variables_ = std::make_shared<machine::VariableStore>();
     std::shared_ptr<WatchedVariables> watched_;
+    std::optional<RememberedChoices> remembered_;
+    machine::VariableStore::ListenerId choiceListener_ = 0;
     Link link_;
     EventGate gate_;
     PanelWindow window_;

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QSocketNotifier>
+
+#include <functional>
+#include <memory>
+
+namespace servopanel::panel {
+
+// The signal by which an engineer, or systemctl reload, asks the running panel to read its project anew (SIGHUP). One of
+// these at a time; with its end the signal is ignored.
+class ReloadRequest {
+public:
+    // The handler is called from the event loop.
+    explicit ReloadRequest(std::function<void()> handler);
+    ReloadRequest(const ReloadRequest&) = delete;
+    ReloadRequest& operator=(const ReloadRequest&) = delete;
+    ~ReloadRequest();
+
+private:
+    std::unique_ptr<QSocketNotifier> notifier_;
+};
+
+} // namespace servopanel::panel

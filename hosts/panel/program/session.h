@@ -1,0 +1,36 @@
+#pragma once
+
+#include "panel/runtime/panel.h"
+
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+
+namespace servopanel::panel {
+
+// The panel that an operator works with, made anew when its project was changed and somebody asks for it.
+class Session {
+public:
+    // show: brings a panel's window and its first screen to the monitor. Raises CannotStart like the panel.
+    Session(PanelSettings settings, std::function<void(Panel&)> show);
+
+    Panel& panel() { return *panel_; }
+
+    // Reads the project anew: files, texts, pictures, definitions, variables. Language and servo stay, and so do the
+    // values of variables whose start value is the same in both. While somebody enters values, has not confirmed them or
+    // reads a message it waits. A project.json that cannot be read to its end changes nothing; the reports say why.
+    void reload();
+    bool isWaiting() const { return waiting_.isActive(); }
+
+private:
+    void tryToReload();
+    bool canBeRead();
+
+    PanelSettings settings_;
+    std::function<void(Panel&)> show_;
+    std::unique_ptr<Panel> panel_;
+    QTimer waiting_;
+};
+
+} // namespace servopanel::panel
