@@ -10,6 +10,9 @@
 
 # Files below src/, hosts/ and adapters/ are included by their path from there: "basic/variant.h", "jet/jet_engine.h".
 set(PANEL_INCLUDE_DIRS "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}/hosts" "${PROJECT_SOURCE_DIR}/adapters")
+# Installed they stand in one folder.
+list(TRANSFORM PANEL_INCLUDE_DIRS REPLACE "(.+)" "$<BUILD_INTERFACE:\\1>" OUTPUT_VARIABLE PANEL_LIBRARY_INCLUDE_DIRS)
+list(APPEND PANEL_LIBRARY_INCLUDE_DIRS "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/servopanel>")
 
 function(panel_target_defaults target)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
@@ -50,13 +53,13 @@ function(panel_library name)
     endif()
     if(NOT arg_SOURCES)
         add_library(${name} INTERFACE)
-        target_include_directories(${name} INTERFACE ${PANEL_INCLUDE_DIRS})
+        target_include_directories(${name} INTERFACE ${PANEL_LIBRARY_INCLUDE_DIRS})
         target_link_libraries(${name} INTERFACE ${arg_LINK})
         return()
     endif()
     add_library(${name} STATIC ${arg_SOURCES})
     panel_target_defaults(${name})
-    target_include_directories(${name} PUBLIC ${PANEL_INCLUDE_DIRS})
+    target_include_directories(${name} PUBLIC ${PANEL_LIBRARY_INCLUDE_DIRS})
     target_link_libraries(${name} PUBLIC ${arg_LINK})
     panel_precompile(${name} ${arg_PRECOMPILE})
 endfunction()
