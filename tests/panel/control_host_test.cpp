@@ -15,6 +15,8 @@
 
 #include <QTest>
 
+#include <utility>
+
 using namespace servopanel;
 using basic::Variant;
 using servopanel::testing::errorNumber;
@@ -139,6 +141,25 @@ TEST_F(ControlHostTest, NothingEntersWhileAMessageIsOpen)
     around_.gate.open();
     QTest::mousePress(&view("Eingabe", 1), Qt::LeftButton);
     EXPECT_EQ(around_.log.size(), 1U);
+}
+
+TEST_F(ControlHostTest, WhatTheOperatorDoesWithinARunningProcedureDoesNotEnter)
+{
+    bool isFirst = true;
+    around_.hosted->during = [&] {
+        if (!std::exchange(isFirst, false)) return;
+        QTest::mousePress(&view("Eingabe", 1), Qt::LeftButton, {}, {1, 1});
+        EXPECT_FALSE(around_.host->deliver({"Text", 1}, "MouseDown", {}));
+        // Scrolling on and the page's own timer may.
+        EXPECT_TRUE(around_.host->deliver({"Text", 1}, "NeuePos", {}));
+        EXPECT_TRUE(around_.host->deliver({"Text", 1}, "Timer", {}));
+    };
+    around_.host->deliver({"Text", 1}, "Click", {});
+    EXPECT_EQ(around_.log, (std::vector<std::string>{"Text(1).Click", "Text(1).NeuePos", "Text(1).Timer"}));
+    QTest::qWait(20);
+    EXPECT_EQ(around_.log.size(), 3U);
+    // Afterwards the panel answers again.
+    EXPECT_TRUE(around_.host->deliver({"Text", 1}, "Click", {}));
 }
 
 TEST_F(ControlHostTest, SettingPropertiesWithinAProcedureRaisesNothingFurther)

@@ -1,8 +1,8 @@
 // What a trend is made of, without a panel: history, scale, sampler, plot, sheet.
 #include "basic/error.h"
+#include "panel/runtime/watched_variables.h"
 #include "panel/trends/axis.h"
 #include "panel/trends/line_mark.h"
-#include "panel/trends/observed_variables.h"
 #include "panel/trends/sampler.h"
 #include "panel/trends/trend_sheet.h"
 
@@ -207,7 +207,7 @@ TEST(TrendSampler, WhatIsNoNumberIsAGap)
     }
 }
 
-TEST(ObservedVariables, TellsOfEveryReadAndPassesErrorsOn)
+TEST(WatchedVariables, TellsOfEveryReadAndPassesErrorsOn)
 {
     struct Source : platform::ProcessVarAccess {
         Variant ReadValue(std::string_view name) override
@@ -220,14 +220,21 @@ TEST(ObservedVariables, TellsOfEveryReadAndPassesErrorsOn)
     };
     const auto source = std::make_shared<Source>();
     std::string told;
-    panel::ObservedVariables variables{source, [&](std::string_view name, const Variant* value) {
-                                           told += std::string{name} + (value != nullptr ? "+" : "-");
-                                       }};
+    panel::WatchedVariables variables{source};
+    variables.setObserver([&](std::string_view name, const Variant* value) {
+        told += std::string{name} + (value != nullptr ? "+" : "-");
+    });
     EXPECT_EQ(variables.ReadValue("good"), Variant{5.0});
     EXPECT_THROW(variables.ReadValue("bad"), basic::Error);
     variables.WriteValue("w", Variant{1.0});
+    EXPECT_EQ(variables.look("seen"), Variant{5.0});
     EXPECT_EQ(told, "good+bad-");
     EXPECT_EQ(source->written, "w");
+    // What is read while the connection is bad is old.
+    variables.setLink(false);
+    EXPECT_EQ(variables.ReadValue("good"), Variant{5.0});
+    EXPECT_THROW(variables.look("seen"), basic::Error);
+    EXPECT_EQ(told, "good+bad-good-");
 }
 
 TEST_F(TrendPlotTest, DrawsTheCurveFromLeftToRightWithThePresentAtTheRight)

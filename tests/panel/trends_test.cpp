@@ -1,6 +1,9 @@
 // Trends on the diagnosis page of a panel with the real library.
+#include "flaky_variables.h"
+
 #include "panel/form/header.h"
 #include "panel/form/vws_var.h"
+#include "panel/look/touch_size.h"
 #include "platform/ids.h"
 #include "support/standard_project.h"
 #include "test_project.h"
@@ -33,6 +36,10 @@ protected:
         panel::PanelSettings settings = project_.settings();
         settings.resolution = resolution;
         settings.trace = trace_;
+        settings.wrapVariables = [this](std::shared_ptr<platform::ProcessVarAccess> inner) {
+            flaky_ = std::make_shared<servopanel::testing::FlakyVariables>(std::move(inner));
+            return flaky_;
+        };
         panel_ = std::make_unique<Panel>(settings);
         reader_ = std::make_unique<servopanel::testing::MessageReader>(*panel_);
         panel_->window().show();
@@ -70,6 +77,7 @@ protected:
 
     TestProject project_{servopanel::testing::standardProject};
     std::filesystem::path trace_;
+    std::shared_ptr<servopanel::testing::FlakyVariables> flaky_;
     std::unique_ptr<Panel> panel_;
     std::unique_ptr<servopanel::testing::MessageReader> reader_;
     std::unique_ptr<Operator> hands_;
@@ -217,6 +225,89 @@ TEST_F(TrendsTest, AFailedReadIsAGap)
     panel_->trends().refresh();
     EXPECT_EQ(sheet().legend(0).value(), "–");
     EXPECT_TRUE(isOpen());
+}
+
+TEST_F(TrendsTest, ItReadsTheMachineLikeTheLibrary)
+{
+    touch(103);
+    flaky_->unreadable.insert(std::string{actualValues});
+    panel_->trends().refresh();
+    EXPECT_EQ(sheet().legend(0).value(), "–");
+    // Its own reads say nothing about what the page shows.
+    panel::TextView& shown = static_cast<panel::TextView&>(value(103).view());
+    EXPECT_FALSE(shown.marks().stale);
+    flaky_->unreadable.clear();
+    panel_->trends().refresh();
+    EXPECT_EQ(sheet().legend(0).value(), "3");
+}
+
+TEST_F(TrendsTest, ABadLinkIsAGap)
+{
+    touch(103);
+    panel_->setLink({false, "The broker does not answer"});
+    panel_->trends().refresh();
+    EXPECT_EQ(sheet().legend(0).value(), "–");
+    hands_->wait(600); // the page's own read does not fill it
+    EXPECT_EQ(sheet().legend(0).value(), "–");
+    panel_->setLink({true, ""});
+    panel_->trends().refresh();
+    EXPECT_EQ(sheet().legend(0).value(), "3");
+    const panel::History& history = panel_->trends().sampler().history();
+    EXPECT_TRUE(std::isnan(history.value(history.rows() - 2, 2)));
+}
+
+TEST_F(TrendsTest, HeadsOfTheTableHaveNone)
+{
+    hands_->wait(600); // the page has read once more
+    for (const int number : {121, 126, 131, 136}) {
+        touch(number);
+        EXPECT_FALSE(isOpen()) << number;
+        for (QWidget* mark : value(number).view().findChildren<QWidget*>())
+            EXPECT_FALSE(mark->isVisible()) << number;
+    }
+    touch(122);
+    EXPECT_TRUE(isOpen());
+}
+
+TEST_F(TrendsTest, CellsAreNamedByTheHeadOfTheirColumnAndTheirRow)
+{
+    touch(128);
+    touch(122);
+    EXPECT_EQ(sheet().lines()[0].caption, "26 / 2");
+    EXPECT_EQ(sheet().lines()[1].caption, "21 / 1");
+}
+
+// Lines stand closer than a finger is wide on the smaller screens.
+TEST_F(TrendsTest, ATouchWithinAFingersWidthOfAValueDoesNotMiss)
+{
+    for (const int resolution : {1280, 1024, 800}) {
+        open(resolution);
+        const int finger = panel::leastTouch(panel_->window().stage());
+        for (const int number : {103, 120, 122, 125, 140}) {
+            QWidget& view = value(number).view();
+            QWidget& box = *view.parentWidget();
+            const QPoint middle = view.geometry().center();
+            for (const int away : {-finger / 2 + 1, finger / 2 - 1}) {
+                hands_->press(box, middle + QPoint{0, away});
+                hands_->release(box, middle + QPoint{0, away});
+                EXPECT_TRUE(isOpen()) << resolution << " " << number << " " << away;
+                panel_->trends().close();
+            }
+        }
+    }
+}
+
+TEST_F(TrendsTest, TheSignOfAStaleValueStandsAlone)
+{
+    hands_->wait(600); // the page has read once more
+    auto& view = static_cast<panel::TextView&>(value(103).view());
+    auto* mark = view.findChild<QWidget*>();
+    ASSERT_TRUE(mark->isVisible());
+    flaky_->unreadable.insert(std::string{actualValues});
+    panel_->setLink({false, "The broker does not answer"});
+    const QImage both = view.grab().toImage();
+    mark->hide();
+    EXPECT_EQ(view.grab().toImage(), both);
 }
 
 TEST_F(TrendsTest, TheLibrarySeesNothingOfIt)

@@ -31,6 +31,9 @@ const std::string drawings = "Ch1.M1_T_servo_3<.mM1_servo_zeich_3>";
 const std::string actualValues = "Ch1.M1_T_servo_3<.mM1_servo_diag_31>";
 const std::string faultText = "Ch1.M1_T_servo_3<.mM1_fetext_31>";
 const std::string changedFlag = "Ch1.M1_T_servo_3<.mM1_servoaender_3>";
+const std::string otherSetpoints = "Ch1.M1_T_servo_5<.mM1_servo_para_5>";
+const std::string otherSwitches = "Ch1.M1_T_servo_5<.mM1_servo_schalt_5>";
+const std::string otherDrawings = "Ch1.M1_T_servo_5<.mM1_servo_zeich_5>";
 constexpr int refreshMs = 700; // the page has refreshed its values once meanwhile
 
 class ValueStatesTest : public ::testing::Test {
@@ -246,6 +249,150 @@ TEST_F(ValueStatesTest, AnotherServosGoodVariablesAreFresh)
     EXPECT_FALSE(text("SollwertL", 1).marks().stale);
     hands_->footerKey(5);
     EXPECT_TRUE(text("SollwertL", 1).marks().stale);
+}
+
+TEST_F(ValueStatesTest, ControlsMadeAnewShowTheirStatesAtOnce)
+{
+    hands_->wait(refreshMs);
+    flaky_->unreadable.insert(setpoints);
+    hands_->wait(refreshMs);
+    ASSERT_TRUE(text("SollwertL", 1).marks().stale);
+    panel_->variables().write("Ch-1.intern<.servo_zeiger>", Variant{std::int16_t{1}}, machine::Writer::Host);
+    panel_->openServo();
+    ASSERT_EQ(panel_->shownPart()->className(), "ServoMain");
+    EXPECT_TRUE(text("SollwertL", 1).marks().stale);
+    EXPECT_FALSE(text("SollwertL", 21).marks().stale);
+    EXPECT_EQ(quality(), LinkQuality::Partly);
+    // The new field has never held a value.
+    EXPECT_EQ(text("SollwertL", 1).shownText(), "–");
+}
+
+TEST_F(ValueStatesTest, AFormerServosValueIsNotShownForOneThatCannotBeRead)
+{
+    flaky_->unreadable = {otherSetpoints, otherSwitches, otherDrawings};
+    const int width = text("SollwertL", 1).width();
+    hands_->footerKey(6);
+    EXPECT_TRUE(text("SollwertL", 1).marks().stale);
+    EXPECT_EQ(text("SollwertL", 1).shownText(), "–");
+    EXPECT_EQ(text("SollwertL", 1).width(), width);
+    EXPECT_EQ(text("ZeichnungL", 41).shownText(), "–");
+    EXPECT_TRUE(panel_->shownPart()->require<panel::SchalterChild>("SchalterL", 31).lever().isUnknown());
+    EXPECT_EQ(text("SollwertL", 21).shownText(), "1");
+
+    flaky_->unreadable.clear();
+    hands_->wait(refreshMs);
+    EXPECT_EQ(text("SollwertL", 1).shownText(), "51");
+    EXPECT_FALSE(panel_->shownPart()->require<panel::SchalterChild>("SchalterL", 31).lever().isUnknown());
+
+    // Back again: the field now holds the second servo's value.
+    flaky_->unreadable = {setpoints};
+    hands_->footerKey(5);
+    EXPECT_EQ(text("SollwertL", 1).shownText(), "–");
+    EXPECT_FALSE(text("SollwertL", 21).isUnknown());
+}
+
+TEST_F(ValueStatesTest, TheMaskOpensWithoutAValueThatIsNotKnown)
+{
+    hands_->footerKey(6);
+    flaky_->unreadable = {setpoints};
+    hands_->footerKey(5);
+    hands_->input("SollwertL", 1);
+    auto& mask = panel_->shownPart()->require<panel::EingabemaskeChild>("Eingabemaske").mask();
+    ASSERT_TRUE(mask.isVisible());
+    EXPECT_FALSE(mask.shown().contains(u"51"));
+    hands_->ok(); // nothing to accept yet
+    EXPECT_TRUE(mask.isVisible());
+    EXPECT_TRUE(mask.refusing());
+    hands_->type("42.5");
+    hands_->ok();
+    // What the operator has entered is known.
+    EXPECT_EQ(text("SollwertL", 1).shownText(), "42.5");
+    hands_->wait(refreshMs);
+    EXPECT_EQ(text("SollwertL", 1).shownText(), "42.5");
+}
+
+TEST_F(ValueStatesTest, AnEntryGivenUpWhileTheMachineIsSilentIsNotTakenForItsValue)
+{
+    flaky_->unreadable.insert(setpoints);
+    hands_->wait(refreshMs);
+    EXPECT_EQ(text("SollwertL", 1).shownText(), "1.5");
+    change("SollwertL", 1, "42.5");
+    EXPECT_EQ(text("SollwertL", 1).shownText(), "42.5");
+    hands_->footerKey(11);
+    EXPECT_EQ(text("SollwertL", 1).shownText(), "–");
+    flaky_->unreadable.clear();
+    hands_->wait(refreshMs);
+    EXPECT_EQ(text("SollwertL", 1).shownText(), "1.5");
+}
+
+TEST_F(ValueStatesTest, LimitsOfAnotherServoAreToldFromItsOwn)
+{
+    const auto limits = [&] {
+        return panel_->shownPart()
+            ->beside(panel_->shownPart()->require<panel::VWSVarIn>("SollwertL", 1))
+            .limits;
+    };
+    EXPECT_EQ(limits(), panel::ValueState::Fresh);
+    flaky_->unreadable = {"Ch1.M1_T_servo_3<.mM1_servo_para_ob_3>", "Ch1.M1_T_servo_5<.mM1_servo_para_un_5>"};
+    hands_->wait(refreshMs);
+    EXPECT_EQ(limits(), panel::ValueState::Stale);
+    hands_->footerKey(6);
+    EXPECT_EQ(limits(), panel::ValueState::Unknown);
+}
+
+TEST_F(ValueStatesTest, AFaultTextThatSaysNothingHasNoSignOfAge)
+{
+    panel_->variables().write(faultText, Variant{""}, machine::Writer::Machine);
+    hands_->footerKey(10);
+    flaky_->unreadable = {faultText};
+    hands_->wait(refreshMs);
+    EXPECT_FALSE(text("Fehlertext").marks().stale);
+    EXPECT_EQ(text("Fehlertext").shownText(), "");
+    EXPECT_EQ(quality(), LinkQuality::Partly);
+    // Of the second page it was never read.
+    flaky_->unreadable = {faultText, "Ch1.M1_T_servo_3<.mM1_fetext_32>"};
+    hands_->footerKey(8);
+    EXPECT_EQ(text("Fehlertext").shownText(), "–");
+    EXPECT_TRUE(text("Fehlertext").marks().stale);
+}
+
+TEST_F(ValueStatesTest, TheHeaderReadsTheMachineLikeTheLibrary)
+{
+    auto& bar = panel_->servo()->require<panel::HeaderChild>("Header").bar();
+    const auto shown = [&] {
+        bar.refresh();
+        return bar.shown();
+    };
+    EXPECT_EQ(shown().level, "Access level 2");
+    EXPECT_EQ(shown().machine, "Machine M1");
+    flaky_->unreadable = {"Ch-1.intern<.passwort>", "Ch-1.intern<.aktuelle_maschine>"};
+    panel_->variables().write("Ch-1.intern<.passwort>", Variant{std::int16_t{4}}, machine::Writer::Host);
+    // It keeps what it knew.
+    EXPECT_EQ(shown().level, "Access level 2");
+    EXPECT_EQ(shown().machine, "Machine M1");
+    flaky_->unreadable.clear();
+    EXPECT_EQ(shown().level, "Access level 4");
+}
+
+TEST(ValueSources, TheFamilyOfAVariableIsWhatStandsBeforeTheNumberOfItsServo)
+{
+    using namespace panel::families;
+    using panel::familyOf;
+    EXPECT_EQ(familyOf(::setpoints), panel::families::setpoints);
+    EXPECT_EQ(familyOf(::secondSetpoints), panel::families::secondSetpoints);
+    EXPECT_EQ(familyOf("Ch1.M1_T_servo_3<.mM1_servo_para_un_3>"), lowerLimits);
+    EXPECT_EQ(familyOf("Ch1.M1_T_servo_3<.mM1_servo_para_ob_3>"), upperLimits);
+    EXPECT_EQ(familyOf("Ch1.M1_T_servo_3<.mM1_servo_para2_un_3>"), secondLowerLimits);
+    EXPECT_EQ(familyOf("Ch1.M1_T_servo_3<.mM1_servo_para2_ob_3>"), secondUpperLimits);
+    EXPECT_EQ(familyOf(::switches), panel::families::switches);
+    EXPECT_EQ(familyOf(::drawings), panel::families::drawings);
+    EXPECT_EQ(familyOf(::actualValues), panel::families::actualValues);
+    EXPECT_EQ(familyOf(::faultText), panel::families::faultText);
+    EXPECT_EQ(familyOf(::changedFlag), panel::families::changedFlag);
+    for (const char* other : {"", "Ch-1.intern_v<.l2_07>", "Ch1.M1_T_servo_3<.mM1_servopassiv_3>",
+             "Ch1.M1_T_servo_3<.mM1_servo_para_3", "Ch1.M1_T_servo_3<.mM1_servo_para_>",
+             "Ch1.M1_servo_para_3<.name>", "Ch1.M1_T_servo_3<.mM1_servo_para_3x>"})
+        EXPECT_EQ(familyOf(other), "") << other;
 }
 
 TEST_F(ValueStatesTest, AConfirmedChangeIsAnsweredWithTheNumberOfValues)

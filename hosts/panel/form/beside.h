@@ -1,5 +1,6 @@
 #pragma once
 
+#include "panel/look/value_state.h"
 #include "platform/control.h"
 
 #include <QString>
@@ -8,10 +9,12 @@
 
 namespace servopanel::panel {
 
-// What stands beside an input on the form.
+// What an input stands for on the form.
 struct Beside {
     QString caption;
     QString unit;
+    bool isKnown = true; // false: what it holds is not its own value
+    ValueState limits = ValueState::Fresh; // of its limits, the worse of the two
 };
 using FindBeside = std::function<Beside(const platform::Control& input)>;
 

@@ -48,9 +48,10 @@ public:
 
     // The operator has chosen another language.
     virtual void languageChanged() { }
-    // For controls that show a value of the machine: whether it is the last known one only.
-    virtual void setStale(bool) { }
-    virtual bool isStale() const { return false; }
+    // For controls that show a value of the machine: how far it is the machine's.
+    virtual void setValueState(ValueState) { }
+    // What they show of it.
+    virtual ValueState valueState() const { return ValueState::Fresh; }
     // Whether it holds a value of the operator that waits to be written.
     virtual bool isChanged() const { return false; }
     // Lights an input up while the mask or the definition editor works on it.

@@ -184,7 +184,7 @@ void ControlHost::showValueStates()
             continue;
         }
         const std::optional<ValueSource> source = valueSource(key.first, key.second);
-        if (source) child->setStale(services().isStale(*source));
+        if (source) child->setValueState(services().valueState(*source));
     }
 }
 
@@ -333,6 +333,14 @@ QString ControlHost::shownText(const std::string& name, std::int16_t index)
     return isSeen ? text->shown() : QString{};
 }
 
+ValueState ControlHost::limitsState(const std::string& name, std::int16_t index)
+{
+    const std::optional<ValueSource> source = valueSource(name, index);
+    const std::optional<LimitSources> limits = source ? limitSources(*source) : std::nullopt;
+    if (!limits) return ValueState::Fresh;
+    return std::max(services().valueState(limits->lower), services().valueState(limits->upper));
+}
+
 // Captions and units stand in arrays whose names end like the input's own: SollwertL, BeschriftungL, EinheitL. A drawing
 // number has one caption for its parts.
 Beside ControlHost::beside(const platform::Control& input)
@@ -353,7 +361,8 @@ Beside ControlHost::beside(const platform::Control& input)
         const auto caption = static_cast<std::int16_t>(!isDrawing ? index : index % 2 == 1 ? 41 : 42);
         const QString text = shownText("Beschriftung" + side, caption) + u' '
             + shownText("Beschriftung" + side + "2", caption);
-        return {text.trimmed(), shownText("Einheit" + side, index).trimmed()};
+        return {text.trimmed(), shownText("Einheit" + side, index).trimmed(),
+            children_.at(*key)->valueState() != ValueState::Unknown, limitsState(name, index)};
     }
     return {};
 }

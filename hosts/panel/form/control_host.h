@@ -54,8 +54,9 @@ public:
 
     void languageChanged() override;
 
-    // Caption and unit of one of its inputs, as they stand on the screen.
+    // Caption and unit of one of its inputs, as they stand on the screen, and how far its value is known.
     Beside beside(const platform::Control& input);
+
     // Shows which values are only the last known ones.
     void showValueStates();
 
@@ -96,6 +97,7 @@ private:
     ChildRef require(platform::ChildId id);
     CanvasView& canvasOf(platform::ChildId id);
     const Key* litUpDrawing();
+    ValueState limitsState(const std::string& name, std::int16_t index);
     QString shownText(const std::string& name, std::int16_t index);
     void displaysStartAnew();
     bool deliverToRow(platform::ChildId touched, std::string_view event, platform::Args args);

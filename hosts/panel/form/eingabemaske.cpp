@@ -63,7 +63,8 @@ void EingabemaskeChild::setOpen(bool open)
     const Beside beside = field();
     task.title = beside.caption;
     task.unit = beside.unit;
-    task.number = presentNumber(*target_);
+    task.limitsState = beside.limits;
+    task.number = beside.isKnown ? presentNumber(*target_) : std::string{};
     task.lower = limit(*target_, VWSVarInIds::Untergrenze);
     task.upper = limit(*target_, VWSVarInIds::Obergrenze);
     mask().start(task);

@@ -34,10 +34,11 @@ void SchalterChild::setState(const Variant& state)
     adapt();
 }
 
-void SchalterChild::setStale(bool stale)
+void SchalterChild::setValueState(ValueState state)
 {
-    if (stale_ == stale) return;
-    stale_ = stale;
+    // The page no longer shows what the operator has toggled.
+    if (state == ValueState::Unknown && machine_ != state) changed_ = false;
+    machine_ = state;
     adapt();
 }
 
@@ -46,11 +47,18 @@ void SchalterChild::setBeingEdited(bool edited)
     if (viewOrNull() != nullptr) lever().setBeingEdited(edited);
 }
 
+// What the operator has chosen is known, whatever the machine says.
+ValueState SchalterChild::valueState() const
+{
+    return machine_ == ValueState::Unknown && changed_ ? ValueState::Stale : machine_;
+}
+
 void SchalterChild::adapt()
 {
     if (viewOrNull() == nullptr) return;
     lever().setFree(free_ && enabled());
-    lever().setMarks({changed_, false, stale_});
+    lever().setMarks({changed_, false, machine_ != ValueState::Fresh});
+    lever().setUnknown(valueState() == ValueState::Unknown);
 }
 
 void SchalterChild::languageChanged()

@@ -10,8 +10,8 @@ class SchalterChild : public Child {
 public:
     SchalterChild(QWidget* parent, Services& services);
     void languageChanged() override;
-    void setStale(bool stale) override;
-    bool isStale() const override { return stale_; }
+    void setValueState(ValueState state) override;
+    ValueState valueState() const override;
     bool isChanged() const override { return changed_; }
     void setBeingEdited(bool edited) override;
 
@@ -26,7 +26,7 @@ private:
     bool free_ = true;
     bool isKnown_ = false; // the machine's state was put
     bool changed_ = false; // the operator's state was put since
-    bool stale_ = false;
+    ValueState machine_ = ValueState::Fresh;
 };
 
 } // namespace servopanel::panel

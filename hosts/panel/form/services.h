@@ -3,6 +3,7 @@
 #include "basic/variant.h"
 #include "panel/form/value_source.h"
 #include "panel/look/panel_text.h"
+#include "panel/look/value_state.h"
 #include "platform/member.h"
 
 #include <QImage>
@@ -45,8 +46,8 @@ public:
     // A footer key that the panel needs for itself just now; true when it was used up.
     virtual bool takesKey(int /*number*/) { return false; }
 
-    // Whether the machine could not be asked for a value when it was wanted last.
-    virtual bool isStale(const ValueSource&) { return false; }
+    // How far what a display holds is the machine's value.
+    virtual ValueState valueState(const ValueSource&) { return ValueState::Fresh; }
 
     // An event is about to enter a control of the library, and its procedure is over.
     virtual void eventBegins(ControlHost&, std::string_view /*event*/, platform::Args) { }

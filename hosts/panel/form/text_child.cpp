@@ -71,6 +71,7 @@ void TextChild::applyLook()
     text().setLook(font(), fromLibrary(ink_), qtAlignment(alignment_) | fixedSide_);
     text().setLockShown(isLockedByLevel());
     lookChanged();
+    showState();
     giveRoom();
 }
 
@@ -117,11 +118,29 @@ void TextChild::enabledChanged()
     text().setLockShown(isLockedByLevel());
 }
 
-void TextChild::setStale(bool stale)
+void TextChild::setValueState(ValueState state)
 {
-    if (stale_ == stale || viewOrNull() == nullptr) return;
-    stale_ = stale;
-    text().setStale(stale);
+    state_ = state;
+    if (state == ValueState::Fresh) isGivenUp_ = false;
+    showState();
+}
+
+ValueState TextChild::valueState() const
+{
+    if (state_ == ValueState::Fresh) return state_;
+    // What the operator has entered is known, whatever the machine says.
+    if (isChanged()) return ValueState::Stale;
+    return isGivenUp_ ? ValueState::Unknown : state_;
+}
+
+void TextChild::showState()
+{
+    if (viewOrNull() == nullptr) return;
+    if (wasChanged_ && !isChanged() && state_ != ValueState::Fresh) isGivenUp_ = true;
+    wasChanged_ = isChanged();
+    const bool wasUnknown = text().isUnknown();
+    text().setState(valueState());
+    if (wasUnknown != text().isUnknown()) textChanged();
 }
 
 } // namespace servopanel::panel

@@ -10,8 +10,8 @@ class TextChild : public Child {
 public:
     TextChild(std::string className, TextView& view, Services& services);
 
-    void setStale(bool stale) override;
-    bool isStale() const override { return stale_; }
+    void setValueState(ValueState state) override;
+    ValueState valueState() const override;
 
 protected:
     TextView& text() { return static_cast<TextView&>(view()); }
@@ -24,16 +24,21 @@ protected:
     void showText(const QString& shown);
     void giveRoom();
     void enabledChanged() override;
+    void showState();
     bool isLockedByLevel() const;
+    virtual void textChanged() { giveRoom(); } // what is read is longer or shorter than before
 
     std::int32_t ink_ = 0; // 0xBBGGRR
     std::int32_t ground_ = 0xC0C0C0;
     std::int16_t backStyle_ = 1; // 0: the background shows through
     std::int16_t borderStyle_ = 0; // 1: a frame around the text
-    bool stale_ = false;
     std::int16_t alignment_ = 0; // 0 left, 1 right, 2 centred; 3 to 5 the same mirrored
     bool growsDown_ = false; // its view keeps its upper edge
     QRect given_; // pixels of the control, whatever the view takes
+    ValueState state_ = ValueState::Fresh;
+    bool wasChanged_ = false;
+    bool isGivenUp_ =
+        false; // it holds what the operator entered and gave up, while the machine could not be asked
     Qt::Alignment fixedSide_; // AlignAbsolute: left stays left on a panel from right to left
 };
 

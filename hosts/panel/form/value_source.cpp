@@ -7,7 +7,8 @@ namespace servopanel::panel {
 
 namespace {
 
-constexpr std::array all{families::setpoints, families::secondSetpoints, families::switches,
+constexpr std::array all{families::setpoints, families::secondSetpoints, families::lowerLimits,
+    families::upperLimits, families::secondLowerLimits, families::secondUpperLimits, families::switches,
     families::drawings, families::actualValues, families::faultText, families::changedFlag};
 
 bool startsWith(std::string_view text, std::string_view beginning)
@@ -25,7 +26,8 @@ std::string_view familyOf(std::string_view variable)
     for (const std::string_view family : all) {
         const std::size_t at = name.rfind(family);
         if (at == std::string_view::npos) continue;
-        // Behind the family stands the servo's number and nothing else: limits have a longer family.
+        // Behind the family stands the servo's number and nothing else: the family of limits begins like that of
+        // their setpoints.
         std::string_view number = name.substr(at + family.size());
         if (number.size() < 2 || number.back() != '>') continue;
         number.remove_suffix(1);
@@ -45,6 +47,16 @@ std::optional<ValueSource> valueSource(std::string_view control, std::int16_t in
     if (control == "IstWert" || control == "IstWertTab")
         return ValueSource{families::actualValues, index - 101};
     if (control == "Fehlertext") return ValueSource{families::faultText, 0};
+    return {};
+}
+
+std::optional<LimitSources> limitSources(const ValueSource& value)
+{
+    if (value.family == families::setpoints)
+        return LimitSources{{families::lowerLimits, value.element}, {families::upperLimits, value.element}};
+    if (value.family == families::secondSetpoints)
+        return LimitSources{
+            {families::secondLowerLimits, value.element}, {families::secondUpperLimits, value.element}};
     return {};
 }
 

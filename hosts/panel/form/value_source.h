@@ -10,6 +10,10 @@ namespace servopanel::panel {
 namespace families {
 inline constexpr std::string_view setpoints = "_servo_para_"; // 1 to 20
 inline constexpr std::string_view secondSetpoints = "_servo_para2_"; // 21 to 24
+inline constexpr std::string_view lowerLimits = "_servo_para_un_"; // of 1 to 20
+inline constexpr std::string_view upperLimits = "_servo_para_ob_";
+inline constexpr std::string_view secondLowerLimits = "_servo_para2_un_"; // of 21 to 24
+inline constexpr std::string_view secondUpperLimits = "_servo_para2_ob_";
 inline constexpr std::string_view switches = "_servo_schalt_"; // bits 0 to 3 are the switches 31 to 34
 inline constexpr std::string_view drawings = "_servo_zeich_"; // 41 and 42
 inline constexpr std::string_view actualValues = "_servo_diag_"; // lines 101 to 120, table 121 to 140
@@ -28,5 +32,13 @@ struct ValueSource {
 };
 // Nothing for controls that show no value of the machine.
 std::optional<ValueSource> valueSource(std::string_view control, std::int16_t index);
+
+// Where the limits of a setpoint come from.
+struct LimitSources {
+    ValueSource lower;
+    ValueSource upper;
+};
+// Nothing for values without limits of their own in the machine.
+std::optional<LimitSources> limitSources(const ValueSource& value);
 
 } // namespace servopanel::panel

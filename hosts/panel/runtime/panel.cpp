@@ -4,14 +4,9 @@
 #include "machine/carry_over.h"
 #include "panel/form/fusszeile.h"
 #include "panel/form/ini_eingabe.h"
-#include "panel/form/vws_index.h"
-#include "panel/form/vws_var.h"
 #include "panel/look/touch_size.h"
-#include "panel/trends/observed_variables.h"
 #include "panel/window/other_screen.h"
 #include "platform/ids.h"
-
-#include <array>
 
 namespace servopanel::panel {
 
@@ -26,7 +21,6 @@ constexpr std::string_view rightToLeftVariable = "Ch-1.param_client<.arabisch>";
 constexpr std::string_view machineVariable = "Ch-1.intern<.aktuelle_maschine>";
 constexpr std::string_view servoVariable = "Ch-1.intern<.servo_zeiger>";
 constexpr std::string_view servoCountVariable = "parameter<.servo_anzahl_";
-constexpr std::string_view designationVariable = "parameter<.maschinenbez_";
 
 // Metafiles for keys are drawn larger than any key and averaged down, so that they are sharp at each size.
 constexpr int keyPictureSide = 512;
@@ -88,17 +82,17 @@ Panel::Panel(PanelSettings settings)
     , languages_{settings_.project, file_}
     , watched_{std::make_shared<WatchedVariables>(
           settings_.wrapVariables ? settings_.wrapVariables(variables_) : variables_)}
+    , headerWriter_{*watched_, languages_, [this](PanelText text) { return word(text); }}
     , window_{stageSize(settings_.resolution.value_or(file_.resolution)), settings_.zoom}
     , errors_{window_.stage(), [this](PanelText text) { return word(text); }, [this] { return now(); }}
     , answers_{*new AnswerStrip{&window_.stage()}}
     , guard_{window_, gate_, [this] { answers_.touched(); }}
     , confirms_{*watched_, answers_, [this](PanelText text) { return word(text); },
           [this](const QString& line) { errors_.add(ErrorEntry::Origin::Panel, line); }}
-    , trends_{window_.stage(), [this](std::string_view name) { return variables_->ReadValue(name); },
-          [this](PanelText text) { return word(text); }, [this] { return mayShowTrends(); }}
+    , trends_{window_.stage(), [this](std::string_view name) { return watched_->look(name); },
+          [this](PanelText text) { return word(text); }, [this] { return mayShowTrends(); }, trendClocks()}
     , messages_{window_.stage(), gate_, [this](PanelText text) { return word(text); }}
-    , objects_{{std::make_shared<ObservedVariables>(watched_,
-                    [this](std::string_view name, const Variant* value) { trends_.seen(name, value); }),
+    , objects_{{watched_,
           std::make_shared<PanelPathHelper>(mapping_, file_.input,
               [this](std::int16_t number) { gate_.later([this, number] { openScreen(number); }); }),
           errors_, makeDatabase()}}
@@ -110,6 +104,7 @@ Panel::Panel(PanelSettings settings)
     applySettings();
     stateDiagonal(window_.stage(), file_.diagonalInches.value_or(usualDiagonal(window_.stage().width())));
     watched_->setChangeHandler([this] { showValueStates(); });
+    watched_->setObserver([this](std::string_view name, const Variant* value) { trends_.seen(name, value); });
     window_.setKeyHandler([this](int number) { pressKey(number); });
     window_.setCloseHandler([this] {
         gate_.later([this] {
@@ -139,6 +134,14 @@ MakeDatabase Panel::makeDatabase()
 {
     if (settings_.makeDatabase) return settings_.makeDatabase;
     return [this] { return std::make_shared<jet::JetEngine>(mapping_); };
+}
+
+// A clock that is given instead of the system's jumps only if it is made to.
+Trends::Clocks Panel::trendClocks()
+{
+    if (!settings_.clock) return {{}, [this] { return now(); }};
+    return {[clock = settings_.clock] { return static_cast<double>(clock().toMSecsSinceEpoch()) / 1000; },
+        settings_.clock};
 }
 
 Panel::~Panel()
@@ -274,6 +277,7 @@ MadeControl Panel::make(std::string_view className, const platform::ControlPlatf
 void Panel::openServo()
 {
     closeScreen();
+    watched_->startDisplays();
     operation("create");
     servo_ = std::make_unique<ControlHost>("Servo", &window_.stage(), forms_);
     servo_->put(names::Visible, {}, Variant{true});
@@ -284,6 +288,8 @@ void Panel::openServo()
     if (auto* page = dynamic_cast<ControlHost*>(servo_->find("ServoMain"))) trends_.watch(*page);
     operation("show");
     servo_->show();
+    // What was read while the control was being made found no displays yet.
+    showValueStates();
 }
 
 // In the header where there is one, else where it would be.
@@ -316,33 +322,17 @@ void Panel::setLink(const Link& link)
 {
     const bool isNews = link_.good != link.good || link_.reason != link.reason;
     link_ = link;
+    watched_->setLink(link.good);
     if (!isNews) return;
     if (!link_.good) note(link_.reason);
     showValueStates();
 }
 
-bool Panel::isStale(const ValueSource& source) { return !link_.good || watched_->isStale(source); }
+ValueState Panel::valueState(const ValueSource& source) { return watched_->state(source); }
 
 void Panel::showValueStates()
 {
     if (servo_) servo_->showValueStates();
-}
-
-LinkQuality Panel::linkQuality()
-{
-    if (!link_.good) return LinkQuality::Bad;
-    ControlHost* part = shownPart();
-    int shown = 0;
-    int stale = 0;
-    if (part != nullptr)
-        part->forEach([&](std::string_view name, std::int16_t index, Child& child) {
-            if (!valueSource(name, index) || child.viewOrNull() == nullptr || !child.view().isVisible())
-                return;
-            ++shown;
-            if (child.isStale()) ++stale;
-        });
-    if (stale == 0) return LinkQuality::Good;
-    return stale == shown ? LinkQuality::Bad : LinkQuality::Partly;
 }
 
 void Panel::eventBegins(ControlHost& form, std::string_view event, platform::Args)
@@ -502,27 +492,6 @@ void Panel::retranslate()
     window_.stage().update();
 }
 
-HeaderTexts Panel::headerTexts()
-{
-    HeaderTexts texts;
-    texts.title = toQt(title());
-    const auto value = [this](const std::string& name) {
-        const Variant* found = variables_->find(name);
-        return found == nullptr ? QString{} : valueText(*found);
-    };
-    const QString number = value(std::string{machineVariable});
-    const QString designation = value(std::string{designationVariable} + number.toStdString() + ">");
-    const std::string* const machineName = languages_.find("Panel.Machine." + designation.toStdString());
-    texts.machine = word(PanelText::Machine) + u' ' + designation;
-    if (machineName != nullptr) texts.machine += QStringLiteral(" – ") + toQt(*machineName);
-    texts.level = word(PanelText::AccessLevel) + u' ' + value(std::string{levelVariable});
-    if (ControlHost* part = shownPart())
-        if (auto* heading = dynamic_cast<VWSIndex*>(part->find("Überschrift")))
-            texts.shown = heading->shown();
-    texts.quality = linkQuality();
-    constexpr std::array words{PanelText::LinkGood, PanelText::LinkPartly, PanelText::LinkBad};
-    texts.link = word(words[static_cast<std::size_t>(texts.quality)]);
-    return texts;
-}
+HeaderTexts Panel::headerTexts() { return headerWriter_.write(toQt(title()), shownPart()); }
 
 } // namespace servopanel::panel

@@ -5,6 +5,7 @@
 #include "machine/variable_store.h"
 #include "panel/form/control_host.h"
 #include "panel/runtime/confirm_answers.h"
+#include "panel/runtime/header_writer.h"
 #include "panel/runtime/input_guard.h"
 #include "panel/runtime/languages.h"
 #include "panel/runtime/machine_runner.h"
@@ -50,7 +51,8 @@ struct PanelSettings {
     // Another way to the process variables than straight to the panel's own.
     std::function<std::shared_ptr<platform::ProcessVarAccess>(std::shared_ptr<platform::ProcessVarAccess>)>
         wrapVariables;
-    std::function<QDateTime()> clock; // the wall clock; empty: the system's
+    // The wall clock, whose seconds trends then count as well; empty: the clocks of the system.
+    std::function<QDateTime()> clock;
 };
 
 // Why a panel cannot be started at all: one line for the engineer.
@@ -111,7 +113,7 @@ public:
     void mirror(std::string_view variable, const basic::Variant& value) override;
     void operation(const std::string& command) override;
     bool takesKey(int number) override;
-    bool isStale(const ValueSource& source) override;
+    ValueState valueState(const ValueSource& source) override;
     void eventBegins(ControlHost& form, std::string_view event, platform::Args args) override;
     void eventEnds(ControlHost& form, std::string_view event, platform::Args args) override;
     // HeaderSource
@@ -124,6 +126,7 @@ public:
 
 private:
     MakeDatabase makeDatabase();
+    Trends::Clocks trendClocks();
     void applySettings();
     void takeUpChoices();
     Choices choices();
@@ -140,7 +143,6 @@ private:
     void placeErrorKey();
     void placeAnswers();
     void showValueStates();
-    LinkQuality linkQuality();
     bool mayShowTrends();
 
     PanelSettings settings_;
@@ -151,6 +153,7 @@ private:
     std::shared_ptr<WatchedVariables> watched_;
     std::optional<RememberedChoices> remembered_;
     machine::VariableStore::ListenerId choiceListener_ = 0;
+    HeaderWriter headerWriter_;
     Link link_;
     EventGate gate_;
     PanelWindow window_;

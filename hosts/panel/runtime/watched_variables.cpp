@@ -3,6 +3,7 @@
 #include "basic/conversions.h"
 #include "basic/error.h"
 
+#include <algorithm>
 #include <bitset>
 
 namespace servopanel::panel {
@@ -11,12 +12,16 @@ namespace {
 
 constexpr unsigned switchBits = 0xF; // the rest of the word is not the panel's
 
+bool isOneValue(std::string_view family)
+{
+    return family == families::switches || family == families::faultText;
+}
+
 // What is wrong with a value that could be read, seen from those who show it.
 std::string problemOf(std::string_view family, std::string_view name, const basic::Variant& value)
 {
     const bool isList = value.holds<basic::Array>();
-    const bool isOneValue = family == families::switches || family == families::faultText;
-    if (isList == !isOneValue) return {};
+    if (isList == !isOneValue(family)) return {};
     std::string problem = "'";
     problem += name;
     problem += isList ? "': a list where one value is expected" : "': no list of values";
@@ -50,7 +55,26 @@ int changesOf(std::string_view family, const basic::Variant& before, const basic
 
 } // namespace
 
+basic::Variant WatchedVariables::look(std::string_view name)
+{
+    if (!linkIsGood_) basic::raise(basic::ErrorNumber::InvalidProcedureCall, name);
+    return inner_->ReadValue(name);
+}
+
 basic::Variant WatchedVariables::ReadValue(std::string_view name)
+{
+    basic::Variant value;
+    try {
+        value = readAndKeep(name);
+    } catch (const basic::Error&) {
+        if (observer_) observer_(name, nullptr);
+        throw;
+    }
+    if (observer_) observer_(name, linkIsGood_ ? &value : nullptr);
+    return value;
+}
+
+basic::Variant WatchedVariables::readAndKeep(std::string_view name)
 {
     const std::string_view family = familyOf(name);
     if (family.empty() || family == families::changedFlag) return inner_->ReadValue(name);
@@ -58,17 +82,20 @@ basic::Variant WatchedVariables::ReadValue(std::string_view name)
     const Read* const before = latest(family);
     const bool wasGood = before == nullptr || before->problem.empty();
     const std::size_t count = before == nullptr ? 0 : elements(before->value);
+    const bool isAnother = before == nullptr || before->variable != name;
     latest_[family] = std::string{name};
     Read& read = reads_[std::string{name}];
     read.variable = name;
     const auto tell = [&] {
-        if (changed_ && (wasGood != read.problem.empty() || count != elements(read.value))) changed_();
+        const bool differs = isAnother || wasGood != read.problem.empty() || count != elements(read.value);
+        if (changed_ && differs) changed_();
     };
     try {
         const basic::Variant value = inner_->ReadValue(name);
         read.value = value;
         read.problem = problemOf(family, name, value);
         read.error = read.problem.empty() ? 0 : static_cast<std::int32_t>(basic::ErrorNumber::TypeMismatch);
+        if (read.problem.empty()) noteShown(family, read);
         tell();
         return value;
     } catch (const basic::Error& error) {
@@ -108,13 +135,31 @@ const WatchedVariables::Read* WatchedVariables::latest(std::string_view family) 
     return read == reads_.end() ? nullptr : &read->second;
 }
 
-bool WatchedVariables::isStale(const ValueSource& source) const
+// What an element of a family is counted by: one number or text has only one.
+std::size_t WatchedVariables::place(const ValueSource& source)
+{
+    return isOneValue(source.family) ? 0 : static_cast<std::size_t>(source.element);
+}
+
+void WatchedVariables::noteShown(std::string_view family, const Read& read)
+{
+    std::vector<const Read*>& shown = shown_[family];
+    const std::size_t count = isOneValue(family) ? 1 : elements(read.value);
+    if (shown.size() < count) shown.resize(count);
+    std::fill_n(shown.begin(), count, &read);
+}
+
+ValueState WatchedVariables::state(const ValueSource& source) const
 {
     const Read* const read = latest(source.family);
-    if (read == nullptr) return false;
-    if (!read->problem.empty()) return true;
-    const bool isList = read->value.holds<basic::Array>();
-    return isList && static_cast<std::size_t>(source.element) >= elements(read->value);
+    if (read == nullptr) return linkIsGood_ ? ValueState::Fresh : ValueState::Unknown;
+    const bool holds =
+        read->problem.empty() && (isOneValue(source.family) || place(source) < elements(read->value));
+    if (holds && linkIsGood_) return ValueState::Fresh;
+    const auto shown = shown_.find(source.family);
+    const bool isItsOwn =
+        shown != shown_.end() && place(source) < shown->second.size() && shown->second[place(source)] == read;
+    return isItsOwn ? ValueState::Stale : ValueState::Unknown;
 }
 
 } // namespace servopanel::panel

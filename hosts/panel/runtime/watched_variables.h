@@ -1,6 +1,7 @@
 #pragma once
 
 #include "panel/form/value_source.h"
+#include "panel/look/value_state.h"
 #include "platform/process_var_access.h"
 
 #include <functional>
@@ -13,8 +14,9 @@
 
 namespace servopanel::panel {
 
-// Passes every access to the process variables on and keeps what became of it: which values of a servo could be read at
-// last, and what a confirmed change came to.
+// The way to the process variables, for the library and for all that the panel shows of them. It passes every access of
+// the library on and keeps what became of it: which values of a servo could be read at last, and what a confirmed change
+// came to. The panel itself only looks.
 class WatchedVariables : public platform::ProcessVarAccess {
 public:
     explicit WatchedVariables(std::shared_ptr<platform::ProcessVarAccess> inner)
@@ -25,6 +27,19 @@ public:
     basic::Variant ReadValue(std::string_view name) override;
     void WriteValue(std::string_view name, const basic::Variant& value) override;
 
+    // The value of a variable for the panel's own eyes: what is kept of the library's reads stays as it is. Raises
+    // basic::Error when it cannot be read, and while the connection is bad, when it would be an old one.
+    basic::Variant look(std::string_view name);
+
+    // Told of everything that the library reads. value: nullptr when the variable could not be read, or only an old value
+    // of it. The references end with the call.
+    using Observer = std::function<void(std::string_view name, const basic::Variant* value)>;
+    void setObserver(Observer observer) { observer_ = std::move(observer); }
+
+    // The connection to the machine, as whoever holds it sees it. While it is bad, everything that is read is old.
+    void setLink(bool good) { linkIsGood_ = good; }
+    bool linkIsGood() const { return linkIsGood_; }
+
     // The latest read of a variable that holds values of a servo.
     struct Read {
         std::string variable;
@@ -34,8 +49,10 @@ public:
     };
     // Of a family, whichever servo was read last: it is the one that is shown. nullptr before the first read.
     const Read* latest(std::string_view family) const;
-    // Whether the last read of what stands behind a value failed, or does not hold it.
-    bool isStale(const ValueSource& source) const;
+    // How far what stands in a display is the value behind it.
+    ValueState state(const ValueSource& source) const;
+    // The displays are new and hold nothing yet.
+    void startDisplays() { shown_.clear(); }
 
     // Called when a value has become stale or can be shown again.
     void setChangeHandler(std::function<void()> changed) { changed_ = std::move(changed); }
@@ -53,9 +70,17 @@ public:
     const std::vector<Write>& writes() const { return writes_; }
 
 private:
+    basic::Variant readAndKeep(std::string_view name);
+    static std::size_t place(const ValueSource& source);
+    void noteShown(std::string_view family, const Read& read);
+
     std::shared_ptr<platform::ProcessVarAccess> inner_;
+    bool linkIsGood_ = true;
+    Observer observer_;
     std::map<std::string, Read, std::less<>> reads_; // by variable; there are as many as the project has
     std::map<std::string_view, std::string> latest_; // variable by family
+    // By family, for each element: the read that gave what its display holds; displays keep it when a later read fails.
+    std::map<std::string_view, std::vector<const Read*>> shown_;
     std::vector<Write> writes_;
     std::function<void()> changed_;
 };

@@ -2,6 +2,7 @@
 
 #include "panel/look/colours.h"
 #include "panel/look/fonts.h"
+#include "panel/look/touch_size.h"
 #include "panel/trends/line_mark.h"
 
 #include <QPainter>
@@ -38,9 +39,11 @@ void TrendLegend::setValue(const QString& value)
     update();
 }
 
+int TrendLegend::keySide() const { return std::max(std::min(height() - 2, 44), leastTouch(*this)); }
+
 void TrendLegend::place()
 {
-    const int side = std::min(height() - 2, 44);
+    const int side = keySide();
     const QRect key{width() - side, (height() - side) / 2, side, side};
     remove_->setGeometry(QStyle::visualRect(layoutDirection(), rect(), key));
 }
@@ -65,10 +68,9 @@ void TrendLegend::paintEvent(QPaintEvent*)
     }
     constexpr int sample = 30;
     const int gap = 6;
-    const int keySide = std::min(height() - 2, 44);
     drawSample(painter, at({2, 0, sample, height()}), line_->mark);
     const QString shown = line_->unit.isEmpty() ? value_ : value_ + u' ' + line_->unit;
-    const QRect words{sample + gap + 2, 0, width() - sample - 2 * gap - keySide - 2, height()};
+    const QRect words{sample + gap + 2, 0, width() - sample - 2 * gap - keySide() - 2, height()};
     painter.setPen(colours::ink);
     if (height() >= twoLinesFrom) {
         const int line = height() / 2;

@@ -23,6 +23,7 @@ protected:
 
 private:
     void place();
+    int keySide() const;
 
     std::optional<TrendLine> line_;
     QString hint_;

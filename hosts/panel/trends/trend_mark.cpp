@@ -44,6 +44,8 @@ bool TrendMark::eventFilter(QObject*, QEvent* event)
 
 void TrendMark::paintEvent(QPaintEvent*)
 {
+    // There stands the sign of a stale value, whose trend has just broken off.
+    if (field_.marks().stale) return;
     QPainter painter{this};
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen{colours::accent, 1.5});

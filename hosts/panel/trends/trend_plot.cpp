@@ -94,7 +94,7 @@ void TrendPlot::setFrozen(bool frozen)
 {
     if (frozen == isFrozen()) return;
     if (frozen) {
-        frozen_.emplace(Frozen{*live_, now_, QDateTime::currentDateTime()});
+        frozen_.emplace(Frozen{*live_, now_, wallClock_()});
     } else {
         frozen_.reset();
         finger_.reset();
@@ -261,7 +261,8 @@ void TrendPlot::drawTimes(QPainter& painter) const
         const int half = metrics.horizontalAdvance(label) / 2 + 1;
         // Not below the scale's own labels.
         const int left = std::clamp(static_cast<int>(at) - half, place.left(), width() - 2 * half);
-        painter.drawText(QRect{left, place.bottom() + 2, 2 * half, metrics.height()}, Qt::AlignCenter, label);
+        painter.drawText(QRect{left, place.bottom() + 2, 2 * half, metrics.height()},
+            Qt::AlignCenter | Qt::TextDontClip, label);
     }
 }
 
@@ -285,7 +286,8 @@ void TrendPlot::drawGrid(QPainter& painter) const
         for (int tick = 0; tick <= gridSteps; ++tick) {
             const int middle = static_cast<int>(place.bottom() - double(tick) / gridSteps * place.height());
             const QRect where{right - wide, middle - metrics.height() / 2, wide - 3, metrics.height()};
-            painter.drawText(where, Qt::AlignRight | Qt::AlignVCenter, axis(line.mark).label(tick));
+            painter.drawText(
+                where, Qt::AlignRight | Qt::AlignVCenter | Qt::TextDontClip, axis(line.mark).label(tick));
         }
         if (shared_) break;
         drawMark(painter, QPointF(right - wide / 2.0, markRoom / 2.0 + 1), line.mark, 7);
@@ -347,7 +349,7 @@ void TrendPlot::drawCurve(QPainter& painter, const TrendLine& line) const
 
 QString TrendPlot::ageText(double seconds) const
 {
-    const QDateTime present = frozen_ ? frozen_->wallClock : QDateTime::currentDateTime();
+    const QDateTime present = frozen_ ? frozen_->wallClock : wallClock_();
     const double age = std::max(0.0, end() - seconds);
     return present.addMSecs(-std::llround(age * 1000)).toString(QStringLiteral("HH:mm:ss"))
         + QStringLiteral("   −") + QString::number(age, 'f', 1) + QStringLiteral(" s");
@@ -385,12 +387,13 @@ void TrendPlot::drawCursor(QPainter& painter) const
     painter.setFont(font);
     painter.setPen(colours::ink);
     QRect row{box.left() + margin, box.top() + margin / 2, wide, line};
-    painter.drawText(row, Qt::AlignLeft | Qt::AlignVCenter, head);
+    painter.drawText(row, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, head);
     for (std::size_t i = 0; i < lines_.size(); ++i) {
         row.translate(0, line);
         drawSample(painter, QRect{row.left(), row.top(), sample, row.height()}, lines_[i].mark);
         painter.setPen(colours::ink);
-        painter.drawText(row.adjusted(sample + 6, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, texts[i]);
+        painter.drawText(
+            row.adjusted(sample + 6, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, texts[i]);
         const double value = valueAtCursor(lines_[i]);
         if (std::isnan(value)) continue;
         const Axis& scale = axis(lines_[i].mark);

@@ -19,6 +19,7 @@ struct TrendLine {
     int mark = 0;
     QString caption;
     QString unit;
+    QString table{}; // titles of the table that it belongs to; empty for a value of its own
 };
 
 // A value of a column as it reads: with as many decimals as the column had lately, so that it does not jump to and fro.
@@ -33,6 +34,8 @@ public:
     // What is drawn; the history outlives the plot. now: the present, in seconds of the history's clock.
     void setHistory(const History& history) { live_ = &history; }
     void setNow(double seconds);
+    // The time of day that belongs to the present.
+    void setWallClock(std::function<QDateTime()> clock) { wallClock_ = std::move(clock); }
     void setLines(std::vector<TrendLine> lines);
     // Seconds from the left edge to the right.
     void setSpan(double seconds);
@@ -88,6 +91,7 @@ private:
     void touch(QPointF at);
 
     const History* live_ = nullptr;
+    std::function<QDateTime()> wallClock_ = [] { return QDateTime::currentDateTime(); };
     std::optional<Frozen> frozen_;
     std::vector<TrendLine> lines_;
     std::array<std::optional<Axis>, 4> axes_;

@@ -1,6 +1,7 @@
 #include "panel/trends/trend_sheet.h"
 
 #include "panel/look/fonts.h"
+#include "panel/look/touch_size.h"
 #include "panel/trends/line_mark.h"
 
 #include <QEvent>
@@ -68,7 +69,7 @@ void TrendSheet::chooseSpan(std::size_t which)
         spans_[i]->setChosen(i == which);
 }
 
-bool TrendSheet::add(std::size_t column, const QString& caption, const QString& unit)
+bool TrendSheet::add(std::size_t column, const QString& caption, const QString& unit, const QString& table)
 {
     const auto isIt = [column](const TrendLine& line) { return line.column == column; };
     if (std::any_of(lines_.begin(), lines_.end(), isIt)) return true;
@@ -77,7 +78,7 @@ bool TrendSheet::add(std::size_t column, const QString& caption, const QString& 
     while (std::any_of(
         lines_.begin(), lines_.end(), [mark](const TrendLine& line) { return line.mark == mark; }))
         ++mark;
-    lines_.push_back({column, mark, caption, unit});
+    lines_.push_back({column, mark, caption, unit, table});
     adapt();
     return true;
 }
@@ -99,12 +100,13 @@ void TrendSheet::removeAll()
     adapt();
 }
 
-void TrendSheet::rename(std::size_t column, const QString& caption, const QString& unit)
+void TrendSheet::rename(std::size_t column, const QString& caption, const QString& unit, const QString& table)
 {
     for (TrendLine& line : lines_) {
         if (line.column != column) continue;
         line.caption = caption;
         line.unit = unit;
+        line.table = table;
     }
     adapt();
 }
@@ -128,10 +130,20 @@ void TrendSheet::sayFull(bool full)
     adapt();
 }
 
+// The title of a table stands above all, because it is too long for every line of the legend.
+QString TrendSheet::titleText() const
+{
+    const QString dash = QStringLiteral(" – ");
+    QString title = words_(PanelText::Trend);
+    if (full_) return title + dash + words_(PanelText::TrendFull);
+    const auto cell = std::find_if(
+        lines_.begin(), lines_.end(), [](const TrendLine& line) { return !line.table.isEmpty(); });
+    return cell == lines_.end() ? title : title + dash + cell->table;
+}
+
 void TrendSheet::adapt()
 {
-    const QString title = words_(PanelText::Trend);
-    setTitle(full_ ? title + QStringLiteral(" – ") + words_(PanelText::TrendFull) : title);
+    setTitle(titleText());
     freeze_->setText(words_(plot_->isFrozen() ? PanelText::TrendContinue : PanelText::TrendFreeze));
     freeze_->setChosen(plot_->isFrozen());
     shared_->setChosen(plot_->isShared());
@@ -148,7 +160,8 @@ void TrendSheet::place()
 {
     const QRect inside = inner();
     const int gap = scaled(0.006, width(), 3, 8);
-    const int keyHeight = scaled(0.13, height(), 32, 56);
+    const int finger = leastTouch(*this);
+    const int keyHeight = std::max(scaled(0.13, height(), 32, 56), finger);
     const auto put = [this](QWidget& widget, const QRect& where) {
         widget.setGeometry(QStyle::visualRect(layoutDirection(), rect(), where));
     };
@@ -170,7 +183,7 @@ void TrendSheet::place()
     const QRect above = inside.adjusted(0, 0, 0, -keyHeight - gap);
     const int legendWidth = scaled(0.26, width(), 265, 340);
     put(*plot_, above.adjusted(0, 0, -legendWidth - gap, 0));
-    const int rowHeight = std::min(above.height() / static_cast<int>(legends_.size()), 64);
+    const int rowHeight = std::min(above.height() / static_cast<int>(legends_.size()), std::max(64, finger));
     for (std::size_t i = 0; i < legends_.size(); ++i)
         put(*legends_[i],
             {above.right() + 1 - legendWidth, above.top() + rowHeight * static_cast<int>(i), legendWidth,

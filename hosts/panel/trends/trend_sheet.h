@@ -19,11 +19,11 @@ public:
     // In the order in which they were added.
     const std::vector<TrendLine>& lines() const { return lines_; }
     // Adds a value with a mark that no other line has; false when there are four. One that is there stays as it is.
-    bool add(std::size_t column, const QString& caption, const QString& unit);
+    bool add(std::size_t column, const QString& caption, const QString& unit, const QString& table = {});
     void remove(std::size_t column);
     void removeAll();
-    // Captions and units of a line, and the words of the keys, in another language.
-    void rename(std::size_t column, const QString& caption, const QString& unit);
+    // The texts of a line, and the words of the keys, in another language.
+    void rename(std::size_t column, const QString& caption, const QString& unit, const QString& table = {});
     void retranslate();
     void setValue(std::size_t column, const QString& value);
     // Says in the title that no more values find room.
@@ -49,6 +49,7 @@ private:
     void chooseSpan(std::size_t which);
     void place();
     void adapt();
+    QString titleText() const;
 
     PanelWords words_;
     std::vector<TrendLine> lines_;

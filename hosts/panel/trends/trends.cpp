@@ -13,17 +13,19 @@ constexpr std::size_t firstOfTable = 20;
 }
 
 Trends::Trends(
-    QWidget& stage, Sampler::Read read, PanelWords words, std::function<bool()> mayOpen, Sampler::Clock clock)
+    QWidget& stage, Sampler::Read read, PanelWords words, std::function<bool()> mayOpen, Clocks clocks)
     : stage_{stage}
     , mayOpen_{std::move(mayOpen)}
     , sampler_{std::move(read),
-          clock ? std::move(clock) : [this] { return static_cast<double>(clock_.nsecsElapsed()) / 1e9; }}
+          clocks.seconds ? std::move(clocks.seconds)
+                         : [this] { return static_cast<double>(clock_.nsecsElapsed()) / 1e9; }}
     , sheet_{new TrendSheet{&stage, std::move(words)}}
 {
     clock_.start();
     timer_.setInterval(Sampler::periodMs);
     QObject::connect(&timer_, &QTimer::timeout, this, [this] { refresh(); });
     sheet_->plot().setHistory(sampler_.history());
+    sheet_->plot().setWallClock(std::move(clocks.wall));
     // Another servo or another page: its values are not those of the curves.
     sampler_.setChanged([this] { close(); });
     sheet_->setWishHandler([this](TrendSheet::Wish wish) {
@@ -104,7 +106,7 @@ void Trends::languageChanged()
     const std::vector<TrendLine> lines = sheet_->lines();
     for (const TrendLine& line : lines) {
         const ValueWords words = valueWords(*page_, line.column);
-        sheet_->rename(line.column, words.caption, words.unit);
+        sheet_->rename(line.column, words.caption, words.unit, words.table);
     }
     sheet_->retranslate();
 }
@@ -140,16 +142,21 @@ bool Trends::eventFilter(QObject* watched, QEvent* event)
     }
 }
 
+std::vector<ValueCell> Trends::offered() const
+{
+    if (page_ == nullptr || page_->hasEnded() || box_ == nullptr) return {};
+    std::vector<ValueCell> cells = valueCells(*page_);
+    std::erase_if(
+        cells, [this](const ValueCell& cell) { return std::isnan(sampler_.history().newest(cell.column)); });
+    return cells;
+}
+
 bool Trends::touched(QWidget& widget, QPoint at)
 {
-    if (page_ == nullptr || page_->hasEnded() || box_ == nullptr || !mayOpen_()) return false;
-    const QPoint onBox = &widget == box_ ? at : widget.mapTo(box_.data(), at);
-    const ValueCell* best = nullptr;
-    const std::vector<ValueCell> cells = valueCells(*page_);
-    const auto away = [&](const ValueCell& cell) { return std::abs(cell.touch.center().y() - onBox.y()); };
-    for (const ValueCell& cell : cells)
-        if (cell.touch.contains(onBox) && (best == nullptr || away(cell) < away(*best))) best = &cell;
-    if (best == nullptr || std::isnan(sampler_.history().newest(best->column))) return false;
+    if (!mayOpen_()) return false;
+    const std::vector<ValueCell> cells = offered();
+    const ValueCell* const best = nearestCell(cells, &widget == box_ ? at : widget.mapTo(box_.data(), at));
+    if (best == nullptr) return false;
     open(*best);
     return true;
 }
@@ -164,7 +171,7 @@ void Trends::open(const ValueCell& cell)
         sheet_->retranslate();
     }
     const ValueWords words = valueWords(*page_, cell.column);
-    sheet_->sayFull(!sheet_->add(cell.column, words.caption, words.unit));
+    sheet_->sayFull(!sheet_->add(cell.column, words.caption, words.unit, words.table));
     if (!wasOpen) {
         lay();
         sheet_->show();

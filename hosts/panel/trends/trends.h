@@ -18,10 +18,13 @@ namespace servopanel::panel {
 // it. All of it is the panel's own: the library neither sees the touch nor the plot, and values are only read.
 class Trends : public QObject {
 public:
-    // stage: where the plot lies. mayOpen: nothing else wants the operator's attention. clock: nothing for the
-    // system's own that never jumps.
-    Trends(QWidget& stage, Sampler::Read read, PanelWords words, std::function<bool()> mayOpen,
-        Sampler::Clock clock = {});
+    struct Clocks {
+        Sampler::Clock seconds; // nothing: the system's own that never jumps
+        std::function<QDateTime()> wall; // for the times that are shown
+    };
+    // stage: where the plot lies. mayOpen: nothing else wants the operator's attention.
+    Trends(
+        QWidget& stage, Sampler::Read read, PanelWords words, std::function<bool()> mayOpen, Clocks clocks);
     ~Trends() override;
 
     // The page whose values can be touched from now on. It tells no more when it ends; forget() comes first.
@@ -30,6 +33,11 @@ public:
     // What a page has read, see Sampler::seen.
     void seen(std::string_view name, const basic::Variant* value);
     void languageChanged();
+
+    // Where a touch opens a trend now: values that were read and are numbers.
+    std::vector<ValueCell> offered() const;
+    // What all of them lie in; nullptr while no page is watched.
+    QWidget* box() const { return box_; }
 
     bool isOpen() const { return !sheet_->isHidden(); }
     void close();

@@ -3,6 +3,10 @@
 #include "panel/form/label.h"
 #include "panel/form/vws_index.h"
 #include "panel/form/vws_var.h"
+#include "panel/look/touch_size.h"
+
+#include <algorithm>
+#include <cstdlib>
 
 namespace servopanel::panel {
 
@@ -13,13 +17,22 @@ constexpr int lastLine = 120; // single values with caption and unit
 constexpr int firstCell = 121; // a table of four columns
 constexpr int lastCell = 140;
 constexpr int tableRows = 5; // the first of them heads its column
-// Fingers are larger than lines of text; what lies between two lines belongs to the nearer one.
-constexpr int around = 3; // pixels
+constexpr int secondTitle = 122; // of the table, over its right half
+constexpr int around = 3; // pixels above and below a value that belong to it at least
 
 QRect seen(ControlHost& page, std::string_view name, int index)
 {
     Child* child = page.find(name, static_cast<std::int16_t>(index));
     return child != nullptr && child->view().isVisible() ? child->view().geometry() : QRect{};
+}
+
+bool isColumnHead(int number) { return number >= firstCell && (number - firstCell) % tableRows == 0; }
+
+// As high as a finger needs it, around the same middle.
+QRect forFinger(QRect touch, int least)
+{
+    const int more = std::max(2 * around, least - touch.height());
+    return touch.adjusted(0, -(more + 1) / 2, 0, more / 2);
 }
 
 QString shownText(ControlHost& page, std::string_view name, int index)
@@ -47,28 +60,39 @@ std::vector<ValueCell> valueCells(ControlHost& page)
 {
     std::vector<ValueCell> cells;
     for (int number = firstValue; number <= lastCell; ++number) {
+        if (isColumnHead(number)) continue;
         TextView* view = valueView(page, number);
         if (view == nullptr || !view->isVisible()) continue;
         QRect touch = view->geometry();
         if (number <= lastLine) touch |= seen(page, "Beschriftung", number) | seen(page, "Einheit", number);
         cells.push_back(
-            {static_cast<std::size_t>(number - firstValue), view, touch.adjusted(0, -around, 0, around)});
+            {static_cast<std::size_t>(number - firstValue), view, forFinger(touch, leastTouch(*view))});
     }
     return cells;
+}
+
+const ValueCell* nearestCell(const std::vector<ValueCell>& cells, QPoint at)
+{
+    const ValueCell* best = nullptr;
+    const auto away = [&](const ValueCell& cell) { return std::abs(cell.touch.center().y() - at.y()); };
+    for (const ValueCell& cell : cells)
+        if (cell.touch.contains(at) && (best == nullptr || away(cell) < away(*best))) best = &cell;
+    return best;
 }
 
 ValueWords valueWords(ControlHost& page, std::size_t column)
 {
     const int number = firstValue + static_cast<int>(column);
     if (number <= lastLine)
-        return {shownText(page, "Beschriftung", number), shownText(page, "Einheit", number)};
+        return {shownText(page, "Beschriftung", number), shownText(page, "Einheit", number), {}};
     const int tableColumn = (number - firstCell) / tableRows;
     const int row = (number - firstCell) % tableRows;
-    // What tells cells apart comes first: the head of the column and the row below it.
     TextView* head = valueView(page, firstCell + tableColumn * tableRows);
-    const QString title = shownText(page, "Beschriftung", firstCell);
-    const QString place = head == nullptr ? QString::number(tableColumn + 1) : head->text();
-    return {place + u'/' + QString::number(row) + QStringLiteral(" – ") + title, {}};
+    const QString top = head == nullptr ? QString::number(tableColumn + 1) : head->shownText();
+    QStringList titles{
+        shownText(page, "Beschriftung", firstCell), shownText(page, "Beschriftung", secondTitle)};
+    titles.removeAll({});
+    return {top + QStringLiteral(" / ") + QString::number(row), {}, titles.join(QStringLiteral(" – "))};
 }
 
 } // namespace servopanel::panel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "panel/look/panel_text.h"
+#include "panel/look/value_state.h"
 #include "panel/widgets/key_pad.h"
 #include "panel/widgets/sheet.h"
 
@@ -10,9 +11,10 @@ namespace servopanel::panel {
 struct MaskTask {
     QString title; // caption of the field, may be empty
     QString unit;
-    std::string number = "0"; // as the page shows it
+    std::string number = "0"; // as the page shows it; empty: it is not known
     std::optional<double> lower;
     std::optional<double> upper;
+    ValueState limitsState = ValueState::Fresh; // how far the limits are those of the machine
 };
 
 // The number pad that opens over the page. It always shows the limits and the unit; when it refuses a value it stays

@@ -25,7 +25,7 @@ int decimalsOf(const std::optional<double>& limit) { return limit ? decimalsOf(b
 void NumberEntry::start(const std::string& number, std::optional<double> lower, std::optional<double> upper)
 {
     text_ = number;
-    first_ = value().value_or(0);
+    first_ = value();
     lower_ = lower;
     upper_ = upper;
     decimals_ = std::max({decimalsOf(text_), decimalsOf(lower), decimalsOf(upper)});
@@ -113,7 +113,7 @@ NumberEntry::Verdict NumberEntry::verdict() const
 bool NumberEntry::changed() const
 {
     const std::optional<double> number = value();
-    return number && *number != first_;
+    return number && number != first_;
 }
 
 } // namespace servopanel::panel

@@ -11,8 +11,8 @@ public:
     // NoSign: only of a sign that the limits do not allow.
     enum class Verdict { Fine, NoNumber, TooSmall, TooLarge, NoSign };
 
-    // The number as it is written elsewhere, with "." as its point. Limits that are missing do not limit. The first digit
-    // replaces the number that is there at first.
+    // The number as it is written elsewhere, with "." as its point; empty: there is none. Limits that are missing do not
+    // limit. The first digit replaces the number that is there at first.
     void start(const std::string& number, std::optional<double> lower, std::optional<double> upper);
 
     void digit(int digit); // 0..9
@@ -37,7 +37,7 @@ public:
 private:
     void begin(); // before the first typed character
     std::string text_;
-    double first_ = 0;
+    std::optional<double> first_;
     int decimals_ = 0; // of the value at the start and of its limits
     std::optional<double> lower_;
     std::optional<double> upper_;

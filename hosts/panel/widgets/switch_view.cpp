@@ -48,6 +48,13 @@ void SwitchView::setBeingEdited(bool edited)
     update();
 }
 
+void SwitchView::setUnknown(bool unknown)
+{
+    if (unknown_ == unknown) return;
+    unknown_ = unknown;
+    update();
+}
+
 void SwitchView::mousePressEvent(QMouseEvent* event)
 {
     event->accept();
@@ -80,6 +87,7 @@ void SwitchView::changeEvent(QEvent* event)
 QRect SwitchView::slider() const
 {
     const int half = width() / 2;
+    if (unknown_) return QRect{width() / 4, 0, half, height()}.adjusted(3, 3, -3, -3);
     return mirroredIn(*this, {state_ ? width() - half : 0, 0, half, height()}).adjusted(3, 3, -3, -3);
 }
 
@@ -90,8 +98,8 @@ void SwitchView::paintEvent(QPaintEvent*)
     const QRectF whole = QRectF{rect()}.adjusted(1, 1, -1, -1);
 
     // The track shows both positions; the slider lies on the one that holds.
-    QColor track =
-        state_ ? mix(colours::accept, colours::field, 0.25) : mix(colours::border, colours::field, 0.45);
+    QColor track = state_ && !unknown_ ? mix(colours::accept, colours::field, 0.25)
+                                       : mix(colours::border, colours::field, 0.45);
     if (!free_ || marks_.stale) track = mix(track, colours::keyOff, 0.6);
     QPen edge{free_ ? colours::border : colours::faintBorder, 1};
     if (marks_.changed) edge = QPen{colours::accept, 3};
@@ -108,12 +116,13 @@ void SwitchView::paintEvent(QPaintEvent*)
     const QColor ink = free_ ? colours::ink : readable(colours::lockedInk, colours::keyOff);
     painter.setPen(marks_.stale ? staleInk(ink) : ink);
     drawFitted(painter, slider().adjusted(3, 0, -3, 0), Qt::AlignCenter,
-        panelFont(scaled(0.42, height(), 9, 18), true), words_(state_ ? PanelText::On : PanelText::Off));
-    // Signs in the half that the slider leaves free.
+        panelFont(scaled(0.42, height(), 9, 18), true),
+        unknown_ ? QStringLiteral("–") : words_(state_ ? PanelText::On : PanelText::Off));
+    // Signs where the slider leaves room.
     drawMarks(painter, rect(), {marks_.changed, false, false});
     const bool isSliderLeft = slider().center().x() < width() / 2;
-    const QRect free{isSliderLeft ? width() / 2 : 0, 0, width() - width() / 2, height()};
-    drawMarks(painter, free.adjusted(6, 0, 0, 0), {false, marks_.locked, marks_.stale});
+    const QRect half{isSliderLeft ? width() / 2 : 0, 0, width() - width() / 2, height()};
+    drawMarks(painter, unknown_ ? rect() : half.adjusted(6, 0, 0, 0), {false, marks_.locked, marks_.stale});
 }
 
 } // namespace servopanel::panel

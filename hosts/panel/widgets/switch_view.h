@@ -20,6 +20,9 @@ public:
     void setFree(bool free);
     // Its lock follows from setFree.
     void setMarks(const ValueMarks& marks);
+    // Neither on nor off: the slider stands in the middle without a word.
+    void setUnknown(bool unknown);
+    bool isUnknown() const { return unknown_; }
     const ValueMarks& marks() const { return marks_; }
     // Marks the switch that the definition editor is working on.
     void setBeingEdited(bool edited);
@@ -42,6 +45,7 @@ private:
     std::function<void()> touched_;
     ValueMarks marks_;
     bool state_ = false;
+    bool unknown_ = false;
     bool free_ = true;
     bool down_ = false;
     bool edited_ = false;

@@ -62,11 +62,22 @@ void TextView::setLockShown(bool shown)
     update();
 }
 
-void TextView::setStale(bool stale)
+void TextView::setState(ValueState state)
 {
-    if (stale_ == stale) return;
-    stale_ = stale;
+    if (state_ == state) return;
+    state_ = state;
     update();
+}
+
+const QString& TextView::shownText() const
+{
+    static const QString nothing = QStringLiteral("–");
+    return isUnknown() ? nothing : text_;
+}
+
+bool TextView::isStale() const
+{
+    return state_ != ValueState::Fresh && (frame_ != Frame::None || !shownText().isEmpty());
 }
 
 void TextView::setBeingEdited(bool edited)
@@ -79,12 +90,13 @@ void TextView::setBeingEdited(bool edited)
 QSize TextView::textSize() const
 {
     const QFontMetrics metrics{font_};
-    return {metrics.horizontalAdvance(forDrawing(text_, runsRightToLeft(text_))) + 1, metrics.height()};
+    return {metrics.horizontalAdvance(forDrawing(shownText(), runsRightToLeft(shownText()))) + 1,
+        metrics.height()};
 }
 
 int TextView::inkHeight() const
 {
-    if (frame_ != Frame::None || wrapping_ || text_.isEmpty()) return 0;
+    if (frame_ != Frame::None || wrapping_ || shownText().isEmpty()) return 0;
     const QFontMetrics metrics{fit().font};
     const QString& line = fit().lines.front();
     const QRect ink = metrics.tightBoundingRect(forDrawing(line, runsRightToLeft(line)));
@@ -118,12 +130,13 @@ const TextFit& TextView::fit() const
     if (changed_) font.setBold(true);
     const QSize size = inside().size();
     const bool digits = languageLook().arabicIndicDigits;
-    const bool isFitted = text_ == fittedText_ && font == fittedFont_ && size == fittedSize_
+    const QString& text = shownText();
+    const bool isFitted = text == fittedText_ && font == fittedFont_ && size == fittedSize_
         && wrapping_ == fittedWrapping_ && digits == fittedDigits_;
     if (isFitted) return fit_;
-    fit_ = wrapping_ ? TextFit::wrapped(text_, font, size, leastTextPixels)
-                     : TextFit::oneLine(text_, font, size, leastTextPixels);
-    fittedText_ = text_;
+    fit_ = wrapping_ ? TextFit::wrapped(text, font, size, leastTextPixels)
+                     : TextFit::oneLine(text, font, size, leastTextPixels);
+    fittedText_ = text;
     fittedFont_ = font;
     fittedSize_ = size;
     fittedWrapping_ = wrapping_;
@@ -142,6 +155,7 @@ QPen TextView::border() const
 {
     if (edited_) return QPen{colours::accent, 3};
     if (changed_) return QPen{colours::accept, 3};
+    if (isStale() && !hasRoomForSigns(rect())) return QPen{colours::ink, 1.5, Qt::DashLine};
     return QPen{frame_ == Frame::Field && !isLocked() ? colours::border : colours::faintBorder, 1};
 }
 
@@ -158,18 +172,18 @@ void TextView::paintEvent(QPaintEvent*)
         painter.drawRoundedRect(QRectF{rect()}.adjusted(line / 2, line / 2, -line / 2, -line / 2), 3, 3);
         painter.setRenderHint(QPainter::Antialiasing, false);
     }
-    if (stale_) drawHatching(painter, rect());
-    if (!text_.isEmpty()) {
+    if (isStale()) drawHatching(painter, rect());
+    if (!shownText().isEmpty()) {
         painter.setPen(shownInk());
         fit().draw(painter, inside().adjusted(0, 0, -overhang(), 0), alignment_);
     }
-    if (frame_ != Frame::None || stale_) drawMarks(painter, rect(), marks());
+    if (frame_ != Frame::None || isStale()) drawMarks(painter, rect(), marks());
 }
 
 // The ink of a text that can be read on what it stands on.
 QColor TextView::shownInk() const
 {
-    const QColor ink = stale_ ? staleInk(ink_) : ink_;
+    const QColor ink = isStale() ? staleInk(ink_) : ink_;
     const bool bare = frame_ == Frame::None && !background_;
     // A light text without a face of its own stands on something dark in a picture.
     const bool onPicture = bare && ink.lightness() > colours::background.lightness();

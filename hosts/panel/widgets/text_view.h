@@ -1,6 +1,7 @@
 #pragma once
 
 #include "panel/look/text_fit.h"
+#include "panel/look/value_state.h"
 #include "panel/widgets/touch_view.h"
 #include "panel/widgets/value_marks.h"
 
@@ -27,6 +28,8 @@ public:
 
     void setText(const QString& text);
     const QString& text() const { return text_; }
+    // What is read: the text, or "–".
+    const QString& shownText() const;
     // Left and right change places on a panel from right to left, unless the alignment is absolute.
     void setLook(const QFont& font, const QColor& ink, Qt::Alignment alignment);
     void setFrame(Frame frame);
@@ -37,14 +40,16 @@ public:
     void setChanged(bool changed);
     // Shows that the access level forbids to change it, beside what setLocked does.
     void setLockShown(bool shown);
-    // Shows that the value is only the last known one; the digits keep their size and place.
-    void setStale(bool stale);
-    ValueMarks marks() const { return {changed_, lockShown_, stale_}; }
+    // Shows that the value is only the last known one; the digits keep their size and place. Of one that is not known "–"
+    // is shown instead of the text. An empty text without a frame is nothing that could be old.
+    void setState(ValueState state);
+    bool isUnknown() const { return state_ == ValueState::Unknown; }
+    ValueMarks marks() const { return {changed_, lockShown_, isStale()}; }
     // Marks the field that the input mask is working on.
     void setBeingEdited(bool edited);
     bool isBeingEdited() const { return edited_; }
 
-    // Pixels that the text takes with this font, without frame.
+    // Pixels that what is read takes with this font, without frame.
     QSize textSize() const;
     // Pixels that the view must be high at least, so that no letter loses its upper or lower end. A frame keeps its height.
     int inkHeight() const;
@@ -55,6 +60,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    bool isStale() const;
     QRect inside() const; // where the text may stand
     int overhang() const;
     const TextFit& fit() const;
@@ -72,7 +78,7 @@ private:
     bool edited_ = false;
     bool changed_ = false;
     bool lockShown_ = false;
-    bool stale_ = false;
+    ValueState state_ = ValueState::Fresh;
 
     // What the text was last fitted for; a value is painted more often than it changes.
     mutable TextFit fit_;

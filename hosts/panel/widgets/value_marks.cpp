@@ -78,16 +78,17 @@ void drawPadlock(QPainter& painter, const QRect& place, const QColor& ink)
     painter.fillRect(QRectF{at(place, 0.08, 0.45), at(place, 0.92, 1.0)}, ink);
 }
 
+bool hasRoomForSigns(const QRect& field) { return field.width() >= narrowField * markSide(field); }
+
 void drawMarks(QPainter& painter, const QRect& field, const ValueMarks& marks)
 {
     if (marks == ValueMarks{}) return;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    // In the narrow parts of a drawing number the signs stay above and below the digits.
-    const bool narrow = field.width() < narrowField * markSide(field);
+    const bool narrow = !hasRoomForSigns(field);
     const int side = narrow ? markSide(field) * 2 / 3 : markSide(field);
     const int margin = narrow ? 1 : 3;
-    if (marks.stale) {
+    if (marks.stale && !narrow) {
         const QRect place{field.left() + margin + 1, field.top() + margin, side, side};
         // Beside the triangle of a change, where there is one.
         drawWarning(painter, marks.changed ? place.translated(side + 3, 0) : place, colours::ink);

@@ -18,6 +18,9 @@ struct ValueMarks {
 
 // The face of a stale field, below its text: hatched all over.
 void drawHatching(QPainter& painter, const QRect& field);
+// Whether the signs of a field have room beside its digits. Where they have not, as in the parts of a drawing number, a
+// stale field has a dashed border instead of its sign, and the others are smaller.
+bool hasRoomForSigns(const QRect& field);
 // The signs at the left of a field, where values aligned to the right leave space: changed a triangle in the top corner,
 // stale a warning at the top, locked a padlock at the bottom. They keep their side in every direction of writing, because
 // the values do.
