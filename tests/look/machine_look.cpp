@@ -32,7 +32,7 @@ std::string packageVersion(const QString& package)
 std::string lookOfThisMachine()
 {
     std::string result = std::string{"Qt "} + qVersion() + '\n';
-    for (const char* package : {"libfreetype6", "libharfbuzz0b", "fonts-dejavu-core"})
+    for (const char* package : {"libfreetype6", "libharfbuzz0b", "fonts-dejavu-core", "fonts-wqy-microhei"})
         result += std::string{package} + ' ' + packageVersion(QString::fromLatin1(package)) + '\n';
     return result;
 }

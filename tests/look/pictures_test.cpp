@@ -23,9 +23,11 @@ struct Series {
     std::string language;
 };
 
-// Every state is seen in the first series and in one of the others.
-const std::vector<Series> seriesOfPictures{
-    {1280, "de"}, {1024, "en"}, {800, "de"}, {800, "en"}, {1024, "de"}, {1280, "en"}};
+// Every state is seen in the first series, in one of the others in Latin letters, and in one from right to left or in
+// Chinese.
+const std::vector<Series> seriesOfPictures{{1280, "de"}, {1024, "en"}, {800, "de"}, {800, "en"}, {1024, "de"},
+    {1280, "en"}, {1280, "ar"}, {1024, "zh"}, {800, "ar"}, {800, "zh"}, {1024, "ar"}};
+constexpr std::size_t turns = 5; // series that the states take turns in, twice
 
 std::vector<std::size_t> allSeries()
 {
@@ -46,7 +48,7 @@ const std::filesystem::path differences = LOOK_DIFFERENCES;
 
 bool belongs(std::size_t state, std::size_t series)
 {
-    return series == 0 || state % (seriesOfPictures.size() - 1) == series - 1;
+    return series == 0 || state % turns == (series - 1) % turns;
 }
 
 std::string nameOf(std::size_t state, std::size_t series)

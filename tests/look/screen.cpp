@@ -164,7 +164,8 @@ void show(const Start& start, const State& state, const std::function<void(Panel
     settings.language = start.language;
     settings.level = state.level;
     settings.zoom = start.zoom;
-    settings.clock = [] { return QDateTime{QDate{2025, 3, 14}, QTime{9, 26, 53}}; };
+    clockOfTheWall() = QDateTime{QDate{2025, 3, 14}, QTime{9, 26, 53}};
+    settings.clock = [] { return clockOfTheWall(); };
     std::shared_ptr<servopanel::testing::FlakyVariables> variables;
     settings.wrapVariables = [&](std::shared_ptr<platform::ProcessVarAccess> inner) {
         variables = std::make_shared<servopanel::testing::FlakyVariables>(std::move(inner));
@@ -204,6 +205,18 @@ View takeIn(Panel& panel)
         isSheet);
 }
 
+// Not below the sheet of the trends, which is measured by itself.
+void addTrends(Panel& panel, const NameOf& name, std::vector<Target>& all)
+{
+    panel::Trends& trends = panel.trends();
+    if (trends.isOpen()) return;
+    for (const panel::ValueCell& cell : trends.offered()) {
+        if (!cell.view->isVisible()) continue;
+        const QPoint corner = trends.box()->mapTo(&panel.window().stage(), cell.touch.topLeft());
+        all.push_back({name(*cell.view), {corner, cell.touch.size()}});
+    }
+}
+
 std::vector<Target> targets(Panel& panel)
 {
     QWidget& stage = panel.window().stage();
@@ -226,6 +239,7 @@ std::vector<Target> targets(Panel& panel)
             if (!isEditing(*part) && begins(named, {"Sollwert", "Schalter", "Zeichnung"}))
                 add(child.view(), reach(*part, named, index, child.view()));
         });
+    addTrends(panel, name, all);
     return all;
 }
 

@@ -7,6 +7,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <cmath>
 
 namespace servopanel::look {
 
@@ -75,6 +76,44 @@ void reportFault(Panel& panel, const std::string& text)
 {
     for (const char* name : {"Ch1.M1_T_servo_1<.mM1_fetext_11>", "Ch1.M1_T_servo_1<.mM1_fetext_12>"})
         panel.variables().write(name, basic::Variant{text}, machine::Writer::Machine);
+}
+
+// One more read of the actual values, a second later. The newest values have the most decimals, so that the text of a
+// value does not depend on how many reads the page has made by itself meanwhile.
+void readTrends(Panel& panel, int second)
+{
+    clockOfTheWall() = clockOfTheWall().addSecs(1);
+    const std::string variable = "Ch1.M1_T_servo_1<.mM1_servo_diag_11>";
+    basic::Variant values = *panel.variables().find(variable);
+    const double wave = std::sin(second / 8.0);
+    const auto set = [&](int number, double value) {
+        basic::setElement(values, number - 101, std::round(value) + 0.25);
+    };
+    set(103, 320 + 12 * wave);
+    set(105, 50 + second / 4.0);
+    set(113, 40 + (second % 20 < 10 ? 9 : 0));
+    set(117, 50 - 10 * wave);
+    set(122, 3 + second / 10.0);
+    set(128, 6 - wave * 4);
+    panel.variables().write(variable, values, machine::Writer::Machine);
+    panel.trends().refresh();
+    // The page reads with its own timer, which counts the time of the system.
+    panel.shownPart()->deliver({"Timer"}, "Timer", {});
+}
+
+void openTrends(Operator& hands, Panel& panel, std::initializer_list<int> numbers)
+{
+    hands.menuKey(fullest);
+    hands.footerKey(10);
+    readTrends(panel, 0);
+    for (const int number : numbers)
+        hands.actualValue(number);
+    constexpr int seconds = 50;
+    for (int second = 1; second <= seconds; ++second) {
+        // Some reads fail: the curves break off.
+        panel.setLink({second < 20 || second > 24, "The controller does not answer"});
+        readTrends(panel, second);
+    }
 }
 
 // The message keeps the operator's touch waiting, so it is looked at from a timer.
@@ -251,10 +290,33 @@ std::vector<State> makeStates()
         hands.tap(panel.errors().badge());
     }));
     all.push_back(state("other-screen", [](Operator& hands, Panel&) { hands.footerKey(11); }));
+    all.push_back(state("trend", [](Operator& hands, Panel& panel) {
+        openTrends(hands, panel, {103, 105, 113, 117});
+    }));
+    all.push_back(state("trend-large", [](Operator& hands, Panel& panel) {
+        openTrends(hands, panel, {103, 105, 113, 117});
+        hands.tap(panel.trends().sheet().enlargeKey());
+    }));
+    all.push_back(state("trend-frozen", [](Operator& hands, Panel& panel) {
+        openTrends(hands, panel, {103, 105, 113, 117});
+        panel::TrendSheet& sheet = panel.trends().sheet();
+        hands.tap(sheet.freezeKey());
+        const QRect area = sheet.plot().area();
+        hands.press(sheet.plot(), {area.left() + area.width() / 3, area.center().y()});
+    }));
+    all.push_back(state("trend-table", [](Operator& hands, Panel& panel) {
+        openTrends(hands, panel, {122, 128});
+    }));
     return all;
 }
 
 } // namespace
+
+QDateTime& clockOfTheWall()
+{
+    static QDateTime now;
+    return now;
+}
 
 const std::vector<State>& states()
 {

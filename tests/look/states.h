@@ -2,6 +2,8 @@
 
 #include "panel/tour/operator.h"
 
+#include <QDateTime>
+
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -20,6 +22,9 @@ struct State {
     std::vector<std::string> unreadable{}; // process variables that the machine does not give
     std::vector<std::string> unwritable{}; // and those that it does not take
 };
+
+// The time on the wall for the panel that is being looked at. It stands unless a state moves it on.
+QDateTime& clockOfTheWall();
 
 // Every page and dialogue of the panel. Whoever adds one adds an entry.
 const std::vector<State>& states();
