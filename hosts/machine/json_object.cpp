@@ -101,6 +101,13 @@ void JsonObject::finish()
             problems_.push_back({file_, pathOf(member.key()), "is not known here"});
 }
 
+void JsonObject::takeRest()
+{
+    if (!json_.is_object()) return;
+    for (const auto& member : json_.items())
+        taken_.insert(member.key());
+}
+
 const Json* JsonObject::take(const char* member, Need need)
 {
     taken_.insert(member);

@@ -126,6 +126,7 @@ private:
             [&](const KindName& known) { return known.name == *name; });
         if (kind == std::end(kindNames)) {
             object.problem("kind", "\"" + *name + "\" is not known");
+            object.takeRest();
             return std::nullopt;
         }
         rule.kind = kind->kind;

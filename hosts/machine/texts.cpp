@@ -12,6 +12,9 @@ namespace servopanel::machine {
 
 namespace {
 
+// A file that is no list of texts has a mistake in every line, and nobody reads so many.
+constexpr std::size_t mostProblems = 100;
+
 std::string lineNumber(std::size_t index) { return "line " + std::to_string(index + 1); }
 
 // A file may have come together from several editors, so every line is judged by itself. The first one in another
@@ -66,6 +69,9 @@ Texts Texts::fromLines(const std::vector<std::string>& lines, const std::string&
     Texts texts;
     for (std::size_t i = 0; i < lines.size(); ++i) {
         const auto problem = [&](std::string reason) {
+            if (texts.problems_.size() == mostProblems)
+                reason = "and so on; the file holds something else than texts";
+            if (texts.problems_.size() > mostProblems) return;
             texts.problems_.push_back({file, lineNumber(i), std::move(reason)});
         };
         const std::string_view line = portable::trimBlanks(lines[i]);

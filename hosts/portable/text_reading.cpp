@@ -62,7 +62,7 @@ std::size_t brokenEnd(std::string_view bytes)
 
 } // namespace
 
-FileBytes readFile(const fs::path& file, std::string_view name)
+FileBytes readFile(const fs::path& file, std::string_view name, std::uintmax_t largest)
 {
     // Not blocking: a pipe put in the place of a file must not stop the panel.
     const Descriptor descriptor{::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)};
@@ -73,13 +73,13 @@ FileBytes readFile(const fs::path& file, std::string_view name)
         raiseFileError(FileError::AccessError, name, reasonText(lastError()));
     if (S_ISDIR(status.st_mode)) raiseFileError(FileError::AccessError, name, "it is a folder");
     if (!S_ISREG(status.st_mode)) raiseFileError(FileError::AccessError, name, "it is no ordinary file");
-    if (static_cast<std::uintmax_t>(status.st_size) > largestTextFile)
-        raiseFileError(FileError::AccessError, name, tooLarge(largestTextFile));
+    if (static_cast<std::uintmax_t>(status.st_size) > largest)
+        raiseFileError(FileError::AccessError, name, tooLarge(largest));
 
     auto readSome = [&](char* buffer, std::size_t size) -> std::ptrdiff_t {
         return ::read(descriptor.number(), buffer, size);
     };
-    return readToEnd(readSome, largestTextFile, name);
+    return readToEnd(readSome, largest, name);
 }
 
 FileBytes readToEnd(ReadSome readSome, std::uintmax_t largest, std::string_view name)

@@ -22,8 +22,9 @@ struct FileBytes {
 inline constexpr std::uintmax_t largestTextFile = 20'000'000; // bytes
 
 // Reads an ordinary file. Error 53 when there is none, 76 when its folder is missing, 75 when it cannot be opened or is
-// larger than largestTextFile. name: the file's name for the error texts.
-FileBytes readFile(const std::filesystem::path& file, std::string_view name);
+// larger than that (bytes). name: the file's name for the error texts.
+FileBytes readFile(
+    const std::filesystem::path& file, std::string_view name, std::uintmax_t largest = largestTextFile);
 
 // Puts up to the given number of bytes into the buffer: how many, 0 at the end, -1 on failure with errno set.
 using ReadSome = basic::FunctionRef<std::ptrdiff_t(char*, std::size_t)>;

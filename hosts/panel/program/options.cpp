@@ -57,6 +57,10 @@ Options parseOptions(const std::vector<std::string>& arguments)
             options.help = true;
             return options;
         }
+        if (argument == "--check") {
+            options.check = true;
+            continue;
+        }
         if (argument.rfind("--", 0) == 0) {
             const std::size_t sign = argument.find('=');
             if (sign != std::string::npos)
@@ -94,6 +98,10 @@ std::string helpText()
            "  --trace FILE                 write everything that crosses the library's border to FILE\n"
            "  --tour FOLDER                play an operator's tour, save a picture of every step to FOLDER,\n"
            "                               print what was written to the machine, and end\n"
+           "  --check                      list what the project lacks, without a display, and end with 0 "
+           "when "
+           "that\n"
+           "                               is nothing, 1 when it is something, 2 when there is no project\n"
            "  --help                       this text\n"
            "\n"
            "The signal HUP makes it read the project anew.\n"

@@ -12,6 +12,7 @@ namespace servopanel::panel {
 struct Options {
     PanelSettings settings;
     bool help = false;
+    bool check = false; // look for what the project lacks, and end
     std::filesystem::path tour; // folder for the pictures of a tour; empty: no tour
     std::string problem; // what is wrong with the command line
 };

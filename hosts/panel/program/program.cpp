@@ -2,6 +2,7 @@
 
 #include "basic/error.h"
 #include "panel/look/fonts.h"
+#include "panel/program/check_command.h"
 #include "panel/program/display.h"
 #include "panel/program/options.h"
 #include "panel/program/reload_request.h"
@@ -84,6 +85,11 @@ int runProgram(int argc, char** argv)
     if (!options.problem.empty()) {
         say(stderr, "servo-panel: " + options.problem + "\n\n" + helpText());
         return cannotStart;
+    }
+    if (options.check) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        const QGuiApplication application{argc, argv};
+        return runCheck(options.settings.project);
     }
     if (!findScreen(options)) {
         say(stderr,

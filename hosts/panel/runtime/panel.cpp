@@ -8,6 +8,8 @@
 #include "panel/window/other_screen.h"
 #include "platform/ids.h"
 
+#include <system_error>
+
 namespace servopanel::panel {
 
 using basic::Variant;
@@ -68,9 +70,11 @@ portable::PathMapping mapping(const PanelSettings& settings)
 
 machine::ProjectFile Panel::loadProject(const std::filesystem::path& folder)
 {
-    if (!std::filesystem::is_directory(folder)) throw CannotStart{"'" + folder.string() + "' is no folder"};
+    std::error_code code; // of links that lead in a circle, or folders that are closed to us
+    if (!std::filesystem::is_directory(folder, code))
+        throw CannotStart{"'" + folder.string() + "' is no folder"};
     const std::filesystem::path file = folder / "project.json";
-    if (!std::filesystem::is_regular_file(file))
+    if (!std::filesystem::is_regular_file(file, code))
         throw CannotStart{"'" + folder.string() + "' is no project: it has no project.json"};
     return machine::ProjectFile::load(file);
 }

@@ -32,6 +32,13 @@ public:
 
     // For the host's own use; nullptr when there is no such child.
     std::shared_ptr<MemoryControl> find(platform::ChildId id) const;
+    // Every child there is now, sorted by name and index.
+    template <class Visit>
+    void forEach(Visit visit) const
+    {
+        for (const auto& [key, control] : children_)
+            visit(platform::ChildId{key.first, key.second}, *control);
+    }
 
 private:
     using Key = std::pair<std::string, std::int16_t>;

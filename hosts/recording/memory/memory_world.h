@@ -4,8 +4,10 @@
 #include "recording/memory/memory_variables.h"
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
+#include <string_view>
 
 namespace servopanel::recording {
 
@@ -14,6 +16,8 @@ struct MemoryWorld {
     Failures failures;
     MemoryVariables variables{failures};
     std::map<std::string, std::string, std::less<>> texts; // language texts by key
+    // Gives the language texts instead when it is set.
+    std::function<std::string(std::string_view key)> lookUpText;
     std::map<std::string, std::string, std::less<>> environment;
     std::string libraryName = "Servo";
     float twipsPerPixelX = 15;

@@ -132,6 +132,7 @@ MemoryLanguage::MemoryLanguage(std::string_view className, std::string name, Mem
 basic::Variant MemoryLanguage::call(const platform::Member& member, platform::Args args)
 {
     if (!isCall(member, ids::VWSLanguage::Text) || args.size() != 1) return MemoryControl::call(member, args);
+    if (world().lookUpText) return world().lookUpText(basic::toText(args[0]));
     const auto text = world().texts.find(basic::toText(args[0]));
     return text == world().texts.end() ? basic::Variant{""} : basic::Variant{text->second};
 }

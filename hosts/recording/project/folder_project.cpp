@@ -1,11 +1,11 @@
 #include "recording/project/folder_project.h"
 
 #include "jet/jet_engine.h"
+#include "portable/text_reading.h"
 #include "recording/project/picture_size.h"
 #include "recording/project/project_engine.h"
 
-#include <fstream>
-#include <iterator>
+#include <cstdint>
 #include <optional>
 
 namespace servopanel::recording {
@@ -13,12 +13,7 @@ namespace servopanel::recording {
 namespace {
 
 constexpr std::int32_t invalidPicture = 481;
-
-std::string bytesOf(const std::filesystem::path& file)
-{
-    std::ifstream in{file, std::ios::binary};
-    return {std::istreambuf_iterator<char>{in}, {}};
-}
+constexpr std::uintmax_t largestPicture = 100'000'000; // bytes
 
 } // namespace
 
@@ -44,7 +39,8 @@ PictureSize FolderProject::loadPicture(std::string_view path)
     if (written_.exists(path) || !isInside(path)) return written_.loadPicture(path);
     const std::optional<std::filesystem::path> file = mapping_.find(path);
     if (!file) raiseError(53, "File not found: " + std::string{path});
-    const std::optional<PictureSize> size = pictureSize(bytesOf(*file));
+    const portable::FileBytes content = portable::readFile(*file, path, largestPicture);
+    const std::optional<PictureSize> size = pictureSize(content.bytes);
     if (!size) raiseError(invalidPicture, "Invalid picture: " + std::string{path});
     return *size;
 }

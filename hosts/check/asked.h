@@ -1,0 +1,56 @@
+#pragma once
+
+#include "jet/servo_defs/configured_servos.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <set>
+#include <string>
+#include <tuple>
+#include <vector>
+
+namespace servopanel::check {
+
+// Where a picture was asked for.
+struct Places {
+    std::set<int> resolutions;
+    std::vector<std::string>
+        views; // "the page of servo 5 of machine M1", in the order in which they were shown
+    int width = 0; // pixels of the place that a picture must fill; 0: any size will do
+    int height = 0;
+
+    void add(int resolution, const std::string& view)
+    {
+        resolutions.insert(resolution);
+        if (std::find(views.begin(), views.end(), view) == views.end()) views.push_back(view);
+    }
+};
+
+// A language text that an operator sees.
+struct ShownText {
+    bool isNeeded = false; // an empty text leaves an input or a key without its name
+    std::vector<std::string> views;
+};
+
+// An entry that was looked up: file, section and entry, the latter two in capitals.
+using IniPlace = std::tuple<std::string, std::string, std::string>;
+struct AskedEntry {
+    std::string name; // "[1Machine] Servo3"
+    std::string view; // that asked for it first
+};
+
+// What the library asked for while somebody went through the whole project.
+struct Asked {
+    std::map<std::string, Places> pictures; // by name below the project's folder, with slashes
+    std::map<IniPlace, AskedEntry> entries;
+    std::map<std::string, ShownText> texts; // by key
+    std::map<std::int16_t, std::string> screens; // other screens, and where their key is
+    std::set<std::string> troubled; // variables that are among the findings
+    std::vector<jet::ServoName> servos;
+    std::size_t machines = 0;
+    std::vector<std::string> errors; // reports of the library that nothing else explains
+};
+
+} // namespace servopanel::check

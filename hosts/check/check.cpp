@@ -1,0 +1,142 @@
+#include "check/check.h"
+
+#include "basic/error.h"
+#include "basic/text.h"
+#include "check/asked.h"
+#include "check/definitions_check.h"
+#include "check/ini_files.h"
+#include "check/pictures_check.h"
+#include "check/problems.h"
+#include "check/project.h"
+#include "check/texts_check.h"
+#include "check/walk.h"
+#include "machine/simulated_machine.h"
+#include "machine/variable_store.h"
+#include "portable/text_reading.h"
+
+#include <system_error>
+
+namespace servopanel::check {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string counted(std::size_t count, const char* what)
+{
+    return std::to_string(count) + ' ' + what + (count == 1 ? "" : "s");
+}
+
+CheckedProject load(const fs::path& folder, const fs::path& file, Findings& findings)
+{
+    std::string text;
+    try {
+        text = portable::readFile(file, "project.json").bytes;
+    } catch (const basic::Error&) {
+        // The project's own reader tells it.
+    }
+    CheckedProject project{
+        folder, portable::PathMapping{folder}, machine::ProjectFile::load(file), JsonLines{text}, {}, {}};
+    for (const machine::Problem& problem : project.file.problems) {
+        const bool isPath = problem.place.substr(0, 1) == "/";
+        std::string what = isPath ? problem.place.substr(1) + ": " : std::string{};
+        what += shownReason(problem.reason, file);
+        // Some say already what becomes of it.
+        if (what.find(';') == std::string::npos) what += ": the panel goes on without it";
+        findings.add("project.json", isPath ? project.lines.line(problem.place) : lineOf(problem), what);
+    }
+    project.resolutions = resolutionsOf(project);
+    return project;
+}
+
+// The panel is as wide as "resolution" says, and the library draws for the width of the variable.
+void checkResolution(const CheckedProject& project, Findings& findings)
+{
+    const std::string name = "parameter<.aufloesung>";
+    for (const auto& variable : project.file.variables) {
+        if (variable.name != name
+            || variable.value == basic::Variant{static_cast<std::int16_t>(project.file.resolution)})
+            continue;
+        findings.add("project.json", project.lineOfVariable(name),
+            "variable \"" + name + "\" differs from \"resolution\", which is "
+                + std::to_string(project.file.resolution) + ": the pages do not fit the screen");
+    }
+}
+
+void checkScreens(const CheckedProject& project, const Asked& asked, Findings& findings)
+{
+    std::set<std::int16_t> known;
+    for (const auto& screen : project.file.screens)
+        known.insert(screen.number);
+    for (const auto& [number, view] : asked.screens)
+        if (!known.contains(number))
+            findings.add({"project.json", project.lines.line("/screens"),
+                "screens: there is no screen " + std::to_string(number)
+                    + ", to which a footer key leads: the operator sees a number instead of its title",
+                {}, view});
+}
+
+void checkSimulation(const CheckedProject& project, const Asked& asked, Findings& findings)
+{
+    if (!project.file.machine) return;
+    machine::VariableStore store;
+    project.file.declareVariables(store);
+    machine::SimulatedMachine machine{*project.file.machine, store};
+    machine.step(machine.periodSeconds());
+    for (const machine::Problem& problem : machine.problems())
+        if (!asked.troubled.contains(problem.place))
+            findings.add("project.json", project.lines.line("/machine"),
+                "machine: " + problem.place + ": " + problem.reason + ": this value stands still");
+}
+
+std::string summary(const CheckedProject& project, const Asked& asked, const Findings& findings)
+{
+    std::string text;
+    for (const std::string& error : asked.errors)
+        if (findings.count() == 0) text += "library: " + error + '\n';
+    std::vector<std::string> resolutions;
+    for (const int resolution : project.resolutions)
+        resolutions.push_back(std::to_string(resolution));
+    const std::string looked = counted(asked.machines, "machine") + ", "
+        + counted(asked.servos.size(), "servo") + ", " + counted(project.file.languages.size(), "language")
+        + ", at " + listed(resolutions);
+    if (findings.count() == 0 && asked.errors.empty()) return "nothing is missing (" + looked + ")\n";
+    text += counted(findings.count() + (findings.count() == 0 ? asked.errors.size() : 0), "finding");
+    if (findings.count() > 0) text += " in " + counted(findings.files(), "file");
+    text += " (" + looked + ")";
+    if (findings.count() > 0 && !asked.errors.empty())
+        text += "; " + counted(asked.errors.size(), "error") + " of the library may follow from these";
+    return text + '\n';
+}
+
+} // namespace
+
+Report checkProject(const fs::path& folder, const PictureReader& readPicture)
+{
+    std::error_code code;
+    const std::string shown = "'" + folder.string() + "'";
+    if (!fs::is_directory(folder, code)) return {Report::Result::NoProject, shown + " is no folder\n"};
+    const fs::path file = folder / "project.json";
+    if (!fs::exists(fs::symlink_status(file, code)))
+        return {Report::Result::NoProject, shown + " is no project: it has no project.json\n"};
+
+    Findings findings;
+    Asked asked;
+    CheckedProject project = load(folder, file, findings);
+    readIniFiles(project, findings);
+    checkResolution(project, findings);
+    walkThrough(project, asked, findings);
+    checkFooterFile(project, asked.machines, findings);
+    checkEntries(project, asked, findings);
+    checkScreens(project, asked, findings);
+    checkSimulation(project, asked, findings);
+    checkTexts(project, asked, findings);
+    checkDefinitions(project, asked, findings);
+    checkPictures(project, asked, readPicture, findings);
+
+    const bool isGood = findings.count() == 0 && asked.errors.empty();
+    return {isGood ? Report::Result::Good : Report::Result::Findings,
+        findings.text() + summary(project, asked, findings)};
+}
+
+} // namespace servopanel::check

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "check/asked.h"
+#include "check/finding.h"
+#include "check/project.h"
+
+#include <cstddef>
+#include <string_view>
+
+namespace servopanel::check {
+
+// Reads every INI file of the project.
+void readIniFiles(CheckedProject& project, Findings& findings);
+
+// The footer keys, Servo\Servo.ini, which the library reads by rules of its own.
+void checkFooterFile(const CheckedProject& project, std::size_t machines, Findings& findings);
+
+// Whether the entry of a list of servos leads to one: a number from 1 to 50.
+bool isServoNumber(std::string_view value);
+// Whether this is such an entry: "Servo3".
+bool isServoEntry(std::string_view entry);
+
+// Entries that the library looked up and that are missing or no such value, and entries that nobody looked up.
+void checkEntries(const CheckedProject& project, const Asked& asked, Findings& findings);
+
+} // namespace servopanel::check

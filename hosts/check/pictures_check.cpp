@@ -1,0 +1,83 @@
+#include "check/pictures_check.h"
+
+#include <cstdlib>
+#include <map>
+#include <optional>
+#include <system_error>
+
+namespace servopanel::check {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// "Servo/Servo_5_*.gif" of "Servo/Servo_5_800.gif": one picture is drawn for every resolution.
+std::string forAllResolutions(std::string name, const std::set<int>& resolutions)
+{
+    for (const int resolution : resolutions) {
+        const std::string part = '_' + std::to_string(resolution) + '.';
+        const std::size_t at = name.rfind(part);
+        if (at != std::string::npos) return name.replace(at + 1, part.size() - 2, "*");
+    }
+    return name;
+}
+
+std::string size(int width, int height) { return std::to_string(width) + " x " + std::to_string(height); }
+
+// A place is rarely a whole number of pixels at the smaller resolutions.
+bool fits(const PictureLook& picture, const Places& places)
+{
+    return places.width == 0
+        || (std::abs(picture.width - places.width) <= 1 && std::abs(picture.height - places.height) <= 1);
+}
+
+// What is wrong with a picture, and what it means; "" when nothing is.
+std::string mistakeOf(const std::optional<fs::path>& file, const Places& places, const PictureReader& read)
+{
+    constexpr const char* notShown = ": it is not shown, and the panel says so";
+    if (!file) return std::string{"no such picture"} + notShown;
+    std::error_code code;
+    if (!fs::is_regular_file(*file, code)) return std::string{"is no file"} + notShown;
+    const PictureLook picture = read(*file);
+    if (!picture.mistake.empty()) return picture.mistake + notShown;
+    if (!fits(picture, places))
+        return "has " + size(picture.width, picture.height) + " pixels, its place has "
+            + size(places.width, places.height) + ": it is cut off, or does not fill its place";
+    return {};
+}
+
+} // namespace
+
+std::set<int> resolutionsOf(const CheckedProject& project)
+{
+    std::set<int> result{project.file.resolution};
+    for (const char* const folder : {"Servo", "Standard"}) {
+        const std::optional<fs::path> place = project.mapping.find(folder);
+        std::error_code code;
+        if (!place) continue;
+        for (fs::directory_iterator file{*place, code}, end; !code && file != end; file.increment(code)) {
+            const std::string stem = file->path().stem().string();
+            for (const int resolution : {800, 1024, 1280}) {
+                const std::string part = '_' + std::to_string(resolution);
+                if (stem.size() > part.size()
+                    && stem.compare(stem.size() - part.size(), part.size(), part) == 0)
+                    result.insert(resolution);
+            }
+        }
+    }
+    return result;
+}
+
+void checkPictures(
+    const CheckedProject& project, const Asked& asked, const PictureReader& read, Findings& findings)
+{
+    for (const auto& [name, places] : asked.pictures) {
+        const std::string mistake = mistakeOf(project.mapping.find(name), places, read);
+        if (mistake.empty()) continue;
+        const std::string shown = forAllResolutions(name, project.resolutions);
+        for (const std::string& view : places.views)
+            findings.add({shown, 0, mistake, shown == name ? std::set<int>{} : places.resolutions, view});
+    }
+}
+
+} // namespace servopanel::check

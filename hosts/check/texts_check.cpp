@@ -1,0 +1,167 @@
+#include "check/texts_check.h"
+
+#include "basic/text.h"
+#include "check/problems.h"
+#include "machine/texts.h"
+#include "portable/text_decoding.h"
+#include "portable/text_reading.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <system_error>
+#include <vector>
+
+namespace servopanel::check {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// From so many on, lacking texts are not told one by one: the language was not translated, or the file broke off.
+constexpr std::size_t mostTold = 20;
+
+struct Language {
+    std::string file; // "Texts/de.txt"
+    machine::Texts texts;
+    bool isRead = false;
+};
+
+struct Lack {
+    std::string key;
+    std::string text; // of the finding
+    std::string view;
+};
+
+void report(const std::string& file, const std::vector<Lack>& lacks, const char* what, Findings& findings)
+{
+    if (lacks.size() <= mostTold) {
+        for (const Lack& lack : lacks)
+            findings.add({file, 0, '"' + lack.key + "\" " + lack.text, {}, lack.view});
+        return;
+    }
+    findings.add(file, 0,
+        std::to_string(lacks.size()) + ' ' + what + ", the first is \"" + lacks.front().key
+            + "\": the operator sees the keys of texts instead of texts, or nothing");
+}
+
+class TextsCheck {
+public:
+    TextsCheck(const CheckedProject& project, const Asked& asked, Findings& findings)
+        : asked_{asked}
+        , findings_{findings}
+    {
+        std::set<std::string> codes;
+        for (const auto& language : project.file.languages) {
+            if (!codes.insert(language.code).second) continue;
+            Language loaded{"Texts/" + language.code + ".txt",
+                machine::Texts::load(project.folder / "Texts" / (language.code + ".txt"))};
+            loaded.isRead = loaded.texts.size() > 0;
+            for (const machine::Problem& problem : loaded.texts.problems())
+                findings_.add(
+                    loaded.file, lineOf(problem), shownReason(problem.reason, project.folder / loaded.file));
+            languages_.push_back(std::move(loaded));
+        }
+        unusedFiles(project, codes);
+    }
+
+    void run()
+    {
+        std::set<std::string> keys;
+        for (const Language& language : languages_)
+            for (const auto& [key, text] : language.texts.all())
+                keys.insert(key);
+        for (Language& language : languages_)
+            if (language.isRead) compare(language, keys);
+        inNone(keys);
+    }
+
+private:
+    void unusedFiles(const CheckedProject& project, const std::set<std::string>& codes)
+    {
+        std::error_code code;
+        for (fs::directory_iterator file{project.folder / "Texts", code}, end; !code && file != end;
+             file.increment(code)) {
+            const fs::path name = file->path().filename();
+            if (name.extension() == ".txt" && !codes.contains(name.stem().string()))
+                findings_.add("Texts/" + name.string(), 0,
+                    "no language of project.json has the code \"" + name.stem().string()
+                        + "\": nobody reads this file");
+        }
+    }
+
+    std::string viewOf(const std::string& key) const
+    {
+        const auto shown = asked_.texts.find(key);
+        return shown == asked_.texts.end() || shown->second.views.empty() ? std::string{}
+                                                                          : shown->second.views.front();
+    }
+
+    // The file of another language that has this text, and not an empty one.
+    const Language* other(const Language& language, const std::string& key) const
+    {
+        for (const Language& each : languages_)
+            if (&each != &language && !each.texts.text(key).empty()) return &each;
+        return nullptr;
+    }
+
+    void compare(const Language& language, const std::set<std::string>& keys)
+    {
+        std::vector<Lack> missing;
+        std::vector<Lack> empty;
+        for (const std::string& key : keys) {
+            const std::string* const text = language.texts.find(key);
+            const Language* const having = other(language, key);
+            if (text == nullptr)
+                missing.push_back({key,
+                    "is missing here" + (having ? ", " + having->file + " has it" : std::string{})
+                        + ": the operator sees the key, or nothing",
+                    viewOf(key)});
+            else if (text->empty() && having)
+                empty.push_back(
+                    {key, "is empty here, " + having->file + " has a text: the operator sees nothing",
+                        viewOf(key)});
+            else if (text->empty() && isNeeded(key))
+                empty.push_back({key, "is empty: an input or a key has no name", viewOf(key)});
+        }
+        report(language.file, missing, "texts of other languages are missing here", findings_);
+        report(language.file, empty, "texts are empty here", findings_);
+    }
+
+    bool isNeeded(const std::string& key) const
+    {
+        const auto shown = asked_.texts.find(key);
+        return shown != asked_.texts.end() && shown->second.isNeeded;
+    }
+
+    // Texts that are shown and that no language has.
+    void inNone(const std::set<std::string>& keys)
+    {
+        std::vector<std::string> files;
+        for (const Language& language : languages_)
+            if (language.isRead) files.push_back(language.file);
+        if (files.empty()) return;
+        std::vector<Lack> lacks;
+        for (const auto& [key, shown] : asked_.texts)
+            if (!keys.contains(key))
+                lacks.push_back({key,
+                    (files.size() == 1 ? "is missing" : "is missing in all languages")
+                        + std::string{": the operator sees the key"},
+                    viewOf(key)});
+        report(
+            files.size() == 1 ? files.front() : std::string{"Texts"}, lacks, "texts are missing", findings_);
+    }
+
+    const Asked& asked_;
+    Findings& findings_;
+    std::vector<Language> languages_;
+};
+
+} // namespace
+
+void checkTexts(const CheckedProject& project, const Asked& asked, Findings& findings)
+{
+    TextsCheck{project, asked, findings}.run();
+}
+
+} // namespace servopanel::check

@@ -1,0 +1,96 @@
+#pragma once
+
+#include "check/asked.h"
+#include "check/finding.h"
+#include "check/project.h"
+#include "machine/variable_store.h"
+#include "platform/library_platform.h"
+#include "recording/memory/memory_host.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace servopanel::check {
+
+// Stands between the library and a host without a screen, and notes what is asked for and what is not there. Process
+// variables behave as in the panel: they keep their type and their length. It lives as long as the library.
+class Watch : private platform::LateObjects,
+              private platform::Messages,
+              private platform::Profile,
+              private platform::Pictures {
+public:
+    Watch(recording::MemoryHost& host, const CheckedProject& project, Asked& asked, Findings& findings);
+
+    platform::LibraryPlatform platform();
+
+    // What an operator sees from now on, for the findings: "the menu of machine M1" at a resolution.
+    void setView(std::string view, int resolution);
+    const std::string& view() const { return view_; }
+
+    // Gives a variable another start value; one that the project does not have stays missing.
+    void set(std::string_view name, const basic::Variant& value);
+    // A variable that is written by its input alone. The place is that of the input.
+    void requireVariable(const std::string& name);
+    // A picture that the host loads for the library, by its project-relative name.
+    void requirePicture(std::string_view name);
+    // The size in pixels of the place of a picture, by the full path of its file.
+    void requireSize(std::string_view path, int width, int height);
+
+    // Numbers of the servos that the library has found to be active, in their order.
+    const std::vector<std::string>& servos() const { return servos_; }
+    // Whether a variable of the shown view failed, so that values on it are those of another servo.
+    bool isTroubled() const { return troubled_.contains(view_); }
+
+    // Language texts go through the library as marks, so that the key of each text that is shown is known.
+    std::string markOf(std::string_view key);
+    // The key behind a mark; "" for any other text.
+    std::string keyOf(std::string_view text) const;
+
+private:
+    class Variables;
+    class Paths;
+    class Errors;
+    class Engine;
+
+    enum class Access { None, Variable, MissingVariable, Definitions, Picture, Other };
+
+    std::shared_ptr<platform::ProcessVarAccess> createProcessVarAccess() override;
+    std::shared_ptr<platform::PathHelper> createPathHelper() override;
+    std::shared_ptr<platform::ErrorDisplay> createErrorDisplay() override;
+    std::shared_ptr<platform::DBEngine> createDBEngine() override;
+    void show(std::string_view text) override;
+    std::optional<std::string> text(
+        std::string_view file, std::string_view section, std::string_view entry) override;
+    basic::ObjectRef load(std::string_view path) override;
+    void save(platform::Control& box, std::string_view path) override { inner_.pictures.save(box, path); }
+
+    basic::Variant read(std::string_view name);
+    void write(std::string_view name, const basic::Variant& value);
+    void noteError(std::int32_t number, std::string_view description, std::string_view procedure);
+    void variableFinding(const std::string& name, const std::string& what);
+    // The name below the project's folder, with slashes; nothing for a file from elsewhere.
+    std::optional<std::string> relative(std::string_view path) const;
+
+    recording::MemoryHost& host_;
+    platform::LibraryPlatform inner_;
+    const CheckedProject& project_;
+    Asked& asked_;
+    Findings& findings_;
+    machine::VariableStore store_;
+    std::string folder_; // as the library sees it, with the separator at its end
+    std::vector<std::string> marked_;
+    std::string view_;
+    int resolution_ = 0;
+    Access last_ = Access::None;
+    std::string lastVariable_;
+    std::string listed_; // number in the list of servos that the library has come to; "" when it is none
+    std::vector<std::string> servos_;
+    std::set<std::string> troubled_; // views
+};
+
+} // namespace servopanel::check
