@@ -43,10 +43,10 @@ install(EXPORT ServoPanelTargets NAMESPACE ServoPanel:: DESTINATION ${panel_pack
 
 set(header_folders src adapters hosts/portable hosts/machine hosts/recording)
 if(SERVOPANEL_QT)
-    list(APPEND header_folders hosts/panel)
+    list(APPEND header_folders hosts/panel hosts/widgets)
 endif()
 foreach(folder IN LISTS header_folders)
-    # hosts/panel stays the folder panel; what stands in src/ and adapters/ does so without these names.
+    # hosts/panel stays the folder panel; src and adapters lose their names.
     if(folder MATCHES "/")
         install(DIRECTORY "${PROJECT_SOURCE_DIR}/${folder}" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/servopanel
                 COMPONENT dev FILES_MATCHING PATTERN "*.h")
@@ -75,6 +75,9 @@ if(SERVOPANEL_QT)
         DESTINATION lib/systemd/system COMPONENT panel)
     install(FILES "${kiosk}/servo-panel.sysusers" DESTINATION lib/sysusers.d RENAME servo-panel.conf COMPONENT panel)
     install(FILES "${kiosk}/panel.conf" DESTINATION ${CMAKE_INSTALL_FULL_SYSCONFDIR}/servo-panel COMPONENT panel)
+    install(TARGETS servopanel_designer DESTINATION ${CMAKE_INSTALL_LIBDIR}/qt6/plugins/designer COMPONENT dev)
+    install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples/embed"
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libservopanel-dev/examples COMPONENT dev)
     install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs" DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/servo-panel COMPONENT panel)
     install(FILES "${PROJECT_SOURCE_DIR}/README.md" DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/servo-panel COMPONENT panel)
 endif()

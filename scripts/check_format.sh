@@ -4,7 +4,7 @@
 cd "$(dirname "$(readlink -f "$0")")/.." || exit 1
 
 files=()
-for folder in src hosts adapters tests bench demo; do
+for folder in src hosts adapters tests bench demo examples; do
     [ -d $folder ] || continue
     while IFS= read -r file; do files+=("$file"); done < <(find $folder -name '*.h' -o -name '*.cpp' | sort)
 done

@@ -320,10 +320,15 @@ void ControlHost::adopt(const Key& key, const ChildRef& child, QWidget* parent)
     child->setRaise(pass);
     if (auto* host = dynamic_cast<ControlHost*>(child.get()))
         host->setOwner([this, key](std::string_view event, Args args) {
-            if (ended_ || !made_.control) return;
-            const EventGate::Entry entry{surroundings_.gate};
-            made_.control->deliver({key.first, key.second}, event, args);
+            if (!overhears_ || !overhears_(key.first, event, args)) raiseInside(key.first, event, args);
         });
+}
+
+void ControlHost::raiseInside(std::string_view control, std::string_view event, Args args)
+{
+    if (ended_ || !made_.control) return;
+    const EventGate::Entry entry{surroundings_.gate};
+    made_.control->deliver({control}, event, args);
 }
 
 QString ControlHost::shownText(const std::string& name, std::int16_t index)

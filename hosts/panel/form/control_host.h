@@ -40,6 +40,12 @@ public:
     // Who is told of the control's own events.
     using Owned = std::function<void(std::string_view event, platform::Args args)>;
     void setOwner(Owned owner) { owner_ = std::move(owner); }
+    // Hears what the controls in this one raise before the library does; true keeps it from the library.
+    using Overhears =
+        std::function<bool(std::string_view control, std::string_view event, platform::Args args)>;
+    void setOverhears(Overhears overhears) { overhears_ = std::move(overhears); }
+    // As if a control in this one had raised it.
+    void raiseInside(std::string_view control, std::string_view event, platform::Args args);
 
     // nullptr when there is no such child.
     Child* find(std::string_view name, std::int16_t index = platform::ChildId::noIndex);
@@ -108,6 +114,7 @@ private:
     std::map<Key, ChildRef> children_;
     std::map<std::string, Elements, std::less<>> arrays_;
     Owned owner_;
+    Overhears overhears_;
     Child* touched_ = nullptr; // what raised the event that is being delivered
     std::optional<Key> switchInTouch_; // whose row the finger came down on
     bool ended_ = false;

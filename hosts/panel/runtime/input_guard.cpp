@@ -1,6 +1,6 @@
 #include "panel/runtime/input_guard.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QTimer>
@@ -90,10 +90,30 @@ bool InputGuard::keyRelease(int key, bool repeated)
     return false;
 }
 
+// A panel that stands in the window of another program shares it.
+bool InputGuard::isOurs(const QEvent& event) const
+{
+    if (window_.isWindow()) return true;
+    switch (event.type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick: {
+        const QPointF at = static_cast<const QMouseEvent&>(event).position();
+        return window_.rect().contains(window_.mapFrom(window_.window(), at.toPoint()));
+    }
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease: {
+        const QWidget* focus = QApplication::focusWidget();
+        return focus != nullptr && (focus == &window_ || window_.isAncestorOf(focus));
+    }
+    default: return true;
+    }
+}
+
 bool InputGuard::eventFilter(QObject* watched, QEvent* event)
 {
     // Only the window's own events: its widgets get what passes here.
-    if (!watched->isWindowType() || watched != window_.windowHandle()) return false;
+    if (!watched->isWindowType() || watched != window_.window()->windowHandle() || !isOurs(*event))
+        return false;
     switch (event->type()) {
     case QEvent::MouseButtonPress: return press();
     // A quick second touch comes as a press and as this.

@@ -19,6 +19,7 @@ namespace servopanel::panel {
 class InputGuard : public QObject {
 public:
     // touched: the operator has touched or pressed something, before it acts.
+    // window: the panel's; it may stand in another one.
     InputGuard(QWidget& window, EventGate& gate, std::function<void()> touched);
     ~InputGuard() override;
 
@@ -26,6 +27,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    bool isOurs(const QEvent& event) const;
     bool press();
     bool release(bool isLast);
     bool keyPress(int key, bool repeated);

@@ -57,7 +57,12 @@ portable::PathMapping mapping(const PanelSettings& settings)
 {
     portable::PathMapping result{settings.project};
     const platform::EnvironmentValue folder = portable::environmentValue("TEMPVELM");
-    if (folder.state == platform::EnvironmentValue::State::Present) result.mapTemporaryFolder(folder.text);
+    if (folder.state == platform::EnvironmentValue::State::Present) {
+        // Without it the menu would have no pictures; where it cannot be made, each of them is reported.
+        std::error_code ignored;
+        std::filesystem::create_directories(folder.text, ignored);
+        result.mapTemporaryFolder(folder.text);
+    }
     if (!settings.temporary.empty()) {
         result.mapFolder("C:\\Temp", settings.temporary);
         if (folder.state == platform::EnvironmentValue::State::Present && !folder.text.empty())
@@ -105,6 +110,7 @@ Panel::Panel(PanelSettings settings)
               return make(className, platform);
           }}
 {
+    errors_.setAddedHandler(settings_.outside.reported);
     applySettings();
     stateDiagonal(window_.stage(), file_.diagonalInches.value_or(usualDiagonal(window_.stage().width())));
     watched_->setChangeHandler([this] { showValueStates(); });
@@ -203,6 +209,8 @@ std::int16_t Panel::number(std::string_view variable)
     }
 }
 
+void Panel::setShownServo(std::int16_t place) { setVariable(servoVariable, Variant{place}); }
+
 Choices Panel::choices()
 {
     Choices choices{{}, number(machineVariable), number(servoVariable)};
@@ -294,6 +302,7 @@ void Panel::openServo()
     servo_->show();
     // What was read while the control was being made found no displays yet.
     showValueStates();
+    if (settings_.outside.servoOpened) settings_.outside.servoOpened(*servo_);
 }
 
 // In the header where there is one, else where it would be.
@@ -374,6 +383,10 @@ void Panel::closeScreen()
 void Panel::openScreen(std::int16_t number)
 {
     closeScreen();
+    if (settings_.outside.openScreen) {
+        settings_.outside.openScreen(number);
+        return;
+    }
     otherScreen_ = number;
     const std::string* const title = languages_.find("Panel.Screen." + basic::decimal(std::int32_t{number}));
     const QString numbered = word(PanelText::Screen) + u' ' + QString::number(number);

@@ -35,6 +35,14 @@ struct Held {
     Choices choices;
 };
 
+// What a program around the panel does itself or wants to know; each may be empty.
+struct Outside {
+    std::function<void(std::int16_t number)>
+        openScreen; // instead of the stand-ins for the project's other screens
+    std::function<void(ControlHost& servo)> servoOpened; // each time the control was made
+    std::function<void(const ErrorEntry& report)> reported;
+};
+
 struct PanelSettings {
     std::filesystem::path project;
     std::optional<int> resolution; // pixels of width; otherwise the project's
@@ -53,6 +61,7 @@ struct PanelSettings {
         wrapVariables;
     // The wall clock, whose seconds trends then count as well; empty: the clocks of the system.
     std::function<QDateTime()> clock;
+    Outside outside;
 };
 
 // Why a panel cannot be started at all: one line for the engineer.
@@ -77,6 +86,8 @@ public:
     Trends& trends() { return trends_; }
     const machine::ProjectFile& project() const { return file_; }
 
+    // Place of the servo that the control begins with the next time it is made, 0 for the menu.
+    void setShownServo(std::int16_t place);
     // Shows the screen with the Servo control, made anew.
     void openServo();
     // The control of the shown screen, nullptr while another screen is shown.

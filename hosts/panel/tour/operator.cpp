@@ -44,26 +44,32 @@ void Operator::settle()
         QCoreApplication::processEvents();
 }
 
+QWindow* Operator::window() { return panel_.window().window()->windowHandle(); }
+
+QPoint Operator::place(const QWidget& target, QPoint at)
+{
+    const PanelWindow& panel = panel_.window();
+    return panel.mapTo(panel.window(), panel.toWindow(target, at));
+}
+
 // The window system tells only the window where the finger is; which widget gets it is the panel's matter.
 void Operator::press(QWidget& target, QPoint at)
 {
     settle();
-    QWidget& window = panel_.window();
     if (!target.isVisible()) throw NotThere{"what is to be touched is not visible"};
-    QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, panel_.window().toWindow(target, at));
+    QTest::mousePress(window(), Qt::LeftButton, {}, place(target, at));
     wait(settleMs_);
 }
 
 void Operator::moveTo(QWidget& target, QPoint at)
 {
-    QTest::mouseMove(panel_.window().windowHandle(), panel_.window().toWindow(target, at));
+    QTest::mouseMove(window(), place(target, at));
     wait(settleMs_);
 }
 
 void Operator::release(QWidget& target, QPoint at)
 {
-    QTest::mouseRelease(
-        panel_.window().windowHandle(), Qt::LeftButton, {}, panel_.window().toWindow(target, at));
+    QTest::mouseRelease(window(), Qt::LeftButton, {}, place(target, at));
     wait(settleMs_);
 }
 
@@ -71,10 +77,9 @@ void Operator::tap(QWidget& target)
 {
     const QPoint middle = target.rect().center();
     // The place on the window is taken before the press, because the press may hide the target.
-    QWidget& window = panel_.window();
-    const QPoint place = panel_.window().toWindow(target, middle);
+    const QPoint touched = place(target, middle);
     press(target, middle);
-    QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {}, place);
+    QTest::mouseRelease(window(), Qt::LeftButton, {}, touched);
     wait(settleMs_);
 }
 

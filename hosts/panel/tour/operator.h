@@ -62,6 +62,9 @@ public:
 
 private:
     void settle();
+    // The window of the system and a place in it; the panel may stand in the window of another program.
+    QWindow* window();
+    QPoint place(const QWidget& target, QPoint at);
     void padType(class KeyPad& pad, const std::string& number);
 
     Panel& panel_;

@@ -156,6 +156,7 @@ void ErrorList::add(ErrorEntry::Origin origin, const QString& text, const QStrin
     entries_.push_front(std::move(entry));
     if (entries_.size() > mostEntries) entries_.pop_back();
     adapt();
+    if (added_) added_(ErrorEntry{entries_.front()});
 }
 
 void ErrorList::forget(ErrorEntry::Origin origin)

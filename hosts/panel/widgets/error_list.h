@@ -30,6 +30,8 @@ public:
     ErrorList(QWidget& parent, PanelWords words, std::function<QDateTime()> clock);
 
     void add(ErrorEntry::Origin origin, const QString& text, const QString& procedure = {});
+    // Told of every report, also of one that only counts on.
+    void setAddedHandler(std::function<void(const ErrorEntry&)> added) { added_ = std::move(added); }
     // Closes the list and takes the reports of one origin away.
     void forget(ErrorEntry::Origin origin);
     // The operator has seen them all.
@@ -59,6 +61,7 @@ private:
     QWidget& parent_;
     PanelWords words_;
     std::function<QDateTime()> clock_;
+    std::function<void(const ErrorEntry&)> added_;
     std::deque<ErrorEntry> entries_;
     int top_ = 0;
     TouchKey* badge_;

@@ -82,6 +82,13 @@ void PanelWindow::zoomIn()
     view_ = new ZoomView{scene, this};
 }
 
+void PanelWindow::setArea(const QRect& area)
+{
+    if (view_ == nullptr || view_->sceneRect() == QRectF{area}) return;
+    view_->scene()->setSceneRect(area);
+    arrange();
+}
+
 QPoint PanelWindow::toWindow(const QWidget& target, QPoint at) const
 {
     if (view_ == nullptr || &target == this) return target.mapTo(this, at);
@@ -113,11 +120,14 @@ void PanelWindow::closeNow()
 
 void PanelWindow::paintEvent(QPaintEvent*) { QPainter{this}.fillRect(rect(), surround); }
 
-void PanelWindow::resizeEvent(QResizeEvent*)
+void PanelWindow::resizeEvent(QResizeEvent*) { arrange(); }
+
+void PanelWindow::arrange()
 {
     QWidget& shown = view_ != nullptr ? static_cast<QWidget&>(*view_) : *stage_;
     // In whole pixels, so that a stage at its own size is shown as it is.
-    if (view_ != nullptr) view_->resize(stage_->size().scaled(size(), Qt::KeepAspectRatio));
+    if (view_ != nullptr)
+        view_->resize(view_->sceneRect().size().toSize().scaled(size(), Qt::KeepAspectRatio));
     shown.move(std::max(0, (width() - shown.width()) / 2), std::max(0, (height() - shown.height()) / 2));
 }
 

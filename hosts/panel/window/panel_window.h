@@ -32,6 +32,8 @@ public:
     ~PanelWindow() override;
 
     QWidget& stage() { return *stage_; }
+    // Shows a part of the stage only, in its pixels; for a zoomed window.
+    void setArea(const QRect& area);
     // A place on a widget of the stage, in pixels of the window.
     QPoint toWindow(const QWidget& target, QPoint at) const;
 
@@ -54,6 +56,7 @@ protected:
 
 private:
     void zoomIn();
+    void arrange();
 
     Stage* stage_;
     QGraphicsView* view_ = nullptr; // only when zoomed
