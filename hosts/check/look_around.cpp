@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace servopanel::check {
 
@@ -76,9 +78,11 @@ void LookAround::footer(const recording::MemoryFooter& footer)
         if (!name.empty()) watch_.requirePicture(name);
         const auto number = footer.setting(ids::Fußzeile::TextNummer, key);
         const std::int16_t text = number ? basic::toInt16(*number) : noText;
-        if (text != 0 && text != noText && footer.isKeyOn(key))
-            asked_.texts["Standard." + basic::decimal(std::int32_t{text})].views = {
-                "key " + basic::decimal(std::int32_t{key}) + " below " + watch_.view()};
+        if (text == 0 || text == noText || !footer.isKeyOn(key)) continue;
+        std::vector<std::string>& views =
+            asked_.texts["Standard." + basic::decimal(std::int32_t{text})].views;
+        if (views.empty())
+            views.push_back("key " + basic::decimal(std::int32_t{key}) + " below " + watch_.view());
     }
 }
 
