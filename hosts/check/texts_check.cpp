@@ -161,6 +161,9 @@ private:
 
 void checkTexts(const CheckedProject& project, const Asked& asked, Findings& findings)
 {
+    if (project.file.languages.empty())
+        findings.add("project.json", project.lines.line("/languages"),
+            "languages: there is none: the operator sees the keys of texts instead of texts");
     TextsCheck{project, asked, findings}.run();
 }
 

@@ -198,17 +198,13 @@ private:
         const std::string view = "the menu of machine " + machineName();
         setView(view);
         const auto bar = host_.servo()->inner(menu)->form().find(ChildId{"ScrollBar"});
-        const std::int16_t positions =
-            std::min(numberOf(bar ? &lastOf(*bar) : nullptr), std::int16_t{mostServos});
+        const Variant rows = bar ? bar->get(platform::ids::ScrollBar::Anzahl) : Variant{};
+        const std::int16_t positions = std::min(numberOf(&rows), mostServos);
         for (std::int16_t position = positions; position >= 1; --position) {
             player_.scroll(menu, position);
             look(view);
         }
         openFirstServo();
-    }
-    const Variant& lastOf(recording::MemoryControl& bar)
-    {
-        return count_ = bar.get(platform::ids::ScrollBar::Anzahl);
     }
 
     // Touches the first key of the menu.
@@ -295,7 +291,6 @@ private:
             return maker_(className, platform);
         },
         sink_, paths_};
-    Variant count_;
 };
 
 const Variant* valueOf(const CheckedProject& project, const std::string& name)

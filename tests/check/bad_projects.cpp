@@ -77,6 +77,11 @@ const std::vector<BadProject>& badProjects()
         {"HalfCopiedPicture",
             [](const ProjectCopy& copy) { fs::resize_file(copy.place("Servo/ServoMain_1280.bmp"), 9); },
             {"Servo/ServoMain_1280.bmp: is"}},
+        {"NoLanguages",
+            [](const ProjectCopy& copy) {
+                copy.replace("project.json", "\"languages\": [", "\"languages\": [], \"tongues\": [");
+            },
+            {"project.json:7: languages: there is none", "project.json:7: tongues: is not known here"}},
         {"EmptyDescription", [](const ProjectCopy& copy) { copy.write("project.json", ""); },
             {"project.json:1: "}},
         {"RubbishForTheDescription", [](const ProjectCopy& copy) { spoilFile(copy, "project.json"); },
