@@ -37,6 +37,7 @@ public:
     void end();
 
     QWidget& view() { return *view_; }
+    const QWidget& view() const { return *view_; }
     QWidget* viewOrNull() { return view_; }
 
     // Events go to the form. False when the control has no handler for them.

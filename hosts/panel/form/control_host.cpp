@@ -1,6 +1,7 @@
 #include "panel/form/control_host.h"
 
 #include "basic/conversions.h"
+#include "panel/form/caption_lines.h"
 #include "panel/form/replay_command.h"
 #include "panel/form/row_touch.h"
 #include "panel/form/schalter.h"
@@ -102,8 +103,17 @@ void ControlHost::put(const Member& member, Args args, const Variant& value)
         const bool isOwn = error.number == static_cast<std::int32_t>(basic::ErrorNumber::NoSuchMember);
         if (!isOwn || !made_.control) throw;
     }
-    const EventGate::Entry entry{surroundings_.gate};
-    made_.control->put(member, value);
+    {
+        const EventGate::Entry entry{surroundings_.gate};
+        made_.control->put(member, value);
+    }
+    procedureEnded();
+}
+
+// The library has placed and named its controls; what it could not know is how high letters are.
+void ControlHost::procedureEnded()
+{
+    if (!ended_) separateCaptionLines(*this);
 }
 
 Child* ControlHost::find(std::string_view name, std::int16_t index)
@@ -140,6 +150,8 @@ bool ControlHost::deliver(ChildId id, std::string_view event, Args args)
         isHandled = made_.control->deliver(id, event, args);
     }
     touched_ = outer;
+    // The timer brings values only.
+    if (event != "Timer") procedureEnded();
     services().eventEnds(*this, event, args);
     return isHandled;
 }

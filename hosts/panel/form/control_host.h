@@ -108,6 +108,7 @@ private:
     void displaysStartAnew();
     bool deliverToRow(platform::ChildId touched, std::string_view event, platform::Args args);
     bool mayEnter(std::string_view event) const;
+    void procedureEnded();
 
     FormSurroundings& surroundings_;
     MadeControl made_;

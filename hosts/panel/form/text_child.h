@@ -10,6 +10,13 @@ class TextChild : public Child {
 public:
     TextChild(std::string className, TextView& view, Services& services);
 
+    // Where the control stands, pixels of its container, and the view that shows its text there.
+    const QRect& given() const { return given_; }
+    TextView& shownText() { return text(); }
+    const TextView& shownText() const { return static_cast<const TextView&>(view()); }
+    // Makes the view as high as its letters need it.
+    void giveRoom();
+
     void setValueState(ValueState state) override;
     ValueState valueState() const override;
 
@@ -22,7 +29,6 @@ protected:
     void placed() override;
     // Shows a text. Its view becomes higher than the control where letters of a script need it.
     void showText(const QString& shown);
-    void giveRoom();
     void enabledChanged() override;
     void showState();
     bool isLockedByLevel() const;

@@ -94,15 +94,34 @@ QSize TextView::textSize() const
         metrics.height()};
 }
 
+QRect TextView::ink() const
+{
+    const QString& line = fit().lines.front();
+    return QFontMetrics{fit().font}.tightBoundingRect(forDrawing(line, runsRightToLeft(line)));
+}
+
+int TextView::inkTop() const
+{
+    const QFontMetrics metrics{fit().font};
+    return inside().top() + (inside().height() - metrics.height()) / 2 + metrics.ascent() + ink().top();
+}
+
+int TextView::inkBottom() const { return inkTop() + ink().height() - 1; }
+
 int TextView::inkHeight() const
 {
     if (frame_ != Frame::None || wrapping_ || shownText().isEmpty()) return 0;
     const QFontMetrics metrics{fit().font};
-    const QString& line = fit().lines.front();
-    const QRect ink = metrics.tightBoundingRect(forDrawing(line, runsRightToLeft(line)));
     // Above and below the middle of the line, which stands in the middle of the view.
     const int middle = (metrics.descent() - metrics.ascent()) / 2;
-    return 2 * (std::max(middle - ink.top(), ink.bottom() + 1 - middle) + 1);
+    return 2 * (std::max(middle - ink().top(), ink().bottom() + 1 - middle) + 1);
+}
+
+void TextView::setMostPixels(int pixels)
+{
+    if (mostPixels_ == pixels) return;
+    mostPixels_ = pixels;
+    update();
 }
 
 QRect TextView::inside() const
@@ -128,6 +147,7 @@ const TextFit& TextView::fit() const
 {
     QFont font = font_;
     if (changed_) font.setBold(true);
+    if (mostPixels_ != 0) font.setPixelSize(std::min(font.pixelSize(), mostPixels_));
     const QSize size = inside().size();
     const bool digits = languageLook().arabicIndicDigits;
     const QString& text = shownText();

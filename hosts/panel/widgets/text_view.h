@@ -53,6 +53,12 @@ public:
     QSize textSize() const;
     // Pixels that the view must be high at least, so that no letter loses its upper or lower end. A frame keeps its height.
     int inkHeight() const;
+    // Height of the letters as they are shown, and where the ink of one line begins and ends; pixels of the view.
+    int shownPixels() const { return fit().font.pixelSize(); }
+    int inkTop() const;
+    int inkBottom() const;
+    // Letters are not larger than this, even if that is smaller than what is read well; 0: no limit.
+    void setMostPixels(int pixels);
     // Whether a part of the text had to be left out, in the size that the view has now.
     bool isElided() const { return fit().elided; }
 
@@ -63,6 +69,7 @@ private:
     bool isStale() const;
     QRect inside() const; // where the text may stand
     int overhang() const;
+    QRect ink() const; // around the glyphs of a text of one line, the base line at 0
     const TextFit& fit() const;
     QColor face() const;
     QPen border() const;
@@ -79,6 +86,7 @@ private:
     bool changed_ = false;
     bool lockShown_ = false;
     ValueState state_ = ValueState::Fresh;
+    int mostPixels_ = 0;
 
     // What the text was last fitted for; a value is painted more often than it changes.
     mutable TextFit fit_;
