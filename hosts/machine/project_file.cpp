@@ -1,5 +1,6 @@
 #include "machine/project_file.h"
 
+#include "basic/conversions.h"
 #include "basic/error.h"
 #include "machine/json_object.h"
 #include "machine/machine_settings_reader.h"
@@ -43,11 +44,32 @@ void readScreen(JsonObject& object, ProjectFile& project, const std::string& fil
     screen.finish();
 }
 
+bool isResolution(std::int64_t width) { return width == 800 || width == 1024 || width == 1280; }
+
+// The control reads the width from a variable, the panel from the project: there is one number for both.
+void settleResolution(JsonObject& object, ProjectFile& project, bool isStated)
+{
+    const auto found = std::find_if(project.variables.begin(), project.variables.end(),
+        [](const ProjectFile::Variable& variable) { return variable.name == resolutionVariable; });
+    if (found == project.variables.end()) return;
+    std::int32_t width = 0;
+    try {
+        width = basic::toInt32(found->value);
+    } catch (const basic::Error&) {
+        // A list or a text is no width.
+    }
+    if (!isStated && isResolution(width)) project.resolution = width;
+    if (width == project.resolution) return;
+    object.problem("variables/" + found->name,
+        "differs from resolution, which is " + std::to_string(project.resolution) + " and counts");
+    found->value = basic::Variant{static_cast<std::int16_t>(project.resolution)};
+}
+
 void readSettings(JsonObject& object, ProjectFile& project)
 {
     project.title = object.text("title", Need::Optional).value_or("");
     if (const auto width = object.whole("resolution", Need::Optional, 800, 1280)) {
-        if (*width == 800 || *width == 1024 || *width == 1280)
+        if (isResolution(*width))
             project.resolution = static_cast<int>(*width);
         else
             object.problem("resolution", "must be 800, 1024 or 1280");
@@ -196,6 +218,7 @@ ProjectFile ProjectFile::parse(std::string_view text, const std::string& file)
     readScreen(object, project, file);
     readLanguages(object, project, file);
     readVariables(object, project);
+    settleResolution(object, project, json.is_object() && json.contains("resolution"));
     readScreens(object, project);
     if (const Json* const machine = object.object("machine", Need::Optional))
         project.machine = readMachineSettings(*machine, file, object.pathOf("machine"), project.problems);
@@ -207,6 +230,8 @@ void ProjectFile::declareVariables(VariableStore& store) const
 {
     for (const Variable& variable : variables)
         store.declare(variable.name, variable.value);
+    if (store.find(resolutionVariable) == nullptr)
+        store.declare(resolutionVariable, basic::Variant{static_cast<std::int16_t>(resolution)});
 }
 
 } // namespace servopanel::machine

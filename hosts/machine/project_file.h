@@ -15,6 +15,10 @@ namespace servopanel::machine {
 
 class VariableStore;
 
+// The variable from which the control reads the width of the screen. Whatever a project says of it, it holds the
+// project's resolution.
+inline constexpr std::string_view resolutionVariable = "parameter<.aufloesung>";
+
 // project.json, the description of an HMI project (see demo/README.md). What is missing or wrong is among the problems
 // and keeps its default; everything else is taken, of a file that breaks off what stands before the break.
 struct ProjectFile {
@@ -53,7 +57,7 @@ struct ProjectFile {
     // file: its name for the problems.
     static ProjectFile parse(std::string_view text, const std::string& file);
 
-    // Declares all variables of the project in the store.
+    // Declares all variables of the project in the store, and resolutionVariable in any case.
     void declareVariables(VariableStore& store) const;
 };
 

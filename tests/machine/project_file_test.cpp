@@ -1,5 +1,7 @@
 #include "machine/project_file.h"
 
+#include "basic/conversions.h"
+
 #include "machine/variable_store.h"
 #include "portable/temporary_folder.h"
 
@@ -177,6 +179,37 @@ TEST(ProjectFile, KeepsTheGoodPartsBesideBadOnes)
     EXPECT_FALSE(project.machine);
 }
 
+TEST(ProjectFile, TheWidthOfTheScreenIsOneNumber)
+{
+    const auto widths = [](const std::string& members, const std::string& variables) {
+        const ProjectFile project =
+            ProjectFile::parse("{" + members + "\"variables\": {" + variables + "}}", "project.json");
+        servopanel::machine::VariableStore store;
+        project.declareVariables(store);
+        const auto* const width = store.find(servopanel::machine::resolutionVariable);
+        return std::pair{project.resolution, width == nullptr ? 0 : servopanel::basic::toInt32(*width)};
+    };
+    const std::string variable = "\"parameter<.aufloesung>\": ";
+    EXPECT_EQ(widths("\"resolution\": 800, ", ""), (std::pair{800, 800}));
+    EXPECT_EQ(widths("\"resolution\": 800, ", variable + "1280"), (std::pair{800, 800}));
+    EXPECT_EQ(widths("", variable + "1024"), (std::pair{1024, 1024}));
+    EXPECT_EQ(widths("", variable + "[1, 2]"), (std::pair{1280, 1280}));
+    EXPECT_EQ(widths("", ""), (std::pair{1280, 1280}));
+}
+
+TEST(ProjectFile, SaysSoWhenTwoWidthsDiffer)
+{
+    const auto problems = [](const std::string& width) {
+        return problemsOf(ProjectFile::parse(
+            R"({"resolution": 800, "variables": {"parameter<.aufloesung>": )" + width + "}}",
+            "project.json"));
+    };
+    EXPECT_TRUE(problems("800").empty());
+    ASSERT_EQ(problems("1280").size(), 1U);
+    EXPECT_NE(
+        problems("1280").front().find("differs from resolution, which is 800 and counts"), std::string::npos);
+}
+
 TEST(ProjectFile, NamesTheLineWhereItBreaksOffAndKeepsWhatStandsBefore)
 {
     const ProjectFile project = ProjectFile::parse(
@@ -240,7 +273,7 @@ TEST(ProjectFile, DeclaresItsVariables)
         ProjectFile::load(folder.file("project.json", R"({"variables": {"a": 1, "b": "x"}})"));
     machine::VariableStore store;
     project.declareVariables(store);
-    EXPECT_EQ(store.names(), (std::vector<std::string>{"a", "b"}));
+    EXPECT_EQ(store.names(), (std::vector<std::string>{"a", "b", "parameter<.aufloesung>"}));
     EXPECT_EQ(store.ReadValue("b"), Variant("x"));
 }
 

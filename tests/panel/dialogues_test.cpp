@@ -255,3 +255,20 @@ TEST_F(DialoguesTest, EscOnTheScreenClosesTheTrendLikeEscOnTheKeyboard)
     hands_->footerKey(11);
     EXPECT_EQ(panel_->shownPart()->className(), "ServoMenu");
 }
+
+TEST_F(DialoguesTest, KeysWithNothingBehindThemLookLikeKeysThatAreOff)
+{
+    const auto isOn = [&](int number) {
+        return control<panel::FußzeileChild>("Fußzeile").bar().key(number).isOn();
+    };
+    panel_->variables().declare("parameter<.maschinenanzahl>", Variant{std::int16_t{2}});
+    panel_->openServo(); // comes back to the page
+    for (const int number : {1, 2, 3})
+        EXPECT_FALSE(isOn(number)) << number;
+    EXPECT_TRUE(isOn(9));
+    EXPECT_TRUE(isOn(10));
+    hands_->footerKey(11);
+    for (const int number : {1, 2, 3, 9})
+        EXPECT_FALSE(isOn(number)) << number;
+    EXPECT_TRUE(isOn(11));
+}

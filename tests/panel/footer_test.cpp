@@ -40,11 +40,11 @@ TEST_F(FooterTest, AllKeysAreOffAtFirst)
 
 TEST_F(FooterTest, AKeyThatIsOnReportsItsNumber)
 {
-    footer().Freigabe(3, true);
-    QTest::mouseClick(&key(3), Qt::LeftButton);
-    EXPECT_EQ(around_.log, (std::vector<std::string>{"Fußzeile.TasteClick 3"}));
-    footer().Freigabe(3, false);
-    QTest::mouseClick(&key(3), Qt::LeftButton);
+    footer().Freigabe(4, true);
+    QTest::mouseClick(&key(4), Qt::LeftButton);
+    EXPECT_EQ(around_.log, (std::vector<std::string>{"Fußzeile.TasteClick 4"}));
+    footer().Freigabe(4, false);
+    QTest::mouseClick(&key(4), Qt::LeftButton);
     EXPECT_EQ(around_.log.size(), 1U);
 }
 

@@ -316,3 +316,13 @@ TEST_F(PanelTest, AnUnknownLanguageCannotBeStarted)
     settings.language = "xx";
     EXPECT_THROW(Panel{settings}, panel::CannotStart);
 }
+
+TEST_F(PanelTest, AMissingDatabaseIsReportedByItsName)
+{
+    project_.remove("Servo/Servo.mdb");
+    open();
+    hands_->menuKey(1);
+    EXPECT_EQ(panel_->shownPart()->className(), "ServoMain");
+    EXPECT_TRUE(isReported("Servo\\Servo.mdb': no such file"));
+    EXPECT_FALSE(isReported("''"));
+}

@@ -32,8 +32,9 @@ QImage seen(const QImage& picture)
 
 } // namespace
 
-FußzeileChild::FußzeileChild(QWidget* parent, Services& panel)
+FußzeileChild::FußzeileChild(QWidget* parent, Services& panel, std::function<bool(int)> acts)
     : Child{"Fußzeile", *new FooterBar{parent}, panel}
+    , acts_{std::move(acts)}
 {
     keys_[hardwareKey].on = true;
     bar().setHandler([this](int key) {
@@ -78,7 +79,7 @@ void FußzeileChild::show(int number)
                       services().text("Standard." + basic::decimal(std::int32_t{key.textNumber})))
                           : QString{});
     shown.setHighlight(key.colour == normalColour ? std::nullopt : std::optional{fromLibrary(key.colour)});
-    bar().setKeyOn(number, key.on);
+    bar().setKeyOn(number, key.on && acts_(number));
 }
 
 void FußzeileChild::languageChanged()

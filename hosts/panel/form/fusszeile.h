@@ -11,7 +11,9 @@ namespace servopanel::panel {
 // is a key of the panel's hardware, which is always on.
 class FußzeileChild : public Child {
 public:
-    FußzeileChild(QWidget* parent, Services& services);
+    // acts: whether anything stands behind a key. One that only shows something looks and feels like one that is off.
+    FußzeileChild(
+        QWidget* parent, Services& services, std::function<bool(int key)> acts = [](int) { return true; });
     void languageChanged() override;
 
     FooterBar& bar() { return static_cast<FooterBar&>(view()); }
@@ -29,6 +31,7 @@ private:
 
     void show(int number);
 
+    std::function<bool(int)> acts_;
     std::map<int, Key> keys_;
 };
 

@@ -27,7 +27,13 @@ ChildRef ControlHost::makeChild(std::string_view className, QWidget* parent)
         return std::make_shared<PictureChild>(std::string{className}, parent, panel);
     if (className == classes::Label) return std::make_shared<Label>(parent, panel);
     if (className == classes::Timer) return std::make_shared<TimerChild>(parent, panel, surroundings_.gate);
-    if (className == classes::Fußzeile) return std::make_shared<FußzeileChild>(parent, panel);
+    if (className == classes::Fußzeile)
+        return std::make_shared<FußzeileChild>(
+            parent, panel, [isMenu = this->className() == classes::ServoMenu](int key) {
+                constexpr int firstOfPage = 4;
+                constexpr int firstOfMenu = 11;
+                return key >= (isMenu ? firstOfMenu : firstOfPage);
+            });
     if (className == classes::ScrollBar) return std::make_shared<ScrollBarChild>(parent, panel);
     if (className == classes::Schalter) return std::make_shared<SchalterChild>(parent, panel);
     if (className == classes::IniEingabe)

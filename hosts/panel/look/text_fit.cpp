@@ -49,6 +49,8 @@ QString elided(const QFontMetrics& metrics, const QString& text, int width)
     return kept.isEmpty() && widthOf(metrics, ellipsis) > width ? QString{} : kept + ellipsis;
 }
 
+} // namespace
+
 QStringList brokenIntoLines(const QString& text, const QFont& font, int width)
 {
     QStringList lines;
@@ -66,8 +68,6 @@ QStringList brokenIntoLines(const QString& text, const QFont& font, int width)
     }
     return lines;
 }
-
-} // namespace
 
 TextFit TextFit::oneLine(const QString& text, const QFont& font, QSize place, int leastPixels)
 {
@@ -117,7 +117,8 @@ TextFit TextFit::wrapped(const QString& text, const QFont& font, QSize place, in
     return fit;
 }
 
-void TextFit::draw(QPainter& painter, const QRect& place, Qt::Alignment alignment) const
+void TextFit::draw(
+    QPainter& painter, const QRect& place, Qt::Alignment alignment, const std::optional<QRect>& seen) const
 {
     painter.setFont(font);
     const int lineHeight = QFontMetrics{font}.height();
@@ -131,10 +132,11 @@ void TextFit::draw(QPainter& painter, const QRect& place, Qt::Alignment alignmen
         drawingFlags((alignment & (Qt::AlignHorizontal_Mask | Qt::AlignAbsolute)) | Qt::AlignVCenter,
             directionOf(painter), rightToLeft);
     for (const QString& line : lines) {
-        // Exact widths have fractions; what fits when rounded must not lose its last letters.
-        painter.drawText(QRect{place.left(), top, place.width(), lineHeight},
-            flags | Qt::TextSingleLine | Qt::TextDontClip, forDrawing(line, rightToLeft));
+        const QRect row{place.left(), top, place.width(), lineHeight};
         top += lineHeight;
+        if (seen && (row.top() < seen->top() || row.bottom() > seen->bottom())) continue;
+        // Exact widths have fractions; what fits when rounded must not lose its last letters.
+        painter.drawText(row, flags | Qt::TextSingleLine | Qt::TextDontClip, forDrawing(line, rightToLeft));
     }
 }
 

@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 namespace servopanel::panel {
 
 // The smallest height of letters that an operator reads at arm's length: 8 points, in pixels of every panel.
@@ -24,7 +26,13 @@ struct TextFit {
 
     // The colour is that of the painter's pen. Left and right change places on a widget from right to left, unless the
     // alignment is absolute.
-    void draw(QPainter& painter, const QRect& place, Qt::Alignment alignment) const;
+    // Lines that do not lie within seen as a whole are left out, because half a line cannot be read.
+    void draw(QPainter& painter, const QRect& place, Qt::Alignment alignment,
+        const std::optional<QRect>& seen = {}) const;
 };
+
+// The lines of a text: broken between words, and within a word that is longer than a line. A line break in the text is
+// one on the screen. width: pixels.
+QStringList brokenIntoLines(const QString& text, const QFont& font, int width);
 
 } // namespace servopanel::panel

@@ -7,8 +7,7 @@
 
 namespace servopanel::panel {
 
-// Texts of any length on several lines: broken between words, and within a word that is longer than a line. A line break
-// in the text is one on the screen.
+// Texts of any length on several lines, in one size: what does not fit scrolls.
 
 // Height of all lines, pixels.
 int wrappedHeight(const QString& text, const QFont& font, int width);

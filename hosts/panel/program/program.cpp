@@ -15,6 +15,7 @@
 #include <QStyleFactory>
 
 #include <cstdio>
+#include <memory>
 
 namespace servopanel::panel {
 
@@ -63,12 +64,15 @@ void show(PanelWindow& window, PanelWindow::Zoom zoom)
 
 int run(const Options& options)
 {
+    std::unique_ptr<Tour> tour;
     Session session{options.settings, [&](Panel& panel) {
                         show(panel.window(), options.settings.zoom);
                         keepOnScreen(panel.window());
+                        // Before the screen opens, which may have something to say.
+                        if (!options.tour.empty()) tour = std::make_unique<Tour>(panel, options.tour);
                         panel.openServo();
                     }};
-    if (!options.tour.empty()) return Tour{session.panel(), options.tour}.play();
+    if (tour) return tour->play();
     const ReloadRequest request{[&] { session.reload(); }};
     return QApplication::exec();
 }

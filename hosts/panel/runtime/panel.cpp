@@ -17,7 +17,6 @@ namespace names = platform::names;
 
 namespace {
 
-constexpr std::string_view resolutionVariable = "parameter<.aufloesung>";
 constexpr std::string_view levelVariable = "Ch-1.intern<.passwort>";
 constexpr std::string_view rightToLeftVariable = "Ch-1.param_client<.arabisch>";
 constexpr std::string_view machineVariable = "Ch-1.intern<.aktuelle_maschine>";
@@ -167,7 +166,7 @@ void Panel::applySettings()
     if (settings_.before)
         machine::carryOver(settings_.before->file, *settings_.before->variables, file_, *variables_);
     if (settings_.resolution)
-        setVariable(resolutionVariable, Variant{static_cast<std::int16_t>(*settings_.resolution)});
+        setVariable(machine::resolutionVariable, Variant{static_cast<std::int16_t>(*settings_.resolution)});
     setVariable(levelVariable, Variant{settings_.level.value_or(file_.level)});
     if (!settings_.language.empty() && !languages_.choose(settings_.language))
         throw CannotStart{"the project has no language '" + settings_.language + "'"};

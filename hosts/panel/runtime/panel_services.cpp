@@ -20,6 +20,26 @@ QString toQt(std::string_view text)
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+// The library opens an empty name where it has found no file; the report shall say which one is missing.
+class NamingEngine : public platform::DBEngine {
+public:
+    NamingEngine(std::shared_ptr<platform::DBEngine> inner, std::shared_ptr<PanelPathHelper> paths)
+        : inner_{std::move(inner)}
+        , paths_{std::move(paths)}
+    {
+    }
+    std::unique_ptr<platform::Database> open(std::string_view path) override
+    {
+        if (path.empty())
+            portable::raiseFileError(portable::FileError::FileNotFound, paths_->asked(), "no such file");
+        return inner_->open(path);
+    }
+
+private:
+    std::shared_ptr<platform::DBEngine> inner_;
+    std::shared_ptr<PanelPathHelper> paths_;
+};
+
 } // namespace
 
 void PanelErrorDisplay::ErrMessage(
@@ -69,7 +89,7 @@ std::shared_ptr<platform::ErrorDisplay> PanelObjects::createErrorDisplay()
 
 std::shared_ptr<platform::DBEngine> PanelObjects::createDBEngine()
 {
-    if (parts_.makeDatabase) return parts_.makeDatabase();
+    if (parts_.makeDatabase) return std::make_shared<NamingEngine>(parts_.makeDatabase(), parts_.paths);
     throw basic::Error{cannotCreateObject, "Panel", "No database engine"};
 }
 

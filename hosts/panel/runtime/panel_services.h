@@ -72,7 +72,13 @@ public:
         , openScreen_{std::move(openScreen)}
     {
     }
-    std::string path(std::string_view name) override { return mapping_.fullName(name); }
+    std::string path(std::string_view name) override
+    {
+        asked_ = name;
+        return mapping_.fullName(name);
+    }
+    // The name that was asked for last.
+    const std::string& asked() const { return asked_; }
     void openScreen(std::int16_t number) override { openScreen_(number); }
     std::int16_t inputPermission() override { return inputPermission_; }
 
@@ -80,6 +86,7 @@ private:
     const portable::PathMapping& mapping_;
     std::int16_t inputPermission_;
     std::function<void(std::int16_t)> openScreen_;
+    std::string asked_;
 };
 
 class PanelSurroundings : public portable::PortableSurroundings {
@@ -95,7 +102,7 @@ class PanelObjects : public platform::LateObjects {
 public:
     struct Parts {
         std::shared_ptr<platform::ProcessVarAccess> variables;
-        std::shared_ptr<platform::PathHelper> paths;
+        std::shared_ptr<PanelPathHelper> paths;
         ErrorList& errors;
         MakeDatabase makeDatabase;
     };

@@ -2,6 +2,7 @@
 
 #include "basic/conversions.h"
 #include "panel/form/scroll_bar.h"
+#include "panel/widgets/message_sheet.h"
 #include "platform/ids.h"
 #include "recording/trace/value_text.h"
 
@@ -34,6 +35,9 @@ Tour::Tour(Panel& panel, std::filesystem::path folder)
 {
     std::error_code ignored;
     std::filesystem::create_directories(folder_, ignored);
+    constexpr int lookEveryMs = 50;
+    QObject::connect(&messages_, &QTimer::timeout, &messages_, [this] { readMessage(); });
+    messages_.start(lookEveryMs);
     panel_.variables().addListener([this](const machine::VariableStore::Write& write) {
         if (write.writer != machine::Writer::Library || write.name.rfind(machinePrefix, 0) != 0) return;
         say("    " + std::string{write.name} + " = " + recording::valueText(write.value, {}));
@@ -67,6 +71,24 @@ void Tour::step(const std::string& name, const std::function<void()>& action)
     if (action) action();
     operator_.wait(lookMs);
     save(name);
+}
+
+// A message waits for its reader, and everything else with it.
+void Tour::readMessage()
+{
+    for (QObject* each : panel_.window().stage().children()) {
+        auto* message = dynamic_cast<MessageSheet*>(each);
+        if (message == nullptr || !message->isVisible()) continue;
+        messages_.stop();
+        ++number_;
+        say(twoDigits(number_) + " message: " + message->text().toStdString());
+        const std::string file = (folder_ / (twoDigits(number_) + "-message.png")).string();
+        if (!picture().save(QString::fromStdString(file)))
+            std::fprintf(stderr, "servo-panel: the picture '%s' cannot be saved\n", file.c_str());
+        QTest::mouseClick(&message->okKey(), Qt::LeftButton);
+        messages_.start();
+        return;
+    }
 }
 
 int Tour::play()

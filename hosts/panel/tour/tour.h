@@ -3,6 +3,7 @@
 #include "panel/tour/operator.h"
 
 #include <QPixmap>
+#include <QTimer>
 
 #include <filesystem>
 #include <functional>
@@ -15,6 +16,7 @@ namespace servopanel::panel {
 // every step a picture is saved, and what was written to the machine goes to standard output.
 class Tour {
 public:
+    // From now on every message that opens is kept as a picture and answered with OK.
     Tour(Panel& panel, std::filesystem::path folder);
 
     // Exit status: 0 when every step found what it needed, else 1.
@@ -23,6 +25,7 @@ public:
 private:
     void step(const std::string& name, const std::function<void()>& action = {});
     void save(const std::string& name);
+    void readMessage();
     QPixmap picture();
     void say(const std::string& line);
 
@@ -48,6 +51,7 @@ private:
     Panel& panel_;
     Operator operator_;
     std::filesystem::path folder_;
+    QTimer messages_;
     int number_ = 0;
 };
 
