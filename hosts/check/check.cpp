@@ -49,20 +49,6 @@ CheckedProject load(const fs::path& folder, const fs::path& file, Findings& find
     return project;
 }
 
-// The panel is as wide as "resolution" says, and the library draws for the width of the variable.
-void checkResolution(const CheckedProject& project, Findings& findings)
-{
-    const std::string name = "parameter<.aufloesung>";
-    for (const auto& variable : project.file.variables) {
-        if (variable.name != name
-            || variable.value == basic::Variant{static_cast<std::int16_t>(project.file.resolution)})
-            continue;
-        findings.add("project.json", project.lineOfVariable(name),
-            "variable \"" + name + "\" differs from \"resolution\", which is "
-                + std::to_string(project.file.resolution) + ": the pages do not fit the screen");
-    }
-}
-
 void checkScreens(const CheckedProject& project, const Asked& asked, Findings& findings)
 {
     std::set<std::int16_t> known;
@@ -124,7 +110,6 @@ Report checkProject(const fs::path& folder, const PictureReader& readPicture)
     Asked asked;
     CheckedProject project = load(folder, file, findings);
     readIniFiles(project, findings);
-    checkResolution(project, findings);
     walkThrough(project, asked, findings);
     checkFooterFile(project, asked.machines, findings);
     checkEntries(project, asked, findings);

@@ -61,7 +61,7 @@ void settleResolution(JsonObject& object, ProjectFile& project, bool isStated)
     if (!isStated && isResolution(width)) project.resolution = width;
     if (width == project.resolution) return;
     object.problem("variables/" + found->name,
-        "differs from resolution, which is " + std::to_string(project.resolution) + " and counts");
+        "differs from resolution, which is " + std::to_string(project.resolution) + "; resolution counts");
     found->value = basic::Variant{static_cast<std::int16_t>(project.resolution)};
 }
 

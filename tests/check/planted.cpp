@@ -87,8 +87,8 @@ const std::vector<Planted>& plantedMistakes()
         {"another width than the screen's",
             replaced(project, "\"parameter<.aufloesung>\": 1280", "\"parameter<.aufloesung>\": 1024"),
             {{project, "\"parameter<.aufloesung>\"",
-                "variable \"parameter<.aufloesung>\" differs from \"resolution\", which is 1280: the pages "
-                "do not fit the screen"}}},
+                "variables/parameter<.aufloesung>: differs from resolution, which is 1280; resolution "
+                "counts"}}},
         {"a missing array", without(project, "  \"Ch1.M1_T_servo_3<.mM1_servo_para_ob_3>\""),
             {{project, "\"variables\": {",
                 "variable \"Ch1.M1_T_servo_3<.mM1_servo_para_ob_3>\" is missing: the panel reports it and "
@@ -194,15 +194,15 @@ const std::vector<Planted>& plantedMistakes()
         // Servo/Servo.ini
         {"a missing key", replaced(footer, "F6=TRUE\n", ""),
             {{footer, "[Machine1]", "[Machine1] F6 is missing: the key may go by that of another machine"}}},
-        {"blanks that count", replaced(footer, "F2=TRUE", "F2 =TRUE"),
-            {{footer, "F2 =", "[Machine1] F2 has blanks beside its name: the library does not find it"}}},
-        {"a flag that is none", replaced(footer, "F9=TRUE", "F9=YES"),
+        {"blanks that count", replaced(footer, "F5=TRUE", "F5 =TRUE"),
+            {{footer, "F5 =", "[Machine1] F5 has blanks beside its name: the library does not find it"}}},
+        {"a flag that is none", replaced(footer, "F10=TRUE", "F10=YES"),
             {{footer, "=YES",
-                "[Machine1] F9 is \"YES\", which is neither TRUE nor FALSE: the operator has no such key"}}},
+                "[Machine1] F10 is \"YES\", which is neither TRUE nor FALSE: the operator has no such key"}}},
         {"a key that there is not", appended(footer, "F12=Standard\\F_Exit.gif\n"),
             {{footer, "F12=", "[Footer] F12 is read by nobody; it may be misspelt"}}},
-        {"a key without a picture", replaced(footer, "F1=Standard\\F_Overview.gif", "F1="),
-            {{footer, "F1=\n", "[Footer] F1 names no picture: a message stops the operator at every page"}}},
+        {"a key without a picture", replaced(footer, "F6=Standard\\F_Next.gif", "F6="),
+            {{footer, "F6=\n", "[Footer] F6 names no picture: a message stops the operator at every page"}}},
         // Captions in the pictures
         {"a caption without a place", replaced("Servo/Servo_M1_2.ini", "1Y=", "1Z="),
             {{"Servo/Servo_M1_2.ini", "[Parameter]",

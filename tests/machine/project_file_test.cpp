@@ -206,8 +206,8 @@ TEST(ProjectFile, SaysSoWhenTwoWidthsDiffer)
     };
     EXPECT_TRUE(problems("800").empty());
     ASSERT_EQ(problems("1280").size(), 1U);
-    EXPECT_NE(
-        problems("1280").front().find("differs from resolution, which is 800 and counts"), std::string::npos);
+    EXPECT_NE(problems("1280").front().find("differs from resolution, which is 800; resolution counts"),
+        std::string::npos);
 }
 
 TEST(ProjectFile, NamesTheLineWhereItBreaksOffAndKeepsWhatStandsBefore)
