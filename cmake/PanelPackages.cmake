@@ -26,7 +26,7 @@ set(CPACK_COMPONENT_PANEL_DESCRIPTION "Operator panel for the servo drives of a 
 set(CPACK_DEBIAN_PANEL_PACKAGE_DEPENDS "fonts-dejavu-core, fonts-wqy-microhei, procps, kbd")
 set(CPACK_DEBIAN_PANEL_PACKAGE_RECOMMENDS "xserver-xorg, xinit, servo-panel-demo")
 set(CPACK_DEBIAN_PANEL_PACKAGE_SUGGESTS
-    "cage, qt6-wayland, tigervnc-standalone-server, x11vnc, wayvnc, websockify, novnc, servo-panel-tools")
+    "cage, xwayland, qt6-wayland, tigervnc-standalone-server, x11vnc, wayvnc, websockify, novnc, servo-panel-tools")
 set(CPACK_DEBIAN_PANEL_PACKAGE_CONTROL_EXTRA
     "${PROJECT_SOURCE_DIR}/packaging/debian/conffiles;${PROJECT_SOURCE_DIR}/packaging/debian/postinst;${PROJECT_SOURCE_DIR}/packaging/debian/prerm;${PROJECT_SOURCE_DIR}/packaging/debian/postrm")
 
