@@ -1,63 +1,12 @@
 #include "machine/variable_store.h"
 
-#include "basic/conversions.h"
-#include "basic/error.h"
+#include "machine/variable_conversion.h"
 
 #include <algorithm>
 
 namespace servopanel::machine {
 
-namespace {
-
-using basic::Array;
 using basic::Variant;
-
-basic::Error failure(std::int32_t number, std::string_view name, std::string_view reason)
-{
-    std::string description{"Process variable '"};
-    description += name;
-    description += "': ";
-    description += reason;
-    return {number, "Process variables", std::move(description)};
-}
-
-basic::Error unknown(std::string_view name)
-{
-    return failure(static_cast<std::int32_t>(basic::ErrorNumber::InvalidProcedureCall), name,
-        "there is no such variable");
-}
-
-basic::Error mismatch(std::string_view name, std::string_view reason)
-{
-    return failure(static_cast<std::int32_t>(basic::ErrorNumber::TypeMismatch), name, reason);
-}
-
-Variant convertedArray(std::string_view name, const Array& declared, const Variant& value)
-{
-    const Array* const given = value.get<Array>();
-    if (!given) throw mismatch(name, "one value cannot be written to an array");
-    if (given->elements.size() != declared.elements.size())
-        throw mismatch(name,
-            "it has " + std::to_string(declared.elements.size()) + " elements, not "
-                + std::to_string(given->elements.size()));
-    Array converted{declared.elementType, declared.lowerBound, given->elements};
-    if (declared.elementType != basic::VariantType::Variant)
-        for (Variant& element : converted.elements)
-            element = basic::convert(element, declared.elementType);
-    return converted;
-}
-
-Variant converted(std::string_view name, const Variant& declared, const Variant& value)
-try {
-    if (const Array* const array = declared.get<Array>()) return convertedArray(name, *array, value);
-    if (value.holds<Array>()) throw mismatch(name, "an array cannot be written to one value");
-    return basic::convert(value, declared.type());
-} catch (const basic::Error& error) {
-    if (!error.source.empty()) throw;
-    throw failure(error.number, name, error.description);
-}
-
-} // namespace
 
 void VariableStore::declare(std::string_view name, Variant value)
 {
@@ -67,7 +16,7 @@ void VariableStore::declare(std::string_view name, Variant value)
 Variant VariableStore::ReadValue(std::string_view name)
 {
     const Variant* const value = find(name);
-    if (!value) throw unknown(name);
+    if (!value) throw unknownVariable(name);
     return *value;
 }
 
@@ -79,8 +28,8 @@ void VariableStore::WriteValue(std::string_view name, const Variant& value)
 void VariableStore::write(std::string_view name, const Variant& value, Writer writer)
 {
     const auto variable = variables_.find(name);
-    if (variable == variables_.end()) throw unknown(name);
-    variable->second = converted(name, variable->second, value);
+    if (variable == variables_.end()) throw unknownVariable(name);
+    variable->second = convertedToDeclared(name, variable->second, value);
     notify({variable->first, variable->second, writer});
 }
 

@@ -2,11 +2,11 @@
 
 #include "basic/conversions.h"
 #include "basic/error.h"
+#include "machine/type_names.h"
 
 #include <cstdint>
 #include <limits>
 #include <optional>
-#include <string_view>
 
 namespace servopanel::machine {
 
@@ -14,17 +14,6 @@ namespace {
 
 using basic::Variant;
 using basic::VariantType;
-
-struct TypeName {
-    std::string_view name;
-    VariantType type;
-    bool array = false;
-};
-
-constexpr TypeName typeNames[]{{"int16", VariantType::Int16}, {"int32", VariantType::Int32},
-    {"single", VariantType::Single}, {"double", VariantType::Double}, {"boolean", VariantType::Boolean},
-    {"text", VariantType::Text}, {"doubles", VariantType::Double, true},
-    {"int16s", VariantType::Int16, true}};
 
 Variant wholeNumber(std::int64_t number)
 {
@@ -67,12 +56,11 @@ Variant typed(const Json& json)
     if (type == json.end() || !type->is_string() || value == json.end() || json.size() != 2)
         basic::raise(
             basic::ErrorNumber::TypeMismatch, "an object must have \"type\" and \"value\" and nothing else");
-    for (const TypeName& known : typeNames) {
-        if (type->get<std::string>() != known.name) continue;
-        if (known.array != value->is_array())
+    if (const auto known = typeNamed(type->get<std::string>())) {
+        if (known->array != value->is_array())
             basic::raise(basic::ErrorNumber::TypeMismatch,
-                known.array ? "this type takes a list of numbers" : "this type takes one value, not a list");
-        return known.array ? list(*value, known.type) : basic::convert(scalar(*value), known.type);
+                known->array ? "this type takes a list of numbers" : "this type takes one value, not a list");
+        return known->array ? list(*value, known->element) : basic::convert(scalar(*value), known->element);
     }
     basic::raise(basic::ErrorNumber::TypeMismatch, "\"" + type->get<std::string>() + "\" is no type");
 }
