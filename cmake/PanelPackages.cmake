@@ -34,7 +34,8 @@ set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME servo-panel-tools)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION misc)
 set(CPACK_COMPONENT_TOOLS_DESCRIPTION "Engineer's tools for servo panels
  servo-replay plays scenarios on the controls without a screen and writes
- traces; servo-defs reads, writes and checks databases of definitions.")
+ traces; servo-defs reads, writes and checks databases of definitions;
+ servo-machine puts simulated machines on a broker.")
 
 set(CPACK_DEBIAN_DEMO_PACKAGE_NAME servo-panel-demo)
 set(CPACK_DEBIAN_DEMO_PACKAGE_SECTION misc)
@@ -47,7 +48,7 @@ set(CPACK_COMPONENT_DEMO_DESCRIPTION "Demonstration project for servo panels
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libservopanel-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS
-    "nlohmann-json3-dev, mdbtools-dev, pkg-config, qt6-base-dev, libfreetype-dev, libwmf-dev")
+    "nlohmann-json3-dev, mdbtools-dev, libmosquitto-dev, pkg-config, qt6-base-dev, libfreetype-dev, libwmf-dev")
 set(CPACK_COMPONENT_DEV_DESCRIPTION "Servo controls for programs of one's own
  Static libraries, headers and the CMake package ServoPanel.")
 

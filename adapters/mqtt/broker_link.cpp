@@ -1,0 +1,298 @@
+#include "mqtt/broker_link.h"
+
+#include "basic/error.h"
+
+#include <mosquitto.h>
+#include <mqtt_protocol.h>
+
+#include <poll.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <memory>
+#include <utility>
+
+namespace servopanel::mqtt {
+
+namespace {
+
+constexpr int mostPacketsAtOnce = 2000; // then others of the same thread have their turn
+constexpr int connectionFailed = 462; // "the remote server machine does not exist or is unavailable"
+
+struct Free {
+    void operator()(mosquitto* client) const { mosquitto_destroy(client); }
+};
+using Handle = std::unique_ptr<mosquitto, Free>;
+
+std::string reasonOf(int result)
+{
+    return result == MOSQ_ERR_ERRNO ? std::strerror(errno) : mosquitto_strerror(result);
+}
+
+void initialiseLibraryOnce()
+{
+    static const int result = mosquitto_lib_init(); // for the whole process, never ended
+    static_cast<void>(result);
+}
+
+std::string firstLineOf(const std::filesystem::path& file)
+{
+    std::string line;
+    std::ifstream stream{file};
+    std::getline(stream, line);
+    return line;
+}
+
+} // namespace
+
+class BrokerLink::Impl {
+public:
+    Impl(BrokerLinkSettings settings, Clock clock)
+        : settings_{std::move(settings)}
+        , clock_{std::move(clock)}
+        , retry_{settings_.firstRetryMilliseconds}
+        , nextTry_{clock_()}
+    {
+        if (const std::string problem = problemOf(settings_.address); !problem.empty())
+            throw basic::Error{connectionFailed, "Broker", problem};
+        initialiseLibraryOnce();
+    }
+
+    void start(LinkReceiver& receiver, std::vector<std::string> subscriptions)
+    {
+        receiver_ = &receiver;
+        subscriptions_ = std::move(subscriptions);
+    }
+
+    void setWill(std::string topic, std::string payload)
+    {
+        willTopic_ = std::move(topic);
+        will_ = std::move(payload);
+    }
+
+    void poll(int milliseconds)
+    {
+        if (!failure_.empty()) drop(std::exchange(failure_, {}));
+        if (!client_ && clock_() >= nextTry_) connect();
+        if (!client_) {
+            const std::int64_t wait = std::clamp<std::int64_t>(nextTry_ - clock_(), 0, milliseconds);
+            ::poll(nullptr, 0, static_cast<int>(wait));
+            return;
+        }
+        if (const int result = exchange(milliseconds); result != MOSQ_ERR_SUCCESS) fail(reasonOf(result));
+        if (!failure_.empty()) drop(std::exchange(failure_, {}));
+        if (client_ && !up_ && clock_() - connectedAt_ > settings_.connectMilliseconds)
+            drop("the broker does not answer");
+        if (subscribed_ && !up_) {
+            up_ = true;
+            retry_ = settings_.firstRetryMilliseconds;
+            trouble_.clear();
+            receiver_->linkUp();
+        }
+    }
+
+    bool publish(const std::string& topic, std::string_view payload, Keep keep, int expireSeconds)
+    {
+        if (!client_ || !up_) return false;
+        mosquitto_property* properties = nullptr;
+        if (expireSeconds > 0)
+            mosquitto_property_add_int32(
+                &properties, MQTT_PROP_MESSAGE_EXPIRY_INTERVAL, static_cast<std::uint32_t>(expireSeconds));
+        const int result = mosquitto_publish_v5(client_.get(), nullptr, topic.c_str(),
+            static_cast<int>(payload.size()), payload.data(), 0, keep == Keep::Retained, properties);
+        mosquitto_property_free_all(&properties);
+        if (result == MOSQ_ERR_SUCCESS) return true;
+        fail(reasonOf(result)); // dropped by the next poll, so that nobody is called from here
+        return false;
+    }
+
+    bool isUp() const { return up_ && failure_.empty(); }
+    bool isSending() const { return client_ && mosquitto_want_write(client_.get()); }
+    int descriptor() const { return client_ ? mosquitto_socket(client_.get()) : -1; }
+    const std::string& trouble() const { return trouble_; }
+
+    void drop(std::string_view reason)
+    {
+        if (!client_) return;
+        trouble_ = settings_.address.text().append(": ").append(reason);
+        client_.reset();
+        const bool wasUp = std::exchange(up_, false);
+        subscribed_ = false;
+        failure_.clear();
+        nextTry_ = clock_() + retry_;
+        retry_ = std::min(2 * retry_, settings_.lastRetryMilliseconds);
+        if (wasUp) receiver_->linkDown(trouble_);
+    }
+
+    void sayGoodbye()
+    {
+        if (!client_) return;
+        mosquitto_disconnect(client_.get());
+        client_.reset();
+    }
+
+private:
+    void connect()
+    {
+        connectedAt_ = clock_();
+        client_.reset(mosquitto_new(settings_.client.c_str(), true, this));
+        if (!client_)
+            throw basic::Error{connectionFailed, "Broker", "no client: " + reasonOf(MOSQ_ERR_ERRNO)};
+        if (const int result = open(*client_); result != MOSQ_ERR_SUCCESS) drop(reasonOf(result));
+    }
+
+    int open(mosquitto& client)
+    {
+        mosquitto_int_option(&client, MOSQ_OPT_PROTOCOL_VERSION, MQTT_PROTOCOL_V5);
+        mosquitto_int_option(&client, MOSQ_OPT_TCP_NODELAY, 1);
+        mosquitto_connect_v5_callback_set(&client, [](mosquitto*, void* self, int code, int, const auto*) {
+            static_cast<Impl*>(self)->connected(code);
+        });
+        mosquitto_subscribe_v5_callback_set(
+            &client, [](mosquitto*, void* self, int, int count, const int* granted, const auto*) {
+                static_cast<Impl*>(self)->granted(granted, count);
+            });
+        mosquitto_disconnect_v5_callback_set(&client, [](mosquitto*, void* self, int code, const auto*) {
+            static_cast<Impl*>(self)->fail(mosquitto_reason_string(code));
+        });
+        mosquitto_message_v5_callback_set(
+            &client, [](mosquitto*, void* self, const mosquitto_message* message, const auto*) {
+                static_cast<Impl*>(self)->received(*message);
+            });
+        if (!willTopic_.empty())
+            mosquitto_will_set_v5(
+                &client, willTopic_.c_str(), static_cast<int>(will_.size()), will_.data(), 0, true, nullptr);
+        if (const int result = identify(client); result != MOSQ_ERR_SUCCESS) return result;
+        const BrokerAddress& address = settings_.address;
+        if (!address.socket.empty())
+            return mosquitto_connect_async(&client, address.socket.c_str(), 0, settings_.keepAliveSeconds);
+        return mosquitto_connect_async(
+            &client, address.host.c_str(), address.port, settings_.keepAliveSeconds);
+    }
+
+    int identify(mosquitto& client)
+    {
+        const BrokerAddress& address = settings_.address;
+        if (!address.user.empty()) {
+            const std::string password =
+                address.passwordFile.empty() ? std::string{} : firstLineOf(address.passwordFile);
+            const int result = mosquitto_username_pw_set(
+                &client, address.user.c_str(), password.empty() ? nullptr : password.c_str());
+            if (result != MOSQ_ERR_SUCCESS) return result;
+        }
+        if (address.authority.empty()) return MOSQ_ERR_SUCCESS;
+        const bool own = !address.certificate.empty();
+        return mosquitto_tls_set(&client, address.authority.c_str(), nullptr,
+            own ? address.certificate.c_str() : nullptr, own ? address.key.c_str() : nullptr, nullptr);
+    }
+
+    // Waits for the socket and moves what is there, in both directions.
+    int exchange(int milliseconds)
+    {
+        pollfd socket{mosquitto_socket(client_.get()), POLLIN, 0};
+        if (socket.fd < 0) return MOSQ_ERR_NO_CONN;
+        for (int packets = 0; packets < mostPacketsAtOnce; ++packets) {
+            socket.events = static_cast<short>(POLLIN | (mosquitto_want_write(client_.get()) ? POLLOUT : 0));
+            if (::poll(&socket, 1, packets == 0 ? milliseconds : 0) <= 0) break;
+            if (socket.revents & POLLOUT)
+                if (const int result = mosquitto_loop_write(client_.get(), 1); result != MOSQ_ERR_SUCCESS)
+                    return result;
+            if (socket.revents & (POLLIN | POLLERR | POLLHUP))
+                if (const int result = mosquitto_loop_read(client_.get(), 1); result != MOSQ_ERR_SUCCESS)
+                    return result;
+            if (!failure_.empty()) return MOSQ_ERR_SUCCESS;
+        }
+        return mosquitto_loop_misc(client_.get());
+    }
+
+    void fail(std::string_view reason)
+    {
+        if (failure_.empty()) failure_ = reason;
+    }
+
+    void connected(int code)
+    {
+        if (code != 0) return fail(mosquitto_reason_string(code));
+        if (subscriptions_.empty()) {
+            subscribed_ = true;
+            return;
+        }
+        std::vector<char*> filters;
+        for (std::string& subscription : subscriptions_)
+            filters.push_back(subscription.data());
+        // Own messages and, on a renewed subscription, retained ones are wanted as the broker gives them by default.
+        const int result = mosquitto_subscribe_multiple(
+            client_.get(), nullptr, static_cast<int>(filters.size()), filters.data(), 0, 0, nullptr);
+        if (result != MOSQ_ERR_SUCCESS) fail(reasonOf(result));
+    }
+
+    void granted(const int* qualities, int count)
+    {
+        for (int i = 0; i < count; ++i)
+            if (qualities[i] >= 0x80)
+                return fail(std::string{"the broker refuses the topic "}.append(
+                    subscriptions_[std::min(static_cast<std::size_t>(i), subscriptions_.size() - 1)]));
+        subscribed_ = true;
+    }
+
+    void received(const mosquitto_message& message)
+    {
+        const std::string_view payload{
+            static_cast<const char*>(message.payload), static_cast<std::size_t>(message.payloadlen)};
+        // A broker may send retained messages before it has told that the subscription is in force.
+        if (receiver_) receiver_->received(message.topic, payload, message.retain);
+    }
+
+    BrokerLinkSettings settings_;
+    Clock clock_;
+    LinkReceiver* receiver_ = nullptr;
+    std::vector<std::string> subscriptions_;
+    std::string willTopic_;
+    std::string will_;
+    Handle client_;
+    bool subscribed_ = false;
+    bool up_ = false;
+    std::string failure_; // of the present client, which the next poll drops
+    std::string trouble_;
+    int retry_; // milliseconds
+    std::int64_t nextTry_;
+    std::int64_t connectedAt_ = 0;
+};
+
+BrokerLink::BrokerLink(BrokerLinkSettings settings, Clock clock)
+    : impl_{std::make_unique<Impl>(std::move(settings), std::move(clock))}
+{
+}
+
+BrokerLink::~BrokerLink() { impl_->sayGoodbye(); }
+
+void BrokerLink::start(LinkReceiver& receiver, std::vector<std::string> subscriptions)
+{
+    impl_->start(receiver, std::move(subscriptions));
+}
+
+void BrokerLink::setWill(std::string topic, std::string payload)
+{
+    impl_->setWill(std::move(topic), std::move(payload));
+}
+
+void BrokerLink::poll(int milliseconds) { impl_->poll(milliseconds); }
+
+bool BrokerLink::isUp() const { return impl_->isUp(); }
+
+bool BrokerLink::publish(const std::string& topic, std::string_view payload, Keep keep, int expireSeconds)
+{
+    return impl_->publish(topic, payload, keep, expireSeconds);
+}
+
+bool BrokerLink::isSending() const { return impl_->isSending(); }
+
+void BrokerLink::drop(std::string_view reason) { impl_->drop(reason); }
+
+int BrokerLink::descriptor() const { return impl_->descriptor(); }
+
+const std::string& BrokerLink::trouble() const { return impl_->trouble(); }
+
+} // namespace servopanel::mqtt

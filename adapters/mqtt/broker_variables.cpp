@@ -1,0 +1,268 @@
+#include "mqtt/broker_variables.h"
+
+#include "basic/error.h"
+#include "machine/variable_conversion.h"
+#include "mqtt/protocol_error.h"
+#include "mqtt/value_coding.h"
+
+#include <algorithm>
+#include <cmath>
+#include <random>
+#include <utility>
+
+namespace servopanel::mqtt {
+
+namespace {
+
+constexpr std::size_t mostProtocolErrors = 20;
+constexpr int millisecondsPerSecond = 1000;
+
+[[noreturn]] void fail(Outcome outcome, std::string_view name, std::string_view reason)
+{
+    throw machine::variableError(static_cast<std::int32_t>(outcome), name, reason);
+}
+
+// JSON has no such numbers, and no machine has a use for them.
+bool isFinite(const basic::Variant& value)
+{
+    if (const auto* const array = value.get<basic::Array>())
+        return std::all_of(array->elements.begin(), array->elements.end(), isFinite);
+    if (const auto* const number = value.get<double>()) return std::isfinite(*number);
+    if (const auto* const number = value.get<float>()) return std::isfinite(*number);
+    return true;
+}
+
+// Differs from that of the panel's last start, so that a late answer to that one is not taken for ours.
+std::string newSession()
+{
+    std::random_device random;
+    return std::to_string(random()).append("-");
+}
+
+} // namespace
+
+BrokerVariables::BrokerVariables(BrokerVariablesSettings settings, Link& link, Clock clock)
+    : settings_{std::move(settings)}
+    , link_{link}
+    , clock_{std::move(clock)}
+    , session_{newSession()}
+{
+    std::vector<std::string> subscriptions;
+    for (const std::string& machine : settings_.machines) {
+        images_.push_back(std::make_unique<MachineImage>(machine, settings_.heartbeatMilliseconds));
+        subscriptions.push_back(topicFilter(machine, "state"));
+        subscriptions.push_back(topicFilter(machine, "desc", true));
+        subscriptions.push_back(topicFilter(machine, "val", true));
+        subscriptions.push_back(topicFilter(machine, "hb"));
+        subscriptions.push_back(Topic{machine, "ack", settings_.panel}.text());
+    }
+    link_.start(*this, std::move(subscriptions));
+}
+
+void BrokerVariables::poll(int milliseconds)
+{
+    link_.poll(milliseconds);
+    askForLost();
+}
+
+void BrokerVariables::askForLost()
+{
+    if (!link_.isUp()) return;
+    const std::int64_t now = clock_();
+    for (const auto& image : images_) {
+        const auto asked = askedAt_.find(image->machine());
+        if (asked != askedAt_.end() && now - asked->second < settings_.snapshotMilliseconds) continue;
+        const auto wish = image->takeWish();
+        if (!wish) continue;
+        askedAt_[image->machine()] = now;
+        link_.publish(Topic{image->machine(), "get", settings_.panel}.text(), write(*wish), Link::Keep::No);
+    }
+}
+
+void BrokerVariables::linkUp()
+{
+    askedAt_.clear();
+    for (const auto& image : images_)
+        image->linkUp();
+}
+
+void BrokerVariables::linkDown(std::string_view reason)
+{
+    ++brokenLinks_;
+    for (const auto& image : images_)
+        image->linkDown(reason);
+}
+
+void BrokerVariables::received(std::string_view topicText, std::string_view payload, bool retained)
+try {
+    const auto topic = Topic::parse(topicText);
+    MachineImage* const image = topic ? imageOf(topic->machine) : nullptr;
+    if (!image) return;
+    if (topic->kind != "ack") return image->receive(*topic, payload, retained, clock_());
+    if (!retained && topic->of == settings_.panel) takeAck(*topic, payload);
+} catch (const ProtocolError& error) {
+    if (protocolErrors_.size() >= mostProtocolErrors) protocolErrors_.erase(protocolErrors_.begin());
+    protocolErrors_.emplace_back(error.what());
+}
+
+void BrokerVariables::takeAck(const Topic& topic, std::string_view payload)
+{
+    Ack ack = readAck(topic.text(), payload);
+    if (!awaited_.empty() && ack.id == awaited_) answer_ = std::move(ack);
+}
+
+MachineImage* BrokerVariables::imageOf(std::string_view machine) const
+{
+    for (const auto& image : images_)
+        if (image->machine() == machine) return image.get();
+    return nullptr;
+}
+
+BrokerVariables::Place BrokerVariables::find(std::string_view name) const
+{
+    const MachineImage* silent = nullptr;
+    for (const auto& image : images_) {
+        const Description* const description = image->description();
+        if (!description) {
+            silent = image.get();
+            continue;
+        }
+        if (const auto variable = description->indexOf(name)) return {image.get(), *variable};
+    }
+    if (silent)
+        if (const auto trouble = silent->trouble(clock_())) fail(trouble->outcome, name, trouble->reason);
+    throw machine::unknownVariable(name);
+}
+
+basic::Variant BrokerVariables::ReadValue(std::string_view name)
+{
+    const Place place = find(name);
+    if (const auto trouble = place.image->trouble(place.variable, clock_()))
+        fail(trouble->outcome, name, trouble->reason);
+    const basic::Variant& value = place.image->held(place.variable)->value;
+    lastRead_.insert_or_assign(std::string{name}, value);
+    return value;
+}
+
+BrokerVariables::Standing BrokerVariables::standing(std::string_view name) const
+try {
+    const Place place = find(name);
+    const auto trouble = place.image->trouble(place.variable, clock_());
+    if (!trouble) return {};
+    Standing standing{trouble->outcome == Outcome::Bad ? Quality::Bad : Quality::Stale, trouble->outcome,
+        trouble->reason, {}};
+    const Value* const value = place.image->held(place.variable);
+    if (value && value->worst() == standing.quality && value->qualities.size() > 1)
+        standing.elements = value->qualities;
+    return standing;
+} catch (const basic::Error& error) {
+    return {Quality::Bad, static_cast<Outcome>(error.number), error.description, {}};
+}
+
+bool BrokerVariables::isLive(std::string_view machine) const
+{
+    const MachineImage* const image = imageOf(machine);
+    return image && link_.isUp() && !image->trouble(clock_());
+}
+
+std::vector<std::string> BrokerVariables::takeProtocolErrors() { return std::exchange(protocolErrors_, {}); }
+
+void BrokerVariables::WriteValue(std::string_view name, const basic::Variant& value)
+{
+    const Place place = find(name);
+    // A copy: while waiting, a restarted machine may describe itself anew.
+    const VariableDescription description = place.image->description()->variables()[place.variable];
+    const basic::Variant wanted = machine::convertedToDeclared(name, description.blank(), value);
+    if (!isFinite(wanted)) fail(Outcome::OutOfRange, name, "the value is not a finite number");
+    if (!description.writable) fail(Outcome::ReadOnly, name, describe(Outcome::ReadOnly));
+    if (gaveUp_) fail(Outcome::NotSentAfterNoAnswer, name, describe(Outcome::NotSentAfterNoAnswer));
+    if (const auto trouble = place.image->trouble(clock_())) fail(trouble->outcome, name, trouble->reason);
+    if (!link_.isUp()) fail(Outcome::NoConnection, name, "no connection to the broker");
+    send(place, description, wanted);
+}
+
+void BrokerVariables::send(
+    const Place& place, const VariableDescription& description, const basic::Variant& value)
+{
+    const std::string& name = description.name;
+    const auto read = lastRead_.find(name);
+    const Value* const held = place.image->held(place.variable);
+    if (read == lastRead_.end() && !held) fail(Outcome::Stale, name, "the machine has not sent it yet");
+    const basic::Variant old = read != lastRead_.end() ? read->second : held->value;
+    lastRead_.erase(name);
+
+    // The machine may act until three quarters of the time; the rest is for reading again what became of it.
+    const std::int64_t now = clock_();
+    const std::int64_t span = std::int64_t{settings_.answerMilliseconds} * 3 / 4;
+    const Command command{session_ + std::to_string(++commands_), place.image->epoch(),
+        place.image->machineTime(now) + span, level_, name, toJson(old), toJson(value)};
+    awaited_ = command.id;
+    answer_.reset();
+    const int expireSeconds =
+        (settings_.answerMilliseconds + millisecondsPerSecond - 1) / millisecondsPerSecond;
+    if (!link_.publish(Topic{place.image->machine(), "cmd", settings_.panel}.text(), write(command),
+            Link::Keep::No, expireSeconds)) {
+        // It may have been given to the connection in part: that connection must end.
+        link_.drop("a command could not be sent");
+        fail(Outcome::NoConnection, name, "no connection to the broker, nothing was sent");
+    }
+    waitForAnswer(now + span);
+    std::optional<basic::Variant> heldNow;
+    if (!answer_) heldNow = readAgain(place, name, command.deadline, now + settings_.answerMilliseconds);
+    awaited_.clear();
+    if (answer_) return conclude(place, description, value);
+    gaveUp_ = true;
+    const Outcome outcome = !heldNow ? Outcome::NoAnswer
+        : *heldNow == value          ? Outcome::NoAnswerButWritten
+                                     : Outcome::NoAnswerNotWritten;
+    fail(outcome, name, describe(outcome));
+}
+
+void BrokerVariables::waitForAnswer(std::int64_t until)
+{
+    const std::int64_t links = brokenLinks_;
+    while (!answer_ && brokenLinks_ == links && link_.isUp()) {
+        const std::int64_t left = until - clock_();
+        if (left <= 0) return;
+        poll(static_cast<int>(left));
+    }
+}
+
+std::optional<basic::Variant> BrokerVariables::readAgain(
+    const Place& place, const std::string& name, std::int64_t deadline, std::int64_t until)
+{
+    // What has not left by now would reach the machine late.
+    if (link_.isUp() && link_.isSending()) link_.drop("the broker takes nothing any more");
+    if (!link_.isUp()) return {};
+    link_.publish(
+        Topic{place.image->machine(), "get", settings_.panel}.text(), write(Get{{name}}), Link::Keep::No);
+    // Only what the machine says after the deadline is final: it acts on the command no more.
+    const auto isFinal = [&] {
+        const Value* const held = place.image->held(place.variable);
+        return held && held->time > deadline && !place.image->trouble(place.variable, clock_());
+    };
+    while (!answer_ && !isFinal() && link_.isUp() && clock_() < until)
+        poll(static_cast<int>(until - clock_()));
+    if (!isFinal()) return {};
+    return place.image->held(place.variable)->value;
+}
+
+void BrokerVariables::conclude(
+    const Place& place, const VariableDescription& description, const basic::Variant& value)
+{
+    const Ack ack = *std::exchange(answer_, {});
+    std::optional<basic::Variant> readBack;
+    if (!ack.value.is_null()) readBack = fromJson(ack.value, description);
+    if (readBack)
+        place.image->takeReadBack(
+            place.variable, {ack.epoch, ack.sequence, ack.time, *readBack, {Quality::Good}, {}});
+    if (ack.outcome != Outcome::Done) {
+        std::string reason{describe(ack.outcome)};
+        if (!ack.text.empty()) reason.append(": ").append(ack.text);
+        fail(ack.outcome, description.name, reason);
+    }
+    if (readBack != value)
+        fail(Outcome::ReadBackDiffers, description.name, describe(Outcome::ReadBackDiffers));
+}
+
+} // namespace servopanel::mqtt

@@ -1,0 +1,107 @@
+#pragma once
+
+#include "mqtt/clock.h"
+#include "mqtt/link.h"
+#include "mqtt/machine_image.h"
+#include "mqtt/outcome.h"
+#include "platform/process_var_access.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace servopanel::mqtt {
+
+struct BrokerVariablesSettings {
+    std::string panel; // name of this panel, its own among all panels of the broker
+    std::vector<std::string> machines; // designations
+    int answerMilliseconds = 1000; // what a write takes at most
+    int heartbeatMilliseconds = 1500; // after so long without one all values are stale
+    int snapshotMilliseconds = 1000; // between two requests for lost values
+};
+
+// The process variables of machines behind a broker. A read is answered from a local image; a write waits for the
+// machine's answer. Errors are basic::Errors whose number is an Outcome; they name the variable.
+//
+// The owner polls: from the event loop, and by any call of poll while it waits for something itself. WriteValue polls
+// too; nothing but this image is touched meanwhile, so nobody is entered again.
+class BrokerVariables : public platform::ProcessVarAccess, private LinkReceiver {
+public:
+    // Starts the link. The link lives at least as long.
+    BrokerVariables(BrokerVariablesSettings settings, Link& link, Clock clock = steadyClock());
+    ~BrokerVariables() override = default;
+    BrokerVariables(const BrokerVariables&) = delete;
+    BrokerVariables& operator=(const BrokerVariables&) = delete;
+
+    void poll(int milliseconds);
+
+    // Fails with NoConnection, Stale, Bad or UnknownName. What it gives is what the next write of this variable expects
+    // the machine to hold still.
+    basic::Variant ReadValue(std::string_view name) override;
+
+    // Returns when the machine has confirmed and what it read back is equal. Sent once, only on a live connection with
+    // a good heartbeat; the machine does nothing after the deadline. Fails with an Outcome; see isRefused, isUnknown.
+    void WriteValue(std::string_view name, const basic::Variant& value) override;
+
+    // Before the writes of each confirm: the first of them that is not answered makes the rest fail at once, so that a
+    // dead connection costs one waiting time.
+    void beginConfirm() { gaveUp_ = false; }
+
+    // The user's access level, which goes with every command. 0 at first.
+    void setLevel(std::int16_t level) { level_ = level; }
+
+    // How far a value can be trusted, without reading it.
+    struct Standing {
+        Quality quality = Quality::Good;
+        Outcome outcome = Outcome::Done; // why it is not good
+        std::string reason; // English, empty when good
+        std::vector<Quality> elements; // of an array of which some elements are good; else empty
+    };
+    Standing standing(std::string_view name) const;
+    // Whether the machine's heartbeat is good; nothing is written otherwise. False for a machine that is not ours.
+    bool isLive(std::string_view machine) const;
+
+    // Messages that did not follow the protocol since the last call, the latest few.
+    std::vector<std::string> takeProtocolErrors();
+
+private:
+    struct Place {
+        MachineImage* image = nullptr;
+        std::size_t variable = 0;
+    };
+
+    void linkUp() override;
+    void linkDown(std::string_view reason) override;
+    void received(std::string_view topic, std::string_view payload, bool retained) override;
+
+    Place find(std::string_view name) const;
+    MachineImage* imageOf(std::string_view machine) const;
+    void takeAck(const Topic& topic, std::string_view payload);
+    void askForLost();
+    void send(const Place& place, const VariableDescription& description, const basic::Variant& value);
+    void waitForAnswer(std::int64_t until);
+    std::optional<basic::Variant> readAgain(
+        const Place& place, const std::string& name, std::int64_t deadline, std::int64_t until);
+    void conclude(const Place& place, const VariableDescription& description, const basic::Variant& value);
+
+    BrokerVariablesSettings settings_;
+    Link& link_;
+    Clock clock_;
+    std::vector<std::unique_ptr<MachineImage>> images_;
+    std::map<std::string, std::int64_t> askedAt_; // by machine
+    std::map<std::string, basic::Variant, std::less<>> lastRead_; // since the last write of that variable
+    std::string session_; // start of all ids
+    std::int64_t commands_ = 0;
+    std::string awaited_; // id of the command under way
+    std::optional<Ack> answer_; // to it
+    std::int64_t brokenLinks_ = 0;
+    bool gaveUp_ = false;
+    std::int16_t level_ = 0;
+    std::vector<std::string> protocolErrors_;
+};
+
+} // namespace servopanel::mqtt

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+namespace servopanel::mqtt {
+
+// Milliseconds from anywhere, never back and never jumping. All ages and deadlines are decided by it.
+using Clock = std::function<std::int64_t()>;
+
+Clock steadyClock();
+
+} // namespace servopanel::mqtt

@@ -1,0 +1,92 @@
+#include "line_machine/command_check.h"
+
+#include "basic/conversions.h"
+#include "basic/error.h"
+#include "mqtt/value_coding.h"
+
+#include <optional>
+#include <variant>
+
+namespace servopanel::line_machine {
+
+namespace {
+
+using basic::Variant;
+using mqtt::Outcome;
+
+std::size_t countOf(const Variant& value)
+{
+    const auto* const array = value.get<basic::Array>();
+    return array ? array->elements.size() : 1;
+}
+
+const Variant& at(const Variant& value, std::size_t i)
+{
+    const auto* const array = value.get<basic::Array>();
+    return array ? array->elements[i] : value;
+}
+
+std::optional<double> limit(const mqtt::Limit& limit, std::size_t i, const CommandContext& context)
+{
+    if (const auto* const number = std::get_if<double>(&limit)) return *number;
+    const auto* const name = std::get_if<std::string>(&limit);
+    const Variant* const limits = name ? context.store.find(*name) : nullptr;
+    if (!limits || i >= countOf(*limits)) return {};
+    try {
+        return basic::toDouble(at(*limits, i));
+    } catch (const basic::Error&) {
+        return {};
+    }
+}
+
+std::string elementText(const mqtt::VariableDescription& description, std::size_t i)
+{
+    if (!description.type.array) return {};
+    return "element " + std::to_string(description.first + static_cast<std::int32_t>(i)) + ": ";
+}
+
+// Nothing when the element may get its new value.
+std::optional<Verdict> judgeElement(const Variant& wanted, std::size_t i, std::int16_t level,
+    const mqtt::VariableDescription& description, const CommandContext& context)
+{
+    if (level < description.levelOf(i))
+        return Verdict{Outcome::LevelTooLow,
+            elementText(description, i) + "level " + std::to_string(description.levelOf(i)) + " is needed",
+            {}};
+    if (description.type.element == basic::VariantType::Text) return {};
+    const double value = basic::toDouble(wanted);
+    const auto least = limit(description.least, i, context);
+    const auto most = limit(description.most, i, context);
+    // Limits that contradict each other limit nothing, as in the drives.
+    if (least && most && *least > *most) return {};
+    if ((!least || value >= *least) && (!most || value <= *most)) return {};
+    const double bound = least && value < *least ? *least : *most;
+    return Verdict{Outcome::OutOfRange,
+        elementText(description, i) + basic::decimal(value) + " is beyond the limit " + basic::decimal(bound),
+        {}};
+}
+
+} // namespace
+
+Verdict judge(const mqtt::Command& command, const CommandContext& context)
+{
+    if (command.epoch != context.epoch) return {Outcome::Restarted, {}, {}};
+    if (context.now > command.deadline) return {Outcome::TooLate, {}, {}};
+    const auto variable = context.description.indexOf(command.name);
+    const Variant* const held = variable ? context.store.find(command.name) : nullptr;
+    if (!held) return {Outcome::UnknownName, {}, {}};
+    const mqtt::VariableDescription& description = context.description.variables()[*variable];
+    if (!description.writable) return {Outcome::ReadOnly, {}, {}};
+    const std::optional<Variant> wanted = fromJson(command.wanted, description);
+    const std::optional<Variant> old = fromJson(command.old, description);
+    if (!wanted || !old) return {Outcome::WrongType, {}, {}};
+    for (std::size_t i = 0; i < countOf(*wanted); ++i) {
+        if (at(*wanted, i) == at(*old, i)) continue;
+        if (const auto refusal = judgeElement(at(*wanted, i), i, command.level, description, context))
+            return *refusal;
+    }
+    if (!description.signal && *old != *held) return {Outcome::ChangedMeanwhile, {}, {}};
+    return {Outcome::Done, {}, *wanted};
+}
+
+} // namespace servopanel::line_machine

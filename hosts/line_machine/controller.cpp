@@ -1,0 +1,270 @@
+#include "line_machine/controller.h"
+
+#include "basic/error.h"
+#include "mqtt/protocol_error.h"
+#include "mqtt/value_coding.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace servopanel::line_machine {
+
+namespace {
+
+constexpr std::size_t mostSeen = 1000;
+constexpr std::size_t mostProtocolErrors = 20;
+
+} // namespace
+
+Controller::Controller(ControllerSettings settings, mqtt::Description description,
+    machine::VariableStore& store, mqtt::Link& link, mqtt::Clock clock)
+    : settings_{std::move(settings)}
+    , description_{std::move(description)}
+    , store_{store}
+    , link_{link}
+    , clock_{std::move(clock)}
+{
+    listener_ = store_.addListener([this](const machine::VariableStore::Write& write) {
+        if (const auto variable = description_.indexOf(write.name)) variables_[*variable].changed = true;
+    });
+    begin(settings_.epoch);
+    std::vector<std::string> subscriptions{topic("state"), mqtt::topicFilter(settings_.machine, "cmd", true),
+        mqtt::topicFilter(settings_.machine, "get", true)};
+    if (settings_.faults) subscriptions.push_back(topic("fault"));
+    link_.start(*this, std::move(subscriptions));
+}
+
+Controller::~Controller() { store_.removeListener(listener_); }
+
+void Controller::begin(std::int64_t epoch)
+{
+    epoch_ = epoch;
+    startedAt_ = clock_();
+    heartbeatAt_ = startedAt_ - settings_.heartbeatMilliseconds;
+    variables_.clear();
+    for (const mqtt::VariableDescription& variable : description_.variables())
+        variables_.push_back({variable.name, 0, startedAt_ - settings_.valueMilliseconds, true});
+    work_.clear();
+    link_.setWill(topic("state"), write(mqtt::State{false, epoch_, description_.hash()}));
+}
+
+void Controller::poll(int milliseconds)
+{
+    link_.poll(milliseconds);
+    makeFaults();
+    if (!work_.empty() && clock_() >= work_.front().dueAt) {
+        const Work work = std::move(work_.front());
+        work_.clear();
+        carryOut(work);
+    }
+    if (!link_.isUp()) return;
+    sendChanges();
+    if (clock_() - heartbeatAt_ >= settings_.heartbeatMilliseconds) sendHeartbeat();
+}
+
+void Controller::goodbye()
+{
+    if (link_.isUp()) sendState(false);
+}
+
+void Controller::linkUp()
+{
+    sendState(true);
+    for (const mqtt::DescriptionPart& part : partsOf(description_))
+        publish(topic("desc", std::to_string(part.part)), write(part), mqtt::Link::Keep::Retained);
+    sendHeartbeat();
+}
+
+// A command whose answer cannot be sent is not carried out either; the panel says that it is unknown.
+void Controller::linkDown(std::string_view) { work_.clear(); }
+
+void Controller::received(std::string_view topicText, std::string_view payload, bool retained)
+try {
+    const auto topic = mqtt::Topic::parse(topicText);
+    if (!topic || topic->machine != settings_.machine) return;
+    if (topic->kind == "state") {
+        // Somebody else's word about this machine, mostly the last will of the controller before.
+        const mqtt::State state = mqtt::readState(topicText, payload);
+        if (link_.isUp() && (!state.up || state.epoch != epoch_)) sendState(true);
+        return;
+    }
+    if (retained) throw mqtt::ProtocolError{topicText, "must not be retained"};
+    if (topic->kind == "get") answerGet(topicText, payload);
+    if (topic->kind == "cmd") takeCommand(topic->of, mqtt::readCommand(topicText, payload));
+    if (topic->kind == "fault" && settings_.faults) orderFault(payload);
+} catch (const mqtt::ProtocolError& error) {
+    if (protocolErrors_.size() >= mostProtocolErrors) protocolErrors_.erase(protocolErrors_.begin());
+    protocolErrors_.emplace_back(error.what());
+}
+
+void Controller::orderFault(std::string_view payload)
+{
+    faults_.take(topic("fault"), payload);
+    // What can be known of a value may be different now.
+    for (Variable& variable : variables_)
+        variable.changed = true;
+}
+
+std::vector<std::string> Controller::takeProtocolErrors() { return std::exchange(protocolErrors_, {}); }
+
+void Controller::sendState(bool up)
+{
+    publish(topic("state"), write(mqtt::State{up, epoch_, description_.hash()}), mqtt::Link::Keep::Retained);
+}
+
+void Controller::sendValue(std::size_t index)
+{
+    Variable& variable = variables_[index];
+    mqtt::Value value{epoch_, variable.sequence, time(), *store_.find(variable.name), {}, {}};
+    if (isAbsent(variable.name)) {
+        value.qualities = {mqtt::Quality::Bad};
+        value.reason = "the drive does not answer";
+    }
+    for (const Faults::Doubt& doubt : faults_.doubts) {
+        if (doubt.name != variable.name) continue;
+        const std::size_t length = description_.variables()[index].length;
+        value.qualities.assign(std::max<std::size_t>(length, 1),
+            doubt.elements.empty() ? mqtt::Quality::Bad : mqtt::Quality::Good);
+        for (const std::size_t element : doubt.elements)
+            if (element < value.qualities.size()) value.qualities[element] = mqtt::Quality::Bad;
+        value.reason = doubt.reason;
+    }
+    publish(topic("val", variable.name), write(value));
+}
+
+void Controller::sendChanges()
+{
+    const std::int64_t now = clock_();
+    for (std::size_t i = 0; i < variables_.size(); ++i) {
+        Variable& variable = variables_[i];
+        if (!variable.changed || now - variable.sentAt < settings_.valueMilliseconds) continue;
+        variable.changed = false;
+        variable.sentAt = now;
+        ++variable.sequence;
+        if (faults_.torn > 0)
+            --faults_.torn;
+        else
+            sendValue(i);
+    }
+}
+
+void Controller::sendHeartbeat()
+{
+    heartbeatAt_ = clock_();
+    if (faults_.heartless) return;
+    mqtt::Heartbeat heartbeat{epoch_, time(), {}};
+    for (const Variable& variable : variables_)
+        heartbeat.sequences.push_back(variable.sequence);
+    publish(topic("hb"), write(heartbeat));
+}
+
+void Controller::answerGet(std::string_view topicText, std::string_view payload)
+{
+    const mqtt::Get get = mqtt::readGet(topicText, payload);
+    const auto send = [this](std::size_t i) {
+        Variable& variable = variables_[i];
+        if (variable.changed) {
+            variable.changed = false;
+            ++variable.sequence;
+        }
+        variable.sentAt = clock_();
+        sendValue(i);
+    };
+    if (get.names.empty())
+        for (std::size_t i = 0; i < variables_.size(); ++i)
+            send(i);
+    for (const std::string& name : get.names)
+        if (const auto variable = description_.indexOf(name)) send(*variable);
+    sendHeartbeat();
+}
+
+void Controller::takeCommand(const std::string& panel, mqtt::Command command)
+{
+    seen_.push_back({command, time(), {}});
+    if (seen_.size() > mostSeen) seen_.pop_front();
+    Work work{std::move(command), panel, clock_(), commands_++};
+    if (!work_.empty()) return answer(work, {mqtt::Outcome::Busy, {}, {}});
+    if (faults_.slow > 0) {
+        --faults_.slow;
+        work.dueAt += faults_.slowMilliseconds;
+        work_.push_back(std::move(work));
+        return;
+    }
+    carryOut(work);
+}
+
+void Controller::carryOut(const Work& work)
+{
+    if (faults_.refuse > 0) {
+        --faults_.refuse;
+        return answer(work, {faults_.refuseWith, "on purpose", {}});
+    }
+    if (faults_.silent > 0 && !faults_.silentActs) {
+        --faults_.silent;
+        return;
+    }
+    Verdict verdict = judge(work.command, {description_, store_, epoch_, time()});
+    if (verdict.outcome == mqtt::Outcome::Done && isAbsent(work.command.name))
+        verdict = {mqtt::Outcome::Absent, {}, {}};
+    if (verdict.outcome == mqtt::Outcome::Done) {
+        store_.write(work.command.name, verdict.value, machine::Writer::Host);
+        const std::size_t variable = *description_.indexOf(work.command.name);
+        variables_[variable].changed = false;
+        variables_[variable].sentAt = clock_();
+        ++variables_[variable].sequence;
+        sendValue(variable);
+    }
+    if (faults_.silent > 0) {
+        --faults_.silent;
+        return note(work, verdict.outcome);
+    }
+    answer(work, verdict);
+}
+
+void Controller::note(const Work& work, mqtt::Outcome outcome)
+{
+    const std::size_t back = commands_ - work.seen;
+    if (back <= seen_.size()) seen_[seen_.size() - back].outcome = outcome;
+}
+
+void Controller::answer(const Work& work, const Verdict& verdict)
+{
+    note(work, verdict.outcome);
+    mqtt::Ack ack{work.command.id, epoch_, verdict.outcome, verdict.text, {}, 0, time()};
+    if (verdict.outcome == mqtt::Outcome::Done) {
+        ack.value = mqtt::toJson(*store_.find(work.command.name));
+        ack.sequence = variables_[*description_.indexOf(work.command.name)].sequence;
+    }
+    publish(topic("ack", work.panel), write(ack));
+}
+
+void Controller::makeFaults()
+{
+    for (const Faults::Change& change : std::exchange(faults_.changes, {})) {
+        const auto variable = description_.indexOf(change.name);
+        const auto value =
+            variable ? mqtt::fromJson(change.value, description_.variables()[*variable]) : std::nullopt;
+        if (value) store_.write(change.name, *value, machine::Writer::Host);
+    }
+    if (!std::exchange(faults_.restart, false)) return;
+    // As a controller whose supply was switched off and on.
+    begin(epoch_ + 1 + time());
+    link_.drop("restart on purpose");
+}
+
+bool Controller::isAbsent(std::string_view name) const
+{
+    return faults_.absent && name.find(*faults_.absent) != std::string_view::npos;
+}
+
+std::string Controller::topic(std::string_view kind, std::string_view of) const
+{
+    return mqtt::Topic{settings_.machine, std::string{kind}, std::string{of}}.text();
+}
+
+void Controller::publish(const std::string& topic, std::string_view payload, mqtt::Link::Keep keep)
+{
+    link_.publish(topic, payload, keep);
+}
+
+} // namespace servopanel::line_machine

@@ -1,0 +1,41 @@
+#include "mqtt/broker_address.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <variant>
+
+namespace servopanel::mqtt {
+
+TEST(BrokerAddress, IsAHostAPortOrASocket)
+{
+    const auto text = [](std::string_view written) {
+        const auto parsed = parseBrokerAddress(written);
+        const auto* const address = std::get_if<BrokerAddress>(&parsed);
+        return address ? address->text() : "error: " + std::get<std::string>(parsed);
+    };
+    EXPECT_EQ(text("127.0.0.1"), "127.0.0.1:1883");
+    EXPECT_EQ(text("localhost:8883"), "localhost:8883");
+    EXPECT_EQ(text("[::1]:8883"), "[::1]:8883");
+    EXPECT_EQ(text("[::1]"), "[::1]:1883");
+    EXPECT_EQ(text("unix:/run/broker"), "unix:/run/broker");
+    for (const char* wrong : {"", ":1883", "host:", "host:0", "host:65536", "host:1883x", "host:-1", "[::1",
+             "[::1]x", "unix:", "unix:relative"})
+        EXPECT_EQ(text(wrong).substr(0, 6), "error:") << wrong;
+}
+
+TEST(BrokerAddress, LeavesThisMachineOnlyEncrypted)
+{
+    BrokerAddress address;
+    EXPECT_EQ(problemOf(address), "");
+    address.host = "10.0.0.7";
+    EXPECT_NE(problemOf(address).find("10.0.0.7:1883"), std::string::npos);
+    address.authority = "/nowhere/ca.pem";
+    EXPECT_EQ(problemOf(address), "/nowhere/ca.pem: cannot be read");
+    address.authority = SERVOPANEL_TESTS_DIR "/CMakeLists.txt";
+    EXPECT_EQ(problemOf(address), "");
+    address.certificate = address.authority;
+    EXPECT_NE(problemOf(address), "");
+}
+
+} // namespace servopanel::mqtt

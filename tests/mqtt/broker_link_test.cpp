@@ -1,0 +1,339 @@
+#include "mqtt/broker_link.h"
+
+#include "basic/error.h"
+#include "line_machine/controller.h"
+#include "mqtt/broker_variables.h"
+#include "mqtt/machine_fixture.h"
+#include "mqtt/mosquitto_process.h"
+
+#include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace servopanel::testing {
+
+namespace {
+
+struct Receiver : mqtt::LinkReceiver {
+    void linkUp() override { ++ups; }
+    void linkDown(std::string_view reason) override { downs.emplace_back(reason); }
+    void received(std::string_view topic, std::string_view payload, bool retained) override
+    {
+        messages.push_back(
+            std::string{topic}.append("=").append(payload).append(retained ? " retained" : ""));
+    }
+
+    int ups = 0;
+    std::vector<std::string> downs;
+    std::vector<std::string> messages;
+};
+
+struct Client {
+    Client(
+        const mqtt::BrokerAddress& address, const std::string& name, std::vector<std::string> subscriptions)
+        : link{
+            {.address = address, .client = name, .firstRetryMilliseconds = 20, .lastRetryMilliseconds = 40}}
+    {
+        link.start(receiver, std::move(subscriptions));
+    }
+
+    Receiver receiver;
+    mqtt::BrokerLink link;
+};
+
+const mqtt::Clock clock = mqtt::steadyClock();
+
+bool until(const std::function<bool()>& condition, const std::vector<mqtt::Link*>& links)
+{
+    const std::int64_t end = clock() + 5000;
+    while (!condition()) {
+        if (clock() > end) return false;
+        for (mqtt::Link* link : links)
+            link->poll(2);
+    }
+    return true;
+}
+
+} // namespace
+
+class BrokerLinks : public ::testing::Test {
+protected:
+    void SetUp() override { ASSERT_TRUE(broker.start()); }
+    MosquittoProcess broker;
+};
+
+TEST_F(BrokerLinks, CarryMessages)
+{
+    Client first{broker.address(), "a", {"to/a"}};
+    Client second{broker.socketAddress(), "b", {"to/+"}};
+    ASSERT_TRUE(until([&] { return first.link.isUp() && second.link.isUp(); }, {&first.link, &second.link}))
+        << first.link.trouble() << second.link.trouble();
+    EXPECT_GE(first.link.descriptor(), 0);
+    ASSERT_TRUE(first.link.publish("to/b", "1", mqtt::Link::Keep::No, 1));
+    ASSERT_TRUE(first.link.publish("to/c", "2", mqtt::Link::Keep::Retained, 0));
+    ASSERT_TRUE(second.link.publish("to/a", "3", mqtt::Link::Keep::No, 0));
+    ASSERT_TRUE(
+        until([&] { return first.receiver.messages.size() == 1 && second.receiver.messages.size() == 3; },
+            {&first.link, &second.link}));
+    EXPECT_EQ(first.receiver.messages, (std::vector<std::string>{"to/a=3"}));
+
+    Client third{broker.address(), "c", {"to/c"}};
+    ASSERT_TRUE(until([&] { return !third.receiver.messages.empty(); }, {&third.link}));
+    EXPECT_EQ(third.receiver.messages.front(), "to/c=2 retained");
+}
+
+TEST_F(BrokerLinks, TellTheWillOfWhoeverIsGone)
+{
+    Client watcher{broker.address(), "watcher", {"will/+"}};
+    auto quiet = std::make_unique<Client>(broker.address(), "quiet", std::vector<std::string>{});
+    Client lost{broker.address(), "lost", {}};
+    quiet->link.setWill("will/quiet", "gone");
+    lost.link.setWill("will/lost", "gone");
+    ASSERT_TRUE(until([&] { return watcher.link.isUp() && quiet->link.isUp() && lost.link.isUp(); },
+        {&watcher.link, &quiet->link, &lost.link}));
+    quiet.reset(); // says goodbye
+    lost.link.drop("pulled out");
+    ASSERT_TRUE(until([&] { return !watcher.receiver.messages.empty(); }, {&watcher.link}));
+    EXPECT_EQ(watcher.receiver.messages, (std::vector<std::string>{"will/lost=gone"}));
+    EXPECT_EQ(lost.receiver.downs.size(), 1U);
+}
+
+TEST_F(BrokerLinks, ComeBackWithNothingOfBefore)
+{
+    Client sender{broker.address(), "a", {}};
+    ASSERT_TRUE(until([&] { return sender.link.isUp(); }, {&sender.link}));
+    broker.kill();
+    // The connection is dead, which nobody has noticed yet: these are taken and must never arrive.
+    for (int i = 0; i < 10; ++i)
+        sender.link.publish("to/b", "old", mqtt::Link::Keep::No, 0);
+    ASSERT_TRUE(until([&] { return !sender.receiver.downs.empty(); }, {&sender.link}));
+    EXPECT_FALSE(sender.link.publish("to/b", "old", mqtt::Link::Keep::No, 0));
+    EXPECT_EQ(sender.link.trouble().find(broker.address().text()), 0U) << sender.link.trouble();
+    EXPECT_EQ(sender.link.descriptor(), -1);
+
+    ASSERT_TRUE(broker.start());
+    Client receiver{broker.address(), "b", {"to/b"}};
+    ASSERT_TRUE(until([&] { return receiver.link.isUp(); }, {&receiver.link}));
+    ASSERT_TRUE(until([&] { return sender.link.isUp(); }, {&sender.link, &receiver.link}));
+    ASSERT_TRUE(sender.link.publish("to/b", "new", mqtt::Link::Keep::No, 0));
+    ASSERT_TRUE(until([&] { return !receiver.receiver.messages.empty(); }, {&sender.link, &receiver.link}));
+    EXPECT_EQ(receiver.receiver.messages, (std::vector<std::string>{"to/b=new"}));
+    EXPECT_EQ(sender.receiver.ups, 2);
+}
+
+TEST(BrokerLink, DoesNotHoldItsOwnerUp)
+{
+    // A listener that takes no connection, with a full queue: connecting would block.
+    const int listener = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    ASSERT_EQ(::bind(listener, reinterpret_cast<sockaddr*>(&address), size), 0);
+    ASSERT_EQ(::listen(listener, 0), 0);
+    ::getsockname(listener, reinterpret_cast<sockaddr*>(&address), &size);
+    std::vector<int> fillers;
+    for (int i = 0; i < 4; ++i) {
+        fillers.push_back(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+        ::connect(fillers.back(), reinterpret_cast<sockaddr*>(&address), size);
+    }
+
+    mqtt::BrokerAddress silent;
+    silent.port = ntohs(address.sin_port);
+    Receiver receiver;
+    std::int64_t now = 0;
+    mqtt::BrokerLink link{
+        {.address = silent, .client = "x", .connectMilliseconds = 300}, [&] { return now; }};
+    link.start(receiver, {});
+    const std::int64_t start = clock();
+    for (int i = 0; i < 10; ++i)
+        link.poll(1);
+    EXPECT_LT(clock() - start, 1000);
+    EXPECT_FALSE(link.isUp());
+    EXPECT_EQ(link.trouble(), "");
+    now += 301;
+    link.poll(1);
+    EXPECT_EQ(link.trouble(), silent.text() + ": the broker does not answer");
+    EXPECT_EQ(receiver.ups, 0);
+    EXPECT_TRUE(receiver.downs.empty()) << "it never was up";
+    for (const int filler : fillers)
+        ::close(filler);
+    ::close(listener);
+}
+
+TEST(BrokerLink, RefusesAnAddressThatCannotBeUsed)
+{
+    mqtt::BrokerAddress address;
+    address.host = "10.0.0.7";
+    EXPECT_THROW(mqtt::BrokerLink({.address = address, .client = "x"}), basic::Error);
+}
+
+// A panel and a controller on a real broker, which comes and goes.
+class RealBroker : public BrokerLinks {
+protected:
+    void SetUp() override
+    {
+        BrokerLinks::SetUp();
+        declareServo(store);
+        machineLink.emplace(settings("machine-M1"));
+        controller.emplace(
+            line_machine::ControllerSettings{
+                .machine = "M1", .epoch = 1'700'000'000'000, .heartbeatMilliseconds = 50, .faults = true},
+            declareServo(store), store, *machineLink, clock);
+        panelLink.emplace(settings("panel-P1"));
+        pumped.emplace(*panelLink, *controller);
+        variables.emplace(
+            mqtt::BrokerVariablesSettings{
+                .panel = "P1", .machines = {"M1"}, .answerMilliseconds = 300, .heartbeatMilliseconds = 400},
+            *pumped, clock);
+        variables->setLevel(5);
+        ASSERT_TRUE(becomesReadable());
+    }
+
+    mqtt::BrokerLinkSettings settings(const std::string& client) const
+    {
+        return {.address = broker.address(),
+            .client = client,
+            .firstRetryMilliseconds = 20,
+            .lastRetryMilliseconds = 40};
+    }
+
+    // While the panel waits for the broker the controller works.
+    class PumpedLink : public mqtt::Link {
+    public:
+        PumpedLink(mqtt::Link& inner, line_machine::Controller& controller)
+            : inner_{inner}
+            , controller_{controller}
+        {
+        }
+        void start(mqtt::LinkReceiver& receiver, std::vector<std::string> subscriptions) override
+        {
+            inner_.start(receiver, std::move(subscriptions));
+        }
+        void setWill(std::string topic, std::string payload) override
+        {
+            inner_.setWill(std::move(topic), std::move(payload));
+        }
+        void poll(int milliseconds) override
+        {
+            controller_.poll(0);
+            inner_.poll(std::min(milliseconds, 2));
+        }
+        bool isUp() const override { return inner_.isUp(); }
+        bool publish(const std::string& topic, std::string_view payload, Keep keep, int seconds) override
+        {
+            return inner_.publish(topic, payload, keep, seconds);
+        }
+        bool isSending() const override { return inner_.isSending(); }
+        void drop(std::string_view reason) override { inner_.drop(reason); }
+
+    private:
+        mqtt::Link& inner_;
+        line_machine::Controller& controller_;
+    };
+
+    bool holds(const std::function<bool()>& condition)
+    {
+        const std::int64_t end = clock() + 5000;
+        while (!condition()) {
+            if (clock() > end) return false;
+            variables->poll(2);
+        }
+        return true;
+    }
+    bool becomesReadable()
+    {
+        return holds([&] { return variables->standing(para).quality == mqtt::Quality::Good; });
+    }
+    mqtt::Outcome write(double value)
+    {
+        try {
+            variables->WriteValue(para, basic::doubles({value, 5, 5}));
+        } catch (const basic::Error& error) {
+            return static_cast<mqtt::Outcome>(error.number);
+        }
+        return mqtt::Outcome::Done;
+    }
+    void nothingCameLate()
+    {
+        for (const auto& seen : controller->seen())
+            EXPECT_LE(seen.at, seen.command.deadline) << seen.command.id;
+    }
+
+    machine::VariableStore store;
+    std::optional<mqtt::BrokerLink> machineLink;
+    std::optional<line_machine::Controller> controller;
+    std::optional<mqtt::BrokerLink> panelLink;
+    std::optional<PumpedLink> pumped;
+    std::optional<mqtt::BrokerVariables> variables;
+};
+
+TEST_F(RealBroker, CarriesWritesAndTheirAnswers)
+{
+    for (int i = 0; i < 10; ++i)
+        EXPECT_EQ(write(i), mqtt::Outcome::Done);
+    EXPECT_EQ(write(11), mqtt::Outcome::OutOfRange);
+    EXPECT_EQ(variables->ReadValue(para), basic::doubles({9, 5, 5}));
+    nothingCameLate();
+}
+
+TEST_F(RealBroker, MayDieAndComeBackAndNothingIsSentLate)
+{
+    ASSERT_EQ(write(6), mqtt::Outcome::Done);
+    const std::size_t seen = controller->seen().size();
+    broker.kill();
+    // Not noticed yet, then noticed: neither is ever carried out.
+    const mqtt::Outcome outcome = write(7);
+    EXPECT_TRUE(mqtt::isUnknown(outcome) || outcome == mqtt::Outcome::NoConnection) << int(outcome);
+    EXPECT_NE(write(8), mqtt::Outcome::Done);
+    ASSERT_TRUE(holds([&] { return !panelLink->isUp(); }));
+    variables->beginConfirm();
+    EXPECT_EQ(write(9), mqtt::Outcome::NoConnection);
+    EXPECT_EQ(variables->standing(para).outcome, mqtt::Outcome::NoConnection);
+
+    ASSERT_TRUE(broker.start());
+    ASSERT_TRUE(becomesReadable());
+    EXPECT_EQ(variables->ReadValue(para), basic::doubles({6, 5, 5}));
+    // Whatever had been kept somewhere would have come before this one.
+    variables->beginConfirm();
+    EXPECT_EQ(write(4), mqtt::Outcome::Done);
+    EXPECT_EQ(controller->seen().size(), seen + 1);
+    nothingCameLate();
+}
+
+TEST_F(RealBroker, ThatFreezesCostsOneWaitAndNothingIsDoneLate)
+{
+    ASSERT_EQ(write(6), mqtt::Outcome::Done);
+    broker.freeze();
+    variables->beginConfirm();
+    const std::int64_t start = clock();
+    EXPECT_EQ(write(7), mqtt::Outcome::NoAnswer);
+    EXPECT_EQ(write(8), mqtt::Outcome::NotSentAfterNoAnswer);
+    EXPECT_LT(clock() - start, 2000); // 300 and the machine's load
+    broker.thaw();
+    ASSERT_TRUE(becomesReadable());
+    ASSERT_TRUE(holds([&] { return controller->seen().size() >= 2; }))
+        << "the broker had it, and passes it on";
+    EXPECT_EQ(controller->seen().back().outcome, mqtt::Outcome::TooLate);
+    EXPECT_EQ(*store.find(para), basic::doubles({6, 5, 5}));
+}
+
+TEST_F(RealBroker, TellsWhenTheControllerIsGone)
+{
+    machineLink->drop("pulled out");
+    ASSERT_TRUE(holds([&] { return variables->standing(para).quality != mqtt::Quality::Good; }));
+    ASSERT_TRUE(becomesReadable());
+}
+
+} // namespace servopanel::testing

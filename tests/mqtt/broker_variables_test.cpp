@@ -1,0 +1,205 @@
+#include "mqtt/machine_fixture.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace servopanel::testing {
+
+using mqtt::Outcome;
+using mqtt::Quality;
+using Reading = MachineFixture;
+
+TEST_F(Reading, GivesTheMachinesValuesInTheirTypes)
+{
+    EXPECT_EQ(numbers(para), (std::vector<double>{5, 5, 5}));
+    EXPECT_EQ(variables.ReadValue(switches), basic::Variant(std::int32_t{5}));
+    EXPECT_EQ(variables.ReadValue("passive"), basic::Variant(false));
+    EXPECT_EQ(reading("no such"), Outcome::UnknownName);
+    EXPECT_EQ(text, "Process variable 'no such': there is no such variable");
+}
+
+TEST_F(Reading, CostsNoRoundTrip)
+{
+    const std::size_t before = panelLink.published.size();
+    const std::int64_t now = net.now;
+    for (int i = 0; i < 100; ++i)
+        variables.ReadValue(para);
+    EXPECT_EQ(panelLink.published.size(), before);
+    EXPECT_EQ(net.now, now);
+}
+
+TEST_F(Reading, FollowsChanges)
+{
+    store.write(diagnosis, basic::doubles({7, 8, 9}), machine::Writer::Machine);
+    pass(300);
+    EXPECT_EQ(numbers(diagnosis), (std::vector<double>{7, 8, 9}));
+}
+
+TEST_F(Reading, ManyChangesBecomeFewMessages)
+{
+    const std::size_t before = machineLink.published.size();
+    for (int i = 0; i < 200; ++i) {
+        store.write(diagnosis, basic::doubles({double(i), 8, 9}), machine::Writer::Machine);
+        pass(10);
+    }
+    EXPECT_LE(machineLink.published.size() - before, 2000U / 200 + 2000U / 500 + 2);
+}
+
+TEST_F(Reading, FailsWithoutAHeartbeat)
+{
+    controller.orderFault(R"({"fault":"heartless"})");
+    pass(1000);
+    EXPECT_EQ(reading(para), Outcome::Done);
+    pass(1100);
+    EXPECT_EQ(reading(para), Outcome::NoConnection);
+    EXPECT_NE(text.find("has had no heartbeat for "), std::string::npos) << text;
+    EXPECT_FALSE(variables.isLive("M1"));
+    EXPECT_EQ(variables.standing(para).quality, Quality::Stale);
+    controller.orderFault(R"({"fault":"none"})");
+    pass(600);
+    EXPECT_EQ(reading(para), Outcome::Done);
+    EXPECT_TRUE(variables.isLive("M1"));
+}
+
+TEST_F(Reading, FailsAtOnceWhenTheBrokerIsGoneAndComesBack)
+{
+    panelLink.reachable = false;
+    panelLink.drop("connection reset");
+    EXPECT_EQ(reading(para), Outcome::NoConnection);
+    EXPECT_NE(text.find("no connection to the broker (connection reset)"), std::string::npos) << text;
+    store.write(para, basic::doubles({1, 2, 3}), machine::Writer::Machine);
+    pass(100);
+    EXPECT_EQ(reading(para), Outcome::NoConnection);
+    panelLink.reachable = true;
+    pass(100);
+    EXPECT_EQ(numbers(para), (std::vector<double>{1, 2, 3}));
+}
+
+TEST_F(Reading, FailsWhenTheMachineIsGone)
+{
+    machineLink.reachable = false;
+    machineLink.drop("power off");
+    pass(20);
+    EXPECT_EQ(reading(para), Outcome::NoConnection);
+    EXPECT_NE(text.find("machine M1 is not connected to the broker"), std::string::npos) << text;
+    machineLink.reachable = true;
+    pass(600);
+    EXPECT_EQ(reading(para), Outcome::Done);
+}
+
+TEST_F(Reading, ALostChangeIsStaleUntilItIsReadAgain)
+{
+    controller.orderFault(
+        R"({"fault":"torn","times":8})"); // after an order all eight variables are sent again
+    store.write(para, basic::doubles({1, 2, 3}), machine::Writer::Machine);
+    std::vector<double> seen; // -1 where it was stale
+    for (int i = 0; i < 300; ++i) {
+        variables.poll(10);
+        const Outcome outcome = reading(para);
+        if (outcome == Outcome::Stale) {
+            EXPECT_NE(text.find("a change of it was lost on the way"), std::string::npos) << text;
+        } else
+            ASSERT_EQ(outcome, Outcome::Done) << text;
+        const double now = outcome == Outcome::Stale ? -1 : numbers(para).front();
+        if (seen.empty() || seen.back() != now) seen.push_back(now);
+    }
+    EXPECT_EQ(seen, (std::vector<double>{5, -1, 1}));
+}
+
+TEST_F(Reading, AJumpInASequenceAsksForEverything)
+{
+    const std::string get = "pm/v1/M1/get/P1";
+    pass(1500);
+    const auto gets = [&] { return std::count(panelLink.published.begin(), panelLink.published.end(), get); };
+    const auto before = gets();
+    int lost = 1;
+    net.loses = [&](const std::string& topic) { return topic == "pm/v1/M1/val/" + diagnosis && lost-- > 0; };
+    store.write(diagnosis, basic::doubles({1, 1, 1}), machine::Writer::Machine);
+    pass(10);
+    store.write(diagnosis, basic::doubles({2, 2, 2}), machine::Writer::Machine);
+    pass(1200);
+    EXPECT_EQ(gets(), before + 1);
+    EXPECT_EQ(numbers(diagnosis), (std::vector<double>{2, 2, 2}));
+}
+
+TEST_F(Reading, ANewEpochBringsNewValuesOnly)
+{
+    const std::int64_t epoch = controller.epoch();
+    machineLink.reachable = false;
+    controller.orderFault(R"({"fault":"restart"})");
+    pass(20);
+    EXPECT_NE(controller.epoch(), epoch);
+    EXPECT_EQ(reading(para), Outcome::NoConnection);
+    store.write(para, basic::doubles({9, 9, 9}), machine::Writer::Machine);
+    machineLink.reachable = true;
+    bool wasOld = false;
+    for (int i = 0; i < 100; ++i) {
+        variables.poll(10);
+        if (reading(para) == Outcome::Done) wasOld = wasOld || numbers(para).front() != 9;
+    }
+    EXPECT_FALSE(wasOld);
+    EXPECT_EQ(numbers(para), (std::vector<double>{9, 9, 9}));
+}
+
+TEST_F(Reading, ALateWillOfTheControllerBeforeChangesNothing)
+{
+    net.route("pm/v1/M1/state", R"({"up":false,"epoch":5,"hash":"x"})", mqtt::Link::Keep::Retained);
+    pass(100);
+    EXPECT_EQ(reading(para), Outcome::Done);
+    EXPECT_NE(net.retained["pm/v1/M1/state"].find("\"up\":true"), std::string::npos)
+        << "the controller puts right what is said of it";
+}
+
+TEST_F(Reading, AnElementOfBadQualityIsNamed)
+{
+    controller.orderFault(
+        R"({"fault":"doubt","name":")" + diagnosis + R"(","elements":[0,2],"reason":"encoder"})");
+    pass(300);
+    EXPECT_EQ(reading(diagnosis), Outcome::Bad);
+    EXPECT_EQ(text,
+        "Process variable '" + diagnosis + "': the machine does not know the value of element 0 2: encoder");
+    const auto standing = variables.standing(diagnosis);
+    EXPECT_EQ(standing.quality, Quality::Bad);
+    EXPECT_EQ(standing.elements, (std::vector<Quality>{Quality::Bad, Quality::Good, Quality::Bad}));
+    EXPECT_EQ(reading(para), Outcome::Done) << "other variables are none the worse";
+    controller.orderFault(R"({"fault":"none"})");
+    pass(300);
+    EXPECT_EQ(reading(diagnosis), Outcome::Done);
+}
+
+TEST_F(Reading, WhatIsNotOfThisTimeIsIgnored)
+{
+    const std::string topic = "pm/v1/M1/val/" + para;
+    const std::string epoch = std::to_string(controller.epoch());
+    const auto offer = [&](const std::string& ofEpoch, int sequence, bool retained) {
+        panelLink.offer(topic,
+            R"({"epoch":)" + ofEpoch + R"(,"seq":)" + std::to_string(sequence)
+                + R"(,"time":1,"value":[8,8,8],"quality":"good"})",
+            retained);
+        variables.poll(0);
+    };
+    offer("7", 900, false); // another epoch
+    offer(epoch, 0, false); // an earlier one
+    offer(epoch, 900, true); // kept by the broker
+    EXPECT_EQ(numbers(para), (std::vector<double>{5, 5, 5}));
+    offer(epoch, 900, false);
+    EXPECT_EQ(numbers(para), (std::vector<double>{8, 8, 8}));
+}
+
+TEST_F(Reading, RubbishChangesNothingAndIsTold)
+{
+    const std::string kinds[]{"state", "desc/0", "val/" + para, "val/nothing", "hb", "ack/P1"};
+    for (const std::string& kind : kinds)
+        for (const char* payload : {"", "{", "{}", "[]", "null", R"({"epoch":1})"})
+            panelLink.offer("pm/v1/M1/" + kind, payload, false);
+    variables.poll(0);
+    EXPECT_EQ(numbers(para), (std::vector<double>{5, 5, 5}));
+    const auto errors = variables.takeProtocolErrors();
+    ASSERT_EQ(errors.size(), 20U) << "the latest, not all 36";
+    EXPECT_TRUE(errors.back().starts_with("pm/v1/M1/ack/P1: ")) << errors.back();
+    EXPECT_TRUE(variables.takeProtocolErrors().empty());
+}
+
+} // namespace servopanel::testing

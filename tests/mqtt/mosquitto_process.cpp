@@ -1,0 +1,117 @@
+#include "mqtt/mosquitto_process.h"
+
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <netinet/in.h>
+#include <poll.h>
+#include <signal.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <utility>
+
+namespace servopanel::testing {
+
+namespace {
+
+sockaddr_in loopback(int port)
+{
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(static_cast<std::uint16_t>(port));
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    return address;
+}
+
+int freePort()
+{
+    const int socket = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in address = loopback(0);
+    socklen_t size = sizeof address;
+    ::bind(socket, reinterpret_cast<sockaddr*>(&address), size);
+    ::getsockname(socket, reinterpret_cast<sockaddr*>(&address), &size);
+    ::close(socket);
+    return ntohs(address.sin_port);
+}
+
+bool accepts(int port)
+{
+    const int socket = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const sockaddr_in address = loopback(port);
+    const bool connected =
+        ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    ::close(socket);
+    return connected;
+}
+
+} // namespace
+
+MosquittoProcess::MosquittoProcess()
+    : port_{freePort()}
+{
+    std::string folder = std::filesystem::temp_directory_path() / "mosquitto-test-XXXXXX";
+    folder_ = ::mkdtemp(folder.data());
+    // A broker that was started by root goes on as a user of its own.
+    ::chmod(folder_.c_str(), 0777);
+    std::ofstream{folder_ / "broker.conf"} << "listener " << port_ << " 127.0.0.1\nlistener 0 "
+                                           << socketAddress().socket.string()
+                                           << "\nallow_anonymous true\npersistence false\nlog_dest none\n";
+}
+
+MosquittoProcess::~MosquittoProcess()
+{
+    kill();
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+}
+
+bool MosquittoProcess::start()
+{
+    const std::string configuration = folder_ / "broker.conf";
+    process_ = ::fork();
+    if (process_ == 0) {
+        const int nothing = ::open("/dev/null", O_RDWR);
+        ::dup2(nothing, STDOUT_FILENO);
+        ::dup2(nothing, STDERR_FILENO);
+        ::execl(SERVOPANEL_MOSQUITTO, "mosquitto", "-c", configuration.c_str(), nullptr);
+        ::_exit(EXIT_FAILURE);
+    }
+    for (int i = 0; i < 500; ++i) {
+        if (accepts(port_)) return true;
+        if (::waitpid(process_, nullptr, WNOHANG) != 0) break;
+        ::poll(nullptr, 0, 10);
+    }
+    return false;
+}
+
+void MosquittoProcess::kill()
+{
+    if (process_ <= 0) return;
+    ::kill(process_, SIGKILL);
+    ::waitpid(std::exchange(process_, 0), nullptr, 0);
+    ::unlink(socketAddress().socket.c_str());
+}
+
+void MosquittoProcess::freeze() { ::kill(process_, SIGSTOP); }
+
+void MosquittoProcess::thaw() { ::kill(process_, SIGCONT); }
+
+mqtt::BrokerAddress MosquittoProcess::address() const
+{
+    mqtt::BrokerAddress address;
+    address.port = port_;
+    return address;
+}
+
+mqtt::BrokerAddress MosquittoProcess::socketAddress() const
+{
+    mqtt::BrokerAddress address;
+    address.socket = folder_ / "broker.socket";
+    return address;
+}
+
+} // namespace servopanel::testing

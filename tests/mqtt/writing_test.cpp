@@ -1,0 +1,241 @@
+#include "mqtt/machine_fixture.h"
+
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <vector>
+
+namespace servopanel::testing {
+
+using basic::Variant;
+using mqtt::Outcome;
+
+class Writing : public MachineFixture {
+protected:
+    Variant setpoints(double first, double last = 5) { return basic::doubles({first, 5, last}); }
+    std::vector<double> held()
+    {
+        std::vector<double> numbers;
+        for (const Variant& element : store.find(para)->get<basic::Array>()->elements)
+            numbers.push_back(*element.get<double>());
+        return numbers;
+    }
+    const std::vector<double> unchanged{5, 5, 5};
+};
+
+TEST_F(Writing, EndsWhenTheMachineHasReadBack)
+{
+    variables.ReadValue(para);
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::Done);
+    EXPECT_EQ(held(), (std::vector<double>{7, 5, 5}));
+    EXPECT_EQ(numbers(para), (std::vector<double>{7, 5, 5})) << "the next read gives what was written";
+    EXPECT_EQ(controller.seen().size(), 1U);
+}
+
+TEST_F(Writing, ConvertsToTheVariablesOwnType)
+{
+    EXPECT_EQ(writing(switches, 3.0), Outcome::Done);
+    EXPECT_EQ(*store.find(switches), Variant(std::int32_t{3}));
+    EXPECT_EQ(writing(switches, "x"), Outcome::WrongType);
+    EXPECT_EQ(writing(para, 1.0), Outcome::WrongType);
+    EXPECT_EQ(writing(para, basic::doubles({1, 2})), Outcome::WrongType);
+    EXPECT_EQ(writing(switches, 1e10), Outcome::OutOfRange);
+    EXPECT_EQ(writing(para, setpoints(std::numeric_limits<double>::infinity())), Outcome::OutOfRange);
+    EXPECT_EQ(controller.seen().size(), 1U) << "what cannot be meant is not sent";
+}
+
+TEST_F(Writing, OutOfRangeIsRefusedWithTheLimit)
+{
+    EXPECT_EQ(writing(para, setpoints(10.5)), Outcome::OutOfRange);
+    EXPECT_EQ(text,
+        "Process variable '" + para + "': the value is out of range: element 0: 10.5 is beyond the limit 10");
+    EXPECT_EQ(writing(para, setpoints(-1)), Outcome::OutOfRange);
+    EXPECT_EQ(held(), unchanged);
+}
+
+TEST_F(Writing, ElementsThatNobodyTouchedMayBeOutOfRange)
+{
+    store.write(para, basic::doubles({5, 5, 99}), machine::Writer::Machine);
+    pass(300);
+    EXPECT_EQ(writing(para, setpoints(6, 99)), Outcome::Done);
+    EXPECT_EQ(writing(para, setpoints(6, 98)), Outcome::OutOfRange);
+}
+
+TEST_F(Writing, ALevelThatIsTooLowIsRefused)
+{
+    variables.setLevel(3);
+    EXPECT_EQ(writing(para, setpoints(5, 6)), Outcome::LevelTooLow);
+    EXPECT_NE(text.find("element 2: level 4 is needed"), std::string::npos) << text;
+    EXPECT_EQ(held(), unchanged);
+    EXPECT_EQ(writing(para, setpoints(6)), Outcome::Done) << "other elements need less";
+}
+
+TEST_F(Writing, WhatIsReadOnlyOrUnknownIsRefused)
+{
+    EXPECT_EQ(writing(diagnosis, setpoints(1)), Outcome::ReadOnly);
+    EXPECT_EQ(writing("no such", 1.0), Outcome::UnknownName);
+    EXPECT_TRUE(controller.seen().empty());
+}
+
+TEST_F(Writing, AChangeBySomebodyElseIsNotOverwritten)
+{
+    variables.ReadValue(para);
+    store.write(para, basic::doubles({5, 6, 5}), machine::Writer::Host);
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::ChangedMeanwhile);
+    EXPECT_EQ(held(), (std::vector<double>{5, 6, 5}));
+    pass(300);
+    EXPECT_EQ(reading(para), Outcome::Done);
+    EXPECT_EQ(writing(para, basic::doubles({7, 6, 5})), Outcome::Done) << "after it was read";
+}
+
+TEST_F(Writing, TheImageMayHaveTheChangeThatWasNotReadYet)
+{
+    variables.ReadValue(para);
+    store.write(para, basic::doubles({5, 6, 5}), machine::Writer::Host);
+    pass(300);
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::ChangedMeanwhile);
+}
+
+TEST_F(Writing, ASignalCanBeGivenAgain)
+{
+    EXPECT_EQ(writing(flag, std::int16_t{1}), Outcome::Done);
+    store.write(flag, std::int16_t{0}, machine::Writer::Machine); // the machine has taken it back
+    EXPECT_EQ(writing(flag, std::int16_t{1}), Outcome::Done);
+}
+
+TEST_F(Writing, RefusalsOfTheControllerKeepTheirCode)
+{
+    for (const char* code : {"unknown_name", "out_of_range", "level", "absent", "read_only", "type",
+             "changed", "too_late", "busy", "restarted"}) {
+        controller.orderFault(std::string{R"({"fault":"refuse","code":")"}.append(code).append("\"}"));
+        const Outcome outcome = writing(para, setpoints(7));
+        EXPECT_EQ(mqtt::codeOf(outcome), code);
+        EXPECT_NE(text.find(mqtt::describe(outcome)), std::string::npos) << text;
+        EXPECT_TRUE(mqtt::isRefused(outcome));
+    }
+    EXPECT_EQ(held(), unchanged);
+}
+
+TEST_F(Writing, ADriveThatIsGoneIsAbsent)
+{
+    controller.orderFault(R"({"fault":"absent","match":"_T_servo_3<"})");
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::Absent);
+    pass(300);
+    EXPECT_EQ(reading(para), Outcome::Bad);
+    EXPECT_NE(text.find("the drive does not answer"), std::string::npos) << text;
+    EXPECT_EQ(reading("text"), Outcome::Done);
+    EXPECT_EQ(held(), unchanged);
+}
+
+TEST_F(Writing, NoAnswerEndsWithinItsTimeAndTheRestAtOnce)
+{
+    controller.orderFault(R"({"fault":"silent","times":100})");
+    const std::int64_t start = net.now;
+    variables.beginConfirm();
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::NoAnswerNotWritten);
+    EXPECT_LE(net.now - start, 1000);
+    EXPECT_GE(net.now - start, 750);
+    const std::int64_t after = net.now;
+    EXPECT_EQ(writing(switches, 1.0), Outcome::NotSentAfterNoAnswer);
+    EXPECT_EQ(writing(flag, 1.0), Outcome::NotSentAfterNoAnswer);
+    EXPECT_EQ(net.now, after);
+    EXPECT_EQ(controller.seen().size(), 1U) << "neither sent again nor sent on";
+    controller.orderFault(R"({"fault":"none"})");
+    variables.beginConfirm();
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::Done);
+}
+
+TEST_F(Writing, AnAnswerThatIsLostIsFoundOutByReadingAgain)
+{
+    controller.orderFault(R"({"fault":"silent","acts":true})");
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::NoAnswerButWritten);
+    EXPECT_NE(text.find("no answer, but the machine holds the new value"), std::string::npos) << text;
+    EXPECT_EQ(held(), (std::vector<double>{7, 5, 5}));
+}
+
+TEST_F(Writing, ASlowMachineIsInTimeOrTooLate)
+{
+    controller.orderFault(R"({"fault":"slow","milliseconds":500})");
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::Done);
+    for (const int milliseconds : {760, 900, 5000}) {
+        variables.beginConfirm();
+        controller.orderFault(R"({"fault":"slow","milliseconds":)" + std::to_string(milliseconds) + "}");
+        EXPECT_EQ(writing(para, setpoints(8)), Outcome::NoAnswerNotWritten) << milliseconds;
+        pass(6000);
+        EXPECT_EQ(controller.seen().back().outcome, Outcome::TooLate);
+    }
+    EXPECT_EQ(held(), (std::vector<double>{7, 5, 5})) << "nothing is done after the deadline";
+}
+
+TEST_F(Writing, OneCommandAtATime)
+{
+    controller.orderFault(R"({"fault":"slow","milliseconds":2000})");
+    EXPECT_TRUE(mqtt::isUnknown(writing(para, setpoints(7))));
+    variables.beginConfirm();
+    EXPECT_EQ(writing(para, setpoints(8)), Outcome::Busy);
+}
+
+TEST_F(Writing, NothingIsSentWithoutAHeartbeat)
+{
+    controller.orderFault(R"({"fault":"heartless"})");
+    pass(2100);
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::NoConnection);
+    EXPECT_TRUE(controller.seen().empty());
+}
+
+TEST_F(Writing, NothingIsSentWithoutAConnection)
+{
+    panelLink.reachable = false;
+    panelLink.drop("connection reset");
+    const std::int64_t start = net.now;
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::NoConnection);
+    EXPECT_EQ(net.now, start);
+    panelLink.reachable = true;
+    pass(3000);
+    EXPECT_TRUE(controller.seen().empty()) << "not later either";
+}
+
+TEST_F(Writing, AConnectionThatBreaksMeanwhileEndsTheWaiting)
+{
+    controller.orderFault(R"({"fault":"silent"})");
+    const std::int64_t breaksAt = net.now + 100;
+    net.others = [&] {
+        controller.poll(0);
+        if (net.now >= breaksAt && panelLink.isUp()) {
+            panelLink.reachable = false;
+            panelLink.drop("connection reset");
+        }
+    };
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::NoAnswer);
+    EXPECT_LE(net.now, breaksAt + 10);
+}
+
+TEST_F(Writing, ACommandThatDoesNotLeaveIsDropped)
+{
+    panelLink.stuck = true;
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::NoAnswer);
+    EXPECT_FALSE(panelLink.isSending()) << "the connection, and what waits in it, is given up";
+    pass(1000);
+    EXPECT_TRUE(controller.seen().empty());
+}
+
+TEST_F(Writing, ARestartMeanwhileIsRefusedOrUnknown)
+{
+    variables.ReadValue(para);
+    controller.orderFault(R"({"fault":"restart"})");
+    controller.poll(0); // the panel has not heard of it
+    controller.poll(0);
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::Restarted);
+    EXPECT_EQ(held(), unchanged);
+}
+
+TEST_F(Writing, AnswersToOthersAreNotOurs)
+{
+    controller.orderFault(R"({"fault":"silent"})");
+    const std::string foreign = R"({"id":"other","epoch":)" + std::to_string(controller.epoch())
+        + R"(,"time":1,"code":"done","value":[7,5,5],"seq":99})";
+    panelLink.offer("pm/v1/M1/ack/P1", foreign, false);
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::NoAnswerNotWritten);
+}
+
+} // namespace servopanel::testing
