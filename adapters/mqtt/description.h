@@ -29,7 +29,9 @@ struct VariableDescription {
         false; // a writer's word to the machine, who takes it back: nobody compares what it held before
     Limit least;
     Limit most;
-    std::vector<std::int16_t> levels; // needed to write: none, one for all elements, or one for each
+    // Needed to write: none, one for all elements, or one for each; of a whole number one for each bit, the last one for
+    // all bits from there on.
+    std::vector<std::int16_t> levels;
 
     // A value of this type and length, of zeros or empty texts.
     basic::Variant blank() const;

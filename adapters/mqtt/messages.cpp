@@ -58,6 +58,12 @@ std::vector<std::int16_t> takeLevels(const Members& members)
     return levels;
 }
 
+std::size_t bitsOf(basic::VariantType type)
+{
+    if (type == basic::VariantType::Int16) return 16;
+    return type == basic::VariantType::Int32 ? 32 : 0;
+}
+
 Json toJson(const VariableDescription& variable)
 {
     Json json{{"name", variable.name}, {"type", machine::typeName(variable.type)}};
@@ -90,8 +96,10 @@ VariableDescription readVariable(std::string_view topic, const Json& json)
     variable.least = takeLimit(members, "min");
     variable.most = takeLimit(members, "max");
     variable.levels = takeLevels(members);
-    if (variable.levels.size() > 1 && variable.levels.size() != variable.length)
-        members.fail("level", "must be one number or one for each element");
+    const std::size_t parts = type->array ? variable.length : bitsOf(type->element);
+    if (variable.levels.size() > std::max<std::size_t>(parts, 1)
+        || (type->array && variable.levels.size() > 1 && variable.levels.size() != parts))
+        members.fail("level", "must be one number or one for each element or bit");
     return variable;
 }
 

@@ -39,6 +39,27 @@ std::optional<double> limit(const mqtt::Limit& limit, std::size_t i, const Comma
     }
 }
 
+bool hasLevelsOfBits(const mqtt::VariableDescription& description)
+{
+    return !description.type.array && description.levels.size() > 1;
+}
+
+// Of a whole number with a level for each bit: nothing when the bits that change may.
+std::optional<Verdict> judgeBits(const Variant& wanted, const Variant& old, std::int16_t level,
+    const mqtt::VariableDescription& description)
+{
+    std::uint32_t bits =
+        static_cast<std::uint32_t>(basic::toInt32(wanted)) ^ static_cast<std::uint32_t>(basic::toInt32(old));
+    for (std::size_t bit = 0; bits != 0; ++bit, bits >>= 1) {
+        if ((bits & 1) == 0 || level >= description.levelOf(bit)) continue;
+        return Verdict{Outcome::LevelTooLow,
+            "bit " + std::to_string(bit) + ": level " + std::to_string(description.levelOf(bit))
+                + " is needed",
+            {}};
+    }
+    return {};
+}
+
 std::string elementText(const mqtt::VariableDescription& description, std::size_t i)
 {
     if (!description.type.array) return {};
@@ -49,7 +70,7 @@ std::string elementText(const mqtt::VariableDescription& description, std::size_
 std::optional<Verdict> judgeElement(const Variant& wanted, std::size_t i, std::int16_t level,
     const mqtt::VariableDescription& description, const CommandContext& context)
 {
-    if (level < description.levelOf(i))
+    if (!hasLevelsOfBits(description) && level < description.levelOf(i))
         return Verdict{Outcome::LevelTooLow,
             elementText(description, i) + "level " + std::to_string(description.levelOf(i)) + " is needed",
             {}};
@@ -80,6 +101,8 @@ Verdict judge(const mqtt::Command& command, const CommandContext& context)
     const std::optional<Variant> wanted = fromJson(command.wanted, description);
     const std::optional<Variant> old = fromJson(command.old, description);
     if (!wanted || !old) return {Outcome::WrongType, {}, {}};
+    if (hasLevelsOfBits(description))
+        if (const auto refusal = judgeBits(*wanted, *old, command.level, description)) return *refusal;
     for (std::size_t i = 0; i < countOf(*wanted); ++i) {
         if (at(*wanted, i) == at(*old, i)) continue;
         if (const auto refusal = judgeElement(at(*wanted, i), i, command.level, description, context))

@@ -1,5 +1,6 @@
 #include "line_machine/line.h"
 
+#include "line_machine/definition_levels.h"
 #include "line_machine/machine_description.h"
 
 #include <poll.h>
@@ -44,7 +45,7 @@ Line::Line(const machine::ProjectFile& project, LineSettings settings)
             mqtt::BrokerLinkSettings{.address = settings.broker, .client = "machine-" + name}, clock_);
         auto controller = std::make_unique<Controller>(
             ControllerSettings{.machine = name, .epoch = settings.epoch, .faults = settings.faults},
-            describeMachine(store_, name), store_, *link, clock_);
+            withLevels(describeMachine(store_, name), settings.definitions), store_, *link, clock_);
         machines_.push_back({name, std::move(link), std::move(controller), {}, false});
     }
 }

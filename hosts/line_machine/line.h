@@ -1,5 +1,6 @@
 #pragma once
 
+#include "jet/definition_row.h"
 #include "line_machine/controller.h"
 #include "machine/project_file.h"
 #include "machine/simulated_machine.h"
@@ -18,6 +19,7 @@ namespace servopanel::line_machine {
 struct LineSettings {
     mqtt::BrokerAddress broker;
     std::vector<std::string> machines; // designations
+    std::vector<jet::DefinitionRow> definitions; // which levels writes need
     std::int64_t epoch = 0; // milliseconds since 1970
     bool faults = false;
 };

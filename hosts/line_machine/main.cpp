@@ -1,10 +1,13 @@
 #include "basic/error.h"
+#include "jet/servo_defs/definition_list.h"
 #include "line_machine/command_line.h"
 #include "line_machine/line.h"
 
 #include <algorithm>
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
+#include <filesystem>
 #include <iostream>
 #include <string>
 #include <variant>
@@ -17,6 +20,15 @@ using namespace servopanel;
 constexpr int period = 20; // milliseconds
 
 volatile std::sig_atomic_t stopped = 0;
+
+// Without definitions no write needs a level; whoever runs the machine should know.
+std::vector<jet::DefinitionRow> definitionsOf(const std::filesystem::path& project)
+try {
+    return jet::loadDefinitions(project / "Servo" / "Servo.mdb").rows;
+} catch (const basic::Error& error) {
+    std::cerr << error.description << "; no access level is checked\n";
+    return {};
+}
 
 int run(const line_machine::CommandLine& line)
 {
@@ -36,6 +48,7 @@ int run(const line_machine::CommandLine& line)
     line_machine::Line machines{project,
         {.broker = line.broker,
             .machines = line.machines.empty() ? known : line.machines,
+            .definitions = definitionsOf(line.project),
             .epoch = epoch,
             .faults = line.faults}};
     std::signal(SIGINT, [](int) { stopped = 1; });

@@ -132,6 +132,32 @@ TEST_F(BrokerLinks, ComeBackWithNothingOfBefore)
     EXPECT_EQ(sender.receiver.ups, 2);
 }
 
+TEST(EncryptedBroker, TakesWhoeverHasACertificateAndProvesItself)
+{
+    MosquittoProcess broker;
+    ASSERT_TRUE(broker.encrypt());
+    ASSERT_TRUE(broker.start());
+    Client panel{broker.encryptedAddress(), "P1", {"to/P1"}};
+    ASSERT_TRUE(until([&] { return panel.link.isUp(); }, {&panel.link})) << panel.link.trouble();
+    // Longer than one record of the encryption, and several at once.
+    const std::string payload(40'000, 'x');
+    for (int i = 0; i < 5; ++i)
+        ASSERT_TRUE(panel.link.publish("to/P1", payload, mqtt::Link::Keep::No, 0));
+    ASSERT_TRUE(until([&] { return panel.receiver.messages.size() == 5; }, {&panel.link}));
+    EXPECT_EQ(panel.receiver.messages.back(), "to/P1=" + payload);
+
+    mqtt::BrokerAddress nameless = broker.encryptedAddress();
+    nameless.certificate.clear();
+    nameless.key.clear();
+    mqtt::BrokerAddress deceived = broker.encryptedAddress();
+    deceived.authority = broker.foreignAuthority();
+    for (const mqtt::BrokerAddress& address : {nameless, deceived}) {
+        Client client{address, "P2", {}};
+        ASSERT_TRUE(until([&] { return !client.link.trouble().empty(); }, {&client.link}));
+        EXPECT_EQ(client.receiver.ups, 0) << client.link.trouble();
+    }
+}
+
 TEST(BrokerLink, DoesNotHoldItsOwnerUp)
 {
     // A listener that takes no connection, with a full queue: connecting would block.

@@ -20,6 +20,24 @@ TEST_F(Reading, GivesTheMachinesValuesInTheirTypes)
     EXPECT_EQ(text, "Process variable 'no such': there is no such variable");
 }
 
+TEST_F(Reading, OfSeveralMachinesEachFailsByItself)
+{
+    TestLink link{net};
+    mqtt::BrokerVariables two{{.panel = "P2", .machines = {"M2", "M1"}}, link, clock};
+    const auto readingOfTwo = [&](const std::string& name) {
+        return outcomeOf([&] { two.ReadValue(name); });
+    };
+    const std::int64_t end = net.now + 1000;
+    while (net.now < end)
+        two.poll(10);
+    EXPECT_EQ(readingOfTwo(para), Outcome::Done);
+    EXPECT_EQ(readingOfTwo("Ch1.M2_T_servo_1<.mM2_servo_para_1>"), Outcome::NoConnection);
+    EXPECT_NE(text.find("machine M2 has never been connected to the broker"), std::string::npos) << text;
+    EXPECT_TRUE(two.isLive("M1"));
+    EXPECT_FALSE(two.isLive("M2"));
+    EXPECT_FALSE(two.isLive("M3"));
+}
+
 TEST_F(Reading, CostsNoRoundTrip)
 {
     const std::size_t before = panelLink.published.size();

@@ -43,6 +43,7 @@ inline mqtt::Description declareServo(machine::VariableStore& store)
             variable.most = "high";
             variable.levels = {0, 1, 4};
         }
+        if (name == switches) variable.levels = {0, 0, 0, 4};
         variables.push_back(std::move(variable));
     }
     return mqtt::Description{std::move(variables)};

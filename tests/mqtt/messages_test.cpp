@@ -136,6 +136,10 @@ TEST(Messages, SayWhichMemberIsWrong)
             "min must be a number or the name"},
         {R"({"hash":"h","part":0,"parts":1,"variables":[{"name":"x","type":"doubles","length":3,"level":[1,2]}]})",
             "level must be one number or one for each element"},
+        {R"({"hash":"h","part":0,"parts":1,"variables":[{"name":"x","type":"int32","level":[1,2,3,4]}]})",
+            "no error"},
+        {R"({"hash":"h","part":0,"parts":1,"variables":[{"name":"x","type":"text","level":[1,2]}]})",
+            "level must be one number"},
     };
     for (const Rubbish& row : parts)
         EXPECT_NE(

@@ -114,4 +114,44 @@ mqtt::BrokerAddress MosquittoProcess::socketAddress() const
     return address;
 }
 
+bool MosquittoProcess::encrypt()
+{
+    if (!makeCertificate("ca", "") || !makeCertificate("other", "") || !makeCertificate("127.0.0.1", "ca")
+        || !makeCertificate("P1", "ca"))
+        return false;
+    encryptedPort_ = freePort();
+    const std::string folder = folder_.string() + "/";
+    std::ofstream{folder_ / "broker.conf", std::ios::app}
+        << "listener " << encryptedPort_ << " 127.0.0.1\ncafile " << folder << "ca.pem\ncertfile " << folder
+        << "127.0.0.1.pem\nkeyfile " << folder
+        << "127.0.0.1.key\nrequire_certificate true\nuse_identity_as_username true\n";
+    return true;
+}
+
+// authority: empty for one that signs itself.
+bool MosquittoProcess::makeCertificate(const std::string& name, const std::string& authority) const
+{
+    const std::string key = "openssl req -newkey ec -pkeyopt ec_paramgen_curve:prime256v1 -nodes -subj /CN="
+        + name + " -addext subjectAltName=IP:127.0.0.1 -keyout " + name + ".key ";
+    const std::string signing = authority.empty()
+        ? "-x509 -days 2 -out " + name + ".pem"
+        : "-out request && openssl x509 -req -in request -days 2 -copy_extensions copy -CA " + authority
+            + ".pem -CAkey " + authority + ".key -CAcreateserial -out " + name + ".pem";
+    const std::string command = "cd " + folder_.string() + " && { " + key + signing + " && chmod a+r " + name
+        + ".key ; } >openssl.log 2>&1";
+    return std::system(command.c_str()) == 0;
+}
+
+mqtt::BrokerAddress MosquittoProcess::encryptedAddress() const
+{
+    mqtt::BrokerAddress address;
+    address.port = encryptedPort_;
+    address.authority = folder_ / "ca.pem";
+    address.certificate = folder_ / "P1.pem";
+    address.key = folder_ / "P1.key";
+    return address;
+}
+
+std::filesystem::path MosquittoProcess::foreignAuthority() const { return folder_ / "other.pem"; }
+
 } // namespace servopanel::testing

@@ -26,9 +26,19 @@ public:
     mqtt::BrokerAddress address() const;
     mqtt::BrokerAddress socketAddress() const;
 
+    // Before start: a further port for encrypted connections of clients with a certificate, whose name is their user
+    // name. False when the certificates cannot be made.
+    bool encrypt();
+    // With the certificate of client P1.
+    mqtt::BrokerAddress encryptedAddress() const;
+    std::filesystem::path foreignAuthority() const; // that did not sign the broker's certificate
+
 private:
+    bool makeCertificate(const std::string& name, const std::string& authority) const;
+
     std::filesystem::path folder_;
     int port_ = 0;
+    int encryptedPort_ = 0;
     pid_t process_ = 0;
 };
 

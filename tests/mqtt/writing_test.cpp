@@ -70,6 +70,22 @@ TEST_F(Writing, ALevelThatIsTooLowIsRefused)
     EXPECT_EQ(writing(para, setpoints(6)), Outcome::Done) << "other elements need less";
 }
 
+TEST_F(Writing, EachBitOfASwitchWordHasItsLevel)
+{
+    variables.setLevel(3);
+    EXPECT_EQ(writing(switches, std::int32_t{5 ^ 1}), Outcome::Done);
+    EXPECT_EQ(writing(switches, std::int32_t{4 ^ 8}), Outcome::LevelTooLow);
+    EXPECT_NE(text.find("bit 3: level 4 is needed"), std::string::npos) << text;
+    EXPECT_EQ(*store.find(switches), Variant(std::int32_t{4}));
+}
+
+TEST_F(Writing, ADoubtfulElementStaysDoubtfulAfterAWrite)
+{
+    controller.orderFault(R"({"fault":"doubt","name":")" + para + R"(","elements":[1]})");
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::Done);
+    EXPECT_EQ(reading(para), Outcome::Bad);
+}
+
 TEST_F(Writing, WhatIsReadOnlyOrUnknownIsRefused)
 {
     EXPECT_EQ(writing(diagnosis, setpoints(1)), Outcome::ReadOnly);

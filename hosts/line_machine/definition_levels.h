@@ -1,0 +1,15 @@
+#pragma once
+
+#include "jet/definition_row.h"
+#include "mqtt/description.h"
+
+#include <vector>
+
+namespace servopanel::line_machine {
+
+// Gives the variables the access levels ("Pass") that the project's parameter definitions have for their elements, or
+// for the bits of a switch word. What has no definition keeps level 0; a level that cannot be read is the highest.
+mqtt::Description withLevels(
+    const mqtt::Description& description, const std::vector<jet::DefinitionRow>& definitions);
+
+} // namespace servopanel::line_machine

@@ -1,0 +1,109 @@
+#include "line_machine/command_line.h"
+#include "line_machine/definition_levels.h"
+#include "line_machine/faults.h"
+#include "line_machine/machine_description.h"
+#include "mqtt/protocol_error.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace servopanel::line_machine {
+
+namespace {
+
+const std::string start = "Ch1.M1_T_servo_12<.mM1_";
+
+machine::VariableStore servo()
+{
+    machine::VariableStore store;
+    for (const char* family : {"servo_para", "servo_para_un", "servo_para_ob", "servo_para2", "servo_diag"})
+        store.declare(start + family + "_12>", basic::doubles({1, 2}));
+    store.declare(start + "servo_schalt_12>", std::int32_t{0});
+    store.declare(start + "servoaender_12>", std::int16_t{0});
+    store.declare("Ch1.M10_T_servo_1<.mM10_servo_para_1>", 1.0);
+    store.declare("parameter<.aufloesung>", std::int16_t{1280});
+    return store;
+}
+
+const mqtt::VariableDescription& variable(const mqtt::Description& description, const std::string& family)
+{
+    return description.variables().at(description.indexOf(start + family + "_12>").value());
+}
+
+} // namespace
+
+TEST(MachineDescription, HasTheMachinesVariablesAndWhatAPanelMayWrite)
+{
+    const mqtt::Description description = describeMachine(servo(), "M1");
+    EXPECT_EQ(description.variables().size(), 7U) << "neither those of M10 nor the panel's own";
+    const mqtt::VariableDescription& para = variable(description, "servo_para");
+    EXPECT_TRUE(para.writable);
+    EXPECT_FALSE(para.signal);
+    EXPECT_EQ(para.length, 2U);
+    EXPECT_EQ(para.least, mqtt::Limit{start + "servo_para_un_12>"});
+    EXPECT_EQ(para.most, mqtt::Limit{start + "servo_para_ob_12>"});
+    EXPECT_EQ(variable(description, "servo_para2").least, mqtt::Limit{});
+    EXPECT_FALSE(variable(description, "servo_para_un").writable);
+    EXPECT_FALSE(variable(description, "servo_diag").writable);
+    EXPECT_TRUE(variable(description, "servoaender").signal);
+}
+
+TEST(MachineDescription, TakesLevelsFromTheDefinitions)
+{
+    const auto row = [](const std::string& family, const basic::Variant& element,
+                         const basic::Variant& pass) {
+        jet::DefinitionRow definition;
+        definition.variable = start + family + "_12>";
+        definition.element = element;
+        definition.pass = pass;
+        return definition;
+    };
+    const mqtt::Description description = withLevels(describeMachine(servo(), "M1"),
+        {row("servo_para", std::int16_t{1}, std::int16_t{3}),
+            row("servo_para2", std::int16_t{0}, basic::Null{}),
+            row("servo_schalt", std::int16_t{2}, std::int16_t{4}),
+            row("servo_para", std::int16_t{2}, std::int16_t{9}),
+            row("servo_para", std::int16_t{-1}, std::int16_t{9}),
+            row("nothing", std::int16_t{0}, std::int16_t{9})});
+    EXPECT_EQ(variable(description, "servo_para").levels, (std::vector<std::int16_t>{0, 3}));
+    EXPECT_EQ(variable(description, "servo_para2").levels,
+        (std::vector<std::int16_t>{std::numeric_limits<std::int16_t>::max(), 0}))
+        << "a level that cannot be read opens nothing";
+    EXPECT_EQ(variable(description, "servo_schalt").levels, (std::vector<std::int16_t>{0, 0, 4, 0}));
+    EXPECT_TRUE(variable(description, "servo_diag").levels.empty());
+}
+
+TEST(CommandLine, SaysWhatIsWrong)
+{
+    const auto problem = [](const std::vector<std::string>& arguments) {
+        const auto parsed = parseCommandLine(arguments);
+        const auto* const text = std::get_if<std::string>(&parsed);
+        return text ? *text : std::string{};
+    };
+    EXPECT_EQ(
+        problem({"demo", "--broker", "unix:/run/b", "--machine", "M1", "--machine", "M2", "--faults"}), "");
+    EXPECT_EQ(problem({"--help"}), "");
+    EXPECT_EQ(problem({}), "the project is missing");
+    EXPECT_EQ(problem({"a", "b"}), "only one project can be run: b");
+    EXPECT_EQ(problem({"a", "--machine"}), "--machine needs a value");
+    EXPECT_EQ(problem({"a", "--machin", "x"}), "unknown option --machin");
+    EXPECT_NE(problem({"a", "--broker", "h:0"}).find("--broker h:0: the port"), std::string::npos);
+}
+
+TEST(Faults, AreRefusedWhenTheyAreNone)
+{
+    for (const char* payload :
+        {"", "{}", R"({"fault":"unknown"})", R"({"fault":"refuse"})", R"({"fault":"refuse","code":"done"})",
+            R"({"fault":"slow"})", R"({"fault":"slow","milliseconds":-1})", R"({"fault":"torn","times":-1})",
+            R"({"fault":"doubt","name":"x","elements":[-1]})", R"({"fault":"change","name":"x"})"}) {
+        Faults faults;
+        EXPECT_THROW(faults.take("pm/v1/M1/fault", payload), mqtt::ProtocolError) << payload;
+    }
+}
+
+} // namespace servopanel::line_machine
