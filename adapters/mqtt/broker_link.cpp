@@ -6,6 +6,7 @@
 #include <mqtt_protocol.h>
 
 #include <poll.h>
+#include <signal.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -33,8 +34,15 @@ std::string reasonOf(int result)
 
 void initialiseLibraryOnce()
 {
-    static const int result = mosquitto_lib_init(); // for the whole process, never ended
-    static_cast<void>(result);
+    static const bool done = [] {
+        mosquitto_lib_init(); // for the whole process, never ended
+        // An encrypted connection that the broker has closed would end a program that did not think of this signal.
+        struct sigaction current { };
+        if (::sigaction(SIGPIPE, nullptr, &current) == 0 && current.sa_handler == SIG_DFL)
+            ::signal(SIGPIPE, SIG_IGN);
+        return true;
+    }();
+    static_cast<void>(done);
 }
 
 std::string firstLineOf(const std::filesystem::path& file)

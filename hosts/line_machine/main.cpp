@@ -53,7 +53,6 @@ int run(const line_machine::CommandLine& line)
             .faults = line.faults}};
     std::signal(SIGINT, [](int) { stopped = 1; });
     std::signal(SIGTERM, [](int) { stopped = 1; });
-    std::signal(SIGPIPE, SIG_IGN);
     while (!stopped) {
         machines.run(period);
         for (const std::string& news : machines.takeNews())

@@ -53,10 +53,11 @@ struct Client {
 };
 
 const mqtt::Clock clock = mqtt::steadyClock();
+constexpr std::int64_t longestWait = 20'000; // milliseconds, of a test that fails
 
 bool until(const std::function<bool()>& condition, const std::vector<mqtt::Link*>& links)
 {
-    const std::int64_t end = clock() + 5000;
+    const std::int64_t end = clock() + longestWait;
     while (!condition()) {
         if (clock() > end) return false;
         for (mqtt::Link* link : links)
@@ -221,7 +222,7 @@ protected:
         pumped.emplace(*panelLink, *controller);
         variables.emplace(
             mqtt::BrokerVariablesSettings{
-                .panel = "P1", .machines = {"M1"}, .answerMilliseconds = 300, .heartbeatMilliseconds = 400},
+                .panel = "P1", .machines = {"M1"}, .answerMilliseconds = 1000, .heartbeatMilliseconds = 1500},
             *pumped, clock);
         variables->setLevel(5);
         ASSERT_TRUE(becomesReadable());
@@ -271,7 +272,7 @@ protected:
 
     bool holds(const std::function<bool()>& condition)
     {
-        const std::int64_t end = clock() + 5000;
+        const std::int64_t end = clock() + longestWait;
         while (!condition()) {
             if (clock() > end) return false;
             variables->poll(2);
@@ -346,7 +347,7 @@ TEST_F(RealBroker, ThatFreezesCostsOneWaitAndNothingIsDoneLate)
     const std::int64_t start = clock();
     EXPECT_EQ(write(7), mqtt::Outcome::NoAnswer);
     EXPECT_EQ(write(8), mqtt::Outcome::NotSentAfterNoAnswer);
-    EXPECT_LT(clock() - start, 2000); // 300 and the machine's load
+    EXPECT_LT(clock() - start, 1900) << "one waiting time, not two";
     broker.thaw();
     ASSERT_TRUE(becomesReadable());
     ASSERT_TRUE(holds([&] { return controller->seen().size() >= 2; }))
