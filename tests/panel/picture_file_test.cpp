@@ -3,6 +3,7 @@
 #include "basic/error.h"
 #include "sample_pictures.h"
 #include "support/error_number.h"
+#include "support/full_disk.h"
 
 #include <gtest/gtest.h>
 
@@ -141,4 +142,24 @@ TEST_F(PictureFileTest, SavingIntoAMissingFolderIsError76)
     EXPECT_EQ(
         servopanel::testing::errorNumber([&] { return panel::saveBitmap(image(), file, "copy.gif"), 0; }),
         76);
+}
+
+TEST_F(PictureFileTest, AFullDiskIsError75AndKeepsThePictureThatWasThere)
+{
+    const std::filesystem::path file = save("copy.bmp", "BMP");
+    QImage other{20, 10, QImage::Format_RGB32};
+    other.fill(Qt::blue);
+    for (const rlim_t bytesLeft : {0, 60}) {
+        EXPECT_EQ(servopanel::testing::errorNumber([&] {
+            const servopanel::testing::FullDisk full{bytesLeft};
+            return panel::saveBitmap(other, file, "copy.bmp"), 0;
+        }),
+            75);
+        EXPECT_EQ(loadPicture(file, "copy.bmp").pixelColor(5, 5), QColor(200, 30, 40));
+    }
+    EXPECT_FALSE([&] {
+        const servopanel::testing::FullDisk full;
+        return panel::saveImage(other, folder_.filePath("other.png").toStdString(), "PNG");
+    }());
+    EXPECT_FALSE(QFile::exists(folder_.filePath("other.png")));
 }

@@ -1,6 +1,7 @@
 // What an operator chose, over restarts and power cuts.
 #include "panel/runtime/remembered_choices.h"
 
+#include "support/full_disk.h"
 #include "support/standard_project.h"
 #include "test_project.h"
 
@@ -84,6 +85,25 @@ TEST_F(RememberedChoicesTest, AFolderThatCannotBeMadeIsNamed)
     RememberedChoices choices = remembered();
     choices.save(chinese);
     EXPECT_NE(choices.problem().find(file().string()), std::string::npos);
+}
+
+TEST_F(RememberedChoicesTest, AFullDiskIsReportedAndCostsNothing)
+{
+    remembered().save(chinese);
+    const Choices next{std::int16_t{1}, 1, 5};
+    for (const rlim_t bytesLeft : {0, 20}) {
+        RememberedChoices choices = remembered();
+        {
+            const servopanel::testing::FullDisk full{bytesLeft};
+            choices.save(next);
+        }
+        EXPECT_NE(choices.problem().find(file().string()), std::string::npos);
+        EXPECT_EQ(remembered().load(), chinese);
+        if (bytesLeft == 0) continue;
+        choices.save(next);
+        EXPECT_EQ(choices.problem(), "");
+        EXPECT_EQ(remembered().load(), next);
+    }
 }
 
 // The panel ends without a word, as in a power cut, and is started again.

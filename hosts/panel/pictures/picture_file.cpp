@@ -83,9 +83,16 @@ void saveBitmap(const QImage& image, const std::filesystem::path& file, const st
 {
     if (!std::filesystem::is_directory(file.parent_path()))
         portable::raiseFileError(portable::FileError::PathNotFound, name, "no such folder");
+    if (!saveImage(image, file, "BMP"))
+        portable::raiseFileError(portable::FileError::AccessError, name, "cannot be written");
+}
+
+bool saveImage(const QImage& image, const std::filesystem::path& file, const char* format)
+{
     QSaveFile output{toQt(file)};
-    const bool saved = output.open(QIODevice::WriteOnly) && image.save(&output, "BMP") && output.commit();
-    if (!saved) portable::raiseFileError(portable::FileError::AccessError, name, "cannot be written");
+    // commit does not see what a full disk refused; flush does.
+    return output.open(QIODevice::WriteOnly) && image.save(&output, format) && output.flush()
+        && output.commit();
 }
 
 } // namespace servopanel::panel

@@ -20,4 +20,7 @@ QImage decodePicture(const QByteArray& data, const std::string& name, int metafi
 // Saves an image as a bitmap; error 76 when the folder is missing, 75 when it cannot be written.
 void saveBitmap(const QImage& image, const std::filesystem::path& file, const std::string& name);
 
+// format: "BMP" or "PNG". false when it cannot be written to its end; a file that was there before is then as it was.
+bool saveImage(const QImage& image, const std::filesystem::path& file, const char* format);
+
 } // namespace servopanel::panel

@@ -67,7 +67,8 @@ void RememberedChoices::save(const Choices& choices)
     std::filesystem::create_directories(file_.parent_path(), ignored);
     QSaveFile file{toQt(file_.string())};
     const QByteArray text = QJsonDocument{object}.toJson();
-    if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit())
+    // What was written still waits in a buffer: without flush a full disk would cost the good file.
+    if (file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.flush() && file.commit())
         onDisk_ = choices;
     else
         problem_ = "'" + file_.string() + "': " + file.errorString().toStdString();

@@ -2,11 +2,12 @@
 
 #include "basic/conversions.h"
 #include "panel/form/scroll_bar.h"
+#include "panel/pictures/picture_file.h"
 #include "panel/widgets/message_sheet.h"
 #include "platform/ids.h"
 #include "recording/trace/value_text.h"
 
-#include <QPixmap>
+#include <QImage>
 #include <QTest>
 
 #include <cmath>
@@ -51,17 +52,16 @@ void Tour::say(const std::string& line)
 }
 
 // Zoomed, the window shows what the operator sees.
-QPixmap Tour::picture()
+QImage Tour::picture()
 {
     PanelWindow& window = panel_.window();
-    return window.size() == window.stage().size() ? window.stage().grab() : window.grab();
+    return (window.size() == window.stage().size() ? window.stage().grab() : window.grab()).toImage();
 }
 
 void Tour::save(const std::string& name)
 {
     const std::filesystem::path file = folder_ / (twoDigits(number_) + "-" + name + ".png");
-    if (!picture().save(QString::fromStdString(file.string())))
-        throw NotThere{"a place for the picture '" + file.string() + "'"};
+    if (!saveImage(picture(), file, "PNG")) throw NotThere{"a place for the picture '" + file.string() + "'"};
 }
 
 void Tour::step(const std::string& name, const std::function<void()>& action)
@@ -82,8 +82,8 @@ void Tour::readMessage()
         messages_.stop();
         ++number_;
         say(twoDigits(number_) + " message: " + message->text().toStdString());
-        const std::string file = (folder_ / (twoDigits(number_) + "-message.png")).string();
-        if (!picture().save(QString::fromStdString(file)))
+        const std::filesystem::path file = folder_ / (twoDigits(number_) + "-message.png");
+        if (!saveImage(picture(), file, "PNG"))
             std::fprintf(stderr, "servo-panel: the picture '%s' cannot be saved\n", file.c_str());
         QTest::mouseClick(&message->okKey(), Qt::LeftButton);
         messages_.start();

@@ -2,7 +2,7 @@
 
 #include "panel/tour/operator.h"
 
-#include <QPixmap>
+#include <QImage>
 #include <QTimer>
 
 #include <filesystem>
@@ -26,7 +26,7 @@ private:
     void step(const std::string& name, const std::function<void()>& action = {});
     void save(const std::string& name);
     void readMessage();
-    QPixmap picture();
+    QImage picture();
     void say(const std::string& line);
 
     void menu();
