@@ -276,6 +276,20 @@ TEST_F(PanelTest, TheProgramSaysWhyItCannotStartAndReturns2)
     EXPECT_TRUE(program.readAllStandardError().contains("is no project: it has no project.json"));
 }
 
+TEST_F(PanelTest, TheProgramRefusesADisplayThatListensToTheWholeNetwork)
+{
+    for (const char* platform : {"vnc", "vnc:port=5999", "offscreen;vnc"}) {
+        QProcess program;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("QT_QPA_PLATFORM", platform);
+        program.setProcessEnvironment(environment);
+        program.start(SERVO_PANEL, {QString::fromStdString(project_.folder().string())});
+        ASSERT_TRUE(program.waitForFinished());
+        EXPECT_EQ(program.exitCode(), 2) << platform;
+        EXPECT_TRUE(program.readAllStandardError().contains("SERVO_PANEL_DISPLAY=remote")) << platform;
+    }
+}
+
 TEST_F(PanelTest, AnotherResolutionMakesAnotherStage)
 {
     panel::PanelSettings settings = project_.settings();

@@ -7,6 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QProcess>
+
+#include <cerrno>
 #include <csignal>
 
 using namespace servopanel;
@@ -22,9 +25,10 @@ constexpr std::string_view setpoints = "Ch1.M1_T_servo_3<.mM1_servo_para_3>";
 
 class SessionTest : public ::testing::Test {
 protected:
-    void SetUp() override
+    void SetUp() override { start(project_.settings()); }
+    void start(const panel::PanelSettings& settings)
     {
-        session_ = std::make_unique<Session>(project_.settings(), [this](Panel& panel) {
+        session_ = std::make_unique<Session>(settings, [this](Panel& panel) {
             ++shows_;
             reader_ = std::make_unique<servopanel::testing::MessageReader>(panel);
             panel.window().show();
@@ -135,6 +139,83 @@ TEST_F(SessionTest, AProjectThatHasGoneChangesNothing)
     ASSERT_TRUE(QTest::qWaitFor([&] { return !session_->isWaiting(); }, 5000));
     EXPECT_EQ(shows_, 1);
     EXPECT_TRUE(isReported("it has no project.json"));
+}
+
+// Between the two somebody may have replaced the folder.
+TEST_F(SessionTest, APanelTakesTheProjectFileThatWasRead)
+{
+    panel::PanelSettings settings = project_.settings();
+    settings.file = Panel::loadProject(settings.project);
+    project_.remove("project.json");
+    const Panel panel{settings};
+    EXPECT_EQ(panel.project().title, "Test");
+}
+
+TEST_F(SessionTest, APanelThatCannotBeMadeOfTheNewProjectComesBackWithTheOld)
+{
+    panel::PanelSettings settings = project_.settings();
+    int panels = 0;
+    settings.wrapVariables = [&](auto own) {
+        if (++panels == 2) throw panel::CannotStart{"the machine is not there"};
+        return own;
+    };
+    start(settings);
+    retitle("Changed");
+    ASSERT_TRUE(reloads());
+    EXPECT_EQ(title(), "Test");
+    EXPECT_EQ(session_->panel().shownPart()->className(), "ServoMenu");
+    EXPECT_TRUE(isReported("the machine is not there"));
+    EXPECT_TRUE(isReported("The project was not read anew"));
+}
+
+TEST_F(SessionTest, GoesOnWithoutATraceThatCannotBeWrittenAnyMore)
+{
+    panel::PanelSettings settings = project_.settings();
+    settings.trace = project_.file("traces/today.trace");
+    std::filesystem::create_directories(settings.trace.parent_path());
+    start(settings);
+    std::filesystem::remove_all(settings.trace.parent_path());
+    retitle("Changed");
+    ASSERT_TRUE(reloads());
+    EXPECT_EQ(title(), "Changed");
+    EXPECT_TRUE(isReported("the trace cannot be written"));
+}
+
+// The first message waits for its reader before the session is there.
+TEST_F(SessionTest, TheSignalIsKeptWhileTheFirstMessageIsOpen)
+{
+    project_.remove("Servo/ServoMenu_1280.bmp"); // of which there is a message
+    const std::filesystem::path trace = project_.file("trace");
+    const auto isInTrace = [&](const std::string& text) {
+        std::ifstream in{trace};
+        const std::string all{std::istreambuf_iterator<char>{in}, {}};
+        return all.find(text) != std::string::npos;
+    };
+    QProcess program;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("QT_QPA_PLATFORM", "offscreen");
+    environment.insert("TEMPVELM", QString::fromStdString(project_.file("temporary").string()));
+    program.setProcessEnvironment(environment);
+    program.start(SERVO_PANEL,
+        {QString::fromStdString(project_.folder().string()), "--trace",
+            QString::fromStdString(trace.string())});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return isInTrace("message \""); }, 20000));
+    kill(static_cast<pid_t>(program.processId()), SIGHUP);
+    EXPECT_FALSE(program.waitForFinished(1000));
+    EXPECT_EQ(program.state(), QProcess::Running);
+    program.kill();
+    program.waitForFinished();
+}
+
+TEST_F(SessionTest, TheSignalLeavesTheErrorOfWhatItInterruptsAlone)
+{
+    const panel::ReloadRequest request{[] {}};
+    // More than a pipe holds: what does not fit is an error in the handler.
+    for (int i = 0; i < 100'000; ++i) {
+        errno = ENOENT;
+        std::raise(SIGHUP);
+        ASSERT_EQ(errno, ENOENT) << i;
+    }
 }
 
 TEST_F(SessionTest, TheSignalAsksForIt)

@@ -14,8 +14,10 @@
 #include <QScreen>
 #include <QStyleFactory>
 
+#include <algorithm>
 #include <cstdio>
 #include <memory>
+#include <optional>
 
 namespace servopanel::panel {
 
@@ -45,6 +47,15 @@ bool findScreen(const Options& options)
     return qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
+// Qt's own VNC display listens on every address of this computer and knows no password.
+bool asksForOpenVnc()
+{
+    const QStringList platforms = qEnvironmentVariable("QT_QPA_PLATFORM").split(u';');
+    return std::any_of(platforms.begin(), platforms.end(), [](const QString& platform) {
+        return platform.section(u':', 0, 0).compare(u"vnc", Qt::CaseInsensitive) == 0;
+    });
+}
+
 void show(PanelWindow& window, PanelWindow::Zoom zoom)
 {
     const QScreen* screen = QGuiApplication::primaryScreen();
@@ -65,15 +76,24 @@ void show(PanelWindow& window, PanelWindow::Zoom zoom)
 int run(const Options& options)
 {
     std::unique_ptr<Tour> tour;
-    Session session{options.settings, [&](Panel& panel) {
-                        show(panel.window(), options.settings.zoom);
-                        keepOnScreen(panel.window());
-                        // Before the screen opens, which may have something to say.
-                        if (!options.tour.empty()) tour = std::make_unique<Tour>(panel, options.tour);
-                        panel.openServo();
-                    }};
+    std::unique_ptr<Session> session;
+    bool isWished = false;
+    // First of all: a message of the first screen keeps the session from being there for as long as nobody reads it.
+    std::optional<ReloadRequest> request;
+    if (options.tour.empty())
+        request.emplace([&] {
+            isWished = session == nullptr;
+            if (session) session->reload();
+        });
+    session = std::make_unique<Session>(options.settings, [&](Panel& panel) {
+        show(panel.window(), options.settings.zoom);
+        keepOnScreen(panel.window());
+        // Before the screen opens, which may have something to say.
+        if (!options.tour.empty()) tour = std::make_unique<Tour>(panel, options.tour);
+        panel.openServo();
+    });
     if (tour) return tour->play();
-    const ReloadRequest request{[&] { session.reload(); }};
+    if (isWished) session->reload();
     return QApplication::exec();
 }
 
@@ -99,7 +119,15 @@ int runProgram(int argc, char** argv)
         say(stderr,
             "servo-panel: there is no screen (DISPLAY and WAYLAND_DISPLAY are not set). "
             "QT_QPA_PLATFORM=linuxfb draws on "
-            "a bare frame buffer, vnc for a remote viewer, offscreen nowhere.\n");
+            "a bare frame buffer, offscreen nowhere; for a remote viewer the kiosk has "
+            "SERVO_PANEL_DISPLAY=remote.\n");
+        return cannotStart;
+    }
+    if (asksForOpenVnc()) {
+        say(stderr,
+            "servo-panel: QT_QPA_PLATFORM=vnc lets everybody in the network operate the machine; for a "
+            "remote "
+            "viewer the kiosk has SERVO_PANEL_DISPLAY=remote.\n");
         return cannotStart;
     }
     const DisplayWatch watch;

@@ -1,6 +1,7 @@
 #include "panel/program/reload_request.h"
 
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <utility>
 
@@ -16,9 +17,12 @@ std::array<int, 2> ends{-1, -1};
 
 void onSignal(int)
 {
+    // What the signal interrupts may be about to read errno.
+    const int before = errno;
     const char wish = 1;
     // A full pipe holds wishes enough.
     [[maybe_unused]] const auto written = write(ends[1], &wish, 1);
+    errno = before;
 }
 
 void drain()

@@ -1,12 +1,15 @@
 #include "panel/program/session.h"
 
+#include "basic/error.h"
+
 #include <utility>
 
 namespace servopanel::panel {
 
 namespace {
 constexpr int retryMilliseconds = 500;
-}
+constexpr const char* notReadAnew = "The project was not read anew";
+} // namespace
 
 Session::Session(PanelSettings settings, std::function<void(Panel&)> show)
     : settings_{std::move(settings)}
@@ -33,27 +36,48 @@ void Session::tryToReload()
 {
     if (!isWaiting() || panel_->hasUnfinishedInput()) return;
     waiting_.stop();
-    if (!canBeRead()) return;
+    settings_.file = readAnew();
+    if (!settings_.file) return;
     settings_.before = panel_->hold();
     // One after the other: what Qt knows of fonts and directions is one for the whole program.
     panel_.reset();
-    panel_ = std::make_unique<Panel>(settings_);
+    panel_ = makeAnew();
     settings_.before.reset();
+    settings_.file.reset();
     show_(*panel_);
 }
 
-bool Session::canBeRead()
+// The old panel is gone by now, and nobody above could do anything about a failure: the operator gets it back.
+std::unique_ptr<Panel> Session::makeAnew()
+{
+    std::string reason;
+    try {
+        return std::make_unique<Panel>(settings_);
+    } catch (const CannotStart& failure) {
+        reason = failure.reason;
+    } catch (const basic::Error& error) {
+        reason = error.description;
+    }
+    settings_.file = settings_.before->file;
+    auto panel = std::make_unique<Panel>(settings_);
+    panel->note(reason);
+    panel->note(notReadAnew);
+    return panel;
+}
+
+// What is read here is what the new panel gets: the file may be gone a moment later.
+std::optional<machine::ProjectFile> Session::readAnew()
 {
     try {
-        const machine::ProjectFile file = Panel::loadProject(settings_.project);
-        if (file.isWhole) return true;
+        machine::ProjectFile file = Panel::loadProject(settings_.project);
+        if (file.isWhole) return file;
         for (const machine::Problem& problem : file.problems)
             panel_->note(problem.text());
     } catch (const CannotStart& failure) {
         panel_->note(failure.reason);
     }
-    panel_->note("The project was not read anew");
-    return false;
+    panel_->note(notReadAnew);
+    return {};
 }
 
 } // namespace servopanel::panel

@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace servopanel::panel {
 
@@ -19,13 +20,15 @@ public:
 
     // Reads the project anew: files, texts, pictures, definitions, variables. Language and servo stay, and so do the
     // values of variables whose start value is the same in both. While somebody enters values, has not confirmed them or
-    // reads a message it waits. A project.json that cannot be read to its end changes nothing; the reports say why.
+    // reads a message it waits. A project.json that cannot be read to its end changes nothing; the reports say why. When no
+    // panel can be made of the new one, the panel comes back with the project that it had.
     void reload();
     bool isWaiting() const { return waiting_.isActive(); }
 
 private:
     void tryToReload();
-    bool canBeRead();
+    std::optional<machine::ProjectFile> readAnew();
+    std::unique_ptr<Panel> makeAnew();
 
     PanelSettings settings_;
     std::function<void(Panel&)> show_;

@@ -85,7 +85,7 @@ machine::ProjectFile Panel::loadProject(const std::filesystem::path& folder)
 
 Panel::Panel(PanelSettings settings)
     : settings_{std::move(settings)}
-    , file_{loadProject(settings_.project)}
+    , file_{settings_.file ? *settings_.file : loadProject(settings_.project)}
     , mapping_{mapping(settings_)}
     , languages_{settings_.project, file_}
     , watched_{std::make_shared<WatchedVariables>(
@@ -270,7 +270,13 @@ void Panel::startTrace()
     if (settings_.trace.empty()) return;
     // A panel that takes another one's place goes on with its trace.
     traceFile_.open(settings_.trace, std::ios::binary | (settings_.before ? std::ios::app : std::ios::trunc));
-    if (!traceFile_) throw CannotStart{"the trace cannot be written to '" + settings_.trace.string() + "'"};
+    if (!traceFile_) {
+        const std::string problem = "the trace cannot be written to '" + settings_.trace.string() + "'";
+        if (!settings_.before) throw CannotStart{problem};
+        // The operator goes on working; the trace is for others.
+        note(problem);
+        return;
+    }
     sink_ = std::make_unique<recording::TraceSink>([this](std::string_view lines) {
         traceFile_ << lines;
         traceFile_.flush(); // a trace is wanted most when the panel does not come to its end

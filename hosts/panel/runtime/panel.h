@@ -45,6 +45,7 @@ struct Outside {
 
 struct PanelSettings {
     std::filesystem::path project;
+    std::optional<machine::ProjectFile> file; // read already; otherwise the one in the folder
     std::optional<int> resolution; // pixels of width; otherwise the project's
     std::string language; // number or code; empty: the project's
     std::optional<std::int16_t> level; // access level; otherwise the project's
