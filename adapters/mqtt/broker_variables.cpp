@@ -32,6 +32,13 @@ bool isFinite(const basic::Variant& value)
     return true;
 }
 
+// The controller would throw the whole command away, and the panel would wait for an answer.
+bool isTooLong(const basic::Variant& value)
+{
+    const auto* const text = value.get<std::string>();
+    return text && text->size() > Bounds{}.textBytes;
+}
+
 // Differs from that of the panel's last start, so that a late answer to that one is not taken for ours.
 std::string newSession()
 {
@@ -174,6 +181,7 @@ void BrokerVariables::WriteValue(std::string_view name, const basic::Variant& va
     const VariableDescription description = place.image->description()->variables()[place.variable];
     const basic::Variant wanted = machine::convertedToDeclared(name, description.blank(), value);
     if (!isFinite(wanted)) fail(Outcome::OutOfRange, name, "the value is not a finite number");
+    if (isTooLong(wanted)) fail(Outcome::OutOfRange, name, "the text is longer than a message may hold");
     if (!description.writable) fail(Outcome::ReadOnly, name, describe(Outcome::ReadOnly));
     if (gaveUp_) fail(Outcome::NotSentAfterNoAnswer, name, describe(Outcome::NotSentAfterNoAnswer));
     if (const auto trouble = place.image->trouble(clock_())) fail(trouble->outcome, name, trouble->reason);

@@ -41,7 +41,9 @@ TEST_F(Writing, ConvertsToTheVariablesOwnType)
     EXPECT_EQ(writing(para, basic::doubles({1, 2})), Outcome::WrongType);
     EXPECT_EQ(writing(switches, 1e10), Outcome::OutOfRange);
     EXPECT_EQ(writing(para, setpoints(std::numeric_limits<double>::infinity())), Outcome::OutOfRange);
+    EXPECT_EQ(writing("text", std::string(1025, 'x')), Outcome::OutOfRange);
     EXPECT_EQ(controller.seen().size(), 1U) << "what cannot be meant is not sent";
+    EXPECT_EQ(writing("text", std::string(1024, 'x')), Outcome::Done);
 }
 
 TEST_F(Writing, OutOfRangeIsRefusedWithTheLimit)
