@@ -307,6 +307,13 @@ std::vector<State> makeStates()
     all.push_back(state("trend-table", [](Operator& hands, Panel& panel) {
         openTrends(hands, panel, {122, 128});
     }));
+    // New states come last, so that the others keep their turns among the reference pictures.
+    all.push_back(withoutReading(state("mask-limits-unknown",
+                                     [](Operator& hands, Panel&) {
+                                         hands.menuKey(fullest);
+                                         hands.input("SollwertL", 2);
+                                     }),
+        "Ch1.M1_T_servo_1<.mM1_servo_para_ob_1>"));
     return all;
 }
 

@@ -340,6 +340,37 @@ TEST_F(ValueStatesTest, LimitsOfAnotherServoAreToldFromItsOwn)
     EXPECT_EQ(limits(), panel::ValueState::Unknown);
 }
 
+// Nobody may enter a value within the bounds of another servo, or without any.
+TEST_F(ValueStatesTest, AMaskWithoutLimitsOfItsServoAcceptsNothing)
+{
+    flaky_->unreadable = {"Ch1.M1_T_servo_3<.mM1_servo_para_ob_3>"};
+    panel_->openServo();
+    hands_->input("SollwertL", 1);
+    panel::InputMask& mask = panel_->shownPart()->require<panel::EingabemaskeChild>("Eingabemaske").mask();
+    EXPECT_EQ(mask.limits(), "Min –   …   Max –");
+    EXPECT_EQ(mask.remark(), "Limits cannot be read: no input");
+    hands_->type("2");
+    EXPECT_EQ(mask.remark(), "");
+    hands_->ok();
+    EXPECT_EQ(mask.remark(), "Limits cannot be read: no input");
+    EXPECT_TRUE(mask.isVisible());
+    hands_->cancel();
+    EXPECT_FALSE(text("SollwertL", 1).marks().changed);
+}
+
+TEST_F(ValueStatesTest, AMaskWithOldLimitsOfItsServoSaysSo)
+{
+    flaky_->unreadable = {"Ch1.M1_T_servo_3<.mM1_servo_para_ob_3>"};
+    hands_->wait(refreshMs);
+    hands_->input("SollwertL", 1);
+    panel::InputMask& mask = panel_->shownPart()->require<panel::EingabemaskeChild>("Eingabemaske").mask();
+    EXPECT_TRUE(mask.limitsAreDoubtful());
+    EXPECT_EQ(mask.remark(), "");
+    hands_->type("2");
+    hands_->ok();
+    EXPECT_TRUE(text("SollwertL", 1).marks().changed);
+}
+
 TEST_F(ValueStatesTest, AFaultTextThatSaysNothingHasNoSignOfAge)
 {
     panel_->variables().write(faultText, Variant{""}, machine::Writer::Machine);

@@ -27,6 +27,8 @@ constexpr std::array words{
         "كبير جدًا: الحد الأقصى", "过大：至多为"},
     Word{PanelText::NoSign, "Panel.NoSign", "Kein Minus: mindestens", "No minus: at least",
         "بلا إشارة سالبة: الحد الأدنى", "不允许负号：至少为"},
+    Word{PanelText::LimitsUnknown, "Panel.LimitsUnknown", "Grenzen nicht lesbar: keine Eingabe",
+        "Limits cannot be read: no input", "تعذرت قراءة الحدود: لا يمكن الإدخال", "无法读取限值：不能输入"},
     Word{PanelText::NoNumber, "Panel.NoNumber", "Bitte eine Zahl eingeben", "Please enter a number",
         "يرجى إدخال رقم", "请输入数字"},
     Word{PanelText::Level, "Panel.Level", "Stufe", "Level", "المستوى", "等级"},

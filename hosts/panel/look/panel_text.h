@@ -18,6 +18,7 @@ enum class PanelText {
     TooSmall,
     TooLarge,
     NoSign, // before the lower limit, where it allows nothing below 0
+    LimitsUnknown,
     NoNumber,
     Level,
     LevelRange,

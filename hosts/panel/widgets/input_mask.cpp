@@ -44,10 +44,12 @@ void InputMask::setHandlers(std::function<void(double, bool)> accepted, std::fun
 void InputMask::start(const MaskTask& task)
 {
     setField(task.title, task.unit);
-    entry_.start(task.number, task.lower, task.upper);
+    limitsState_ = task.limitsState;
+    const bool isBounded = limitsState_ != ValueState::Unknown;
+    entry_.start(task.number, isBounded ? task.lower : std::nullopt, isBounded ? task.upper : std::nullopt);
     pad_->workOn(&entry_);
     languageChanged();
-    tell(NumberEntry::Verdict::Fine);
+    tell(isBounded ? NumberEntry::Verdict::Fine : NumberEntry::Verdict::LimitsUnknown);
     setFocus();
 }
 
@@ -79,6 +81,9 @@ QString InputMask::shown() const
 
 QString InputMask::limits() const
 {
+    if (limitsState_ == ValueState::Unknown)
+        return words_(PanelText::Lowest) + QStringLiteral(" –   …   ") + words_(PanelText::Highest)
+            + QStringLiteral(" –");
     QString text;
     if (entry_.lower()) text = words_(PanelText::Lowest) + u' ' + number(*entry_.lower());
     if (entry_.lower() && entry_.upper()) text += QStringLiteral("   …   ");
@@ -89,6 +94,7 @@ QString InputMask::limits() const
 QString InputMask::remark() const
 {
     switch (verdict_) {
+    case NumberEntry::Verdict::LimitsUnknown: return words_(PanelText::LimitsUnknown);
     case NumberEntry::Verdict::NoNumber: return words_(PanelText::NoNumber);
     case NumberEntry::Verdict::TooSmall: return words_(PanelText::TooSmall) + u' ' + number(*entry_.lower());
     case NumberEntry::Verdict::NoSign: return words_(PanelText::NoSign) + u' ' + number(*entry_.lower());
@@ -99,7 +105,9 @@ QString InputMask::remark() const
 
 void InputMask::accept()
 {
-    const NumberEntry::Verdict verdict = entry_.verdict();
+    const bool isBounded = limitsState_ != ValueState::Unknown;
+    const NumberEntry::Verdict verdict =
+        isBounded ? entry_.verdict() : NumberEntry::Verdict::LimitsUnknown;
     if (verdict != NumberEntry::Verdict::Fine) {
         tell(verdict);
         return;
@@ -163,11 +171,15 @@ void InputMask::paintEvent(QPaintEvent* event)
     paintValue(painter);
     const int pixels = scaled(0.034, height(), 10, 15);
     painter.setPen(colours::ink);
-    drawFitted(painter, limitsPlace_, Qt::AlignCenter, panelFont(pixels), limits());
+    const int side = remarkPlace_.height() - 4;
+    drawFitted(painter, limitsPlace_.adjusted(side + 6, 0, -side - 6, 0), Qt::AlignCenter, panelFont(pixels),
+        limits());
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (limitsAreDoubtful())
+        drawWarning(painter, mirroredIn(*this, {limitsPlace_.left() + 3, limitsPlace_.top() + 2, side, side}),
+            colours::ink);
     if (!refusing()) return;
     painter.fillRect(remarkPlace_, colours::refuse);
-    const int side = remarkPlace_.height() - 4;
-    painter.setRenderHint(QPainter::Antialiasing);
     drawWarning(painter, mirroredIn(*this, {remarkPlace_.left() + 3, remarkPlace_.top() + 2, side, side}),
         colours::barInk);
     painter.setPen(colours::barInk);

@@ -14,7 +14,9 @@ struct MaskTask {
     std::string number = "0"; // as the page shows it; empty: it is not known
     std::optional<double> lower;
     std::optional<double> upper;
-    ValueState limitsState = ValueState::Fresh; // how far the limits are those of the machine
+    // How far the limits are those of the machine. With unknown ones nothing is accepted: the numbers at hand are those of
+    // something else, and nobody may enter a value without bounds.
+    ValueState limitsState = ValueState::Fresh;
 };
 
 // The number pad that opens over the page. It always shows the limits and the unit; when it refuses a value it stays
@@ -39,6 +41,7 @@ public:
     // What stands in the display with its unit, the limits below it, and why a value was refused.
     QString shown() const;
     QString limits() const;
+    bool limitsAreDoubtful() const { return limitsState_ != ValueState::Fresh; }
     QString remark() const;
     bool refusing() const { return verdict_ != NumberEntry::Verdict::Fine; }
 
@@ -62,6 +65,7 @@ private:
     KeyPad* pad_;
     TouchKey* cancel_;
     TouchKey* ok_;
+    ValueState limitsState_ = ValueState::Fresh;
     std::function<void(double, bool)> accepted_;
     std::function<void()> cancelled_;
     NumberEntry::Verdict verdict_ = NumberEntry::Verdict::Fine;

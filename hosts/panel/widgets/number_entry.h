@@ -8,8 +8,8 @@ namespace servopanel::panel {
 // A number that is being typed, with the limits that it must keep. Knows nothing of keys on a screen.
 class NumberEntry {
 public:
-    // NoSign: only of a sign that the limits do not allow.
-    enum class Verdict { Fine, NoNumber, TooSmall, TooLarge, NoSign };
+    // NoSign: only of a sign that the limits do not allow. LimitsUnknown: only of a mask whose limits could not be read.
+    enum class Verdict { Fine, NoNumber, TooSmall, TooLarge, NoSign, LimitsUnknown };
 
     // The number as it is written elsewhere, with "." as its point; empty: there is none. Limits that are missing do not
     // limit. The first digit replaces the number that is there at first.
