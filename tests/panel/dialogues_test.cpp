@@ -256,17 +256,20 @@ TEST_F(DialoguesTest, EscOnTheScreenClosesTheTrendLikeEscOnTheKeyboard)
     EXPECT_EQ(panel_->shownPart()->className(), "ServoMenu");
 }
 
-TEST_F(DialoguesTest, KeysWithNothingBehindThemLookLikeKeysThatAreOff)
+TEST_F(DialoguesTest, KeysWithNothingBehindThemOnlyShowSomething)
 {
-    const auto isOn = [&](int number) {
-        return control<panel::FußzeileChild>("Fußzeile").bar().key(number).isOn();
+    const auto key = [&](int number) -> panel::TouchKey& {
+        return control<panel::FußzeileChild>("Fußzeile").bar().key(number);
     };
+    const auto isOn = [&](int number) { return key(number).isOn(); };
     panel_->variables().declare("parameter<.maschinenanzahl>", Variant{std::int16_t{2}});
     panel_->openServo(); // comes back to the page
     for (const int number : {1, 2, 3})
         EXPECT_FALSE(isOn(number)) << number;
     EXPECT_TRUE(isOn(9));
     EXPECT_TRUE(isOn(10));
+    EXPECT_TRUE(key(3).isSign());
+    EXPECT_FALSE(key(7).isSign()); // off
     hands_->footerKey(11);
     for (const int number : {1, 2, 3, 9})
         EXPECT_FALSE(isOn(number)) << number;

@@ -80,6 +80,7 @@ void FußzeileChild::show(int number)
                           : QString{});
     shown.setHighlight(key.colour == normalColour ? std::nullopt : std::optional{fromLibrary(key.colour)});
     bar().setKeyOn(number, key.on && acts_(number));
+    shown.setSign(key.on && !acts_(number));
 }
 
 void FußzeileChild::languageChanged()

@@ -11,7 +11,7 @@ namespace servopanel::panel {
 // is a key of the panel's hardware, which is always on.
 class FußzeileChild : public Child {
 public:
-    // acts: whether anything stands behind a key. One that only shows something looks and feels like one that is off.
+    // acts: whether anything stands behind a key. One that only shows something keeps its colours and cannot be pressed.
     FußzeileChild(
         QWidget* parent, Services& services, std::function<bool(int key)> acts = [](int) { return true; });
     void languageChanged() override;

@@ -143,6 +143,12 @@ void TouchKey::changeEvent(QEvent* event)
     if (event->type() == QEvent::LayoutDirectionChange) update();
 }
 
+void TouchKey::setSign(bool sign)
+{
+    sign_ = sign;
+    update();
+}
+
 QColor TouchKey::face() const
 {
     if (!on_) return role_ == Role::Dark ? colours::bar : colours::keyOff;
@@ -159,6 +165,7 @@ QColor TouchKey::face() const
 
 QColor TouchKey::ink() const
 {
+    if (isSign()) return colours::ink;
     if (!on_) return role_ == Role::Dark ? colours::faintInk : colours::lockedInk;
     if (chosen_ || role_ == Role::Accept || role_ == Role::Dark || role_ == Role::Alarm)
         return colours::barInk;
@@ -194,12 +201,12 @@ void TouchKey::paintEvent(QPaintEvent*)
     shade.setColorAt(0, down_ || !on_ ? filling : filling.lighter(104));
     shade.setColorAt(1, down_ || !on_ ? filling : filling.darker(107));
     painter.setBrush(shade);
-    painter.setPen(QPen{on_ ? colours::border : colours::faintBorder, 1});
+    painter.setPen(isSign() ? QPen{Qt::NoPen} : QPen{on_ ? colours::border : colours::faintBorder, 1});
     painter.drawRoundedRect(frame, 4, 4);
 
     const int shift = down_ ? 1 : 0;
     QRect inside = rect().adjusted(4, 3, -4, -3).translated(shift, shift);
-    if (!on_ && !picture().isNull()) painter.setOpacity(offOpacity);
+    if (!on_ && !isSign() && !picture().isNull()) painter.setOpacity(offOpacity);
 
     const int corner = corner_.isEmpty() ? 0 : scaled(0.16, height(), 9, 14);
     const int textPixels = textPixels_ != 0 ? textPixels_ : scaled(0.42, height(), 9, 26);

@@ -34,6 +34,9 @@ public:
     bool isOn() const { return on_; }
     // While it is off and has no picture, the key is an empty place.
     void setBlankWhileOff(bool blank) { blankWhileOff_ = blank; }
+    // While it is off it is no key that waits for better times but only shows something, such as the access level.
+    void setSign(bool sign);
+    bool isSign() const { return !on_ && sign_; }
     void setRepeating(bool repeating) { repeating_ = repeating; }
     void setChosen(bool chosen); // the chosen one of several keys
     void setTextPixels(int pixels) { textPixels_ = pixels; }
@@ -76,6 +79,7 @@ private:
     bool repeating_ = false;
     bool chosen_ = false;
     bool blankWhileOff_ = false;
+    bool sign_ = false;
 };
 
 } // namespace servopanel::panel
