@@ -256,6 +256,21 @@ TEST_F(TrendsTest, ABadLinkIsAGap)
     EXPECT_TRUE(std::isnan(history.value(history.rows() - 2, 2)));
 }
 
+// A place of the page that the servo does not use shows 0, and says nothing of what.
+TEST_F(TrendsTest, ValuesWithoutATextHaveNone)
+{
+    std::ofstream{project_.file("Texts/en.txt"), std::ios::app} << "Servo.M1.Servo3.45 =\n"
+                                                                << "Servo.M1.Servo3.31 =\n"
+                                                                << "Servo.M1.Servo3.32 =\n";
+    open({});
+    touch(105);
+    EXPECT_FALSE(isOpen());
+    touch(123);
+    EXPECT_FALSE(isOpen());
+    touch(103);
+    EXPECT_TRUE(isOpen());
+}
+
 TEST_F(TrendsTest, HeadsOfTheTableHaveNone)
 {
     hands_->wait(600); // the page has read once more

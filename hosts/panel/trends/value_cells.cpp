@@ -41,6 +41,21 @@ QString shownText(ControlHost& page, std::string_view name, int index)
     return text == nullptr ? QString{} : text->shown().trimmed();
 }
 
+QStringList tableTitles(ControlHost& page)
+{
+    QStringList titles{
+        shownText(page, "Beschriftung", firstCell), shownText(page, "Beschriftung", secondTitle)};
+    titles.removeAll({});
+    return titles;
+}
+
+// A place of the page that the servo does not use has no text.
+bool isNamed(ControlHost& page, int number)
+{
+    return number <= lastLine ? !shownText(page, "Beschriftung", number).isEmpty()
+                              : !tableTitles(page).isEmpty();
+}
+
 TextView* valueView(ControlHost& page, int number)
 {
     Child* child =
@@ -62,7 +77,7 @@ std::vector<ValueCell> valueCells(ControlHost& page)
     for (int number = firstValue; number <= lastCell; ++number) {
         if (isColumnHead(number)) continue;
         TextView* view = valueView(page, number);
-        if (view == nullptr || !view->isVisible()) continue;
+        if (view == nullptr || !view->isVisible() || !isNamed(page, number)) continue;
         QRect touch = view->geometry();
         if (number <= lastLine) touch |= seen(page, "Beschriftung", number) | seen(page, "Einheit", number);
         cells.push_back(
@@ -89,10 +104,8 @@ ValueWords valueWords(ControlHost& page, std::size_t column)
     const int row = (number - firstCell) % tableRows;
     TextView* head = valueView(page, firstCell + tableColumn * tableRows);
     const QString top = head == nullptr ? QString::number(tableColumn + 1) : head->shownText();
-    QStringList titles{
-        shownText(page, "Beschriftung", firstCell), shownText(page, "Beschriftung", secondTitle)};
-    titles.removeAll({});
-    return {top + QStringLiteral(" / ") + QString::number(row), {}, titles.join(QStringLiteral(" – "))};
+    return {top + QStringLiteral(" / ") + QString::number(row), {},
+        tableTitles(page).join(QStringLiteral(" – "))};
 }
 
 } // namespace servopanel::panel

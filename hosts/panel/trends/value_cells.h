@@ -20,7 +20,7 @@ struct ValueCell {
 
 // What all of them lie in; nullptr when the control has none.
 QWidget* valueBox(ControlHost& page);
-// Those that are visible.
+// Those that are visible and have a text that says what they are.
 std::vector<ValueCell> valueCells(ControlHost& page);
 
 // The cell that a touch means, pixels of the box; nullptr where there is none.
