@@ -1,87 +1,14 @@
 // What a value on the servo page tells of itself, and what a confirmed change came to.
-#include "flaky_variables.h"
-#include "test_project.h"
-
-#include "panel/form/eingabemaske.h"
-#include "panel/form/header.h"
-#include "panel/form/label.h"
-#include "panel/form/schalter.h"
-#include "panel/form/vws_index.h"
-#include "panel/form/vws_var.h"
-#include "platform/ids.h"
-#include "support/standard_project.h"
-
-#include <gtest/gtest.h>
+#include "servo_page_test.h"
 
 using namespace servopanel;
-using basic::Variant;
-using panel::LinkQuality;
-using panel::Operator;
-using panel::Panel;
-using panel::TextView;
-using servopanel::testing::FlakyVariables;
-using servopanel::testing::TestProject;
+using namespace servopanel::testing;
 
 namespace {
 
-const std::string setpoints = "Ch1.M1_T_servo_3<.mM1_servo_para_3>";
-const std::string secondSetpoints = "Ch1.M1_T_servo_3<.mM1_servo_para2_3>";
-const std::string switches = "Ch1.M1_T_servo_3<.mM1_servo_schalt_3>";
-const std::string drawings = "Ch1.M1_T_servo_3<.mM1_servo_zeich_3>";
-const std::string actualValues = "Ch1.M1_T_servo_3<.mM1_servo_diag_31>";
-const std::string faultText = "Ch1.M1_T_servo_3<.mM1_fetext_31>";
-const std::string changedFlag = "Ch1.M1_T_servo_3<.mM1_servoaender_3>";
-const std::string otherSetpoints = "Ch1.M1_T_servo_5<.mM1_servo_para_5>";
-const std::string otherSwitches = "Ch1.M1_T_servo_5<.mM1_servo_schalt_5>";
-const std::string otherDrawings = "Ch1.M1_T_servo_5<.mM1_servo_zeich_5>";
-constexpr int refreshMs = 700; // the page has refreshed its values once meanwhile
-
-class ValueStatesTest : public ::testing::Test {
+class ValueStatesTest : public ServoPageTest {
 protected:
-    explicit ValueStatesTest(int resolution = 1280)
-    {
-        panel::PanelSettings settings = project_.settings();
-        settings.resolution = resolution;
-        settings.wrapVariables = [this](std::shared_ptr<platform::ProcessVarAccess> inner) {
-            flaky_ = std::make_shared<FlakyVariables>(std::move(inner));
-            return flaky_;
-        };
-        panel_ = std::make_unique<Panel>(settings);
-        reader_ = std::make_unique<servopanel::testing::MessageReader>(*panel_);
-        panel_->window().show();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&panel_->window()));
-        panel_->openServo();
-        hands_ = std::make_unique<Operator>(*panel_);
-        hands_->menuKey(1);
-    }
-
-    panel::Child& child(std::string_view name, std::int16_t index = platform::ChildId::noIndex)
-    {
-        return panel_->shownPart()->require<panel::Child>(name, index);
-    }
-    TextView& text(std::string_view name, std::int16_t index = platform::ChildId::noIndex)
-    {
-        return static_cast<TextView&>(child(name, index).view());
-    }
-    void change(std::string_view name, std::int16_t index, const std::string& number)
-    {
-        hands_->input(name, index);
-        hands_->type(number);
-        hands_->ok();
-    }
-    LinkQuality quality()
-    {
-        auto& bar = panel_->servo()->require<panel::HeaderChild>("Header").bar();
-        bar.refresh();
-        return bar.shown().quality;
-    }
-    std::string answer() { return panel_->answers().text().toStdString(); }
-
-    TestProject project_{servopanel::testing::standardProject};
-    std::shared_ptr<FlakyVariables> flaky_;
-    std::unique_ptr<Panel> panel_;
-    std::unique_ptr<servopanel::testing::MessageReader> reader_;
-    std::unique_ptr<Operator> hands_;
+    using ServoPageTest::ServoPageTest;
 };
 
 // The digits of a view, without what its state draws around them.

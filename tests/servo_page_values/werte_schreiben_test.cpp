@@ -69,6 +69,16 @@ TEST(WerteSchreiben, KeepsADrawingNumberOfWhichOnlyAPartWasEverShown)
         "write " + variable("_servo_zeich_") + " = [123456789, 7000012]\n");
 }
 
+// Whatever state it stands in, nobody has seen the machine's.
+TEST(WerteSchreiben, KeepsTheMachinesBitOfATouchedSwitchThatShowsNone)
+{
+    Page page{"fail read " + variable("_servo_schalt_") + "\n"};
+    page.run("touch SchalterL 31\nfail none\n");
+    const std::string written = page.run("key 10\n");
+    EXPECT_EQ(holding(written, "write " + variable("_servo_schalt_")),
+        "write " + variable("_servo_schalt_") + " = 5\n");
+}
+
 // The first servo's values still stand in the inputs when the second one's cannot be read.
 TEST(WerteSchreiben, NeverWritesWhatAnotherServoLeftStanding)
 {

@@ -55,6 +55,8 @@ public:
     virtual ValueState valueState() const { return ValueState::Fresh; }
     // Whether it holds a value of the operator that waits to be written.
     virtual bool isChanged() const { return false; }
+    // Told when the library puts a value of the machine into an input.
+    void setValuePutHandler(std::function<void()> put) { valuePut_ = std::move(put); }
     // Lights an input up while the mask or the definition editor works on it.
     virtual void setBeingEdited(bool) { }
     // Width of a text in the control's font, pixels.
@@ -73,6 +75,10 @@ protected:
     void addReference(const platform::Member& member, Setter set);
     void addMethod(const platform::Member& member, std::size_t arguments, Method method);
 
+    void valuePut()
+    {
+        if (valuePut_) valuePut_();
+    }
     bool raise(std::string_view event, std::initializer_list<basic::Variant> args = {});
     Services& services() { return services_; }
 
@@ -111,6 +117,7 @@ private:
     std::vector<Property> references_;
     std::vector<Operation> operations_;
     Raise raise_;
+    std::function<void()> valuePut_;
     float left_ = 0;
     float top_ = 0;
     float width_ = 0;

@@ -2,6 +2,7 @@
 
 #include "basic/conversions.h"
 #include "panel/form/caption_lines.h"
+#include "panel/form/input_value.h"
 #include "panel/form/replay_command.h"
 #include "panel/form/row_touch.h"
 #include "panel/form/schalter.h"
@@ -179,7 +180,9 @@ bool ControlHost::deliverToRow(ChildId touched, std::string_view event, Args arg
     if (dynamic_cast<SchalterChild*>(find(input->name, input->index)) != nullptr) {
         // Like the switch itself, it acts when the finger is lifted.
         if (isDown) switchInTouch_ = Key{input->name, input->index};
-        if (!isDown && begun == Key{input->name, input->index}) deliver(meant, "SchalterGedrückt", {});
+        const auto& lever = require<SchalterChild>(input->name, input->index);
+        if (!isDown && begun == Key{input->name, input->index} && lever.takesTouch())
+            deliver(meant, "SchalterGedrückt", {});
         return true;
     }
     if (!isDown) return false;
@@ -196,8 +199,24 @@ void ControlHost::showValueStates()
             continue;
         }
         const std::optional<ValueSource> source = valueSource(key.first, key.second);
-        if (source) child->setValueState(services().valueState(*source));
+        if (source) child->setValueState(inputState(key, *child, *source));
     }
+}
+
+// While an input waits to be written or was touched, the library leaves it as it is, whatever the machine says by then. So
+// what an input shows is compared with what the machine was found to hold.
+ValueState ControlHost::inputState(const Key& key, Child& input, const ValueSource& source)
+{
+    const auto from = putFrom_.find(key);
+    const Services::FamilyRead read = services().familyRead(source.family);
+    const bool isInput = source.family != families::actualValues && source.family != families::faultText;
+    if (!isInput || read.variable.empty()) return services().valueState(source);
+    if (read.value != nullptr) {
+        const std::optional<double> held = elementValue(source, *read.value);
+        const std::optional<double> shown = inputValue(*this, key.first, key.second);
+        if (held && (input.isChanged() || shown == held)) return ValueState::Fresh;
+    }
+    return from != putFrom_.end() && from->second == read.variable ? ValueState::Stale : ValueState::Unknown;
 }
 
 // A key may bring another page or servo onto the same displays.
@@ -330,6 +349,11 @@ void ControlHost::adopt(const Key& key, const ChildRef& child, QWidget* parent)
         return deliver({key.first, key.second}, event, args);
     };
     child->setRaise(pass);
+    if (const std::optional<ValueSource> source = valueSource(key.first, key.second))
+        child->setValuePutHandler([this, key, family = source->family] {
+            const Services::FamilyRead read = services().familyRead(family);
+            if (read.value != nullptr) putFrom_[key] = read.variable;
+        });
     if (auto* host = dynamic_cast<ControlHost*>(child.get()))
         host->setOwner([this, key](std::string_view event, Args args) {
             if (!overhears_ || !overhears_(key.first, event, args)) raiseInside(key.first, event, args);

@@ -103,6 +103,7 @@ private:
     ChildRef require(platform::ChildId id);
     CanvasView& canvasOf(platform::ChildId id);
     const Key* litUpDrawing();
+    ValueState inputState(const Key& key, Child& input, const ValueSource& source);
     ValueState limitsState(const std::string& name, std::int16_t index);
     QString shownText(const std::string& name, std::int16_t index);
     void displaysStartAnew();
@@ -113,6 +114,7 @@ private:
     FormSurroundings& surroundings_;
     MadeControl made_;
     std::map<Key, ChildRef> children_;
+    std::map<Key, std::string> putFrom_; // variable that the value of an input came from
     std::map<std::string, Elements, std::less<>> arrays_;
     Owned owner_;
     Overhears overhears_;

@@ -4,6 +4,8 @@
 #include "panel/form/vws_var.h"
 #include "platform/ids.h"
 
+#include <cmath>
+
 namespace servopanel::panel {
 
 using basic::Variant;
@@ -12,16 +14,19 @@ namespace VWSVarInIds = platform::ids::VWSVarIn;
 
 namespace {
 
-// A limit as the machine gives it; a text that is no number limits nothing.
-std::optional<double> limit(platform::Control& target, const platform::Member& member)
+// A limit as the machine gives it, nothing where it gives none. isBroken: what it gives is no number.
+std::optional<double> limit(platform::Control& target, const platform::Member& member, bool& isBroken)
 {
     try {
         const Variant text = target.get(member);
         if (basic::toText(text).empty()) return {};
-        return basic::toDouble(text);
-    } catch (const basic::Error&) {
-        return {};
+        const double number = basic::toDouble(text);
+        if (std::isfinite(number)) return number;
+    } catch (const basic::Error& error) {
+        if (error.number == static_cast<std::int32_t>(basic::ErrorNumber::NoSuchMember)) return {};
     }
+    isBroken = true;
+    return {};
 }
 
 // The value as the page writes it, where it is one.
@@ -31,7 +36,7 @@ std::string presentNumber(platform::Control& target)
         const Variant value = target.get(VWSVarInIds::Wert);
         return isNumber(value) ? basic::toText(value) : basic::decimal(basic::toDouble(value));
     } catch (const basic::Error&) {
-        return "0";
+        return {}; // the operator starts from nothing rather than from a number that nobody gave
     }
 }
 
@@ -65,8 +70,10 @@ void EingabemaskeChild::setOpen(bool open)
     task.unit = beside.unit;
     task.limitsState = beside.limits;
     task.number = beside.isKnown ? presentNumber(*target_) : std::string{};
-    task.lower = limit(*target_, VWSVarInIds::Untergrenze);
-    task.upper = limit(*target_, VWSVarInIds::Obergrenze);
+    bool isBroken = false;
+    task.lower = limit(*target_, VWSVarInIds::Untergrenze, isBroken);
+    task.upper = limit(*target_, VWSVarInIds::Obergrenze, isBroken);
+    if (isBroken) task.limitsState = ValueState::Unknown;
     mask().start(task);
 }
 

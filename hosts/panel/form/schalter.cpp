@@ -31,6 +31,7 @@ void SchalterChild::setState(const Variant& state)
     changed_ = !isWeight && isKnown_;
     isKnown_ = isKnown_ || isWeight;
     lever().setState(on);
+    if (isWeight) valuePut();
     adapt();
 }
 
@@ -56,7 +57,8 @@ ValueState SchalterChild::valueState() const
 void SchalterChild::adapt()
 {
     if (viewOrNull() == nullptr) return;
-    lever().setFree(free_ && enabled());
+    // Nobody may turn over what he cannot see.
+    lever().setFree(takesTouch());
     lever().setMarks({changed_, false, machine_ != ValueState::Fresh});
     lever().setUnknown(valueState() == ValueState::Unknown);
 }

@@ -14,6 +14,7 @@ public:
     ValueState valueState() const override;
     bool isChanged() const override { return changed_; }
     void setBeingEdited(bool edited) override;
+    bool takesTouch() const { return free_ && enabled() && valueState() != ValueState::Unknown; }
 
     SwitchView& lever() { return static_cast<SwitchView&>(view()); }
 

@@ -49,6 +49,14 @@ public:
     // How far what a display holds is the machine's value.
     virtual ValueState valueState(const ValueSource&) { return ValueState::Fresh; }
 
+    // The variable of a family that was asked for last, empty when none was, and what it holds; nullptr when it could not
+    // be read. The value lives until the next read.
+    struct FamilyRead {
+        std::string_view variable;
+        const basic::Variant* value = nullptr;
+    };
+    virtual FamilyRead familyRead(std::string_view /*family*/) { return {}; }
+
     // An event is about to enter a control of the library, and its procedure is over.
     virtual void eventBegins(ControlHost&, std::string_view /*event*/, platform::Args) { }
     virtual void eventEnds(ControlHost&, std::string_view /*event*/, platform::Args) { }

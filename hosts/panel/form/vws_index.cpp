@@ -28,6 +28,7 @@ VWSIndex::VWSIndex(std::string className, QWidget* parent, Services& services)
             [this](const Variant& value) {
                 value_ = basic::toText(value);
                 languageChanged();
+                valuePut();
             });
     const auto addColour = [this](const platform::Member& byId, const platform::Member& byName,
                                std::int32_t& colour) {

@@ -61,7 +61,11 @@ VWSVarIn::VWSVarIn(QWidget* parent, Services& services)
     add(ids::Obergrenze, upper_, true);
     add(ids::Untergrenze, lower_, true);
     addProperty(
-        ids::Wert, [this] { return value_; }, [this](const Variant& value) { setValue(value); });
+        ids::Wert, [this] { return value_; },
+        [this](const Variant& value) {
+            setValue(value);
+            valuePut();
+        });
     addProperty(
         ids::Vordergrund, [this] { return Variant{ink_}; },
         [this](const Variant& value) {

@@ -64,6 +64,8 @@ constexpr std::array words{
         "نوع بيانات غير صحيح", "数据类型错误"},
     Word{PanelText::RefusedReadOnly, "Panel.RefusedReadOnly", "schreibgeschützt", "read-only", "للقراءة فقط",
         "只读"},
+    Word{PanelText::RefusedNotTaken, "Panel.RefusedNotTaken", "nicht übernommen", "not taken over",
+        "لم تُعتمد", "未采用"},
     Word{PanelText::RefusedOther, "Panel.RefusedOther", "von der Steuerung abgelehnt",
         "refused by the controller", "رفضته وحدة التحكم", "被控制器拒绝"},
     Word{PanelText::NotTold, "Panel.NotTold", "Änderung nicht gemeldet", "Change not announced",

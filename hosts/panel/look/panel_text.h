@@ -43,6 +43,7 @@ enum class PanelText {
     RefusedRange,
     RefusedType,
     RefusedReadOnly,
+    RefusedNotTaken,
     RefusedOther,
     NotTold, // instead of a caption: the machine has the values and does not know of it
     ClearReports,

@@ -45,7 +45,7 @@ std::optional<ConfirmAnswer> judgeConfirm(
     const auto refuse = [&](const WatchedVariables::Write& write) {
         if (!write.problem.empty())
             answer.refusals.push_back(
-                {write.family, write.variable, reasonOf(write.error, false), write.problem});
+                {write.family, write.variable, reasonOf(write.error, false), write.problem, -1});
     };
     for (const WatchedVariables::Write& write : writes)
         if (write.problem.empty()) answer.written += write.changes;
@@ -57,10 +57,11 @@ std::optional<ConfirmAnswer> judgeConfirm(
         // What could not be read is not written either, so that nothing is overwritten unseen.
         const WatchedVariables::Read* const read = variables.latest(family);
         answer.refusals.push_back(read == nullptr
-                ? Refusal{family, {}, RefusalReason::NotReadable, {}}
-                : Refusal{family, read->variable, reasonOf(read->error, true), read->problem});
+                ? Refusal{family, {}, RefusalReason::NotReadable, {}, -1}
+                : Refusal{family, read->variable, reasonOf(read->error, true), read->problem, -1});
     }
-    refuse(*told);
+    // Where nothing was written there was nothing to tell.
+    if (answer.written > 0 || answer.refusals.empty()) refuse(*told);
     return answer;
 }
 

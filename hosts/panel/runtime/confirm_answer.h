@@ -10,7 +10,8 @@
 namespace servopanel::panel {
 
 // Why the machine keeps its own value, as far as the number of an error tells.
-enum class RefusalReason { NotReadable, OutOfRange, WrongType, ReadOnly, NoLink, Other };
+// NotTaken: something else was written than what was entered.
+enum class RefusalReason { NotReadable, OutOfRange, WrongType, ReadOnly, NoLink, NotTaken, Other };
 
 // The reason behind the number of an error that reading or writing a process variable raised.
 RefusalReason reasonOf(std::int32_t error, bool wasReading);
@@ -21,6 +22,7 @@ struct Refusal {
     std::string variable; // empty when it was never asked for
     RefusalReason reason = RefusalReason::Other;
     std::string description; // the error's own words
+    int element = -1; // of the family; -1: all that were changed
 };
 
 // What became of a confirmed change.

@@ -1,5 +1,7 @@
 #include "panel/runtime/confirm_answers.h"
 
+#include "panel/form/input_value.h"
+
 #include <algorithm>
 
 namespace servopanel::panel {
@@ -18,14 +20,14 @@ void ConfirmAnswers::keyBegins(ControlHost& page)
     variables_.startWrites();
     changed_.clear();
     answer_.reset();
-    page.forEach([this](std::string_view name, std::int16_t index, Child& child) {
+    page.forEach([this, &page](std::string_view name, std::int16_t index, Child& child) {
         const std::optional<ValueSource> source = valueSource(name, index);
         if (!source || !child.isChanged()) return;
         // The parts of a drawing number are one value.
         const bool isKnown = std::any_of(changed_.begin(), changed_.end(), [&](const Field& field) {
             return field.source.family == source->family && field.source.element == source->element;
         });
-        if (!isKnown) changed_.push_back({*source, std::string{name}, index});
+        if (!isKnown) changed_.push_back({*source, std::string{name}, index, inputValue(page, name, index)});
     });
 }
 
@@ -40,6 +42,7 @@ void ConfirmAnswers::keyEnds(ControlHost& page, bool hasLink)
         strip_.dismiss();
         return;
     }
+    findNotTaken();
     if (!hasLink)
         for (Refusal& refusal : answer_->refusals)
             refusal.reason = RefusalReason::NoLink;
@@ -48,6 +51,21 @@ void ConfirmAnswers::keyEnds(ControlHost& page, bool hasLink)
     else
         strip_.showRefused(head(), reason(page));
     report(page);
+}
+
+// The library keeps the machine's value where a field is not fit to be written. The operator has to know.
+void ConfirmAnswers::findNotTaken()
+{
+    for (const WatchedVariables::Write& write : variables_.writes()) {
+        if (!write.problem.empty()) continue;
+        for (const Field& field : changed_) {
+            if (field.source.family != write.family || !field.entered) continue;
+            const std::optional<double> held = elementValue(field.source, write.value);
+            if (held && isSameValue(*field.entered, *held, write.value)) continue;
+            answer_->refusals.push_back(
+                {write.family, write.variable, RefusalReason::NotTaken, {}, field.source.element});
+        }
+    }
 }
 
 void ConfirmAnswers::languageChanged(ControlHost* page)
@@ -63,6 +81,7 @@ QString ConfirmAnswers::reasonWord(RefusalReason reason) const
     case RefusalReason::WrongType: return words_(PanelText::RefusedType);
     case RefusalReason::ReadOnly: return words_(PanelText::RefusedReadOnly);
     case RefusalReason::NoLink: return words_(PanelText::LinkBad);
+    case RefusalReason::NotTaken: return words_(PanelText::RefusedNotTaken);
     default: return words_(PanelText::RefusedOther);
     }
 }
@@ -79,7 +98,9 @@ QStringList ConfirmAnswers::concerned(ControlHost& page, const Refusal& refusal)
     if (refusal.family == families::changedFlag) return {words_(PanelText::NotTold)};
     QStringList captions;
     for (const Field& field : changed_)
-        if (field.source.family == refusal.family) captions += caption(page, field);
+        if (field.source.family == refusal.family
+            && (refusal.element < 0 || refusal.element == field.source.element))
+            captions += caption(page, field);
     return captions;
 }
 

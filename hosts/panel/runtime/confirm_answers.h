@@ -32,7 +32,10 @@ private:
         ValueSource source;
         std::string name;
         std::int16_t index = 0;
+        std::optional<double> entered; // what it showed when the key was pressed
     };
+
+    void findNotTaken();
 
     QString reasonWord(RefusalReason reason) const;
     QString caption(ControlHost& page, const Field& field) const;

@@ -348,6 +348,14 @@ void Panel::setLink(const Link& link)
 
 ValueState Panel::valueState(const ValueSource& source) { return watched_->state(source); }
 
+Services::FamilyRead Panel::familyRead(std::string_view family)
+{
+    const WatchedVariables::Read* const read = watched_->latest(family);
+    if (read == nullptr) return {};
+    const bool isGood = read->problem.empty() && link_.good;
+    return {read->variable, isGood ? &read->value : nullptr};
+}
+
 void Panel::showValueStates()
 {
     if (servo_) servo_->showValueStates();
@@ -360,6 +368,8 @@ void Panel::eventBegins(ControlHost& form, std::string_view event, platform::Arg
 
 void Panel::eventEnds(ControlHost& form, std::string_view event, platform::Args)
 {
+    // The library has put into the displays what it read.
+    showValueStates();
     if (event == "TasteClick") confirms_.keyEnds(form, link_.good);
     // The library has brought its texts in the new language only now.
     if (event == "SpracheGeandert") retranslate();

@@ -126,6 +126,7 @@ public:
     void operation(const std::string& command) override;
     bool takesKey(int number) override;
     ValueState valueState(const ValueSource& source) override;
+    FamilyRead familyRead(std::string_view family) override;
     void eventBegins(ControlHost& form, std::string_view event, platform::Args args) override;
     void eventEnds(ControlHost& form, std::string_view event, platform::Args args) override;
     // HeaderSource

@@ -10,6 +10,7 @@ namespace servopanel::panel {
 
 namespace {
 
+constexpr std::int32_t noConnection = 68; // the classic "device unavailable"
 constexpr unsigned switchBits = 0xF; // the rest of the word is not the panel's
 
 bool isOneValue(std::string_view family)
@@ -113,11 +114,18 @@ void WatchedVariables::WriteValue(std::string_view name, const basic::Variant& v
         inner_->WriteValue(name, value);
         return;
     }
-    Write write{std::string{name}, family, 0, {}, 0};
-    if (const auto read = reads_.find(name); read != reads_.end())
-        write.changes = changesOf(family, read->second.value, value);
+    Write write{std::string{name}, family, value, 0, {}, 0};
+    const auto read = reads_.find(name);
+    if (read != reads_.end()) write.changes = changesOf(family, read->second.value, value);
     try {
+        // An old value may lie behind every field then, and nobody would see what becomes of the new one.
+        if (!linkIsGood_) {
+            std::string description{"'"};
+            description.append(name).append("': no connection, not written");
+            throw basic::Error{noConnection, {}, std::move(description)};
+        }
         inner_->WriteValue(name, value);
+        if (read != reads_.end() && read->second.problem.empty()) read->second.value = value;
         writes_.push_back(std::move(write));
     } catch (const basic::Error& error) {
         write.problem = error.description;

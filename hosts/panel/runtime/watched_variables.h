@@ -61,6 +61,7 @@ public:
     struct Write {
         std::string variable;
         std::string_view family;
+        basic::Variant value;
         int changes = 0; // values that differ from what was read last
         std::string problem; // empty: written
         std::int32_t error = 0; // number of the error behind the problem

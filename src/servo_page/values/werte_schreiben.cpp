@@ -66,9 +66,10 @@ void ServoMain::schalterSchreiben(basic::StatementTrap& trap)
     // LEGACY: the bits above those of the four switches are not carried over, they become 0.
     std::int32_t neu = 0;
     for (std::int16_t feld = 31; feld <= 34; ++feld) {
+        const bool berührt = zustand_.bearbeitung.Marken[feld];
+        if (berührt) trap([&] { nurGezeigtes(feld); });
         trap([&] {
-            if (zustand_.bearbeitung.Marken[feld]) nurGezeigtes(feld);
-            const bool ein = zustand_.bearbeitung.Marken[feld]
+            const bool ein = berührt && zustand_.bearbeitung.Gezeigt[feld]
                 ? platform::Schalter{kind(schalterName(feld), feld)}.Zustand()
                 : (gelesenesWort(wort) & bitGewicht(feld)) != 0;
             if (ein) neu += bitGewicht(feld);
