@@ -329,10 +329,21 @@ TEST_F(MaskTest, AValueOutsideTheTargetsLimitsIsRefused)
     EXPECT_EQ(input().Wert(), Variant{12.5});
 }
 
-TEST_F(MaskTest, LimitsThatAreNoNumbersDoNotLimit)
+TEST_F(MaskTest, ALimitThatIsNoNumberAcceptsNothing)
+{
+    const Variant before = input().Wert();
+    input().Untergrenze("low");
+    open(control("SollwertL", 5));
+    tap("9");
+    QTest::mouseClick(&mask().okKey(), Qt::LeftButton);
+    EXPECT_TRUE(mask().refusing());
+    EXPECT_EQ(input().Wert(), before);
+}
+
+TEST_F(MaskTest, MissingLimitsDoNotLimit)
 {
     input().Obergrenze("");
-    input().Untergrenze("low");
+    input().Untergrenze("");
     open(control("SollwertL", 5));
     for (const char* key : {"9", "9", "9", "±"})
         tap(key);
