@@ -106,8 +106,7 @@ QString InputMask::remark() const
 void InputMask::accept()
 {
     const bool isBounded = limitsState_ != ValueState::Unknown;
-    const NumberEntry::Verdict verdict =
-        isBounded ? entry_.verdict() : NumberEntry::Verdict::LimitsUnknown;
+    const NumberEntry::Verdict verdict = isBounded ? entry_.verdict() : NumberEntry::Verdict::LimitsUnknown;
     if (verdict != NumberEntry::Verdict::Fine) {
         tell(verdict);
         return;
