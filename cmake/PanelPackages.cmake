@@ -24,7 +24,7 @@ set(CPACK_COMPONENT_PANEL_DESCRIPTION "Operator panel for the servo drives of a 
  Menu and parameter pages of servo drives, bound to process variables, with a
  kiosk that shows them on X11, Wayland or a bare frame buffer.")
 set(CPACK_DEBIAN_PANEL_PACKAGE_DEPENDS "fonts-dejavu-core, fonts-wqy-microhei, procps, kbd")
-set(CPACK_DEBIAN_PANEL_PACKAGE_RECOMMENDS "xserver-xorg, xinit, servo-panel-demo")
+set(CPACK_DEBIAN_PANEL_PACKAGE_RECOMMENDS "xserver-xorg, xinit, xauth, servo-panel-demo")
 set(CPACK_DEBIAN_PANEL_PACKAGE_SUGGESTS
     "cage, xwayland, qt6-wayland, tigervnc-standalone-server, x11vnc, wayvnc, websockify, novnc, servo-panel-tools")
 set(CPACK_DEBIAN_PANEL_PACKAGE_CONTROL_EXTRA
