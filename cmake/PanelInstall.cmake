@@ -41,7 +41,7 @@ install(TARGETS ${libraries} EXPORT ServoPanelTargets
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT dev)
 install(EXPORT ServoPanelTargets NAMESPACE ServoPanel:: DESTINATION ${panel_package_folder} COMPONENT dev)
 
-set(header_folders src adapters hosts/portable hosts/machine hosts/line_machine hosts/recording)
+set(header_folders src adapters hosts/check hosts/portable hosts/machine hosts/line_machine hosts/recording)
 if(SERVOPANEL_QT)
     list(APPEND header_folders hosts/panel hosts/widgets)
 endif()
@@ -49,10 +49,10 @@ foreach(folder IN LISTS header_folders)
     # hosts/panel stays the folder panel; src and adapters lose their names.
     if(folder MATCHES "/")
         install(DIRECTORY "${PROJECT_SOURCE_DIR}/${folder}" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/servopanel
-                COMPONENT dev FILES_MATCHING PATTERN "*.h")
+                COMPONENT dev FILES_MATCHING PATTERN "*.h" PATTERN designer EXCLUDE)
     else()
         install(DIRECTORY "${PROJECT_SOURCE_DIR}/${folder}/" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/servopanel
-                COMPONENT dev FILES_MATCHING PATTERN "*.h")
+                COMPONENT dev FILES_MATCHING PATTERN "*.h" PATTERN designer EXCLUDE)
     endif()
 endforeach()
 
