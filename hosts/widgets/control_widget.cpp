@@ -4,11 +4,13 @@
 #include "panel/look/colours.h"
 #include "panel/look/fonts.h"
 #include "panel/runtime/panel.h"
+#include "widgets/orphaned_panel.h"
 
 #include <QPainter>
-#include <QStyleFactory>
-#include <QTimer>
+#include <QPointer>
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 namespace servopanel {
@@ -16,15 +18,24 @@ namespace servopanel {
 namespace {
 constexpr QSize design{1280, 1024};
 constexpr int basicFontPixels = 14;
+constexpr std::array resolutions{0, 800, 1024, 1280};
+constexpr int highestLevel = 5;
+constexpr int retryMilliseconds = 50;
 } // namespace
 
 ControlWidget::ControlWidget(QWidget* parent)
     : QWidget{parent}
 {
     setFocusPolicy(Qt::StrongFocus);
+    renewal_.setSingleShot(true);
+    QObject::connect(&renewal_, &QTimer::timeout, this, [this] { renew(); });
 }
 
-ControlWidget::~ControlWidget() = default;
+ControlWidget::~ControlWidget()
+{
+    // Below us on the stack is a procedure of the panel that comes back to it.
+    if (panel_ && !panel_->isFree()) new OrphanedPanel{std::move(panel_)};
+}
 
 void ControlWidget::setProject(const QString& folder)
 {
@@ -36,6 +47,10 @@ void ControlWidget::setProject(const QString& folder)
 void ControlWidget::setResolution(int width)
 {
     if (width == resolution_) return;
+    if (std::find(resolutions.begin(), resolutions.end(), width) == resolutions.end()) {
+        report(tr("The resolution is 800, 1024, 1280 or 0 for the project's own, not %1").arg(width));
+        return;
+    }
     resolution_ = width;
     restart();
 }
@@ -44,18 +59,40 @@ QString ControlWidget::language() const { return panel_ ? QString::number(panel_
 
 void ControlWidget::setLanguage(const QString& numberOrCode)
 {
+    if (!panel_ || isStale_) {
+        language_ = numberOrCode;
+        restart();
+        return;
+    }
+    const auto& all = panel_->project().languages;
+    const auto found = std::find_if(all.begin(), all.end(), [&](const machine::ProjectFile::Language& each) {
+        return QString::number(each.number) == numberOrCode
+            || QString::fromStdString(each.code) == numberOrCode;
+    });
+    if (found == all.end()) {
+        if (!numberOrCode.isEmpty()) report(tr("The project has no language '%1'").arg(numberOrCode));
+        return;
+    }
     language_ = numberOrCode;
-    if (!panel_) return;
-    for (const machine::ProjectFile::Language& each : panel_->project().languages)
-        if (QString::number(each.number) == numberOrCode || QString::fromStdString(each.code) == numberOrCode)
-            panel_->chooseLanguage(each.number);
+    if (panel_->isFree()) {
+        panel_->chooseLanguage(found->number);
+        return;
+    }
+    const QPointer<ControlWidget> self{this};
+    panel_->gate().later([self, number = found->number] {
+        if (self && self->panel_) self->panel_->chooseLanguage(number);
+    });
 }
 
 void ControlWidget::setAccessLevel(int level)
 {
     if (level == accessLevel_) return;
+    if (level < -1 || level > highestLevel) {
+        report(tr("The access level is 0 to 5, or -1 for the project's own, not %1").arg(level));
+        return;
+    }
     accessLevel_ = level;
-    restart();
+    if (panel_) panel_->setLevel(level < 0 ? panel_->project().level : static_cast<std::int16_t>(level));
 }
 
 void ControlWidget::setVariables(Variables variables)
@@ -75,16 +112,53 @@ QRect ControlWidget::area(panel::ControlHost&, const QRect& whole) const { retur
 // Several properties are set one after the other; the control starts once.
 void ControlWidget::restart()
 {
-    panel_.reset();
+    isStale_ = panel_ != nullptr;
     problem_.clear();
     update();
-    if (isVisible()) QTimer::singleShot(0, this, [this] { start(); });
+    if (isStale_ || isVisible()) renewal_.start(0);
+}
+
+// Whoever asks for it may be called by the panel itself, or while a message waits for its reader.
+void ControlWidget::renew()
+{
+    if (isStale_) {
+        if (!panel_->isFree()) {
+            renewal_.start(retryMilliseconds);
+            return;
+        }
+        isStale_ = false;
+        hasLeft_ = false;
+        panel_.reset();
+    }
+    if (isVisible()) start();
+}
+
+void ControlWidget::later(const std::function<void()>& action)
+{
+    QMetaObject::invokeMethod(this, action, Qt::QueuedConnection);
+}
+
+void ControlWidget::report(const QString& text)
+{
+    later([this, text] { emit reported(text); });
+}
+
+void ControlWidget::leave(int number)
+{
+    hasLeft_ = true;
+    later([this, number] {
+        const QPointer<ControlWidget> self{this};
+        emit screenWanted(number);
+        // Nobody shows another screen: the control comes back.
+        if (self && self->isVisible()) self->start();
+    });
 }
 
 void ControlWidget::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    start();
+    // The first screen may have a message that waits for its reader; whoever shows us shall not wait with it.
+    renewal_.start(0);
 }
 
 // A form editor shows where the control will stand; a machine is none of its business.
@@ -92,7 +166,7 @@ bool ControlWidget::isDrawnOnly() const { return property("drawnOnly").toBool();
 
 void ControlWidget::start()
 {
-    if (isDrawnOnly()) return;
+    if (isDrawnOnly() || isStale_) return;
     if (panel_) {
         if (std::exchange(hasLeft_, false)) open();
         return;
@@ -108,16 +182,19 @@ void ControlWidget::start()
     settings.language = language_.toStdString();
     settings.wrapVariables = variables_;
     settings.zoom = panel::PanelWindow::Zoom::ToWindow;
-    settings.outside.reported = [this](const panel::ErrorEntry& report) { emit reported(report.text); };
-    settings.outside.openScreen = [this](std::int16_t number) {
-        hasLeft_ = true;
-        emit screenWanted(number);
-        // Nobody shows another screen: the control comes back.
-        if (isVisible()) QTimer::singleShot(0, this, [this] { start(); });
+    // The panel may outlive the widget.
+    const QPointer<ControlWidget> self{this};
+    settings.outside.reported = [self](const panel::ErrorEntry& report) {
+        if (self) self->report(report.text);
     };
-    settings.outside.servoOpened = [this](panel::ControlHost& servo) {
-        panel_->window().setArea(area(servo, panel_->window().stage().rect()));
-        opened(servo);
+    settings.outside.openScreen = [self](std::int16_t number) {
+        if (self) self->leave(number);
+    };
+    settings.outside.servoOpened = [self](panel::ControlHost& servo) {
+        if (!self || !self->panel_) return;
+        panel::PanelWindow& window = self->panel_->window();
+        window.setArea(self->area(servo, window.stage().rect()));
+        self->opened(servo);
     };
     try {
         panel_ = std::make_unique<panel::Panel>(settings);
@@ -127,7 +204,7 @@ void ControlWidget::start()
         problem_ = QString::fromStdString(error.description);
     }
     if (!panel_) {
-        emit reported(problem_);
+        report(problem_);
         update();
         return;
     }
@@ -143,6 +220,8 @@ void ControlWidget::start()
 
 void ControlWidget::open()
 {
+    // With all that a message of the first screen may bring about before it is read.
+    const panel::EventGate::Entry entry{panel_->gate()};
     prepare(*panel_);
     panel_->openServo();
 }

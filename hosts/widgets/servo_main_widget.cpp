@@ -4,6 +4,8 @@
 #include "platform/ids.h"
 #include "widgets/below_header.h"
 
+#include <QPointer>
+
 namespace servopanel {
 
 QSize ServoMainWidget::sizeHint() const { return sizeBelowHeader; }
@@ -13,9 +15,10 @@ void ServoMainWidget::setServo(int place)
     servo_ = std::max(1, place);
     if (panel() == nullptr || panel()->servo() == nullptr) return;
     const basic::Variant chosen{static_cast<std::int16_t>(servo_)};
-    panel()->gate().later([this, chosen] {
-        if (panel()->servo() == nullptr) return;
-        panel()->servo()->raiseInside(platform::classes::ServoMenu, "ServoBildAufrufen", {&chosen, 1});
+    const QPointer<ServoMainWidget> self{this};
+    panel()->gate().later([self, chosen] {
+        if (!self || self->panel() == nullptr || self->panel()->servo() == nullptr) return;
+        self->panel()->servo()->raiseInside(platform::classes::ServoMenu, "ServoBildAufrufen", {&chosen, 1});
     });
 }
 
@@ -23,9 +26,10 @@ void ServoMainWidget::prepare(panel::Panel& panel) { panel.setShownServo(static_
 
 void ServoMainWidget::opened(panel::ControlHost& servo)
 {
-    servo.setOverhears([this](std::string_view control, std::string_view event, platform::Args) {
+    const QPointer<ServoMainWidget> self{this};
+    servo.setOverhears([self](std::string_view control, std::string_view event, platform::Args) {
         if (control != platform::classes::ServoMain || event != "MenuAnzeigen") return false;
-        emit left();
+        if (self) self->later([self] { emit self->left(); });
         return true;
     });
 }

@@ -5,6 +5,8 @@
 #include "platform/ids.h"
 #include "widgets/below_header.h"
 
+#include <QPointer>
+
 namespace servopanel {
 
 QSize ServoMenuWidget::sizeHint() const { return sizeBelowHeader; }
@@ -13,9 +15,11 @@ void ServoMenuWidget::prepare(panel::Panel& panel) { panel.setShownServo(0); }
 
 void ServoMenuWidget::opened(panel::ControlHost& servo)
 {
-    servo.setOverhears([this](std::string_view control, std::string_view event, platform::Args args) {
+    const QPointer<ServoMenuWidget> self{this};
+    servo.setOverhears([self](std::string_view control, std::string_view event, platform::Args args) {
         if (control != platform::classes::ServoMenu || event != "ServoBildAufrufen") return false;
-        emit servoChosen(basic::toInt16(args[0]));
+        const int place = basic::toInt16(args[0]);
+        if (self) self->later([self, place] { emit self->servoChosen(place); });
         return true;
     });
     // A project without menu begins with a page.

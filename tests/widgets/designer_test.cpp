@@ -66,7 +66,7 @@ TEST(DesignerPlugin, AFormWithAControlIsShownWithItsProperties)
     EXPECT_EQ(widget->property("accessLevel").toInt(), 1);
     screen->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(screen.get()));
-    EXPECT_EQ(widget->property("language").toString(), "2");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return widget->property("language").toString() == "2"; }));
     EXPECT_FALSE(widget->findChildren<QWidget*>().isEmpty());
 }
 

@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QBoxLayout>
+#include <QPointer>
 #include <QSignalSpy>
 
 using namespace servopanel;
@@ -46,6 +47,7 @@ protected:
     {
         window_.show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_));
+        QTest::qWait(50); // the controls start from the event loop
     }
     static std::string shown(ControlWidget& widget)
     {
@@ -108,7 +110,7 @@ TEST_F(WidgetsTest, AFolderThatIsNoProjectIsReportedAndCanBeReplaced)
     servo.setProject("/nowhere/at/all");
     show();
     EXPECT_EQ(servo.panel(), nullptr);
-    ASSERT_EQ(reports.count(), 1);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return reports.count() == 1; }));
     EXPECT_TRUE(reports.front().front().toString().contains("/nowhere/at/all"));
     servo.setProject(good);
     ASSERT_TRUE(QTest::qWaitFor([&] { return servo.panel() != nullptr; }));
@@ -122,8 +124,8 @@ TEST_F(WidgetsTest, ReportsReachTheProgram)
     QSignalSpy reports{&servo, &ControlWidget::reported};
     show();
     servo.panel()->note("something is missing");
-    ASSERT_GE(reports.count(), 1);
-    EXPECT_EQ(reports.back().front().toString(), "something is missing");
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return !reports.isEmpty() && reports.back().front().toString() == "something is missing"; }));
 }
 
 TEST_F(WidgetsTest, AnotherScreenIsTheProgramsBusiness)
@@ -137,7 +139,7 @@ TEST_F(WidgetsTest, AnotherScreenIsTheProgramsBusiness)
     EXPECT_EQ(screens.front().front().toInt(), 1111);
     EXPECT_EQ(servo.panel()->servo(), nullptr);
     servo.show();
-    ASSERT_NE(servo.panel()->servo(), nullptr);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return servo.panel()->servo() != nullptr; }));
     EXPECT_EQ(shown(servo), "ServoMenu");
 }
 
@@ -157,11 +159,11 @@ TEST_F(WidgetsTest, TheMenuTellsWhichServoWasChosenAndStays)
     EXPECT_EQ(shown(menu), "ServoMenu");
     Operator hands{*menu.panel()};
     hands.menuKey(2);
-    ASSERT_EQ(chosen.count(), 1);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return chosen.count() == 1; }));
     EXPECT_EQ(chosen.front().front().toInt(), 2);
     EXPECT_EQ(shown(menu), "ServoMenu");
     hands.menuKey(1);
-    ASSERT_EQ(chosen.count(), 2);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return chosen.count() == 2; }));
     EXPECT_EQ(chosen.back().front().toInt(), 1);
 }
 
@@ -185,7 +187,7 @@ TEST_F(WidgetsTest, LeavingThePageIsTold)
     show();
     Operator hands{*page.panel()};
     hands.footerKey(11);
-    ASSERT_EQ(left.count(), 1);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return left.count() == 1; }));
     page.setServo(2);
     EXPECT_TRUE(QTest::qWaitFor([&] {
         return *page.panel()->variables().find("Ch-1.intern<.servo_zeiger>") == Variant{std::int16_t{2}};
@@ -265,4 +267,133 @@ TEST_F(WidgetsTest, LanguageAndLevelAreProperties)
     servo.setLanguage("2");
     EXPECT_EQ(servo.panel()->language(), 2);
     EXPECT_EQ(servo.language(), "2");
+}
+
+TEST_F(WidgetsTest, StartsAnewOutOfItsOwnSignals)
+{
+    const TestProject other{servopanel::testing::standardProject};
+    auto& menu = add<ServoMenuWidget>();
+    const QString wanted = QString::fromStdString(other.folder().string());
+    QObject::connect(&menu, &ServoMenuWidget::servoChosen, &menu, [&] { menu.setProject(wanted); });
+    show();
+    const QPointer<QWidget> before = &menu.panel()->window();
+    Operator{*menu.panel()}.menuKey(2);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !before && menu.panel() != nullptr; }));
+    EXPECT_EQ(shown(menu), "ServoMenu");
+}
+
+TEST_F(WidgetsTest, IsDeletedOutOfItsOwnSignals)
+{
+    const QPointer<ServoMenuWidget> menu = &add<ServoMenuWidget>();
+    QObject::connect(menu, &ServoMenuWidget::servoChosen, &window_, [&] { delete menu; });
+    show();
+    const QPointer<QWidget> inside = &menu->panel()->window();
+    // What the operator's hands do ends inside the widget; only the event loop may take it away.
+    Operator{*menu->panel()}.menuKey(2);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !menu && !inside; }));
+}
+
+TEST_F(WidgetsTest, StartsAnewOnceTheMessageWasRead)
+{
+    project_.remove("Servo/ServoMenu_1280.bmp"); // of which there is a message
+    const TestProject other{servopanel::testing::standardProject};
+    auto& servo = add<ServoWidget>();
+    QPointer<QWidget> before;
+    bool hasStayed = false;
+    QTimer::singleShot(300, &servo, [&] {
+        before = &servo.panel()->window();
+        servo.setProject(QString::fromStdString(other.folder().string()));
+    });
+    QTimer::singleShot(800, &servo, [&] {
+        hasStayed = before != nullptr;
+        servo.panel()->endMessage();
+    });
+    window_.show();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return hasStayed; }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !before && servo.panel() != nullptr; }));
+    EXPECT_EQ(shown(servo), "ServoMenu");
+}
+
+TEST_F(WidgetsTest, IsDeletedWhileAMessageIsOpen)
+{
+    project_.remove("Servo/ServoMenu_1280.bmp");
+    const QPointer<ServoWidget> servo = &add<ServoWidget>();
+    QPointer<QWidget> inside;
+    bool wasOpen = false;
+    QTimer::singleShot(500, &window_, [&] {
+        wasOpen = servopanel::testing::openMessage(*servo->panel()) != nullptr;
+        inside = &servo->panel()->window();
+        delete servo;
+    });
+    window_.show();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !servo; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !inside; }));
+    EXPECT_TRUE(wasOpen);
+}
+
+TEST_F(WidgetsTest, ALanguageThatIsNotThereIsReportedAndCanBeReplaced)
+{
+    auto& servo = add<ServoWidget>();
+    servo.setProject(QString::fromUtf8(DEMO_PROJECT));
+    servo.setLanguage("xx");
+    QSignalSpy reports{&servo, &ControlWidget::reported};
+    show();
+    EXPECT_EQ(servo.panel(), nullptr);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return reports.count() == 1; }));
+    servo.setLanguage("en");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return servo.panel() != nullptr; }));
+    EXPECT_EQ(servo.language(), "2");
+    servo.setLanguage("yy");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return reports.back().front().toString().contains("'yy'"); }));
+    EXPECT_EQ(servo.language(), "2");
+}
+
+TEST_F(WidgetsTest, AProjectThatIsSetBecauseOfAReportIsShown)
+{
+    const TestProject other{servopanel::testing::standardProject};
+    project_.write("project.json", "{\"title\": \"Broken\", \"nonsense\": 1}");
+    auto& servo = add<ServoWidget>();
+    QObject::connect(&servo, &ControlWidget::reported, &servo,
+        [&] { servo.setProject(QString::fromStdString(other.folder().string())); });
+    QTimer reader;
+    QObject::connect(&reader, &QTimer::timeout, &servo, [&] {
+        if (servo.panel() != nullptr) servo.panel()->endMessage();
+    });
+    reader.start(20);
+    show();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return servo.panel() && servo.panel()->project().title == "Test"; }));
+}
+
+TEST_F(WidgetsTest, PropertiesOutOfRangeAreReportedAndChangeNothing)
+{
+    auto& servo = add<ServoWidget>();
+    QSignalSpy reports{&servo, &ControlWidget::reported};
+    servo.setResolution(1000);
+    servo.setAccessLevel(6);
+    servo.setAccessLevel(-2);
+    EXPECT_EQ(servo.resolution(), 0);
+    EXPECT_EQ(servo.accessLevel(), -1);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return reports.count() == 3; }));
+    EXPECT_TRUE(reports[0].front().toString().contains("1000"));
+    EXPECT_TRUE(reports[1].front().toString().contains('6'));
+}
+
+TEST_F(WidgetsTest, AnotherLevelLeavesInputsAlone)
+{
+    auto& servo = add<ServoWidget>();
+    show();
+    const servopanel::testing::MessageReader reader{*servo.panel()};
+    Operator hands{*servo.panel()};
+    hands.menuKey(1);
+    hands.input("SollwertL", 1);
+    hands.type("42.5");
+    hands.ok();
+    const panel::Panel* const before = servo.panel();
+    servo.setAccessLevel(3);
+    QTest::qWait(100);
+    ASSERT_EQ(servo.panel(), before);
+    EXPECT_TRUE(servo.panel()->hasUnfinishedInput());
+    EXPECT_EQ(*servo.panel()->variables().find("Ch-1.intern<.passwort>"), Variant{std::int16_t{3}});
+    hands.footerKey(10);
+    EXPECT_EQ(basic::element(*servo.panel()->variables().find(setpoints), 0), Variant{42.5});
 }

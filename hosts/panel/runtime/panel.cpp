@@ -5,6 +5,7 @@
 #include "panel/form/fusszeile.h"
 #include "panel/form/ini_eingabe.h"
 #include "panel/look/touch_size.h"
+#include "panel/widgets/message_sheet.h"
 #include "panel/window/other_screen.h"
 #include "platform/ids.h"
 
@@ -167,7 +168,7 @@ void Panel::applySettings()
         machine::carryOver(settings_.before->file, *settings_.before->variables, file_, *variables_);
     if (settings_.resolution)
         setVariable(machine::resolutionVariable, Variant{static_cast<std::int16_t>(*settings_.resolution)});
-    setVariable(levelVariable, Variant{settings_.level.value_or(file_.level)});
+    setLevel(settings_.level.value_or(file_.level));
     if (!settings_.language.empty() && !languages_.choose(settings_.language))
         throw CannotStart{"the project has no language '" + settings_.language + "'"};
     takeUpChoices();
@@ -209,6 +210,8 @@ std::int16_t Panel::number(std::string_view variable)
 }
 
 void Panel::setShownServo(std::int16_t place) { setVariable(servoVariable, Variant{place}); }
+
+void Panel::setLevel(std::int16_t level) { setVariable(levelVariable, Variant{level}); }
 
 Choices Panel::choices()
 {
@@ -441,6 +444,12 @@ ControlHost* Panel::shownPart()
         if (part != nullptr && !part->hasEnded() && isVisible(*part)) return part;
     }
     return nullptr;
+}
+
+void Panel::endMessage()
+{
+    for (QObject* each : window_.stage().children())
+        if (auto* message = dynamic_cast<MessageSheet*>(each)) message->end();
 }
 
 void Panel::pressKey(int number)

@@ -89,6 +89,8 @@ public:
 
     // Place of the servo that the control begins with the next time it is made, 0 for the menu.
     void setShownServo(std::int16_t place);
+    // Access level, 0 operator to 5 service. What was entered stays.
+    void setLevel(std::int16_t level);
     // Shows the screen with the Servo control, made anew.
     void openServo();
     // The control of the shown screen, nullptr while another screen is shown.
@@ -103,6 +105,9 @@ public:
     // Whether an input is open or not confirmed yet, or a message is read, so that the panel must not be taken away.
     bool hasUnfinishedInput();
     std::shared_ptr<const Held> hold();
+
+    // Ends the message that is open, as if the operator had read it.
+    void endMessage();
 
     // A key of the keyboard: footer keys 1 to 12.
     void pressKey(int number);

@@ -8,6 +8,7 @@
 #include "portable/file_error.h"
 
 #include <QCoreApplication>
+#include <QPointer>
 
 namespace servopanel::panel {
 
@@ -59,9 +60,12 @@ void PanelErrorDisplay::CloseMe() { list_.forget(ErrorEntry::Origin::Library); }
 
 void PanelMessages::show(std::string_view text)
 {
-    MessageSheet sheet{&stage_, words_(PanelText::Message), toQt(text), words_(PanelText::Ok)};
+    // A child of the stage, which may end before its reader is done.
+    const QPointer<MessageSheet> sheet{
+        new MessageSheet{&stage_, words_(PanelText::Message), toQt(text), words_(PanelText::Ok)}};
     gate_.close();
-    sheet.run();
+    sheet->run();
+    delete sheet;
     gate_.open();
 }
 

@@ -8,6 +8,7 @@
 #include <QEventLoop>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -29,7 +30,7 @@ MessageSheet::MessageSheet(QWidget* parent, const QString& title, const QString&
     sheet_->setTitle(title);
     ok_->setText(ok);
     ok_->setRole(TouchKey::Role::Accept);
-    ok_->setAction([this] { close(); });
+    ok_->setAction([this] { end(); });
     setGeometry(parent->rect());
     pane_->setContent([this](int width) { return textHeight(width); },
         [this](QPainter& painter, const QRect& place) {
@@ -38,6 +39,8 @@ MessageSheet::MessageSheet(QWidget* parent, const QString& title, const QString&
                 {place.left(), 0, place.width(), pane_->height()}, Qt::AlignHCenter, textFont(), text_);
         });
 }
+
+MessageSheet::~MessageSheet() { end(); }
 
 QFont MessageSheet::textFont() const { return panelFont(scaled(0.018, width(), 13, 18)); }
 
@@ -66,12 +69,14 @@ void MessageSheet::run()
     show();
     raise();
     setFocus();
+    const QPointer<MessageSheet> self{this};
     loop.exec();
+    if (!self) return;
     done_ = nullptr;
     hide();
 }
 
-void MessageSheet::close()
+void MessageSheet::end()
 {
     if (done_) done_();
 }
@@ -92,7 +97,7 @@ void MessageSheet::keyPressEvent(QKeyEvent* event)
     event->accept();
     if (event->isAutoRepeat()) return;
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Escape)
-        close();
+        end();
 }
 
 } // namespace servopanel::panel

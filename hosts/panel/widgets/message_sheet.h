@@ -12,9 +12,12 @@ namespace servopanel::panel {
 class MessageSheet : public QWidget {
 public:
     MessageSheet(QWidget* parent, const QString& title, const QString& text, const QString& ok);
+    ~MessageSheet() override;
 
-    // Returns when the operator has read the message, or when the program ends.
+    // Returns when the operator has read the message, or when the message or the program ends.
     void run();
+    // As if the operator had read it.
+    void end();
     TouchKey& okKey() { return *ok_; }
     const QString& text() const { return text_; }
     ScrollPane& pane() { return *pane_; }
@@ -29,7 +32,6 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void close();
     QFont textFont() const;
     int textHeight(int width) const;
 
