@@ -97,6 +97,22 @@ TEST_F(ForeignValuesTest, ASwitchThatNobodyCanSeeTakesNoTouch)
     EXPECT_TRUE(lever().isUnknown());
 }
 
+// Else a changed project would wait for ever for the end of the input.
+TEST_F(ForeignValuesTest, ASwitchDoesNotWaitAnyMoreOnceItWasRefusedOrDiscarded)
+{
+    for (const int key : {10, 11}) {
+        flaky_->unreadable.clear();
+        hands_->wait(refreshMs);
+        hands_->input("SchalterL", 31);
+        ASSERT_TRUE(lever().marks().changed);
+        flaky_->unreadable = {switches};
+        hands_->footerKey(key);
+        EXPECT_FALSE(lever().marks().changed) << key;
+        EXPECT_TRUE(lever().marks().stale) << key;
+        EXPECT_FALSE(panel_->hasUnfinishedInput()) << key;
+    }
+}
+
 TEST_F(ForeignValuesTest, ADrawingNumberOfTheServoBeforeIsNotShownAndItsPartIsNotWritten)
 {
     comeBackUnread(drawings);

@@ -43,6 +43,12 @@ void SchalterChild::setValueState(ValueState state)
     adapt();
 }
 
+void SchalterChild::settle()
+{
+    changed_ = false;
+    adapt();
+}
+
 void SchalterChild::setBeingEdited(bool edited)
 {
     if (viewOrNull() != nullptr) lever().setBeingEdited(edited);

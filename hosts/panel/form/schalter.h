@@ -14,6 +14,8 @@ public:
     ValueState valueState() const override;
     bool isChanged() const override { return changed_; }
     void setBeingEdited(bool edited) override;
+    // What the operator has toggled was written, refused or discarded: nothing waits any more.
+    void settle();
     bool takesTouch() const { return free_ && enabled() && valueState() != ValueState::Unknown; }
 
     SwitchView& lever() { return static_cast<SwitchView&>(view()); }

@@ -4,6 +4,7 @@
 #include "machine/carry_over.h"
 #include "panel/form/fusszeile.h"
 #include "panel/form/ini_eingabe.h"
+#include "panel/form/schalter.h"
 #include "panel/look/touch_size.h"
 #include "panel/widgets/message_sheet.h"
 #include "panel/window/other_screen.h"
@@ -42,6 +43,21 @@ QSize stageSize(int resolution)
 }
 
 bool isVisible(Child& child) { return basic::toBoolean(child.get(names::Visible, {})); }
+
+// Confirm and discard; with no change waiting the keys mean something else, and no switch waits either.
+bool endsEdit(platform::Args args)
+{
+    const std::int16_t key = args.empty() ? std::int16_t{0} : basic::toInt16(args[0]);
+    return key == 10 || key == 11;
+}
+
+// A switch is told the end of an edit by its new state alone, which does not come while the machine is silent.
+void settleSwitches(ControlHost& form)
+{
+    form.forEach([](std::string_view, std::int16_t, Child& child) {
+        if (auto* lever = dynamic_cast<SchalterChild*>(&child)) lever->settle();
+    });
+}
 
 // Whether the mask or the definition editor is open.
 bool isEntering(ControlHost& part)
@@ -369,8 +385,9 @@ void Panel::eventBegins(ControlHost& form, std::string_view event, platform::Arg
     if (event == "TasteClick") confirms_.keyBegins(form);
 }
 
-void Panel::eventEnds(ControlHost& form, std::string_view event, platform::Args)
+void Panel::eventEnds(ControlHost& form, std::string_view event, platform::Args args)
 {
+    if (event == "TasteClick" && endsEdit(args)) settleSwitches(form);
     // The library has put into the displays what it read.
     showValueStates();
     if (event == "TasteClick") confirms_.keyEnds(form, link_.good);
