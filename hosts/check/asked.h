@@ -46,9 +46,12 @@ struct Asked {
     std::map<std::string, Places> pictures; // by name below the project's folder, with slashes
     std::map<IniPlace, AskedEntry> entries;
     std::map<std::string, ShownText> texts; // by key
+    std::set<std::string> textKeys; // all that were asked for, shown or not
+    std::set<std::string> variableNames; // all that were asked for, there or not
     std::map<std::int16_t, std::string> screens; // other screens, and where their key is
     std::set<std::string> troubled; // variables that are among the findings
     std::vector<jet::ServoName> servos;
+    std::size_t wholeServos = 0; // those of which nothing failed that was asked for
     std::size_t machines = 0;
     std::vector<std::string> errors; // reports of the library that nothing else explains
 };

@@ -9,6 +9,7 @@
 #include "check/problems.h"
 #include "check/project.h"
 #include "check/texts_check.h"
+#include "check/unasked.h"
 #include "check/walk.h"
 #include "machine/simulated_machine.h"
 #include "machine/variable_store.h"
@@ -39,6 +40,8 @@ CheckedProject load(const fs::path& folder, const fs::path& file, Findings& find
         folder, portable::PathMapping{folder}, machine::ProjectFile::load(file), JsonLines{text}, {}, {}};
     for (const machine::Problem& problem : project.file.problems) {
         const bool isPath = problem.place.substr(0, 1) == "/";
+        // Nobody knows what stands in the part that was not read.
+        if (isPath && !project.file.isWhole) continue;
         std::string what = isPath ? problem.place.substr(1) + ": " : std::string{};
         what += shownReason(problem.reason, file);
         // Some say already what becomes of it.
@@ -95,13 +98,26 @@ std::string summary(const CheckedProject& project, const Asked& asked, const Fin
     return text + '\n';
 }
 
+// What follows from the part that was not read is told by nobody: only that it was not read helps.
+Report notWhole(Findings& findings)
+{
+    findings.tellFirst("project.json");
+    std::string text = findings.text();
+    text += "the rest was not looked at: project.json cannot be read to its end\n";
+    text += counted(findings.count(), "finding") + " in " + counted(findings.files(), "file") + '\n';
+    return {Report::Result::Findings, std::move(text)};
+}
+
 } // namespace
 
 Report checkProject(const fs::path& folder, const PictureReader& readPicture)
 {
     std::error_code code;
     const std::string shown = "'" + folder.string() + "'";
-    if (!fs::is_directory(folder, code)) return {Report::Result::NoProject, shown + " is no folder\n"};
+    if (!fs::is_directory(folder, code)) {
+        const char* const what = fs::exists(folder, code) ? " is no folder\n" : " does not exist\n";
+        return {Report::Result::NoProject, shown + what};
+    }
     const fs::path file = folder / "project.json";
     if (!fs::exists(fs::symlink_status(file, code)))
         return {Report::Result::NoProject, shown + " is no project: it has no project.json\n"};
@@ -110,12 +126,15 @@ Report checkProject(const fs::path& folder, const PictureReader& readPicture)
     Asked asked;
     CheckedProject project = load(folder, file, findings);
     readIniFiles(project, findings);
+    if (!project.file.isWhole) return notWhole(findings);
     walkThrough(project, asked, findings);
     checkFooterFile(project, asked.machines, findings);
     checkEntries(project, asked, findings);
     checkScreens(project, asked, findings);
     checkSimulation(project, asked, findings);
-    checkTexts(project, asked, findings);
+    const Unasked unasked{project, asked};
+    checkVariables(project, unasked, findings);
+    checkTexts(project, asked, unasked, findings);
     checkDefinitions(project, asked, findings);
     checkPictures(project, asked, readPicture, findings);
 

@@ -111,6 +111,8 @@ std::string Findings::text() const
     for (const auto& [key, entry] : entries_)
         sorted.emplace_back(key.first, entry.lines.empty() ? 0 : *entry.lines.begin(), lineOf(key, entry));
     std::sort(sorted.begin(), sorted.end());
+    std::stable_partition(
+        sorted.begin(), sorted.end(), [&](const Sorted& each) { return std::get<0>(each) == first_; });
 
     std::string text;
     for (std::size_t i = 0; i < sorted.size();) {

@@ -32,6 +32,8 @@ public:
 
     std::size_t count() const;
     std::size_t files() const;
+    // From now on the findings of this file stand before those of all others.
+    void tellFirst(std::string file) { first_ = std::move(file); }
     // One line each, sorted by file and line: "Texts/de.txt:12: what; also in lines 14 and 18".
     std::string text() const;
 
@@ -45,6 +47,7 @@ private:
     static std::string lineOf(const Key& key, const Entry& entry);
 
     std::map<Key, Entry> entries_;
+    std::string first_;
 };
 
 // "1", "1 and 2", "1, 2 and 3".

@@ -248,6 +248,12 @@ bool isServoNumber(std::string_view value)
 
 bool isServoEntry(std::string_view entry) { return withoutNumbers(iniName(entry)) == servoEntry; }
 
+bool isSwitch(std::string_view entry)
+{
+    const EntryRule* const rule = ruleOf(iniName(entry));
+    return rule != nullptr && rule->value == Value::Switch;
+}
+
 void readIniFiles(CheckedProject& project, Findings& findings)
 {
     for (const char* const folder : {"Parameter", "Servo"}) {

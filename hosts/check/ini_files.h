@@ -20,6 +20,9 @@ bool isServoNumber(std::string_view value);
 // Whether this is such an entry: "Servo3".
 bool isServoEntry(std::string_view entry);
 
+// Whether an entry is TRUE or FALSE: "ServoWithFault", "Diag2Servo3".
+bool isSwitch(std::string_view entry);
+
 // Entries that the library looked up and that are missing or no such value, and entries that nobody looked up.
 void checkEntries(const CheckedProject& project, const Asked& asked, Findings& findings);
 

@@ -52,11 +52,15 @@ void LookAround::look(recording::ControlInstance& part)
     picture(part.self());
     part.form().forEach([&](platform::ChildId id, recording::MemoryControl& control) {
         if (const auto* keys = dynamic_cast<const recording::MemoryFooter*>(&control)) footer(*keys);
+        if (control.className() == classes::VWSVarIn)
+            watch_.noteVariable(basic::toText(control.get(ids::VWSVarIn::VariablenName)));
+        const std::string shown = textOf(control);
+        if (const std::string key = watch_.keyOf(shown); !key.empty()) asked_.textKeys.insert(key);
         if (!control.isShown()) return;
         if (control.className() == classes::VWSVarIn) input(id, control);
         if (control.className() == classes::PictureBox || control.className() == classes::VWSPicBox)
             picture(control);
-        text(part.className(), id, textOf(control));
+        text(part.className(), id, shown);
     });
 }
 
@@ -78,9 +82,11 @@ void LookAround::footer(const recording::MemoryFooter& footer)
         if (!name.empty()) watch_.requirePicture(name);
         const auto number = footer.setting(ids::Fußzeile::TextNummer, key);
         const std::int16_t text = number ? basic::toInt16(*number) : noText;
-        if (text == 0 || text == noText || !footer.isKeyOn(key)) continue;
-        std::vector<std::string>& views =
-            asked_.texts["Standard." + basic::decimal(std::int32_t{text})].views;
+        if (text == 0 || text == noText) continue;
+        const std::string textKey = "Standard." + basic::decimal(std::int32_t{text});
+        asked_.textKeys.insert(textKey);
+        if (!footer.isKeyOn(key)) continue;
+        std::vector<std::string>& views = asked_.texts[textKey].views;
         if (views.empty())
             views.push_back("key " + basic::decimal(std::int32_t{key}) + " below " + watch_.view());
     }

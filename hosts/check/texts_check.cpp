@@ -2,6 +2,7 @@
 
 #include "basic/text.h"
 #include "check/problems.h"
+#include "machine/panel_words.h"
 #include "machine/texts.h"
 #include "portable/text_decoding.h"
 #include "portable/text_reading.h"
@@ -18,10 +19,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// From so many on, lacking texts are not told one by one: the language was not translated, or the file broke off.
+// From so many on, texts are not told one by one: the language was not translated, or the file broke off.
 constexpr std::size_t mostTold = 20;
 
 struct Language {
+    std::string code;
     std::string file; // "Texts/de.txt"
     machine::Texts texts;
     bool isRead = false;
@@ -33,6 +35,16 @@ struct Lack {
     std::string view;
 };
 
+// "a", "b" and "c"; of a long list the first ones and the count of the others.
+std::string quoted(const std::vector<std::string>& keys, std::size_t most)
+{
+    std::vector<std::string> words;
+    for (std::size_t i = 0; i < keys.size() && i < most; ++i)
+        words.push_back('"' + keys[i] + '"');
+    if (keys.size() > most) words.push_back(std::to_string(keys.size() - most) + " more");
+    return listed(words);
+}
+
 void report(const std::string& file, const std::vector<Lack>& lacks, const char* what, Findings& findings)
 {
     if (lacks.size() <= mostTold) {
@@ -40,21 +52,25 @@ void report(const std::string& file, const std::vector<Lack>& lacks, const char*
             findings.add({file, 0, '"' + lack.key + "\" " + lack.text, {}, lack.view});
         return;
     }
+    std::vector<std::string> keys;
+    for (const Lack& lack : lacks)
+        keys.push_back(lack.key);
     findings.add(file, 0,
-        std::to_string(lacks.size()) + ' ' + what + ", the first is \"" + lacks.front().key
-            + "\": the operator sees the keys of texts instead of texts, or nothing");
+        std::to_string(lacks.size()) + ' ' + what + ": " + quoted(keys, mostTold)
+            + ": the operator sees the keys of texts instead of texts, or nothing");
 }
 
 class TextsCheck {
 public:
-    TextsCheck(const CheckedProject& project, const Asked& asked, Findings& findings)
+    TextsCheck(const CheckedProject& project, const Asked& asked, const Unasked& unasked, Findings& findings)
         : asked_{asked}
+        , unasked_{unasked}
         , findings_{findings}
     {
         std::set<std::string> codes;
         for (const auto& language : project.file.languages) {
             if (!codes.insert(language.code).second) continue;
-            Language loaded{"Texts/" + language.code + ".txt",
+            Language loaded{language.code, "Texts/" + language.code + ".txt",
                 machine::Texts::load(project.folder / "Texts" / (language.code + ".txt"))};
             loaded.isRead = loaded.texts.size() > 0;
             for (const machine::Problem& problem : loaded.texts.problems())
@@ -70,9 +86,13 @@ public:
         std::set<std::string> keys;
         for (const Language& language : languages_)
             for (const auto& [key, text] : language.texts.all())
-                keys.insert(key);
-        for (Language& language : languages_)
-            if (language.isRead) compare(language, keys);
+                if (!isPanelWord(key) && !unasked_.text(key)) keys.insert(key);
+        for (const Language& language : languages_) {
+            unasked(language);
+            if (!language.isRead) continue;
+            compare(language, keys);
+            panelWords(language);
+        }
         inNone(keys);
     }
 
@@ -88,6 +108,42 @@ private:
                     "no language of project.json has the code \"" + name.stem().string()
                         + "\": nobody reads this file");
         }
+    }
+
+    // The panel has its own words where a project has none.
+    static bool isPanelWord(const std::string& key)
+    {
+        const auto words = machine::panelWords();
+        return std::any_of(
+            words.begin(), words.end(), [&](const machine::PanelWord& word) { return word.key == key; });
+    }
+
+    void panelWords(const Language& language)
+    {
+        if (machine::speaks(language.code)) return;
+        std::vector<std::string> keys;
+        for (const machine::PanelWord& word : machine::panelWords())
+            if (language.texts.text(word.key).empty()) keys.emplace_back(word.key);
+        if (keys.empty()) return;
+        findings_.add(language.file, 0,
+            std::to_string(keys.size()) + " of the panel's own words are missing: "
+                + quoted(keys, keys.size()) + ": the panel shows English ones");
+    }
+
+    void unasked(const Language& language)
+    {
+        std::vector<std::string> keys;
+        for (const auto& [key, text] : language.texts.all())
+            if (unasked_.text(key)) keys.push_back(key);
+        if (keys.size() <= mostTold) {
+            for (const std::string& key : keys)
+                findings_.add(language.file, language.texts.line(key),
+                    "nobody asks for \"" + key + "\"; is it misspelt?");
+            return;
+        }
+        findings_.add(language.file, language.texts.line(keys.front()),
+            "nobody asks for " + std::to_string(keys.size()) + " texts: " + quoted(keys, mostTold)
+                + "; are they misspelt?");
     }
 
     std::string viewOf(const std::string& key) const
@@ -153,18 +209,19 @@ private:
     }
 
     const Asked& asked_;
+    const Unasked& unasked_;
     Findings& findings_;
     std::vector<Language> languages_;
 };
 
 } // namespace
 
-void checkTexts(const CheckedProject& project, const Asked& asked, Findings& findings)
+void checkTexts(const CheckedProject& project, const Asked& asked, const Unasked& unasked, Findings& findings)
 {
     if (project.file.languages.empty())
         findings.add("project.json", project.lines.line("/languages"),
             "languages: there is none: the operator sees the keys of texts instead of texts");
-    TextsCheck{project, asked, findings}.run();
+    TextsCheck{project, asked, unasked, findings}.run();
 }
 
 } // namespace servopanel::check

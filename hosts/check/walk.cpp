@@ -67,6 +67,7 @@ struct Start {
     std::int16_t level = 0;
     bool rightToLeft = false;
     bool mayEnter = true;
+    bool allOptions = false; // whatever the project says
 };
 
 // One start of the panel, with a library and a memory of its own: pictures are asked for anew.
@@ -86,6 +87,10 @@ public:
         watch_.set("Ch-1.intern<.servo_zeiger>", std::int16_t{0});
         watch_.set("Ch-1.intern<.passwort>", start.level);
         watch_.set("Ch-1.param_client<.arabisch>", start.rightToLeft);
+        if (start.allOptions) {
+            watch_.set("parameter<.mit_navi>", true);
+            watch_.switchAllOptionsOn();
+        }
         setView("the first page of machine " + machineName());
         maker_ = recording::makeLibrary(watch_.platform());
         player_.create();
@@ -227,15 +232,19 @@ private:
     {
         noteServo(place);
         look(servoView(place));
+        bool isWhole = !watch_.isTroubled();
         changeValue(place);
         setView("diagnosis page 1" + ofServo(place));
         press(page, keys::confirm);
         look("diagnosis page 1" + ofServo(place));
+        isWhole = isWhole && !watch_.isTroubled();
         if (isOn(page, keys::secondDiagnosis)) {
             setView("diagnosis page 2" + ofServo(place));
             press(page, keys::secondDiagnosis);
             look("diagnosis page 2" + ofServo(place));
+            isWhole = isWhole && !watch_.isTroubled();
         }
+        if (isWhole) ++asked_.wholeServos;
         setView(servoView(place));
         press(page, keys::confirm);
         // What comes next is the next servo's.
@@ -300,6 +309,18 @@ const Variant* valueOf(const CheckedProject& project, const std::string& name)
     return nullptr;
 }
 
+// What would be asked for if everything that a project may switch on were on. What is missing for that is no finding.
+void walkWithAllOptions(const CheckedProject& project, std::int16_t machine, Asked& asked)
+{
+    Asked wanted;
+    Findings ignored;
+    Start start{machine, *project.resolutions.begin(), highestLevel};
+    start.allOptions = true;
+    Visit{project, start, wanted, ignored}.wholeMachine();
+    asked.textKeys.merge(wanted.textKeys);
+    asked.variableNames.merge(wanted.variableNames);
+}
+
 } // namespace
 
 void walkThrough(const CheckedProject& project, Asked& asked, Findings& findings)
@@ -335,6 +356,7 @@ void walkThrough(const CheckedProject& project, Asked& asked, Findings& findings
                 Visit{project, service, asked, findings}.leave(key, fromMenu);
         Visit{project, {machine, service.resolution, highestLevel, false, false}, asked, findings}
             .refusedTouch();
+        walkWithAllOptions(project, machine, asked);
     }
 }
 

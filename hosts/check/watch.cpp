@@ -129,6 +129,7 @@ void Watch::set(std::string_view name, const Variant& value)
 
 std::string Watch::markOf(std::string_view key)
 {
+    asked_.textKeys.emplace(key);
     marked_.emplace_back(key);
     return markStart + std::to_string(marked_.size() - 1) + markEnd;
 }
@@ -163,6 +164,7 @@ void Watch::requireVariable(const std::string& name)
 Variant Watch::read(std::string_view name)
 {
     lastVariable_ = name;
+    noteVariable(lastVariable_);
     const bool isFlag = name.find(passiveFamily) != std::string_view::npos;
     if (isFlag && listed_.empty()) return true; // it is left out; what comes of its number says nothing
     if (isFlag) servos_.push_back(listed_);
@@ -181,6 +183,7 @@ Variant Watch::read(std::string_view name)
 void Watch::write(std::string_view name, const Variant& value)
 {
     lastVariable_ = name;
+    noteVariable(lastVariable_);
     last_ = Access::Variable;
     try {
         store_.WriteValue(name, value);
@@ -276,6 +279,7 @@ std::optional<std::string> Watch::text(
     if (!name) return std::nullopt;
     asked_.entries.try_emplace({*name, iniName(section), iniName(entry)},
         AskedEntry{'[' + std::string{section} + "] " + std::string{entry}, view_});
+    if (allOptions_ && isSwitch(entry)) return "TRUE";
     // A file that is no INI file has no entries; looking for them would take minutes.
     const auto ini = project_.inis.find(basic::upperCase(*name));
     if (ini != project_.inis.end() && !ini->second.content) return std::nullopt;

@@ -32,8 +32,13 @@ public:
     void setView(std::string view, int resolution);
     const std::string& view() const { return view_; }
 
+    // From now on every option of Program.ini is switched on, so that what is asked for because of one is asked for.
+    void switchAllOptionsOn() { allOptions_ = true; }
+
     // Gives a variable another start value; one that the project does not have stays missing.
     void set(std::string_view name, const basic::Variant& value);
+    // A variable that an input writes as soon as it is shown.
+    void noteVariable(const std::string& name) { asked_.variableNames.insert(name); }
     // A variable that is written by its input alone. The place is that of the input.
     void requireVariable(const std::string& name);
     // A picture that the host loads for the library, by its project-relative name.
@@ -86,6 +91,7 @@ private:
     std::vector<std::string> marked_;
     std::string view_;
     int resolution_ = 0;
+    bool allOptions_ = false;
     Access last_ = Access::None;
     std::string lastVariable_;
     std::string listed_; // number in the list of servos that the library has come to; "" when it is none

@@ -89,6 +89,7 @@ Texts Texts::fromLines(const std::vector<std::string>& lines, const std::string&
         const std::string_view text =
             portable::withoutQuotes(portable::trimBlanks(line.substr(equals + 1)), "\"");
         const bool added = texts.texts_.insert_or_assign(std::string{key}, std::string{text}).second;
+        texts.lines_.insert_or_assign(std::string{key}, static_cast<int>(i + 1));
         if (!added) problem("the key \"" + std::string{key} + "\" stands here again; this text counts");
     }
     return texts;
@@ -98,6 +99,12 @@ const std::string* Texts::find(std::string_view key) const
 {
     const auto text = texts_.find(key);
     return text == texts_.end() ? nullptr : &text->second;
+}
+
+int Texts::line(std::string_view key) const
+{
+    const auto line = lines_.find(key);
+    return line == lines_.end() ? 0 : line->second;
 }
 
 std::string Texts::text(std::string_view key) const

@@ -22,6 +22,8 @@ public:
 
     // nullptr for an unknown key.
     const std::string* find(std::string_view key) const;
+    // The line in which the text of a key stands, from 1 on; 0 for an unknown key.
+    int line(std::string_view key) const;
     // The text, "" for an unknown key.
     std::string text(std::string_view key) const;
     const std::map<std::string, std::string, std::less<>>& all() const { return texts_; }
@@ -31,6 +33,7 @@ public:
 
 private:
     std::map<std::string, std::string, std::less<>> texts_;
+    std::map<std::string, int, std::less<>> lines_;
     std::vector<Problem> problems_;
 };
 

@@ -60,7 +60,7 @@ TEST(NoProject, IsToldInOneLine)
         return report.text;
     };
     EXPECT_EQ(text(folder.path()), "'" + name + "' is no project: it has no project.json\n");
-    EXPECT_EQ(text(folder.path() / "none"), "'" + name + "/none' is no folder\n");
+    EXPECT_EQ(text(folder.path() / "none"), "'" + name + "/none' does not exist\n");
     EXPECT_EQ(text(folder.file("file")), "'" + name + "/file' is no folder\n");
 }
 

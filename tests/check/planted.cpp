@@ -105,14 +105,16 @@ const std::vector<Planted>& plantedMistakes()
             replaced(project, "\"Ch1.M2_T_servo_1<.mM2_servo_para2_ob_1>\": [",
                 "\"Ch1.M2_T_servo_1<.mM2_servo_para2_ob_1>\": [1.0], \"was\": ["),
             {{project, "mM2_servo_para2_ob_1",
-                "variable \"Ch1.M2_T_servo_1<.mM2_servo_para2_ob_1>\" has too few elements (1): the items "
-                "behind them stay empty (the page of servo 1 of machine M2, and 1 more place)"}}},
+                 "variable \"Ch1.M2_T_servo_1<.mM2_servo_para2_ob_1>\" has too few elements (1): the items "
+                 "behind them stay empty (the page of servo 1 of machine M2, and 1 more place)"},
+                {project, "\"was\":", "nobody reads the variable \"was\"; is it misspelt?"}}},
         {"a text for an array",
             replaced(project, "\"Ch1.M2_T_servo_2<.mM2_servo_zeich_2>\": ",
                 "\"Ch1.M2_T_servo_2<.mM2_servo_zeich_2>\": \"x\", \"was too\": "),
             {{project, "mM2_servo_zeich_2",
-                "variable \"Ch1.M2_T_servo_2<.mM2_servo_zeich_2>\" is of the wrong type: the panel reports "
-                "it and shows nothing of it (the page of servo 2 of machine M2, and 2 more places)"}}},
+                 "variable \"Ch1.M2_T_servo_2<.mM2_servo_zeich_2>\" is of the wrong type: the panel reports "
+                 "it and shows nothing of it (the page of servo 2 of machine M2, and 2 more places)"},
+                {project, "\"was too\":", "nobody reads the variable \"was too\"; is it misspelt?"}}},
         {"a value beyond its limits",
             replaced(project, "\"Ch1.M1_T_servo_8<.mM1_servo_para_8>\": [0.85,",
                 "\"Ch1.M1_T_servo_8<.mM1_servo_para_8>\": [2.85,"),
@@ -132,6 +134,21 @@ const std::vector<Planted>& plantedMistakes()
         {"a kind of value that there is not", replaced(project, "\"kind\": \"lag\"", "\"kind\": \"lagg\""),
             {{project, "\"lagg\"",
                 "machine/servos/0/values/1/kind: \"lagg\" is not known: the panel goes on without it"}}},
+        {"a misspelt variable",
+            replaced(project, "  \"parameter<.mit_navi>\": true,",
+                "  \"parameter<.mit_navi>\": true,\n  \"Ch1.M1_T_servo_4<.mM1_servo_para_ob_4\": [1, 2],"),
+            {{project, "servo_para_ob_4\"",
+                "nobody reads the variable \"Ch1.M1_T_servo_4<.mM1_servo_para_ob_4\"; is it misspelt?"}}},
+        {"a variable with the numbers of two servos",
+            replaced(project, "  \"parameter<.mit_navi>\": true,",
+                "  \"parameter<.mit_navi>\": true,\n  \"Ch1.M1_T_servo_4<.mM1_servo_para_5>\": [1, 2],"),
+            {{project, "servo_4<.mM1_servo_para_5>",
+                "nobody reads the variable \"Ch1.M1_T_servo_4<.mM1_servo_para_5>\"; is it misspelt?"}}},
+        {"variables of a servo that is not in use",
+            replaced(project, "  \"parameter<.mit_navi>\": true,",
+                "  \"parameter<.mit_navi>\": true,\n  \"Ch1.M1_T_servo_44<.mM1_servo_para_ob_44>\": [1, 2],"
+                "\n  \"Ch1.M1_T_servo_44<.mM1_servo_diag_442>\": [1, 2],"),
+            {}},
         // Texts
         {"a line without a sign",
             replaced("Texts/de.txt", "Servo.M1.Servo1.2 = ", "Servo.M1.Servo1.2 - x\nServo.M1.Servo1.2 = "),
@@ -167,6 +184,7 @@ const std::vector<Planted>& plantedMistakes()
         {"texts of a language that the project does not have", written("Texts/it.txt", "a = b\n"),
             {{"Texts/it.txt", "",
                 "no language of project.json has the code \"it\": nobody reads this file"}}},
+        {"a word of the panel that it has itself", without("Texts/ar.txt", "Panel.Cancel ="), {}},
         // Parameter/Program.ini
         {"a line that says nothing", replaced(program, "ServoPic1=1\n", "ServoPic1=1\nServoPic 1\n"),
             {{program, "ServoPic 1", "no \"=\"; nobody reads this line"}}},

@@ -1,0 +1,121 @@
+#include "machine/panel_words.h"
+
+#include <array>
+
+namespace servopanel::machine {
+
+namespace {
+
+constexpr std::array words{
+    PanelWord{PanelText::Ok, "Panel.Ok", "OK", "OK", "موافق", "确定"},
+    PanelWord{PanelText::Cancel, "Panel.Cancel", "Abbruch", "Cancel", "إلغاء", "取消"},
+    PanelWord{PanelText::Clear, "Panel.Clear", "C", "C", "C", "C"},
+    PanelWord{PanelText::Lowest, "Panel.Lowest", "Min", "Min", "أدنى", "最小"},
+    PanelWord{PanelText::Highest, "Panel.Highest", "Max", "Max", "أقصى", "最大"},
+    PanelWord{PanelText::TooSmall, "Panel.TooSmall", "Zu klein: mindestens", "Too small: at least",
+        "صغير جدًا: الحد الأدنى", "过小：至少为"},
+    PanelWord{PanelText::TooLarge, "Panel.TooLarge", "Zu groß: höchstens", "Too large: at most",
+        "كبير جدًا: الحد الأقصى", "过大：至多为"},
+    PanelWord{PanelText::NoSign, "Panel.NoSign", "Kein Minus: mindestens", "No minus: at least",
+        "بلا إشارة سالبة: الحد الأدنى", "不允许负号：至少为"},
+    PanelWord{PanelText::LimitsUnknown, "Panel.LimitsUnknown", "Grenzen nicht lesbar: keine Eingabe",
+        "Limits cannot be read: no input", "تعذرت قراءة الحدود: لا يمكن الإدخال", "无法读取限值：不能输入"},
+    PanelWord{PanelText::NoNumber, "Panel.NoNumber", "Bitte eine Zahl eingeben", "Please enter a number",
+        "يرجى إدخال رقم", "请输入数字"},
+    PanelWord{PanelText::Level, "Panel.Level", "Stufe", "Level", "المستوى", "等级"},
+    PanelWord{PanelText::LevelRange, "Panel.LevelRange", "Stufe: ganze Zahl bis 32767",
+        "Level: whole number up to 32767", "المستوى: عدد صحيح حتى 32767", "等级：不大于 32767 的整数"},
+    PanelWord{PanelText::LimitsCrossed, "Panel.LimitsCrossed", "Min ist größer als Max",
+        "Min is greater than Max", "الحد الأدنى أكبر من الأقصى", "最小值大于最大值"},
+    PanelWord{PanelText::Definition, "Panel.Definition", "Grenzen und Zugriff", "Limits and access",
+        "الحدود وحق الوصول", "限值与权限"},
+    PanelWord{PanelText::On, "Panel.On", "EIN", "ON", "تشغيل", "开"},
+    PanelWord{PanelText::Off, "Panel.Off", "AUS", "OFF", "إيقاف", "关"},
+    PanelWord{PanelText::Machine, "Panel.Machine", "Maschine", "Machine", "الماكينة", "机器"},
+    PanelWord{PanelText::AccessLevel, "Panel.AccessLevel", "Zugriffsstufe", "Access level", "مستوى الوصول",
+        "权限等级"},
+    PanelWord{PanelText::Errors, "Panel.Errors", "Meldungen", "Reports", "البلاغات", "消息"},
+    PanelWord{PanelText::Close, "Panel.Close", "Schließen", "Close", "إغلاق", "关闭"},
+    PanelWord{PanelText::Back, "Panel.Back", "Zurück", "Back", "رجوع", "返回"},
+    PanelWord{PanelText::Screen, "Panel.Screen", "Bild", "Screen", "الشاشة", "画面"},
+    PanelWord{PanelText::Message, "Panel.Message", "Hinweis", "Message", "تنبيه", "提示"},
+    PanelWord{PanelText::Languages, "Panel.Languages", "Sprache", "Language", "اللغة", "语言"},
+    PanelWord{PanelText::LinkGood, "Panel.LinkGood", "Verbunden", "Connected", "متصل", "已连接"},
+    PanelWord{
+        PanelText::LinkPartly, "Panel.LinkPartly", "Werte fehlen", "Values missing", "قيم ناقصة", "数值缺失"},
+    PanelWord{
+        PanelText::LinkBad, "Panel.LinkBad", "Keine Verbindung", "No connection", "لا يوجد اتصال", "无连接"},
+    PanelWord{PanelText::Written, "Panel.Written",
+        "Geschrieben, Werte:", "Written, values:", "كُتبت، عدد القيم:", "已写入，数值个数："},
+    PanelWord{
+        PanelText::NotWritten, "Panel.NotWritten", "Nicht geschrieben", "Not written", "لم تُكتب", "未写入"},
+    PanelWord{PanelText::RefusedUnreadable, "Panel.RefusedUnreadable", "nicht lesbar", "cannot be read",
+        "تعذرت القراءة", "无法读取"},
+    PanelWord{PanelText::RefusedRange, "Panel.RefusedRange", "außerhalb des Wertebereichs", "out of range",
+        "خارج النطاق المسموح", "超出范围"},
+    PanelWord{PanelText::RefusedType, "Panel.RefusedType", "falscher Datentyp", "wrong type of data",
+        "نوع بيانات غير صحيح", "数据类型错误"},
+    PanelWord{PanelText::RefusedReadOnly, "Panel.RefusedReadOnly", "schreibgeschützt", "read-only",
+        "للقراءة فقط", "只读"},
+    PanelWord{PanelText::RefusedNotTaken, "Panel.RefusedNotTaken", "nicht übernommen", "not taken over",
+        "لم تُعتمد", "未采用"},
+    PanelWord{PanelText::RefusedOther, "Panel.RefusedOther", "von der Steuerung abgelehnt",
+        "refused by the controller", "رفضته وحدة التحكم", "被控制器拒绝"},
+    PanelWord{PanelText::NotTold, "Panel.NotTold", "Änderung nicht gemeldet", "Change not announced",
+        "لم يُبلَّغ عن التغيير", "未通知更改"},
+    PanelWord{PanelText::ClearReports, "Panel.ClearReports", "Liste leeren", "Clear list", "مسح القائمة",
+        "清空列表"},
+    PanelWord{PanelText::FirstTime, "Panel.FirstTime", "Zuerst", "First", "أول مرة", "首次"},
+    PanelWord{PanelText::LastTime, "Panel.LastTime", "Zuletzt", "Last", "آخر مرة", "末次"},
+    PanelWord{PanelText::Times, "Panel.Times", "Anzahl", "Count", "العدد", "次数"},
+    PanelWord{PanelText::Procedure, "Panel.Procedure", "Prozedur", "Procedure", "الإجراء", "过程"},
+    PanelWord{PanelText::Trend, "Panel.Trend", "Verlauf", "Trend", "المنحنى", "趋势"},
+    PanelWord{
+        PanelText::TrendShared, "Panel.TrendShared", "Eine Skala", "One scale", "مقياس واحد", "统一刻度"},
+    PanelWord{PanelText::TrendFreeze, "Panel.TrendFreeze", "Anhalten", "Freeze", "تجميد", "冻结"},
+    PanelWord{PanelText::TrendContinue, "Panel.TrendContinue", "Weiter", "Continue", "متابعة", "继续"},
+    PanelWord{PanelText::TrendAdd, "Panel.TrendAdd", "Weiteren Wert antippen", "Touch a value to add it",
+        "المس قيمة لإضافتها", "点按数值即可添加"},
+    PanelWord{PanelText::TrendFull, "Panel.TrendFull", "höchstens vier Werte", "four values at most",
+        "أربع قيم على الأكثر", "最多四个数值"},
+};
+
+using Column = const char* PanelWord::*;
+
+struct Tongue {
+    std::string_view code;
+    Column column;
+};
+
+constexpr std::array tongues{Tongue{"de", &PanelWord::german}, Tongue{"en", &PanelWord::english},
+    Tongue{"ar", &PanelWord::arabic}, Tongue{"zh", &PanelWord::chinese}};
+
+// nullptr for a language in which the panel has no words. What follows "-" or "_" is a country.
+Column columnOf(std::string_view languageCode)
+{
+    const std::string_view language = languageCode.substr(0, languageCode.find_first_of("-_"));
+    for (const Tongue& tongue : tongues)
+        if (tongue.code == language) return tongue.column;
+    return nullptr;
+}
+
+} // namespace
+
+const char* PanelWord::in(std::string_view languageCode) const
+{
+    const Column column = columnOf(languageCode);
+    return column != nullptr ? this->*column : english;
+}
+
+std::span<const PanelWord> panelWords() { return words; }
+
+const PanelWord& panelWord(PanelText text)
+{
+    for (const PanelWord& each : words)
+        if (each.text == text) return each;
+    return words.front();
+}
+
+bool speaks(std::string_view languageCode) { return columnOf(languageCode) != nullptr; }
+
+} // namespace servopanel::machine

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+namespace servopanel::machine {
+
+// Words of the panel itself. A project may give its own under "Panel.<name>"; otherwise the panel's German, English,
+// Arabic or Chinese ones are used.
+enum class PanelText {
+    Ok,
+    Cancel,
+    Clear,
+    Lowest,
+    Highest,
+    TooSmall,
+    TooLarge,
+    NoSign, // before the lower limit, where it allows nothing below 0
+    LimitsUnknown,
+    NoNumber,
+    Level,
+    LevelRange,
+    LimitsCrossed,
+    Definition,
+    On,
+    Off,
+    Machine,
+    AccessLevel,
+    Errors,
+    Close,
+    Back,
+    Screen,
+    Message,
+    Languages,
+    LinkGood,
+    LinkPartly, // some of the values that are shown could not be read
+    LinkBad,
+    Written, // before the number of values
+    NotWritten, // before the field and the reason
+    RefusedUnreadable, // behind the caption of a field, like the other reasons
+    RefusedRange,
+    RefusedType,
+    RefusedReadOnly,
+    RefusedNotTaken,
+    RefusedOther,
+    NotTold, // instead of a caption: the machine has the values and does not know of it
+    ClearReports,
+    FirstTime,
+    LastTime,
+    Times,
+    Procedure,
+    Trend,
+    TrendShared,
+    TrendFreeze,
+    TrendContinue,
+    TrendAdd,
+    TrendFull,
+};
+
+struct PanelWord {
+    PanelText text;
+    std::string_view key; // "Panel.Ok"
+    const char* german;
+    const char* english;
+    const char* arabic;
+    const char* chinese;
+
+    // The word in a language by its code, "de" or "de-AT"; English where the panel does not know the language.
+    const char* in(std::string_view languageCode) const;
+};
+
+// All of them, in UTF-8.
+std::span<const PanelWord> panelWords();
+const PanelWord& panelWord(PanelText text);
+
+// Whether the panel has words of its own in a language.
+bool speaks(std::string_view languageCode);
+
+} // namespace servopanel::machine
