@@ -129,6 +129,17 @@ TEST_F(Check, ComparesWithTheServosOfAProject)
         "4 definitions, 5 findings\n");
 }
 
+TEST_F(Check, TakesTheServosOfAProjectWithMistakesElsewhere)
+{
+    const tests::TemporaryFolder project;
+    project.file("project.json",
+        R"({"titel": "x", "level": "five", "variables": {"parameter<.maschinenbez_1>": "M1", "other": {}}})");
+    project.file("Parameter/Program.ini", "[1Machine]\nServo1=1\n");
+    const std::string file = database(row("M1", parameter("M1", "_servo_para_", 1), 3));
+    EXPECT_EQ(run({"check", file, "--project", project.path().string()}), 0) << errors;
+    EXPECT_EQ(text, "1 definitions, 0 findings\n");
+}
+
 TEST_F(Check, FindsTheServoOfANameInOtherCase)
 {
     const tests::TemporaryFolder project;
@@ -153,6 +164,7 @@ TEST_F(Check, NamesTheFileOfAProjectThatIsBroken)
         std::string reason;
     } cases[]{
         {"project.json", nullptr, "there is no such file"},
+        {"project.json", R"({"title": "x", "variables": {"parameter<.maschinenbez_1>": {}}})", ""},
         {"project.json", "{", ""},
         {"project.json", R"({"title": "x"})", ""},
         {"project.json", R"({"title": "x", "variables": {"a": 5}})",

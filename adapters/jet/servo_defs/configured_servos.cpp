@@ -37,9 +37,11 @@ std::vector<Machine> machinesOf(const fs::path& description)
     if (std::error_code code; !fs::is_regular_file(description, code))
         refuse(description, "there is no such file");
     const machine::ProjectFile project = machine::ProjectFile::load(description);
-    if (!project.problems.empty()) {
-        const machine::Problem& first = project.problems.front();
-        refuse(description, first.place.empty() ? first.reason : first.place + ": " + first.reason);
+    // Mistakes elsewhere in the project change nothing about its servos.
+    for (const machine::Problem& problem : project.problems) {
+        const bool isMember = problem.place.substr(0, 1) == "/";
+        if (isMember && problem.place.find(designationPrefix) == std::string::npos) continue;
+        refuse(description, problem.place.empty() ? problem.reason : problem.place + ": " + problem.reason);
     }
     std::vector<Machine> machines;
     for (const auto& variable : project.variables) {
