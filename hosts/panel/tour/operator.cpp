@@ -56,7 +56,7 @@ QPoint Operator::place(const QWidget& target, QPoint at)
 void Operator::press(QWidget& target, QPoint at)
 {
     settle();
-    if (!target.isVisible()) throw NotThere{"what is to be touched is not visible"};
+    if (!target.isVisible()) throw NotThere{"what is to be touched"};
     QTest::mousePress(window(), Qt::LeftButton, {}, place(target, at));
     wait(settleMs_);
 }
@@ -87,7 +87,7 @@ ControlHost& Operator::part(std::string_view className)
 {
     ControlHost* shown = panel_.shownPart();
     if (shown == nullptr || shown->className() != className)
-        throw NotThere{std::string{className} + " is not shown"};
+        throw NotThere{className == "ServoMenu" ? "the menu of servos" : "the page of a servo"};
     return *shown;
 }
 
@@ -103,6 +103,13 @@ bool Operator::isKeyOn(int number)
 {
     ControlHost& shown = there(panel_.shownPart(), "a screen with footer keys");
     return shown.require<FußzeileChild>("Fußzeile").bar().key(number).isOn();
+}
+
+void Operator::goToMenu()
+{
+    constexpr int leave = 11;
+    const ControlHost* const shown = panel_.shownPart();
+    if (shown != nullptr && shown->className() == "ServoMain" && isKeyOn(leave)) footerKey(leave);
 }
 
 void Operator::menuKey(int key)

@@ -35,6 +35,8 @@ public:
 
     void footerKey(int number);
     bool isKeyOn(int number);
+    // From the page of a servo to the menu, by key Esc. A project may have no menu; then the way leads to another screen.
+    void goToMenu();
     void menuKey(int key); // picture key 1 to 8
     void scrollDown();
     void scrollUp();

@@ -117,7 +117,8 @@ int Tour::play()
 
 void Tour::menu()
 {
-    step("menu");
+    // The panel may come up with the page of the servo that was shown last.
+    step("menu", [&] { operator_.goToMenu(); });
     ScrollView& scroll = operator_.part("ServoMenu").require<ScrollBarChild>("ScrollBar").scroll();
     if (scroll.last() > 1) {
         step("menu-scrolled", [&] { operator_.scrollDown(); });
