@@ -76,10 +76,23 @@ TEST_F(ForeignValuesTest, AFieldIsOldWhenTheMachineChangesItsValueBehindTheMask)
     EXPECT_TRUE(text("SollwertL", 1).marks().stale);
 }
 
+TEST_F(ForeignValuesTest, OldValuesOverABadLinkAreOfTheServoThatIsShown)
+{
+    panel_->setLink({false, "The broker does not answer"});
+    hands_->footerKey(6);
+    EXPECT_NE(text("SollwertL", 1).shownText(), "–");
+    EXPECT_TRUE(text("SollwertL", 1).marks().stale);
+    flaky_->unreadable = {setpoints};
+    hands_->footerKey(5);
+    EXPECT_EQ(text("SollwertL", 1).shownText(), "–");
+}
+
 TEST_F(ForeignValuesTest, AWrittenFieldIsFreshAtOnce)
 {
     change("SollwertL", 1, "42.5");
     change("ZeichnungL", 43, "7");
+    for (const std::int16_t part : std::initializer_list<std::int16_t>{41, 43, 45})
+        EXPECT_FALSE(text("ZeichnungL", part).marks().stale) << part;
     hands_->input("SchalterL", 31);
     hands_->footerKey(10);
     EXPECT_FALSE(text("SollwertL", 1).marks().stale);
@@ -109,6 +122,7 @@ TEST_F(ForeignValuesTest, ASwitchDoesNotWaitAnyMoreOnceItWasRefusedOrDiscarded)
         hands_->footerKey(key);
         EXPECT_FALSE(lever().marks().changed) << key;
         EXPECT_TRUE(lever().marks().stale) << key;
+        EXPECT_TRUE(lever().isUnknown()) << key; // the machine never said so
         EXPECT_FALSE(panel_->hasUnfinishedInput()) << key;
     }
 }

@@ -199,22 +199,22 @@ void ControlHost::showValueStates()
             continue;
         }
         const std::optional<ValueSource> source = valueSource(key.first, key.second);
-        if (source) child->setValueState(inputState(key, *child, *source));
+        if (source) child->setValueState(inputState(key, *source));
     }
 }
 
 // While an input waits to be written or was touched, the library leaves it as it is, whatever the machine says by then. So
 // what an input shows is compared with what the machine was found to hold.
-ValueState ControlHost::inputState(const Key& key, Child& input, const ValueSource& source)
+ValueState ControlHost::inputState(const Key& key, const ValueSource& source)
 {
     const auto from = putFrom_.find(key);
     const Services::FamilyRead read = services().familyRead(source.family);
     const bool isInput = source.family != families::actualValues && source.family != families::faultText;
     if (!isInput || read.variable.empty()) return services().valueState(source);
     if (read.value != nullptr) {
-        const std::optional<double> held = elementValue(source, *read.value);
-        const std::optional<double> shown = inputValue(*this, key.first, key.second);
-        if (held && (input.isChanged() || shown == held)) return ValueState::Fresh;
+        const bool waits = find(key.first, key.second)->isChanged() && elementValue(source, *read.value);
+        if (waits || showsElement(*this, key.first, key.second, source, *read.value))
+            return ValueState::Fresh;
     }
     return from != putFrom_.end() && from->second == read.variable ? ValueState::Stale : ValueState::Unknown;
 }
@@ -352,7 +352,7 @@ void ControlHost::adopt(const Key& key, const ChildRef& child, QWidget* parent)
     if (const std::optional<ValueSource> source = valueSource(key.first, key.second))
         child->setValuePutHandler([this, key, family = source->family] {
             const Services::FamilyRead read = services().familyRead(family);
-            if (read.value != nullptr) putFrom_[key] = read.variable;
+            putFrom_[key] = read.variable;
         });
     if (auto* host = dynamic_cast<ControlHost*>(child.get()))
         host->setOwner([this, key](std::string_view event, Args args) {

@@ -103,7 +103,7 @@ private:
     ChildRef require(platform::ChildId id);
     CanvasView& canvasOf(platform::ChildId id);
     const Key* litUpDrawing();
-    ValueState inputState(const Key& key, Child& input, const ValueSource& source);
+    ValueState inputState(const Key& key, const ValueSource& source);
     ValueState limitsState(const std::string& name, std::int16_t index);
     QString shownText(const std::string& name, std::int16_t index);
     void displaysStartAnew();

@@ -16,6 +16,10 @@ std::optional<double> inputValue(ControlHost& page, std::string_view name, std::
 // The same number in what a variable of the family holds; nothing when it is not in there.
 std::optional<double> elementValue(const ValueSource& source, const basic::Variant& variable);
 
+// Whether an input shows what is in a variable, a part of a drawing number its part of it.
+bool showsElement(ControlHost& page, std::string_view name, std::int16_t index, const ValueSource& source,
+    const basic::Variant& variable);
+
 // Whether a number went into a variable as it was entered: as exact as the type that the variable holds.
 bool isSameValue(double entered, double held, const basic::Variant& variable);
 

@@ -31,7 +31,10 @@ void SchalterChild::setState(const Variant& state)
     changed_ = !isWeight && isKnown_;
     isKnown_ = isKnown_ || isWeight;
     lever().setState(on);
-    if (isWeight) valuePut();
+    if (isWeight) {
+        isGivenUp_ = false;
+        valuePut();
+    }
     adapt();
 }
 
@@ -45,6 +48,7 @@ void SchalterChild::setValueState(ValueState state)
 
 void SchalterChild::settle()
 {
+    isGivenUp_ = isGivenUp_ || changed_;
     changed_ = false;
     adapt();
 }
@@ -57,7 +61,9 @@ void SchalterChild::setBeingEdited(bool edited)
 // What the operator has chosen is known, whatever the machine says.
 ValueState SchalterChild::valueState() const
 {
-    return machine_ == ValueState::Unknown && changed_ ? ValueState::Stale : machine_;
+    if (machine_ == ValueState::Fresh) return machine_;
+    if (changed_) return ValueState::Stale;
+    return isGivenUp_ ? ValueState::Unknown : machine_;
 }
 
 void SchalterChild::adapt()

@@ -29,6 +29,7 @@ private:
     bool free_ = true;
     bool isKnown_ = false; // the machine's state was put
     bool changed_ = false; // the operator's state was put since
+    bool isGivenUp_ = false; // it stands as the operator had it, and nothing waits to be written
     ValueState machine_ = ValueState::Fresh;
 };
 

@@ -14,6 +14,7 @@ namespace names = platform::names;
 namespace {
 
 constexpr std::int32_t normalGround = 0xC0C0C0;
+constexpr std::int32_t litUpGround = 0x00FF00; // the mask works on it
 constexpr std::int32_t changedInk = 0x008000; // changed, not yet written
 constexpr std::string_view fontClassStem = "LSU"; // followed by the size in points
 
@@ -28,7 +29,8 @@ VWSIndex::VWSIndex(std::string className, QWidget* parent, Services& services)
             [this](const Variant& value) {
                 value_ = basic::toText(value);
                 languageChanged();
-                valuePut();
+                // While it is lit up, it is given what the mask has made of it.
+                if (ground_ != litUpGround) valuePut();
             });
     const auto addColour = [this](const platform::Member& byId, const platform::Member& byName,
                                std::int32_t& colour) {
