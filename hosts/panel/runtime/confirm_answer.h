@@ -28,7 +28,8 @@ struct Refusal {
 // What became of a confirmed change.
 struct ConfirmAnswer {
     int written = 0; // values of the machine that are others now
-    std::vector<Refusal> refusals; // one of a family that was not written, or one of each value that was not taken
+    std::vector<Refusal>
+        refusals; // one of a family that was not written, or one of each value that was not taken
 };
 
 // Judges one press of the confirm key. changed: the families of the fields that waited to be written. Nothing when the
