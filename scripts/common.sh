@@ -5,6 +5,7 @@ set -u -o pipefail
 
 packages=(g++ cmake ninja-build pkg-config libgtest-dev nlohmann-json3-dev qt6-base-dev qt6-tools-dev libqt6opengl6-dev libwmf-dev libmosquitto-dev mdbtools-dev mdbtools mosquitto openssl
           python3 python3-pil fonts-dejavu-core fonts-wqy-microhei)
+sanitizer_packages=(clang lld)
 lint_packages=(clang clang-format clang-tidy)
 logs=build/logs
 
@@ -96,6 +97,7 @@ run_tests()
     shift
     mkdir -p "$logs"
     printf 'Testing %s (output in %s/test-%s.log)\n' "$preset" "$logs" "$preset"
-    ctest --preset "$preset" --parallel "$CMAKE_BUILD_PARALLEL_LEVEL" "$@" 2>&1 | tee "$logs/test-$preset.log" \
+    # Twice as many at a time as there are processors: many wait for a clock or another process.
+    ctest --preset "$preset" --parallel $((2 * CMAKE_BUILD_PARALLEL_LEVEL)) "$@" 2>&1 | tee "$logs/test-$preset.log" \
         | sed -u -E '/^ +Start +[0-9]+: /d; /^ *[0-9]+\/[0-9]+ Test +#[0-9]+: .* Passed +[0-9.]+ sec$/d'
 }

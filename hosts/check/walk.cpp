@@ -33,7 +33,6 @@ constexpr std::int16_t mostServos = 50; // of a machine, the library's own limit
 constexpr std::int16_t highestLevel = 5;
 
 namespace keys {
-constexpr std::int16_t previous = 5;
 constexpr std::int16_t next = 6;
 constexpr std::int16_t secondDiagnosis = 8;
 constexpr std::int16_t machine = 9;

@@ -188,7 +188,8 @@ TEST(Messages, ValuesOfAnotherTypeAreNone)
         {variable(VariantType::Double, 2), "[1,\"2\"]"},
         {variable(VariantType::Double, 2), "1"},
     };
-    for (const auto& [description, json] : table) {
+    for (const auto& [expected, json] : table) {
+        const VariableDescription& description = expected;
         EXPECT_FALSE(fromJson(Json::parse(json), description)) << json;
         const std::string payload =
             std::string{R"({"epoch":1,"seq":1,"time":1,"quality":"good","value":)"}.append(json).append("}");

@@ -149,7 +149,7 @@ TEST_F(PictureFileTest, AFullDiskIsError75AndKeepsThePictureThatWasThere)
     const std::filesystem::path file = save("copy.bmp", "BMP");
     QImage other{20, 10, QImage::Format_RGB32};
     other.fill(Qt::blue);
-    for (const rlim_t bytesLeft : {0, 60}) {
+    for (const rlim_t bytesLeft : {rlim_t{0}, rlim_t{60}}) {
         EXPECT_EQ(servopanel::testing::errorNumber([&] {
             const servopanel::testing::FullDisk full{bytesLeft};
             return panel::saveBitmap(other, file, "copy.bmp"), 0;

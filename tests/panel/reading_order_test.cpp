@@ -71,7 +71,7 @@ TEST(ReadingOrder, ShowsTheDigitsOfTheLanguage)
 TEST(ReadingOrder, LeftAndRightChangePlacesUnlessAbsolute)
 {
     const auto side = [](Qt::Alignment alignment, Qt::LayoutDirection panel) {
-        return drawingFlags(alignment, panel, false) & (Qt::AlignLeft | Qt::AlignRight);
+        return Qt::Alignment{drawingFlags(alignment, panel, false)} & (Qt::AlignLeft | Qt::AlignRight);
     };
     EXPECT_EQ(side(Qt::AlignLeft, Qt::LeftToRight), Qt::AlignLeft);
     EXPECT_EQ(side(Qt::AlignLeft, Qt::RightToLeft), Qt::AlignRight);

@@ -91,7 +91,7 @@ TEST_F(RememberedChoicesTest, AFullDiskIsReportedAndCostsNothing)
 {
     remembered().save(chinese);
     const Choices next{std::int16_t{1}, 1, 5};
-    for (const rlim_t bytesLeft : {0, 20}) {
+    for (const rlim_t bytesLeft : {rlim_t{0}, rlim_t{20}}) {
         RememberedChoices choices = remembered();
         {
             const servopanel::testing::FullDisk full{bytesLeft};

@@ -6,9 +6,9 @@ namespace servopanel::testing {
 
 namespace {
 
-constexpr int width = 4;
-constexpr int height = 3;
-constexpr int colours[width] = {0xFF0000, 0x00FF00, 0x0000FF, 0xFFFFFF};
+constexpr int columns = 4;
+constexpr int rows = 3;
+constexpr int colours[columns] = {0xFF0000, 0x00FF00, 0x0000FF, 0xFFFFFF};
 
 QByteArray bytes(int colour)
 {
@@ -85,8 +85,8 @@ QByteArray bitmap(const BitmapKind& kind)
     const int compression = kind.hasMasks ? 3 : kind.isRunLengthCoded ? (kind.bits == 8 ? 1 : 2) : 0;
     const QByteArray pixels = kind.isRunLengthCoded ? runs(kind) : lines(kind);
     const QByteArray header = kind.hasOldHeader
-        ? longWord(12) + word(width) + word(height) + word(1) + word(kind.bits)
-        : longWord(40) + longWord(width) + longWord(kind.isTopDown ? -height : height) + word(1)
+        ? longWord(12) + word(columns) + word(rows) + word(1) + word(kind.bits)
+        : longWord(40) + longWord(columns) + longWord(kind.isTopDown ? -rows : rows) + word(1)
             + word(kind.bits) + longWord(compression) + longWord(pixels.size()) + longWord(2835)
             + longWord(2835) + longWord(0) + longWord(0);
     const QByteArray front = header + palette(kind);
@@ -151,7 +151,7 @@ QByteArray stretchedBitmap(
     if (packed.size() % 2 != 0) packed += char(0);
     return record(0x0F43,
         longWord(operation) + word(0)
-            + words({testing::height, testing::width, 0, 0, height, width, top, left}) + packed);
+            + words({rows, columns, 0, 0, height, width, top, left}) + packed);
 }
 
 QByteArray greenHalf(int mapMode)
