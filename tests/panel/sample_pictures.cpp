@@ -150,8 +150,7 @@ QByteArray stretchedBitmap(
     QByteArray packed = bitmapFile.mid(14);
     if (packed.size() % 2 != 0) packed += char(0);
     return record(0x0F43,
-        longWord(operation) + word(0)
-            + words({rows, columns, 0, 0, height, width, top, left}) + packed);
+        longWord(operation) + word(0) + words({rows, columns, 0, 0, height, width, top, left}) + packed);
 }
 
 QByteArray greenHalf(int mapMode)
