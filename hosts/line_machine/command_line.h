@@ -20,6 +20,6 @@ struct CommandLine {
 // Or a text that says what is wrong.
 std::variant<CommandLine, std::string> parseCommandLine(const std::vector<std::string>& arguments);
 
-extern const char* const usage;
+std::string usage();
 
 } // namespace servopanel::line_machine

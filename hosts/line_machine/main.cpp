@@ -67,12 +67,12 @@ int main(int count, char** arguments)
 try {
     const auto parsed = line_machine::parseCommandLine({arguments + 1, arguments + count});
     if (const auto* const problem = std::get_if<std::string>(&parsed)) {
-        std::cerr << "servo-machine: " << *problem << "\n\n" << line_machine::usage;
+        std::cerr << "servo-machine: " << *problem << "\n\n" << line_machine::usage();
         return EXIT_FAILURE;
     }
     const auto& line = std::get<line_machine::CommandLine>(parsed);
     if (!line.help) return run(line);
-    std::cout << line_machine::usage;
+    std::cout << line_machine::usage();
     return EXIT_SUCCESS;
 } catch (const basic::Error& error) {
     std::cerr << "servo-machine: " << error.description << '\n';
