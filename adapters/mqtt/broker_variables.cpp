@@ -66,6 +66,17 @@ BrokerVariables::BrokerVariables(BrokerVariablesSettings settings, Link& link, C
     link_.start(*this, std::move(subscriptions));
 }
 
+BrokerVariables::ConfirmScope::ConfirmScope(BrokerVariables& variables)
+    : variables_{variables}
+{
+    ++variables_.confirms_;
+}
+
+BrokerVariables::ConfirmScope::~ConfirmScope()
+{
+    if (--variables_.confirms_ == 0) variables_.gaveUp_ = false;
+}
+
 void BrokerVariables::poll(int milliseconds)
 {
     link_.poll(milliseconds);
@@ -219,7 +230,7 @@ void BrokerVariables::send(
     if (!answer_) heldNow = readAgain(place, name, command.deadline, now + settings_.answerMilliseconds);
     awaited_.clear();
     if (answer_) return conclude(place, description, value);
-    gaveUp_ = true;
+    gaveUp_ = confirms_ > 0;
     const Outcome outcome = !heldNow ? Outcome::NoAnswer
         : *heldNow == value          ? Outcome::NoAnswerButWritten
                                      : Outcome::NoAnswerNotWritten;

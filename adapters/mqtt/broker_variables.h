@@ -47,9 +47,20 @@ public:
     // a good heartbeat; the machine does nothing after the deadline. Fails with an Outcome; see isRefused, isUnknown.
     void WriteValue(std::string_view name, const basic::Variant& value) override;
 
-    // Before the writes of each confirm: the first of them that is not answered makes the rest fail at once, so that a
-    // dead connection costs one waiting time.
-    void beginConfirm() { gaveUp_ = false; }
+    // The writes of one confirm. While it lives, the first of them that is not answered makes the rest fail at once, so
+    // that a dead connection costs one waiting time. One within another belongs to that. Ends before the variables do.
+    class [[nodiscard]] ConfirmScope {
+    public:
+        ConfirmScope(const ConfirmScope&) = delete;
+        ConfirmScope& operator=(const ConfirmScope&) = delete;
+        ~ConfirmScope();
+
+    private:
+        friend class BrokerVariables;
+        explicit ConfirmScope(BrokerVariables& variables);
+        BrokerVariables& variables_;
+    };
+    ConfirmScope confirm() { return ConfirmScope{*this}; }
 
     // The user's access level, which goes with every command. 0 at first.
     void setLevel(std::int16_t level) { level_ = level; }
@@ -99,7 +110,8 @@ private:
     std::string awaited_; // id of the command under way
     std::optional<Ack> answer_; // to it
     std::int64_t brokenLinks_ = 0;
-    bool gaveUp_ = false;
+    int confirms_ = 0; // within each other
+    bool gaveUp_ = false; // a write of the present confirm was not answered
     std::int16_t level_ = 0;
     std::vector<std::string> protocolErrors_;
 };

@@ -149,17 +149,29 @@ TEST_F(Writing, NoAnswerEndsWithinItsTimeAndTheRestAtOnce)
 {
     controller.orderFault(R"({"fault":"silent","times":100})");
     const std::int64_t start = net.now;
-    variables.beginConfirm();
-    EXPECT_EQ(writing(para, setpoints(7)), Outcome::NoAnswerNotWritten);
-    EXPECT_LE(net.now - start, 1000);
-    EXPECT_GE(net.now - start, 750);
-    const std::int64_t after = net.now;
-    EXPECT_EQ(writing(switches, 1.0), Outcome::NotSentAfterNoAnswer);
-    EXPECT_EQ(writing(flag, 1.0), Outcome::NotSentAfterNoAnswer);
-    EXPECT_EQ(net.now, after);
-    EXPECT_EQ(controller.seen().size(), 1U) << "neither sent again nor sent on";
+    {
+        const auto confirm = variables.confirm();
+        EXPECT_EQ(writing(para, setpoints(7)), Outcome::NoAnswerNotWritten);
+        EXPECT_LE(net.now - start, 1000);
+        EXPECT_GE(net.now - start, 750);
+        const std::int64_t after = net.now;
+        EXPECT_EQ(writing(switches, 1.0), Outcome::NotSentAfterNoAnswer);
+        {
+            const auto part = variables.confirm();
+            EXPECT_EQ(writing(flag, 1.0), Outcome::NotSentAfterNoAnswer);
+        }
+        EXPECT_EQ(writing(flag, 1.0), Outcome::NotSentAfterNoAnswer) << "a part's end is not the end";
+        EXPECT_EQ(net.now, after);
+        EXPECT_EQ(controller.seen().size(), 1U) << "neither sent again nor sent on";
+    }
     controller.orderFault(R"({"fault":"none"})");
-    variables.beginConfirm();
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::Done);
+}
+
+TEST_F(Writing, OutsideOfAConfirmEachWriteIsForItself)
+{
+    controller.orderFault(R"({"fault":"silent"})");
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::NoAnswerNotWritten);
     EXPECT_EQ(writing(para, setpoints(7)), Outcome::Done);
 }
 
@@ -176,7 +188,6 @@ TEST_F(Writing, ASlowMachineIsInTimeOrTooLate)
     controller.orderFault(R"({"fault":"slow","milliseconds":500})");
     EXPECT_EQ(writing(para, setpoints(7)), Outcome::Done);
     for (const int milliseconds : {760, 900, 5000}) {
-        variables.beginConfirm();
         controller.orderFault(R"({"fault":"slow","milliseconds":)" + std::to_string(milliseconds) + "}");
         EXPECT_EQ(writing(para, setpoints(8)), Outcome::NoAnswerNotWritten) << milliseconds;
         pass(6000);
@@ -189,7 +200,6 @@ TEST_F(Writing, OneCommandAtATime)
 {
     controller.orderFault(R"({"fault":"slow","milliseconds":2000})");
     EXPECT_TRUE(mqtt::isUnknown(writing(para, setpoints(7))));
-    variables.beginConfirm();
     EXPECT_EQ(writing(para, setpoints(8)), Outcome::Busy);
 }
 
