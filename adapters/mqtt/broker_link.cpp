@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <exception>
 #include <fstream>
 #include <memory>
 #include <utility>
@@ -82,7 +83,7 @@ public:
 
     void poll(int milliseconds)
     {
-        if (!failure_.empty()) drop(std::exchange(failure_, {}));
+        dropWhatFailed();
         if (!client_ && clock_() >= nextTry_) connect();
         if (!client_) {
             const std::int64_t wait = std::clamp<std::int64_t>(nextTry_ - clock_(), 0, milliseconds);
@@ -90,7 +91,7 @@ public:
             return;
         }
         if (const int result = exchange(milliseconds); result != MOSQ_ERR_SUCCESS) fail(reasonOf(result));
-        if (!failure_.empty()) drop(std::exchange(failure_, {}));
+        dropWhatFailed();
         if (client_ && !up_ && clock_() - connectedAt_ > settings_.connectMilliseconds)
             drop("the broker does not answer");
         if (subscribed_ && !up_) {
@@ -156,18 +157,18 @@ private:
         mosquitto_int_option(&client, MOSQ_OPT_PROTOCOL_VERSION, MQTT_PROTOCOL_V5);
         mosquitto_int_option(&client, MOSQ_OPT_TCP_NODELAY, 1);
         mosquitto_connect_v5_callback_set(&client, [](mosquitto*, void* self, int code, int, const auto*) {
-            static_cast<Impl*>(self)->connected(code);
+            static_cast<Impl*>(self)->guarded(&Impl::connected, code);
         });
         mosquitto_subscribe_v5_callback_set(
             &client, [](mosquitto*, void* self, int, int count, const int* granted, const auto*) {
-                static_cast<Impl*>(self)->granted(granted, count);
+                static_cast<Impl*>(self)->guarded(&Impl::granted, granted, count);
             });
         mosquitto_disconnect_v5_callback_set(&client, [](mosquitto*, void* self, int code, const auto*) {
-            static_cast<Impl*>(self)->fail(mosquitto_reason_string(code));
+            static_cast<Impl*>(self)->guarded(&Impl::fail, mosquitto_reason_string(code));
         });
         mosquitto_message_v5_callback_set(
             &client, [](mosquitto*, void* self, const mosquitto_message* message, const auto*) {
-                static_cast<Impl*>(self)->received(*message);
+                static_cast<Impl*>(self)->guarded(&Impl::received, *message);
             });
         if (!willTopic_.empty())
             mosquitto_will_set_v5(
@@ -215,9 +216,27 @@ private:
         return mosquitto_loop_misc(client_.get());
     }
 
+    // For all that the library calls: it holds its locks meanwhile and would never give them back to an exception.
+    template <class... Parameters, class... Arguments>
+    void guarded(void (Impl::*action)(Parameters...), const Arguments&... arguments) noexcept
+    try {
+        (this->*action)(arguments...);
+    } catch (...) {
+        if (!thrown_) thrown_ = std::current_exception();
+        fail("a message could not be taken");
+    }
+
     void fail(std::string_view reason)
     {
         if (failure_.empty()) failure_ = reason;
+    }
+
+    void dropWhatFailed()
+    {
+        if (failure_.empty()) return;
+        const std::exception_ptr thrown = std::exchange(thrown_, nullptr);
+        drop(std::string{failure_});
+        if (thrown) std::rethrow_exception(thrown);
     }
 
     void connected(int code)
@@ -250,7 +269,7 @@ private:
         const std::string_view payload{
             static_cast<const char*>(message.payload), static_cast<std::size_t>(message.payloadlen)};
         // A broker may send retained messages before it has told that the subscription is in force.
-        if (receiver_) receiver_->received(message.topic, payload, message.retain);
+        if (receiver_ && failure_.empty()) receiver_->received(message.topic, payload, message.retain);
     }
 
     BrokerLinkSettings settings_;
@@ -263,6 +282,7 @@ private:
     bool subscribed_ = false;
     bool up_ = false;
     std::string failure_; // of the present client, which the next poll drops
+    std::exception_ptr thrown_; // by the receiver, with a failure
     std::string trouble_;
     int retry_; // milliseconds
     std::int64_t nextTry_;

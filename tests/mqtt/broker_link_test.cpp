@@ -133,6 +133,37 @@ TEST_F(BrokerLinks, ComeBackWithNothingOfBefore)
     EXPECT_EQ(sender.receiver.ups, 2);
 }
 
+TEST_F(BrokerLinks, SurviveAReceiverThatThrows)
+{
+    struct Choosy : Receiver {
+        void received(std::string_view topic, std::string_view payload, bool retained) override
+        {
+            if (payload == "bad") throw basic::Error{13, "receiver", "no taste for this"};
+            Receiver::received(topic, payload, retained);
+        }
+    } receiver;
+    mqtt::BrokerLink link{{.address = broker.address(), .client = "a", .firstRetryMilliseconds = 20}};
+    link.start(receiver, {"to/a"});
+    Client sender{broker.address(), "b", {}};
+    ASSERT_TRUE(until([&] { return link.isUp() && sender.link.isUp(); }, {&link, &sender.link}));
+    for (const char* payload : {"good", "bad", "after"})
+        ASSERT_TRUE(sender.link.publish("to/a", payload, mqtt::Link::Keep::No, 0));
+    std::string thrown;
+    try {
+        until([] { return false; }, {&link, &sender.link});
+    } catch (const basic::Error& error) {
+        thrown = error.description;
+    }
+    EXPECT_EQ(thrown, "no taste for this");
+    EXPECT_FALSE(link.isUp());
+    EXPECT_EQ(link.descriptor(), -1);
+    EXPECT_EQ(receiver.downs.size(), 1U);
+    ASSERT_TRUE(until([&] { return link.isUp(); }, {&link, &sender.link}));
+    ASSERT_TRUE(sender.link.publish("to/a", "again", mqtt::Link::Keep::No, 0));
+    ASSERT_TRUE(until([&] { return receiver.messages.size() == 2; }, {&link, &sender.link}));
+    EXPECT_EQ(receiver.messages, (std::vector<std::string>{"to/a=good", "to/a=again"}));
+}
+
 TEST(EncryptedBroker, TakesWhoeverHasACertificateAndProvesItself)
 {
     MosquittoProcess broker;
