@@ -22,6 +22,12 @@ std::int16_t VariableDescription::levelOf(std::size_t element) const
     return levels[std::min(element, levels.size() - 1)];
 }
 
+bool VariableDescription::hasBits() const
+{
+    return !type.array
+        && (type.element == basic::VariantType::Int16 || type.element == basic::VariantType::Int32);
+}
+
 Description::Description(std::vector<VariableDescription> variables)
 {
     for (VariableDescription& variable : variables) {

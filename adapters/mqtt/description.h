@@ -36,6 +36,7 @@ struct VariableDescription {
     // A value of this type and length, of zeros or empty texts.
     basic::Variant blank() const;
     std::int16_t levelOf(std::size_t element) const;
+    bool hasBits() const; // one whole number, whose bits may have levels of their own
 
     friend bool operator==(const VariableDescription&, const VariableDescription&) = default;
 };

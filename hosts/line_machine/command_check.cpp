@@ -41,7 +41,7 @@ std::optional<double> limit(const mqtt::Limit& limit, std::size_t i, const Comma
 
 bool hasLevelsOfBits(const mqtt::VariableDescription& description)
 {
-    return !description.type.array && description.levels.size() > 1;
+    return description.hasBits() && description.levels.size() > 1;
 }
 
 // Of a whole number with a level for each bit: nothing when the bits that change may.

@@ -203,11 +203,8 @@ void Controller::carryOut(const Work& work)
         --faults_.silent;
         return;
     }
-    Verdict verdict = judge(work.command, {description_, store_, epoch_, time()});
-    if (verdict.outcome == mqtt::Outcome::Done && isAbsent(work.command.name))
-        verdict = {mqtt::Outcome::Absent, {}, {}};
+    const Verdict verdict = judgeAndWrite(work.command);
     if (verdict.outcome == mqtt::Outcome::Done) {
-        store_.write(work.command.name, verdict.value, machine::Writer::Host);
         const std::size_t variable = *description_.indexOf(work.command.name);
         variables_[variable].changed = false;
         variables_[variable].sentAt = clock_();
@@ -219,6 +216,18 @@ void Controller::carryOut(const Work& work)
         return note(work, verdict.outcome);
     }
     answer(work, verdict);
+}
+
+Verdict Controller::judgeAndWrite(const mqtt::Command& command)
+try {
+    Verdict verdict = judge(command, {description_, store_, epoch_, time()});
+    if (verdict.outcome != mqtt::Outcome::Done) return verdict;
+    if (isAbsent(command.name)) return {mqtt::Outcome::Absent, {}, {}};
+    store_.write(command.name, verdict.value, machine::Writer::Host);
+    return verdict;
+} catch (const basic::Error& error) {
+    return {
+        mqtt::Outcome::WrongType, error.description, {}}; // the store holds another type than was described
 }
 
 void Controller::note(const Work& work, mqtt::Outcome outcome)

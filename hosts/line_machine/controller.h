@@ -83,6 +83,7 @@ private:
     void answerGet(std::string_view topic, std::string_view payload);
     void takeCommand(const std::string& panel, mqtt::Command command);
     void carryOut(const Work& work);
+    Verdict judgeAndWrite(const mqtt::Command& command);
     void note(const Work& work, mqtt::Outcome outcome);
     void answer(const Work& work, const Verdict& verdict);
     void makeFaults();

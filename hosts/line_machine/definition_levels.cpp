@@ -14,7 +14,8 @@ constexpr std::size_t switchBits = 4;
 
 std::size_t countOf(const mqtt::VariableDescription& variable)
 {
-    return variable.type.array ? variable.length : switchBits;
+    if (variable.type.array) return variable.length;
+    return variable.hasBits() ? switchBits : 1;
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "line_machine/definition_levels.h"
 #include "line_machine/faults.h"
 #include "line_machine/machine_description.h"
+#include "mqtt/messages.h"
 #include "mqtt/protocol_error.h"
 
 #include <gtest/gtest.h>
@@ -76,6 +77,23 @@ TEST(MachineDescription, TakesLevelsFromTheDefinitions)
         << "a level that cannot be read opens nothing";
     EXPECT_EQ(variable(description, "servo_schalt").levels, (std::vector<std::int16_t>{0, 0, 4, 0}));
     EXPECT_TRUE(variable(description, "servo_diag").levels.empty());
+}
+
+TEST(MachineDescription, OnlyWholeNumbersHaveLevelsOfBits)
+{
+    for (const basic::Variant& value : {basic::Variant{0.0}, basic::Variant{"ready"}}) {
+        machine::VariableStore store;
+        store.declare(start + "servo_schalt_12>", value);
+        jet::DefinitionRow row;
+        row.variable = start + "servo_schalt_12>";
+        row.element = std::int16_t{0};
+        row.pass = std::int16_t{3};
+        const mqtt::Description description = withLevels(describeMachine(store, "M1"), {row});
+        EXPECT_EQ(variable(description, "servo_schalt").levels, (std::vector<std::int16_t>{3}));
+        for (const mqtt::DescriptionPart& part : mqtt::partsOf(description))
+            EXPECT_NO_THROW(mqtt::readDescriptionPart("pm/v1/M1/desc/0", mqtt::write(part)))
+                << "panels take it";
+    }
 }
 
 TEST(CommandLine, SaysWhatIsWrong)

@@ -95,6 +95,14 @@ TEST_F(Writing, WhatIsReadOnlyOrUnknownIsRefused)
     EXPECT_TRUE(controller.seen().empty());
 }
 
+TEST_F(Writing, AControllerThatDescribedATypeItDoesNotHoldSaysSo)
+{
+    store.declare(flag, basic::doubles({1})); // described as one whole number
+    EXPECT_EQ(writing(flag, std::int16_t{1}), Outcome::WrongType);
+    EXPECT_EQ(controller.seen().size(), 1U);
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::Done) << "and goes on";
+}
+
 TEST_F(Writing, AChangeBySomebodyElseIsNotOverwritten)
 {
     variables.ReadValue(para);
