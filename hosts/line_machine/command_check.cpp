@@ -4,6 +4,7 @@
 #include "basic/error.h"
 #include "mqtt/value_coding.h"
 
+#include <cmath>
 #include <optional>
 #include <variant>
 
@@ -44,12 +45,12 @@ bool hasLevelsOfBits(const mqtt::VariableDescription& description)
     return description.hasBits() && description.levels.size() > 1;
 }
 
-// Of a whole number with a level for each bit: nothing when the bits that change may.
+// Of a whole number with a level for each bit: nothing when the bits that change may, of a signal those that are set.
 std::optional<Verdict> judgeBits(const Variant& wanted, const Variant& old, std::int16_t level,
     const mqtt::VariableDescription& description)
 {
-    std::uint32_t bits =
-        static_cast<std::uint32_t>(basic::toInt32(wanted)) ^ static_cast<std::uint32_t>(basic::toInt32(old));
+    auto bits = static_cast<std::uint32_t>(basic::toInt32(wanted));
+    if (!description.signal) bits ^= static_cast<std::uint32_t>(basic::toInt32(old));
     for (std::size_t bit = 0; bits != 0; ++bit, bits >>= 1) {
         if ((bits & 1) == 0 || level >= description.levelOf(bit)) continue;
         return Verdict{Outcome::LevelTooLow,
@@ -78,6 +79,8 @@ std::optional<Verdict> judgeElement(const Variant& wanted, std::size_t i, std::i
     const double value = basic::toDouble(wanted);
     const auto least = limit(description.least, i, context);
     const auto most = limit(description.most, i, context);
+    if ((least && std::isnan(*least)) || (most && std::isnan(*most)))
+        return Verdict{Outcome::OutOfRange, elementText(description, i) + "its limit is not known", {}};
     // Limits that contradict each other limit nothing, as in the drives.
     if (least && most && *least > *most) return {};
     if ((!least || value >= *least) && (!most || value <= *most)) return {};
@@ -104,7 +107,8 @@ Verdict judge(const mqtt::Command& command, const CommandContext& context)
     if (hasLevelsOfBits(description))
         if (const auto refusal = judgeBits(*wanted, *old, command.level, description)) return *refusal;
     for (std::size_t i = 0; i < countOf(*wanted); ++i) {
-        if (at(*wanted, i) == at(*old, i)) continue;
+        // What a signal says counts each time it is given, whatever it held before.
+        if (!description.signal && at(*wanted, i) == at(*old, i)) continue;
         if (const auto refusal = judgeElement(at(*wanted, i), i, command.level, description, context))
             return *refusal;
     }

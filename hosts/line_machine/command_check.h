@@ -24,8 +24,8 @@ struct Verdict {
     basic::Variant value; // to be stored when done
 };
 
-// Whether a command may be carried out. Level and range are looked at for the elements that it changes: what somebody
-// else once set is no reason to refuse him who touches something else.
+// Whether a command may be carried out. Level and range are looked at for the elements that it changes, of a signal for
+// all: what somebody else once set is no reason to refuse him who touches something else.
 Verdict judge(const mqtt::Command& command, const CommandContext& context);
 
 } // namespace servopanel::line_machine
