@@ -126,7 +126,13 @@ try {
 void BrokerVariables::takeAck(const Topic& topic, std::string_view payload)
 {
     Ack ack = readAck(topic.text(), payload);
-    if (!awaited_.empty() && ack.id == awaited_) answer_ = std::move(ack);
+    if (!awaited_ || ack.id != awaited_->id) return;
+    if (topic.machine != awaited_->machine)
+        throw ProtocolError{topic.text(), "answers a command to machine " + awaited_->machine};
+    // A restarted controller says that it is, and nothing else of a command to the one before.
+    if (ack.outcome == Outcome::Done && ack.epoch != awaited_->epoch)
+        throw ProtocolError{topic.text(), "has done a command of another epoch"};
+    answer_ = std::move(ack);
 }
 
 MachineImage* BrokerVariables::imageOf(std::string_view machine) const
@@ -157,9 +163,9 @@ basic::Variant BrokerVariables::ReadValue(std::string_view name)
     const Place place = find(name);
     if (const auto trouble = place.image->trouble(place.variable, clock_()))
         fail(trouble->outcome, name, trouble->reason);
-    const basic::Variant& value = place.image->held(place.variable)->value;
-    lastRead_.insert_or_assign(std::string{name}, value);
-    return value;
+    const Value& held = *place.image->held(place.variable);
+    lastRead_.insert_or_assign(std::string{name}, Read{held.value, held.epoch});
+    return held.value;
 }
 
 BrokerVariables::Standing BrokerVariables::standing(std::string_view name) const
@@ -207,15 +213,15 @@ void BrokerVariables::send(
     const auto read = lastRead_.find(name);
     const Value* const held = place.image->held(place.variable);
     if (read == lastRead_.end() && !held) fail(Outcome::Stale, name, "the machine has not sent it yet");
-    const basic::Variant old = read != lastRead_.end() ? read->second : held->value;
+    const Read old = read != lastRead_.end() ? read->second : Read{held->value, held->epoch};
     lastRead_.erase(name);
 
     // The machine may act until three quarters of the time; the rest is for reading again what became of it.
     const std::int64_t now = clock_();
     const std::int64_t span = std::int64_t{settings_.answerMilliseconds} * 3 / 4;
-    const Command command{session_ + std::to_string(++commands_), place.image->epoch(),
-        place.image->machineTime(now) + span, level_, name, toJson(old), toJson(value)};
-    awaited_ = command.id;
+    const Command command{session_ + std::to_string(++commands_), old.epoch,
+        place.image->machineTime(now) + span, level_, name, toJson(old.value), toJson(value)};
+    awaited_ = Awaited{command.id, place.image->machine(), command.epoch};
     answer_.reset();
     const int expireSeconds =
         (settings_.answerMilliseconds + millisecondsPerSecond - 1) / millisecondsPerSecond;
@@ -228,7 +234,7 @@ void BrokerVariables::send(
     waitForAnswer(now + span);
     std::optional<basic::Variant> heldNow;
     if (!answer_) heldNow = readAgain(place, name, command.deadline, now + settings_.answerMilliseconds);
-    awaited_.clear();
+    awaited_.reset();
     if (answer_) return conclude(place, description, value);
     gaveUp_ = confirms_ > 0;
     const Outcome outcome = !heldNow ? Outcome::NoAnswer

@@ -104,10 +104,19 @@ private:
     Clock clock_;
     std::vector<std::unique_ptr<MachineImage>> images_;
     std::map<std::string, std::int64_t> askedAt_; // by machine
-    std::map<std::string, basic::Variant, std::less<>> lastRead_; // since the last write of that variable
+    struct Read {
+        basic::Variant value;
+        std::int64_t epoch = 0;
+    };
+    std::map<std::string, Read, std::less<>> lastRead_; // since the last write of that variable
     std::string session_; // start of all ids
     std::int64_t commands_ = 0;
-    std::string awaited_; // id of the command under way
+    struct Awaited {
+        std::string id;
+        std::string machine;
+        std::int64_t epoch = 0;
+    };
+    std::optional<Awaited> awaited_; // the command under way
     std::optional<Ack> answer_; // to it
     std::int64_t brokenLinks_ = 0;
     int confirms_ = 0; // within each other

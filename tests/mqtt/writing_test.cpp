@@ -265,6 +265,53 @@ TEST_F(Writing, ARestartMeanwhileIsRefusedOrUnknown)
     EXPECT_EQ(held(), unchanged);
 }
 
+TEST_F(Writing, WhatWasReadBeforeARestartIsNotWrittenAfterIt)
+{
+    variables.ReadValue(para);
+    controller.orderFault(R"({"fault":"restart"})");
+    pass(3000); // the panel knows the new epoch, and that the value is the same
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::Restarted);
+    EXPECT_EQ(held(), unchanged);
+    variables.ReadValue(para);
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::Done);
+}
+
+TEST_F(Writing, OnlyTheMachineOfThisEpochHasDoneIt)
+{
+    // Somebody answers in the place of a controller that is silent.
+    std::string machine;
+    std::int64_t epoch = 0;
+    std::string code = "done";
+    std::size_t answered = 0;
+    TestLink otherMachine{net};
+    mqtt::BrokerVariables two{{.panel = "P2", .machines = {"M1", "M2"}}, otherMachine, clock};
+    net.others = [&] {
+        controller.poll(0);
+        if (controller.seen().size() <= answered) return;
+        answered = controller.seen().size();
+        const std::string answer = R"({"id":")" + controller.seen().back().command.id + R"(","epoch":)"
+            + std::to_string(epoch) + R"(,"time":1,"code":")" + code + R"(","value":[7,5,5],"seq":99})";
+        otherMachine.offer("pm/v1/" + machine + "/ack/P2", answer, false);
+    };
+    two.setLevel(5);
+    for (int i = 0; i < 50; ++i)
+        two.poll(10);
+    controller.orderFault(R"({"fault":"silent","times":100})");
+    const auto outcome = [&](const std::string& ofMachine, std::int64_t ofEpoch) {
+        machine = ofMachine;
+        epoch = ofEpoch;
+        return outcomeOf([&] { two.WriteValue(para, setpoints(7)); });
+    };
+    EXPECT_EQ(outcome("M1", 7), Outcome::NoAnswerNotWritten) << "another epoch";
+    EXPECT_EQ(outcome("M2", controller.epoch()), Outcome::NoAnswerNotWritten) << "another machine";
+    EXPECT_EQ(two.takeProtocolErrors(),
+        (std::vector<std::string>{"pm/v1/M1/ack/P2: has done a command of another epoch",
+            "pm/v1/M2/ack/P2: answers a command to machine M1"}));
+    code = "restarted";
+    EXPECT_EQ(outcome("M1", 7), Outcome::Restarted);
+    EXPECT_EQ(held(), unchanged);
+}
+
 TEST_F(Writing, AnswersToOthersAreNotOurs)
 {
     controller.orderFault(R"({"fault":"silent"})");
