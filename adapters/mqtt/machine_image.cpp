@@ -10,6 +10,7 @@ namespace servopanel::mqtt {
 namespace {
 
 constexpr std::size_t mostVariables = 10'000; // of a machine
+constexpr std::int64_t driftShare = 1000; // two clocks differ by less than one part of so many
 constexpr std::size_t mostNamesInWish = 50; // all values cost less than a longer list of names
 
 std::string seconds(std::int64_t milliseconds)
@@ -36,7 +37,8 @@ void MachineImage::linkDown(std::string_view reason)
 {
     linkUp_ = false;
     linkTrouble_ = reason;
-    heartbeat_.reset();
+    beats_ = false;
+    leastOffset_.reset();
     for (Variable& variable : variables_)
         variable.current = false;
 }
@@ -137,20 +139,47 @@ void MachineImage::store(std::size_t index, Value value)
 
 void MachineImage::takeHeartbeat(Heartbeat heartbeat, std::int64_t now)
 {
-    if (state_ && description_ && describedHash_ == state_->hash && heartbeat.epoch == state_->epoch) {
-        if (heartbeat.sequences.size() != variables_.size())
-            throw ProtocolError{Topic{machine_, "hb", {}}.text(),
-                "counts " + std::to_string(heartbeat.sequences.size()) + " variables, the description has "
-                    + std::to_string(variables_.size())};
-        for (std::size_t i = 0; i < variables_.size(); ++i) {
-            const std::int64_t ours = variables_[i].value ? variables_[i].value->sequence : 0;
-            const std::int64_t theirs = heartbeat.sequences[i];
-            variables_[i].current = variables_[i].value && theirs <= ours;
-            if (theirs > ours) wants_.insert(i);
-        }
-    }
+    const bool sameEpoch = heartbeat_ && heartbeat_->epoch == heartbeat.epoch;
+    // One that stood in a queue, or comes again, says nothing of now.
+    if (sameEpoch && heartbeat.time <= heartbeat_->time) return;
+    if (state_ && description_ && describedHash_ == state_->hash && heartbeat.epoch == state_->epoch)
+        compareSequences(heartbeat);
+    if (!sameEpoch) leastOffset_.reset();
+    measureDelay(heartbeat.time, now);
     heartbeat_ = std::move(heartbeat);
     heartbeatAt_ = now;
+    beats_ = true;
+}
+
+void MachineImage::compareSequences(const Heartbeat& heartbeat)
+{
+    if (heartbeat.sequences.size() != variables_.size())
+        throw ProtocolError{Topic{machine_, "hb", {}}.text(),
+            "counts " + std::to_string(heartbeat.sequences.size()) + " variables, the description has "
+                + std::to_string(variables_.size())};
+    for (std::size_t i = 0; i < variables_.size(); ++i) {
+        Variable& variable = variables_[i];
+        const std::int64_t ours = variable.value ? variable.value->sequence : 0;
+        const std::int64_t theirs = heartbeat.sequences[i];
+        // Messages keep their order: what is ahead of a later heartbeat never was the machine's.
+        if (theirs < ours) variable.value.reset();
+        variable.current = variable.value && theirs == ours;
+        if (theirs != ours) wants_.insert(i);
+    }
+}
+
+void MachineImage::measureDelay(std::int64_t time, std::int64_t now)
+{
+    const std::int64_t offset = now - time;
+    if (leastOffset_ && offset > *leastOffset_ + (now - leastOffsetAt_) / driftShare) return;
+    leastOffset_ = offset;
+    leastOffsetAt_ = now;
+}
+
+std::int64_t MachineImage::heartbeatAge(std::int64_t now) const
+{
+    const std::int64_t drift = (now - leastOffsetAt_) / driftShare;
+    return std::max(now - heartbeatAt_, now - (heartbeat_->time + *leastOffset_ + drift));
 }
 
 std::optional<MachineImage::Trouble> MachineImage::trouble(std::int64_t now) const
@@ -166,9 +195,12 @@ std::optional<MachineImage::Trouble> MachineImage::trouble(std::int64_t now) con
     if (!state_) return none(" has never been connected to the broker");
     if (!state_->up) return none(" is not connected to the broker");
     if (!description_ || describedHash_ != state_->hash) return none(" has not described its variables yet");
-    if (!heartbeat_) return none(" has no heartbeat yet");
+    if (!heartbeat_ || !beats_) return none(" has no heartbeat yet");
     if (now - heartbeatAt_ > heartbeatLimit_)
         return none(std::string{" has had no heartbeat for "}.append(seconds(now - heartbeatAt_)));
+    if (const std::int64_t age = heartbeatAge(now); age > heartbeatLimit_)
+        return none(
+            std::string{" sends too late: its latest heartbeat is "}.append(seconds(age)).append(" old"));
     if (heartbeat_->epoch != state_->epoch) return none(" is just restarting");
     return {};
 }

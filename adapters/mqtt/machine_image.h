@@ -17,7 +17,7 @@ namespace servopanel::mqtt {
 // broker brings; asks nobody and knows no clock. "now" is the panel's time in milliseconds.
 class MachineImage {
 public:
-    // heartbeatLimit: milliseconds after which a missing heartbeat makes all values stale.
+    // heartbeatLimit: milliseconds after which the latest heartbeat is too old and all values are stale.
     MachineImage(std::string machine, std::int64_t heartbeatLimit);
 
     const std::string& machine() const { return machine_; }
@@ -44,7 +44,7 @@ public:
     // description; one that a new description no longer has is no mistake.
     const Value* held(std::size_t variable) const;
     std::int64_t epoch() const { return state_ ? state_->epoch : 0; }
-    // The controller's time at least, from its latest heartbeat.
+    // The controller's time at least, from its latest heartbeat; never later than it really is.
     std::int64_t machineTime(std::int64_t now) const;
 
     // What should be asked for, because the connection or the epoch is new or something was lost; nothing when all is
@@ -62,6 +62,10 @@ private:
     void takePart(DescriptionPart part);
     void takeValue(const Topic& topic, std::string_view payload);
     void takeHeartbeat(Heartbeat heartbeat, std::int64_t now);
+    void compareSequences(const Heartbeat& heartbeat);
+    void measureDelay(std::int64_t time, std::int64_t now);
+    // How long ago the controller made its latest heartbeat, at least.
+    std::int64_t heartbeatAge(std::int64_t now) const;
     void assemble();
     void forgetValues();
     void store(std::size_t variable, Value value);
@@ -75,8 +79,13 @@ private:
     std::string describedHash_;
     std::optional<Description> description_;
     std::vector<Variable> variables_; // as in the description
-    std::optional<Heartbeat> heartbeat_; // of this connection
+    std::optional<Heartbeat> heartbeat_; // the latest
+    bool beats_ = false; // heartbeat_ came on this connection
     std::int64_t heartbeatAt_ = 0; // panel's time
+    // Panel's time less controller's time of the heartbeat that was on its way for the shortest time, on this connection
+    // and in this epoch, and when that came.
+    std::optional<std::int64_t> leastOffset_;
+    std::int64_t leastOffsetAt_ = 0;
     bool wantsAll_ = false;
     std::set<std::size_t> wants_;
 };

@@ -204,6 +204,61 @@ TEST_F(Reading, WhatIsNotOfThisTimeIsIgnored)
     EXPECT_EQ(numbers(para), (std::vector<double>{5, 5, 5}));
     offer(epoch, 900, false);
     EXPECT_EQ(numbers(para), (std::vector<double>{8, 8, 8}));
+    // The next heartbeat knows of no 900 changes.
+    store.write(para, basic::doubles({3, 3, 3}), machine::Writer::Machine);
+    pass(3000);
+    EXPECT_EQ(numbers(para), (std::vector<double>{3, 3, 3}));
+}
+
+TEST_F(Reading, AHeartbeatThatIsOldOrComesAgainMakesNothingGood)
+{
+    std::vector<std::string> beats; // of a broker that holds everything back
+    const std::size_t variablesOfMachine = description.variables().size();
+    const auto heartbeat = [&](std::int64_t time) {
+        std::string beat = R"({"epoch":)" + std::to_string(controller.epoch()) + R"(,"time":)"
+            + std::to_string(time) + R"(,"seq":[1)";
+        for (std::size_t i = 1; i < variablesOfMachine; ++i)
+            beat += ",1";
+        return beat + "]}";
+    };
+    net.loses = [](const std::string& topic) { return topic.starts_with("pm/v1/M1/"); };
+    const std::string same = heartbeat(controller.time());
+    pass(1000);
+    panelLink.offer("pm/v1/M1/hb", same, false);
+    variables.poll(0);
+    EXPECT_EQ(reading(para), Outcome::Done);
+    for (int i = 0; i < 20; ++i) {
+        beats.push_back(heartbeat(controller.time()));
+        pass(500);
+        panelLink.offer("pm/v1/M1/hb", same, false);
+        variables.poll(0);
+    }
+    EXPECT_EQ(reading(para), Outcome::NoConnection) << "the same heartbeat for 10 s";
+    for (std::size_t i = 0; i + 3 < beats.size(); ++i) {
+        panelLink.offer("pm/v1/M1/hb", beats[i], false);
+        variables.poll(0);
+        EXPECT_EQ(reading(para), Outcome::NoConnection) << "heartbeat " << i << " of 20";
+        EXPECT_NE(text.find("its latest heartbeat is "), std::string::npos) << text;
+    }
+    EXPECT_FALSE(variables.isLive("M1"));
+    panelLink.offer("pm/v1/M1/hb", beats.back(), false);
+    variables.poll(0);
+    EXPECT_EQ(reading(para), Outcome::Done) << "the latest of them is 0.5 s old";
+}
+
+TEST_F(Reading, AClockThatDriftsMakesNothingStale)
+{
+    // The controller's clock loses 0.5 ms in a second, for three hours.
+    mqtt::MachineImage image{"M1", 1500};
+    image.linkUp();
+    image.receive({"M1", "state", ""}, R"({"up":true,"epoch":1,"hash":"x"})", true, 0);
+    image.receive({"M1", "desc", "0"}, R"({"hash":"x","part":0,"parts":1,"variables":[]})", true, 0);
+    for (std::int64_t now = 0; now < 3 * 3'600'000; now += 500) {
+        const std::string time = std::to_string(now - now / 2000);
+        image.receive({"M1", "hb", ""}, R"({"epoch":1,"time":)" + time + R"(,"seq":[]})", false, now);
+        ASSERT_FALSE(image.trouble(now + 1400)) << now;
+        ASSERT_TRUE(image.trouble(now + 1501)) << now;
+    }
 }
 
 TEST_F(Reading, RubbishChangesNothingAndIsTold)
