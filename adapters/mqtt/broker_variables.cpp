@@ -279,8 +279,7 @@ void BrokerVariables::conclude(
     std::optional<basic::Variant> readBack;
     if (!ack.value.is_null()) readBack = fromJson(ack.value, description);
     if (readBack)
-        place.image->takeReadBack(
-            place.variable, {ack.epoch, ack.sequence, ack.time, *readBack, {Quality::Good}, {}});
+        place.image->takeReadBack(place.variable, {ack.epoch, ack.sequence, ack.time, *readBack, {}, {}});
     if (ack.outcome != Outcome::Done) {
         std::string reason{describe(ack.outcome)};
         if (!ack.text.empty()) reason.append(": ").append(ack.text);

@@ -120,9 +120,14 @@ void MachineImage::takeValue(const Topic& topic, std::string_view payload)
 void MachineImage::takeReadBack(std::size_t variable, Value value)
 {
     if (!state_ || value.epoch != state_->epoch || variable >= variables_.size()) return;
-    // A value message of the same change says more: it has the quality of the elements.
     const Value* const known = held(variable);
-    if (!known || value.sequence > known->sequence) store(variable, std::move(value));
+    if (known && value.sequence <= known->sequence) return;
+    // The value message of this change was lost, and with it the quality of the elements. So far none is better.
+    wants_.insert(variable);
+    if (!known) return;
+    value.qualities = known->qualities;
+    value.reason = known->reason;
+    store(variable, std::move(value));
 }
 
 void MachineImage::store(std::size_t index, Value value)

@@ -26,7 +26,7 @@ public:
     void linkDown(std::string_view reason);
     // Takes state, desc, val and hb of this machine. Throws ProtocolError; the message then counts as never received.
     void receive(const Topic& topic, std::string_view payload, bool retained, std::int64_t now);
-    // What an ack read back.
+    // What an ack read back. The qualities stay what they were.
     void takeReadBack(std::size_t variable, Value value);
 
     struct Trouble {

@@ -88,6 +88,23 @@ TEST_F(Writing, ADoubtfulElementStaysDoubtfulAfterAWrite)
     EXPECT_EQ(reading(para), Outcome::Bad);
 }
 
+TEST_F(Writing, AnAnswerAloneMakesNoElementBetter)
+{
+    controller.orderFault(R"({"fault":"doubt","name":")" + flag + R"("})");
+    pass(300);
+    ASSERT_EQ(reading(flag), Outcome::Bad);
+    pass(1000);
+    panelLink.published.clear();
+    net.loses = [&](const std::string& topic) {
+        return topic == "pm/v1/M1/val/" + flag || topic == "pm/v1/M1/hb";
+    };
+    EXPECT_EQ(writing(flag, std::int16_t{1}), Outcome::Done);
+    EXPECT_EQ(reading(flag), Outcome::Bad);
+    pass(100);
+    EXPECT_EQ(panelLink.published, (std::vector<std::string>{"pm/v1/M1/cmd/P1", "pm/v1/M1/get/P1"}))
+        << "asked for, before a heartbeat counts it";
+}
+
 TEST_F(Writing, WhatIsReadOnlyOrUnknownIsRefused)
 {
     EXPECT_EQ(writing(diagnosis, setpoints(1)), Outcome::ReadOnly);
