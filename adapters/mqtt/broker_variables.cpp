@@ -160,6 +160,8 @@ BrokerVariables::Place BrokerVariables::find(std::string_view name) const
 
 basic::Variant BrokerVariables::ReadValue(std::string_view name)
 {
+    // What was read before is no ground for a write once the value is not known any more.
+    if (const auto read = lastRead_.find(name); read != lastRead_.end()) lastRead_.erase(read);
     const Place place = find(name);
     if (const auto trouble = place.image->trouble(place.variable, clock_()))
         fail(trouble->outcome, name, trouble->reason);
@@ -203,6 +205,10 @@ void BrokerVariables::WriteValue(std::string_view name, const basic::Variant& va
     if (gaveUp_) fail(Outcome::NotSentAfterNoAnswer, name, describe(Outcome::NotSentAfterNoAnswer));
     if (const auto trouble = place.image->trouble(clock_())) fail(trouble->outcome, name, trouble->reason);
     if (!link_.isUp()) fail(Outcome::NoConnection, name, "no connection to the broker");
+    // Nobody knows what would be overwritten; a signal overwrites nothing.
+    if (!description.signal)
+        if (const auto trouble = place.image->trouble(place.variable, clock_()))
+            fail(trouble->outcome, name, trouble->reason);
     send(place, description, wanted);
 }
 

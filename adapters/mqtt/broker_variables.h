@@ -44,7 +44,8 @@ public:
     basic::Variant ReadValue(std::string_view name) override;
 
     // Returns when the machine has confirmed and what it read back is equal. Sent once, only on a live connection with
-    // a good heartbeat; the machine does nothing after the deadline. Fails with an Outcome; see isRefused, isUnknown.
+    // a good heartbeat and, but for a signal, when the value there is good; the machine does nothing after the deadline.
+    // Fails with an Outcome; see isRefused, isUnknown.
     void WriteValue(std::string_view name, const basic::Variant& value) override;
 
     // The writes of one confirm. While it lives, the first of them that is not answered makes the rest fail at once, so

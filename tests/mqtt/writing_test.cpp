@@ -139,6 +139,31 @@ TEST_F(Writing, TheImageMayHaveTheChangeThatWasNotReadYet)
     EXPECT_EQ(writing(para, setpoints(7)), Outcome::ChangedMeanwhile);
 }
 
+TEST_F(Writing, NothingIsOverwrittenThatIsNotKnown)
+{
+    variables.ReadValue(para);
+    controller.orderFault(R"({"fault":"doubt","name":")" + para + R"("})");
+    pass(300);
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::Bad) << "though it was good when it was read";
+    EXPECT_EQ(reading(para), Outcome::Bad);
+    controller.orderFault(R"({"fault":"none"})");
+    pass(300);
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::Done);
+
+    controller.orderFault(R"({"fault":"torn","times":8})");
+    store.write(para, basic::doubles({1, 2, 3}), machine::Writer::Machine);
+    Outcome outcome = Outcome::Done;
+    for (int i = 0; i < 100 && outcome == Outcome::Done; ++i) {
+        variables.poll(10);
+        outcome = reading(para);
+    }
+    ASSERT_EQ(outcome, Outcome::Stale);
+    const std::size_t seen = controller.seen().size();
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::Stale);
+    EXPECT_EQ(controller.seen().size(), seen);
+    EXPECT_EQ(writing(flag, std::int16_t{1}), Outcome::Done) << "a signal overwrites nothing";
+}
+
 TEST_F(Writing, ASignalCanBeGivenAgain)
 {
     EXPECT_EQ(writing(flag, std::int16_t{1}), Outcome::Done);
