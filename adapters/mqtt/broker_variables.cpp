@@ -4,6 +4,7 @@
 #include "machine/variable_conversion.h"
 #include "mqtt/protocol_error.h"
 #include "mqtt/value_coding.h"
+#include "portable/text_decoding.h"
 
 #include <algorithm>
 #include <cmath>
@@ -32,11 +33,14 @@ bool isFinite(const basic::Variant& value)
     return true;
 }
 
-// The controller would throw the whole command away, and the panel would wait for an answer.
-bool isTooLong(const basic::Variant& value)
+// What keeps a text from arriving as it is: the controller would throw the whole command away, and the panel would wait
+// for an answer. Empty when nothing does.
+std::string_view problemOfText(const basic::Variant& value)
 {
     const auto* const text = value.get<std::string>();
-    return text && text->size() > Bounds{}.textBytes;
+    if (!text) return {};
+    if (text->size() > Bounds{}.textBytes) return "the text is longer than a message may hold";
+    return portable::isUtf8(*text) ? std::string_view{} : "the text is not UTF-8";
 }
 
 // Differs from that of the panel's last start, so that a late answer to that one is not taken for ours.
@@ -200,7 +204,8 @@ void BrokerVariables::WriteValue(std::string_view name, const basic::Variant& va
     const VariableDescription description = place.image->description()->variables()[place.variable];
     const basic::Variant wanted = machine::convertedToDeclared(name, description.blank(), value);
     if (!isFinite(wanted)) fail(Outcome::OutOfRange, name, "the value is not a finite number");
-    if (isTooLong(wanted)) fail(Outcome::OutOfRange, name, "the text is longer than a message may hold");
+    if (const auto problem = problemOfText(wanted); !problem.empty())
+        fail(Outcome::OutOfRange, name, problem);
     if (!description.writable) fail(Outcome::ReadOnly, name, describe(Outcome::ReadOnly));
     if (gaveUp_) fail(Outcome::NotSentAfterNoAnswer, name, describe(Outcome::NotSentAfterNoAnswer));
     if (const auto trouble = place.image->trouble(clock_())) fail(trouble->outcome, name, trouble->reason);
@@ -227,12 +232,15 @@ void BrokerVariables::send(
     const std::int64_t span = std::int64_t{settings_.answerMilliseconds} * 3 / 4;
     const Command command{session_ + std::to_string(++commands_), old.epoch,
         place.image->machineTime(now) + span, level_, name, toJson(old.value), toJson(value)};
+    const std::string payload = write(command);
+    if (payload.size() > Bounds{}.bytes)
+        fail(Outcome::OutOfRange, name, "old and new value are longer than a message may hold");
     awaited_ = Awaited{command.id, place.image->machine(), command.epoch};
     answer_.reset();
     const int expireSeconds =
         (settings_.answerMilliseconds + millisecondsPerSecond - 1) / millisecondsPerSecond;
-    if (!link_.publish(Topic{place.image->machine(), "cmd", settings_.panel}.text(), write(command),
-            Link::Keep::No, expireSeconds)) {
+    if (!link_.publish(Topic{place.image->machine(), "cmd", settings_.panel}.text(), payload, Link::Keep::No,
+            expireSeconds)) {
         // It may have been given to the connection in part: that connection must end.
         link_.drop("a command could not be sent");
         fail(Outcome::NoConnection, name, "no connection to the broker, nothing was sent");

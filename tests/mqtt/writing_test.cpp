@@ -42,8 +42,35 @@ TEST_F(Writing, ConvertsToTheVariablesOwnType)
     EXPECT_EQ(writing(switches, 1e10), Outcome::OutOfRange);
     EXPECT_EQ(writing(para, setpoints(std::numeric_limits<double>::infinity())), Outcome::OutOfRange);
     EXPECT_EQ(writing("text", std::string(1025, 'x')), Outcome::OutOfRange);
+    EXPECT_EQ(writing("text", "Gr\xf6\xdf\x65"), Outcome::OutOfRange);
+    EXPECT_EQ(text, "Process variable 'text': the text is not UTF-8");
     EXPECT_EQ(controller.seen().size(), 1U) << "what cannot be meant is not sent";
     EXPECT_EQ(writing("text", std::string(1024, 'x')), Outcome::Done);
+}
+
+TEST_F(Writing, ACommandLongerThanAMessageIsNotSent)
+{
+    // One such array fits into a message, old and new value together do not.
+    std::vector<double> many(8000, 1 / 3.0);
+    machine::VariableStore big;
+    big.declare("many", basic::doubles(many));
+    mqtt::VariableDescription variable;
+    variable.name = "many";
+    variable.type = machine::typeOf(*big.find("many"));
+    variable.length = many.size();
+    variable.writable = true;
+    TestLink bigLink{net};
+    line_machine::Controller second{
+        {.machine = "M2", .epoch = 1}, mqtt::Description{{variable}}, big, bigLink, clock};
+    TestLink link{net};
+    mqtt::BrokerVariables two{{.panel = "P2", .machines = {"M2"}}, link, clock};
+    net.others = [&] { second.poll(0); };
+    for (int i = 0; i < 50; ++i)
+        two.poll(10);
+    ASSERT_EQ(two.ReadValue("many"), basic::doubles(many));
+    many.front() = 2;
+    EXPECT_EQ(outcomeOf([&] { two.WriteValue("many", basic::doubles(many)); }), Outcome::OutOfRange);
+    EXPECT_TRUE(second.seen().empty());
 }
 
 TEST_F(Writing, OutOfRangeIsRefusedWithTheLimit)
