@@ -6,6 +6,7 @@
 #include "mqtt/outcome.h"
 #include "platform/process_var_access.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -63,8 +64,8 @@ public:
     };
     ConfirmScope confirm() { return ConfirmScope{*this}; }
 
-    // The user's access level, which goes with every command. 0 at first.
-    void setLevel(std::int16_t level) { level_ = level; }
+    // The user's access level, which goes with every command. 0 at first; a negative one is 0, which opens least.
+    void setLevel(std::int16_t level) { level_ = std::max<std::int16_t>(level, 0); }
 
     // How far a value can be trusted, without reading it.
     struct Standing {

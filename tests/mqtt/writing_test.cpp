@@ -99,6 +99,13 @@ TEST_F(Writing, ALevelThatIsTooLowIsRefused)
     EXPECT_EQ(writing(para, setpoints(6)), Outcome::Done) << "other elements need less";
 }
 
+TEST_F(Writing, ANegativeLevelIsTheLowest)
+{
+    variables.setLevel(-1);
+    EXPECT_EQ(writing(para, setpoints(6)), Outcome::Done);
+    EXPECT_EQ(writing(para, basic::doubles({6, 6, 5})), Outcome::LevelTooLow);
+}
+
 TEST_F(Writing, EachBitOfASwitchWordHasItsLevel)
 {
     variables.setLevel(3);
