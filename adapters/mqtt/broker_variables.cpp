@@ -206,6 +206,7 @@ void BrokerVariables::WriteValue(std::string_view name, const basic::Variant& va
     if (!isFinite(wanted)) fail(Outcome::OutOfRange, name, "the value is not a finite number");
     if (const auto problem = problemOfText(wanted); !problem.empty())
         fail(Outcome::OutOfRange, name, problem);
+    if (settings_.viewing) fail(Outcome::ReadOnly, name, "this panel only looks on");
     if (!description.writable) fail(Outcome::ReadOnly, name, describe(Outcome::ReadOnly));
     if (gaveUp_) fail(Outcome::NotSentAfterNoAnswer, name, describe(Outcome::NotSentAfterNoAnswer));
     if (const auto trouble = place.image->trouble(clock_())) fail(trouble->outcome, name, trouble->reason);

@@ -20,6 +20,7 @@ namespace servopanel::mqtt {
 struct BrokerVariablesSettings {
     std::string panel; // name of this panel, its own among all panels of the broker
     std::vector<std::string> machines; // designations
+    bool viewing = false; // this panel only looks on: every write is ReadOnly and nothing is sent
     int answerMilliseconds = 1000; // what a write takes at most
     int heartbeatMilliseconds = 1500; // after so long without one all values are stale
     int snapshotMilliseconds = 1000; // between two requests for lost values

@@ -7,6 +7,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <exception>
 #include <filesystem>
 #include <iostream>
 #include <string>
@@ -76,5 +77,8 @@ try {
     return EXIT_SUCCESS;
 } catch (const basic::Error& error) {
     std::cerr << "servo-machine: " << error.description << '\n';
+    return EXIT_FAILURE;
+} catch (const std::exception& error) {
+    std::cerr << "servo-machine: " << error.what() << '\n';
     return EXIT_FAILURE;
 }

@@ -154,6 +154,20 @@ TEST_F(Writing, AControllerThatDescribedATypeItDoesNotHoldSaysSo)
     EXPECT_EQ(writing(para, setpoints(7)), Outcome::Done) << "and goes on";
 }
 
+TEST_F(Writing, APanelThatLooksOnSendsNothing)
+{
+    TestLink link{net};
+    mqtt::BrokerVariables viewer{{.panel = "P2", .machines = {"M1"}, .viewing = true}, link, clock};
+    for (int i = 0; i < 50; ++i)
+        viewer.poll(10);
+    EXPECT_EQ(viewer.ReadValue(para), setpoints(5));
+    const std::int64_t start = net.now;
+    EXPECT_EQ(outcomeOf([&] { viewer.WriteValue(para, setpoints(7)); }), Outcome::ReadOnly);
+    EXPECT_EQ(text, "Process variable '" + para + "': this panel only looks on");
+    EXPECT_EQ(net.now, start) << "nobody waits";
+    EXPECT_TRUE(controller.seen().empty());
+}
+
 TEST_F(Writing, AChangeBySomebodyElseIsNotOverwritten)
 {
     variables.ReadValue(para);
