@@ -148,6 +148,7 @@ MachineImage* BrokerVariables::imageOf(std::string_view machine) const
 
 BrokerVariables::Place BrokerVariables::find(std::string_view name) const
 {
+    Place place;
     const MachineImage* silent = nullptr;
     for (const auto& image : images_) {
         const Description* const description = image->description();
@@ -155,8 +156,19 @@ BrokerVariables::Place BrokerVariables::find(std::string_view name) const
             silent = image.get();
             continue;
         }
-        if (const auto variable = description->indexOf(name)) return {image.get(), *variable};
+        const auto variable = description->indexOf(name);
+        if (!variable) continue;
+        // Reads and writes of one machine must not go to another that takes its names.
+        if (place.image)
+            fail(Outcome::Bad, name,
+                std::string{"machines "}
+                    .append(place.image->machine())
+                    .append(" and ")
+                    .append(image->machine())
+                    .append(" both say that it is theirs"));
+        place = {image.get(), *variable};
     }
+    if (place.image) return place;
     if (silent)
         if (const auto trouble = silent->trouble(clock_())) fail(trouble->outcome, name, trouble->reason);
     throw machine::unknownVariable(name);
@@ -186,7 +198,9 @@ try {
         standing.elements = value->qualities;
     return standing;
 } catch (const basic::Error& error) {
-    return {Quality::Bad, static_cast<Outcome>(error.number), error.description, {}};
+    // Only what nobody has described yet may still turn out well.
+    const auto outcome = static_cast<Outcome>(error.number);
+    return {outcome == Outcome::NoConnection ? Quality::Stale : Quality::Bad, outcome, error.description, {}};
 }
 
 bool BrokerVariables::isLive(std::string_view machine) const

@@ -10,6 +10,7 @@ namespace servopanel::mqtt {
 namespace {
 
 constexpr std::size_t mostVariables = 10'000; // of a machine
+constexpr std::size_t mostElements = 500'000; // of all arrays of a machine
 constexpr std::int64_t driftShare = 1000; // two clocks differ by less than one part of so many
 constexpr std::size_t mostNamesInWish = 50; // all values cost less than a longer list of names
 
@@ -70,15 +71,21 @@ void MachineImage::takePart(DescriptionPart part)
 {
     // What is left of an earlier description with more parts must not displace anything.
     if (state_ && part.hash != state_->hash) return;
+    if (description_ && part.hash == describedHash_) return; // known, as after each connection
     const std::size_t number = part.part;
     parts_[number] = std::move(part);
     std::size_t variables = 0;
+    std::size_t elements = 0;
     for (const auto& known : parts_)
-        variables += known.second.variables.size();
-    if (variables > mostVariables) {
+        for (const VariableDescription& variable : known.second.variables) {
+            ++variables;
+            elements += variable.length;
+        }
+    if (variables > mostVariables || elements > mostElements) {
         parts_.clear();
         throw ProtocolError{Topic{machine_, "desc", std::to_string(number)}.text(),
-            "the description has more than " + std::to_string(mostVariables) + " variables"};
+            "the description has more than " + std::to_string(mostVariables) + " variables or "
+                + std::to_string(mostElements) + " elements"};
     }
     assemble();
 }

@@ -1,4 +1,5 @@
 #include "mqtt/machine_fixture.h"
+#include "mqtt/protocol_error.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -36,6 +37,53 @@ TEST_F(Reading, OfSeveralMachinesEachFailsByItself)
     EXPECT_TRUE(two.isLive("M1"));
     EXPECT_FALSE(two.isLive("M2"));
     EXPECT_FALSE(two.isLive("M3"));
+}
+
+TEST_F(Reading, ANameThatTwoMachinesDescribeIsNobodys)
+{
+    machine::VariableStore foreign;
+    TestLink foreignLink{net};
+    line_machine::Controller thief{
+        {.machine = "M2", .epoch = 1}, declareServo(foreign), foreign, foreignLink, clock};
+    net.others = [&] {
+        controller.poll(0);
+        thief.poll(0);
+    };
+    for (const std::vector<std::string>& machines :
+        {std::vector<std::string>{"M1", "M2"}, std::vector<std::string>{"M2", "M1"}}) {
+        TestLink link{net};
+        mqtt::BrokerVariables two{{.panel = "P2", .machines = machines}, link, clock};
+        for (int i = 0; i < 50; ++i)
+            two.poll(10);
+        EXPECT_EQ(outcomeOf([&] { two.ReadValue(para); }), Outcome::Bad);
+        EXPECT_NE(text.find(" both say that it is theirs"), std::string::npos) << text;
+        EXPECT_EQ(outcomeOf([&] { two.WriteValue(para, basic::doubles({1, 1, 1})); }), Outcome::Bad);
+        EXPECT_EQ(two.standing(para).quality, Quality::Bad);
+    }
+    EXPECT_TRUE(thief.seen().empty());
+    EXPECT_TRUE(controller.seen().empty());
+}
+
+TEST_F(Reading, WhatNobodyHasDescribedYetIsStale)
+{
+    TestLink link{net};
+    mqtt::BrokerVariables early{{.panel = "P2", .machines = {"M2"}}, link, clock};
+    EXPECT_EQ(early.standing(para).quality, Quality::Stale);
+    EXPECT_EQ(early.standing(para).outcome, Outcome::NoConnection);
+    EXPECT_EQ(variables.standing("no such").quality, Quality::Bad);
+}
+
+TEST(MachineImage, TakesNoMoreElementsThanItsBounds)
+{
+    mqtt::MachineImage image{"M1", 1500};
+    image.linkUp();
+    image.receive({"M1", "state", ""}, R"({"up":true,"epoch":1,"hash":"x"})", true, 0);
+    std::string part =
+        R"({"hash":"x","part":0,"parts":1,"variables":[{"name":"0","type":"doubles","length":9999})";
+    for (int i = 1; i < 51; ++i)
+        part += R"(,{"name":")" + std::to_string(i) + R"(","type":"doubles","length":10000})";
+    EXPECT_THROW(image.receive({"M1", "desc", "0"}, part + "]}", true, 0), mqtt::ProtocolError);
+    EXPECT_EQ(image.description(), nullptr);
 }
 
 TEST_F(Reading, CostsNoRoundTrip)
