@@ -103,6 +103,17 @@ VariableDescription readVariable(std::string_view topic, const Json& json)
     return variable;
 }
 
+// An element that is not known is never good, whatever the sender says.
+void markHoles(std::vector<Quality>& qualities, const Json& held)
+{
+    const std::size_t count = held.is_array() ? held.size() : 1;
+    for (std::size_t i = 0; i < count; ++i) {
+        if (!(held.is_array() ? held[i] : held).is_null()) continue;
+        if (qualities.size() == 1) qualities.assign(count, qualities.front());
+        if (qualities[i] == Quality::Good) qualities[i] = Quality::Bad;
+    }
+}
+
 Quality qualityNamed(const Members& members, const Json& json)
 {
     if (json.is_string())
@@ -204,11 +215,7 @@ Value readValue(std::string_view topic, std::string_view payload, const Variable
     auto read = fromJson(held, description, Holes::Allowed);
     if (!read) members.fail("value", "is not of the type and length that the description says");
     value.value = std::move(*read);
-    // An unknown value is never good, whatever the sender says.
-    const auto isHole = [](const Json& element) { return element.is_null(); };
-    if (value.worst() == Quality::Good
-        && (held.is_null() || (held.is_array() && std::any_of(held.begin(), held.end(), isHole))))
-        value.qualities = {Quality::Bad};
+    markHoles(value.qualities, held);
     return value;
 }
 

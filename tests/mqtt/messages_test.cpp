@@ -206,6 +206,15 @@ TEST(Messages, AnUnknownNumberIsNeverGood)
     const Value read = readValue(topic, write(Value{1, 1, 1, held, {}, {}}), array);
     EXPECT_EQ(read.worst(), Quality::Bad);
     EXPECT_FALSE(fromJson(toJson(held), array)) << "a command has no holes";
+    EXPECT_EQ(read.qualities, (std::vector<Quality>{Quality::Good, Quality::Bad}));
+    const auto qualities = [&](const std::string& value, const std::string& quality) {
+        return readValue(topic,
+            R"({"epoch":1,"seq":1,"time":1,"value":)" + value + R"(,"quality":)" + quality + "}", array)
+            .qualities;
+    };
+    EXPECT_EQ(
+        qualities("[null,2]", R"(["good","stale"])"), (std::vector<Quality>{Quality::Bad, Quality::Stale}));
+    EXPECT_EQ(qualities("[null,2]", R"("stale")"), (std::vector<Quality>{Quality::Stale, Quality::Stale}));
 }
 
 TEST(Messages, QualitiesAreThoseOfTheElements)
