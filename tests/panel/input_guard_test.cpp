@@ -197,3 +197,30 @@ TEST_F(InputGuardTest, TellsOfEveryTouchThatCounts)
     QTest::keyClick(window(), Qt::Key_F5);
     EXPECT_EQ(touches_, 2);
 }
+
+TEST_F(InputGuardTest, ASecondButtonIsLeftOutAsAWhole)
+{
+    class Seen : public QWidget {
+    public:
+        using QWidget::QWidget;
+        int releases = 0;
+
+    protected:
+        void mousePressEvent(QMouseEvent* event) override { event->accept(); }
+        void mouseReleaseEvent(QMouseEvent*) override { ++releases; }
+    };
+    auto* target = new Seen{&window_.stage()};
+    target->setGeometry(100, 300, 100, 100);
+    target->show();
+    const QPoint on{150, 350};
+    const auto mouse = [&](Qt::MouseButtons buttons, Qt::MouseButton button, QEvent::Type type) {
+        qt_handleMouseEvent(window(), on, window()->mapToGlobal(on), buttons, button, type, {}, 0);
+        QTest::qWait(20);
+    };
+    mouse(Qt::LeftButton, Qt::LeftButton, QEvent::MouseButtonPress);
+    mouse(Qt::LeftButton | Qt::RightButton, Qt::RightButton, QEvent::MouseButtonPress);
+    mouse(Qt::LeftButton, Qt::RightButton, QEvent::MouseButtonRelease);
+    EXPECT_EQ(target->releases, 0);
+    mouse(Qt::NoButton, Qt::LeftButton, QEvent::MouseButtonRelease);
+    EXPECT_EQ(target->releases, 1);
+}

@@ -52,3 +52,12 @@ TEST_F(SwitchViewTest, TheTwoStatesLookDifferent)
     EXPECT_NE(lever_.grab().toImage(), off);
     EXPECT_EQ(touches_, 0);
 }
+
+TEST_F(SwitchViewTest, AnotherButtonThatIsLiftedDoesNotSwitch)
+{
+    QTest::mousePress(&lever_, Qt::LeftButton);
+    QTest::mouseRelease(&lever_, Qt::RightButton);
+    EXPECT_EQ(touches_, 0);
+    QTest::mouseRelease(&lever_, Qt::LeftButton);
+    EXPECT_EQ(touches_, 1);
+}

@@ -46,26 +46,28 @@ void InputGuard::drain()
     turn(turn);
 }
 
-bool InputGuard::press()
+bool InputGuard::press(int button)
 {
     if (down_ || key_ != 0 || dropping_ || isDraining()) {
         if (!down_) dropping_ = true;
         return true;
     }
     down_ = true;
+    button_ = button;
     gate_.beginTouch();
     touched_();
     return false;
 }
 
-bool InputGuard::release(bool isLast)
+bool InputGuard::release(int button, bool isLast)
 {
     if (dropping_) {
         dropping_ = !isLast;
         return true;
     }
     if (isLast) down_ = false;
-    return false;
+    // The press of another button was left out as well.
+    return button != button_ && !isLast;
 }
 
 bool InputGuard::keyPress(int key, bool repeated)
@@ -115,12 +117,15 @@ bool InputGuard::eventFilter(QObject* watched, QEvent* event)
     if (!watched->isWindowType() || watched != window_.window()->windowHandle() || !isOurs(*event))
         return false;
     switch (event->type()) {
-    case QEvent::MouseButtonPress: return press();
+    case QEvent::MouseButtonPress: return press(static_cast<QMouseEvent*>(event)->button());
     // A quick second touch comes as a press and as this.
-    case QEvent::MouseButtonDblClick: return down_ ? false : press();
+    case QEvent::MouseButtonDblClick:
+        return down_ ? false : press(static_cast<QMouseEvent*>(event)->button());
     case QEvent::MouseMove: return dropping_;
-    case QEvent::MouseButtonRelease:
-        return release(static_cast<QMouseEvent*>(event)->buttons() == Qt::NoButton);
+    case QEvent::MouseButtonRelease: {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        return release(mouse->button(), mouse->buttons() == Qt::NoButton);
+    }
     case QEvent::KeyPress: {
         const auto* key = static_cast<QKeyEvent*>(event);
         return keyPress(key->key(), key->isAutoRepeat());

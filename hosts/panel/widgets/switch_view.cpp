@@ -68,7 +68,8 @@ void SwitchView::mouseMoveEvent(QMouseEvent* event) { event->accept(); }
 void SwitchView::mouseReleaseEvent(QMouseEvent* event)
 {
     event->accept();
-    if (!down_) return;
+    // Another button beside the one that holds the switch.
+    if (!down_ || event->button() != Qt::LeftButton) return;
     down_ = false;
     update();
     if (!free_ || !touched_ || !rect().contains(event->position().toPoint())) return;
