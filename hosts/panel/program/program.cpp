@@ -101,6 +101,7 @@ int run(const Options& options)
 
 int runProgram(int argc, char** argv)
 {
+    ReloadRequest::ignoreSignal();
     const Options options = parseOptions({argv + 1, argv + argc});
     if (options.help) {
         say(stdout, helpText());

@@ -45,9 +45,11 @@ ReloadRequest::ReloadRequest(std::function<void()> handler)
     std::signal(SIGHUP, onSignal);
 }
 
+void ReloadRequest::ignoreSignal() { std::signal(SIGHUP, SIG_IGN); }
+
 ReloadRequest::~ReloadRequest()
 {
-    std::signal(SIGHUP, SIG_IGN);
+    ignoreSignal();
     notifier_.reset();
     for (int& end : ends) {
         if (end >= 0) ::close(end);

@@ -17,6 +17,9 @@ public:
     ReloadRequest& operator=(const ReloadRequest&) = delete;
     ~ReloadRequest();
 
+    // For the time before: a program that has no handler yet would end, although it is about to read the project anyway.
+    static void ignoreSignal();
+
 private:
     std::unique_ptr<QSocketNotifier> notifier_;
 };
