@@ -17,6 +17,7 @@ enum class PanelText {
     TooLarge,
     NoSign, // before the lower limit, where it allows nothing below 0
     LimitsUnknown,
+    OldValue, // of the number that the mask begins with
     NoNumber,
     Level,
     LevelRange,
@@ -43,6 +44,7 @@ enum class PanelText {
     RefusedReadOnly,
     RefusedNotTaken,
     RefusedOther,
+    Overwritten, // before what the machine held and what it holds now
     NotTold, // instead of a caption: the machine has the values and does not know of it
     ClearReports,
     FirstTime,

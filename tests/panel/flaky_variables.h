@@ -3,6 +3,7 @@
 #include "basic/error.h"
 #include "platform/process_var_access.h"
 
+#include <functional>
 #include <memory>
 #include <set>
 #include <string>
@@ -25,11 +26,13 @@ public:
     {
         if (unwritable.count(std::string{name}) > 0) fail(name, "refused by the controller");
         inner_->WriteValue(name, value);
+        if (written) written(name);
     }
 
     std::set<std::string> unreadable;
     std::set<std::string> unwritable;
     std::int32_t number = 5; // of the errors
+    std::function<void(std::string_view name)> written; // told of every write that came through
 
 private:
     [[noreturn]] void fail(std::string_view name, const std::string& reason) const

@@ -1,6 +1,8 @@
 // Nothing that belongs to another servo, or that the machine no longer holds, is taken for the value of a field.
 #include "servo_page_test.h"
 
+#include "basic/conversions.h"
+
 #include <limits>
 
 using namespace servopanel;
@@ -160,4 +162,106 @@ TEST_F(ForeignValuesTest, ALimitThatIsNoNumberAcceptsNothing)
     hands_->ok();
     EXPECT_TRUE(mask().isVisible());
     EXPECT_EQ(mask().remark(), "Limits cannot be read: no input");
+}
+
+TEST_F(ForeignValuesTest, ALimitThatIsNothingIsNotTakenForTheFormerOne)
+{
+    const std::string upper = "Ch1.M1_T_servo_3<.mM1_servo_para_ob_3>";
+    basic::Array limits = *panel_->variables().find(upper)->get<basic::Array>();
+    limits.elementType = basic::VariantType::Variant;
+    limits.elements[0] = Variant{basic::Null{}};
+    panel_->variables().declare(upper, Variant{limits});
+    hands_->wait(refreshMs);
+    hands_->input("SollwertL", 1);
+    EXPECT_TRUE(mask().limitsAreDoubtful());
+    hands_->cancel();
+    hands_->input("SollwertR", 11);
+    EXPECT_FALSE(mask().limitsAreDoubtful());
+    hands_->cancel();
+    // Of another servo: nobody may enter a value within its limits.
+    hands_->footerKey(6);
+    hands_->footerKey(5);
+    hands_->input("SollwertL", 1);
+    hands_->type("2");
+    hands_->ok();
+    EXPECT_TRUE(mask().isVisible());
+    EXPECT_EQ(mask().remark(), "Limits cannot be read: no input");
+}
+
+TEST_F(ForeignValuesTest, AnAnswerNamesWhatWasSetBackBesideTheChange)
+{
+    change("SollwertL", 1, "42.5");
+    hands_->input("SollwertL", 21);
+    hands_->cancel();
+    const Variant shown = element(secondSetpoints, 0);
+    machineSets(secondSetpoints, 0, 33);
+    hands_->wait(refreshMs);
+    hands_->footerKey(10);
+    EXPECT_EQ(element(secondSetpoints, 0), shown);
+    const std::string change = "33\u00A0→\u00A0" + basic::toText(shown);
+    EXPECT_TRUE(panel_->answers().isWarning());
+    EXPECT_NE(answer().find("Written, values: 2"), std::string::npos) << answer();
+    EXPECT_NE(answer().find("newer value overwritten"), std::string::npos) << answer();
+    EXPECT_NE(answer().find(change), std::string::npos) << answer();
+    EXPECT_EQ(answer().find("42.5"), std::string::npos) << answer();
+    const std::string report = panel_->errors().entries().front().text.toStdString();
+    EXPECT_NE(report.find(change), std::string::npos) << report;
+    EXPECT_NE(report.find(secondSetpoints), std::string::npos) << report;
+}
+
+TEST_F(ForeignValuesTest, WhatTheMachineDidNotChangeMeanwhileIsNotNamed)
+{
+    change("SollwertL", 1, "42.5");
+    hands_->input("SollwertL", 21);
+    hands_->cancel();
+    machineSets(setpoints, 0, 90); // the operator wants his own there
+    hands_->wait(refreshMs);
+    hands_->footerKey(10);
+    EXPECT_FALSE(panel_->answers().isWarning());
+    EXPECT_EQ(answer(), "Written, values: 1");
+}
+
+TEST_F(ForeignValuesTest, ARefusalAndAnOverwrittenValueAreBothNamed)
+{
+    change("SollwertL", 1, "42.5");
+    hands_->input("SollwertL", 21);
+    hands_->cancel();
+    machineSets(secondSetpoints, 0, 33);
+    flaky_->unwritable = {setpoints};
+    hands_->footerKey(10);
+    EXPECT_TRUE(panel_->answers().isRefusal());
+    EXPECT_NE(answer().find("Start position: refused by the controller"), std::string::npos) << answer();
+    EXPECT_NE(answer().find("newer value overwritten"), std::string::npos) << answer();
+}
+
+TEST_F(ForeignValuesTest, AMaskThatBeginsWithAnOldValueSaysSo)
+{
+    flaky_->unreadable = {setpoints};
+    hands_->wait(refreshMs);
+    hands_->input("SollwertL", 1);
+    EXPECT_EQ(mask().remark(), "Last known value");
+    EXPECT_FALSE(mask().refusing());
+    hands_->type("2");
+    EXPECT_EQ(mask().remark(), "");
+    hands_->ok();
+    // What he has entered himself is not old.
+    hands_->input("SollwertL", 1);
+    EXPECT_EQ(mask().remark(), "");
+    hands_->cancel();
+    hands_->input("SollwertL", 21);
+    EXPECT_EQ(mask().remark(), "");
+}
+
+// The machine has taken what it was given, and then the line was cut.
+TEST_F(ForeignValuesTest, AValueThatWasNotTakenIsNoMatterOfTheLink)
+{
+    comeBackUnread(drawings);
+    change("ZeichnungL", 43, "77");
+    flaky_->unreadable.clear();
+    hands_->wait(refreshMs);
+    flaky_->written = [this](std::string_view name) {
+        if (name == changedFlag) panel_->setLink({false, "The broker does not answer"});
+    };
+    hands_->footerKey(10);
+    EXPECT_NE(answer().find("not taken over"), std::string::npos) << answer();
 }

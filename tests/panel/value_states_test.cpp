@@ -163,6 +163,9 @@ TEST_F(ValueStatesTest, ABadLinkMakesEverythingStaleUntilItIsGoodAgain)
     EXPECT_EQ(quality(), LinkQuality::Bad);
     EXPECT_EQ(panel_->errors().entries().front().text, "The broker does not answer");
     panel_->setLink({true, ""});
+    // Nobody has asked the machine since.
+    EXPECT_TRUE(text("SollwertL", 1).marks().stale);
+    hands_->wait(refreshMs);
     EXPECT_FALSE(text("SollwertL", 1).marks().stale);
     EXPECT_EQ(quality(), LinkQuality::Good);
 }
@@ -484,4 +487,42 @@ TEST_F(ValueStatesTest, TheAnswerGoesWithItsPage)
     hands_->footerKey(11);
     EXPECT_EQ(panel_->shownPart()->className(), "ServoMenu");
     EXPECT_FALSE(panel_->answers().isVisible());
+}
+
+TEST_F(ValueStatesTest, WhatWasReadOverABadLinkStaysOldUntilItIsReadAnew)
+{
+    hands_->footerKey(10);
+    panel_->setLink({false, "The broker does not answer"});
+    hands_->wait(refreshMs);
+    panel_->setLink({true, ""});
+    EXPECT_TRUE(text("IstWert", 103).marks().stale);
+    EXPECT_TRUE(text("Fehlertext").marks().stale || text("Fehlertext").shownText().isEmpty());
+    hands_->wait(refreshMs);
+    EXPECT_FALSE(text("IstWert", 103).marks().stale);
+}
+
+// The display keeps what it had where the machine gives nothing.
+TEST_F(ValueStatesTest, AnElementThatIsNothingIsOldAndOfAnotherServoUnknown)
+{
+    hands_->footerKey(10);
+    const auto machineClears = [&](int index) {
+        Variant values = *panel_->variables().find(actualValues);
+        basic::setElement(values, index, Variant{basic::Null{}});
+        panel_->variables().declare(actualValues, values);
+    };
+    const QString shown = text("IstWertTab", 123).text();
+    basic::Array loose = *panel_->variables().find(actualValues)->get<basic::Array>();
+    loose.elementType = basic::VariantType::Variant;
+    panel_->variables().declare(actualValues, Variant{loose});
+    panel_->variables().declare("Ch1.M1_T_servo_5<.mM1_servo_diag_51>", Variant{loose});
+    machineClears(22);
+    hands_->wait(refreshMs);
+    EXPECT_EQ(text("IstWertTab", 123).text(), shown);
+    EXPECT_TRUE(text("IstWertTab", 123).marks().stale);
+    EXPECT_FALSE(text("IstWertTab", 124).marks().stale);
+    // From the servo beside, whose value then stands in the display.
+    hands_->footerKey(6);
+    EXPECT_FALSE(text("IstWertTab", 123).marks().stale);
+    hands_->footerKey(5);
+    EXPECT_EQ(text("IstWertTab", 123).shownText(), "–");
 }

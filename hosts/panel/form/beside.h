@@ -13,7 +13,7 @@ namespace servopanel::panel {
 struct Beside {
     QString caption;
     QString unit;
-    bool isKnown = true; // false: what it holds is not its own value
+    ValueState value = ValueState::Fresh; // of what it shows; what the operator has entered is fresh
     ValueState limits = ValueState::Fresh; // of its limits, the worse of the two
 };
 using FindBeside = std::function<Beside(const platform::Control& input)>;

@@ -402,8 +402,9 @@ Beside ControlHost::beside(const platform::Control& input)
         const auto caption = static_cast<std::int16_t>(!isDrawing ? index : index % 2 == 1 ? 41 : 42);
         const QString text = shownText("Beschriftung" + side, caption) + u' '
             + shownText("Beschriftung" + side + "2", caption);
+        const Child& child = *children_.at(*key);
         return {text.trimmed(), shownText("Einheit" + side, index).trimmed(),
-            children_.at(*key)->valueState() != ValueState::Unknown, limitsState(name, index)};
+            child.isChanged() ? ValueState::Fresh : child.valueState(), limitsState(name, index)};
     }
     return {};
 }

@@ -69,7 +69,11 @@ void EingabemaskeChild::setOpen(bool open)
     task.title = beside.caption;
     task.unit = beside.unit;
     task.limitsState = beside.limits;
-    task.number = beside.isKnown ? presentNumber(*target_) : std::string{};
+    if (beside.value == ValueState::Unknown)
+        task.number.clear();
+    else
+        task.number = presentNumber(*target_);
+    task.isOld = beside.value == ValueState::Stale;
     bool isBroken = false;
     task.lower = limit(*target_, VWSVarInIds::Untergrenze, isBroken);
     task.upper = limit(*target_, VWSVarInIds::Obergrenze, isBroken);

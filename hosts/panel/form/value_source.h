@@ -16,6 +16,7 @@ using machine::familyOf;
 struct ValueSource {
     std::string_view family;
     int element = 0;
+    friend bool operator==(const ValueSource&, const ValueSource&) = default;
 };
 // Nothing for controls that show no value of the machine.
 std::optional<ValueSource> valueSource(std::string_view control, std::int16_t index);

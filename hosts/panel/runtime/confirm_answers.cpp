@@ -1,6 +1,7 @@
 #include "panel/runtime/confirm_answers.h"
 
 #include "panel/form/input_value.h"
+#include "panel/form/vws_var.h"
 
 #include <algorithm>
 
@@ -20,13 +21,13 @@ void ConfirmAnswers::keyBegins(ControlHost& page)
     variables_.startWrites();
     changed_.clear();
     answer_.reset();
+    overwritten_.clear();
     page.forEach([this, &page](std::string_view name, std::int16_t index, Child& child) {
         const std::optional<ValueSource> source = valueSource(name, index);
         if (!source || !child.isChanged()) return;
         // The parts of a drawing number are one value.
-        const bool isKnown = std::any_of(changed_.begin(), changed_.end(), [&](const Field& field) {
-            return field.source.family == source->family && field.source.element == source->element;
-        });
+        const bool isKnown = std::any_of(
+            changed_.begin(), changed_.end(), [&](const Field& field) { return field.source == *source; });
         if (!isKnown) changed_.push_back({*source, std::string{name}, index, inputValue(page, name, index)});
     });
 }
@@ -45,12 +46,23 @@ void ConfirmAnswers::keyEnds(ControlHost& page, bool hasLink)
     findNotTaken();
     if (!hasLink)
         for (Refusal& refusal : answer_->refusals)
-            refusal.reason = RefusalReason::NoLink;
-    if (answer_->refusals.empty())
-        strip_.showWritten(head());
-    else
-        strip_.showRefused(head(), reason(page));
+            if (refusal.reason != RefusalReason::NotTaken) refusal.reason = RefusalReason::NoLink;
+    std::vector<ValueSource> sources;
+    for (const Field& field : changed_)
+        sources.push_back(field.source);
+    overwritten_ = overwrittenBeside(sources, variables_);
+    show(page);
     report(page);
+}
+
+void ConfirmAnswers::show(ControlHost& page)
+{
+    if (!answer_->refusals.empty())
+        strip_.showRefused(head(), reason(page));
+    else if (!overwritten_.empty())
+        strip_.showWarned(head(), reason(page));
+    else
+        strip_.showWritten(head());
 }
 
 // The library keeps the machine's value where a field is not fit to be written. The operator has to know.
@@ -86,11 +98,25 @@ QString ConfirmAnswers::reasonWord(RefusalReason reason) const
     }
 }
 
-QString ConfirmAnswers::caption(ControlHost& page, const Field& field) const
+QString ConfirmAnswers::caption(ControlHost& page, std::string_view name, std::int16_t index) const
 {
-    Child* const child = page.find(field.name, field.index);
+    Child* const child = page.find(name, index);
     const QString caption = child == nullptr ? QString{} : page.beside(*child).caption;
-    return caption.isEmpty() ? u'#' + QString::number(field.index) : caption;
+    return caption.isEmpty() ? u'#' + QString::number(index) : caption;
+}
+
+QString ConfirmAnswers::told(ControlHost& page, const Overwritten& value) const
+{
+    QString name;
+    page.forEach([&](std::string_view control, std::int16_t index, Child&) {
+        const std::optional<ValueSource> source = valueSource(control, index);
+        if (!name.isEmpty() || !source || *source != value.source) return;
+        name = caption(page, control, index);
+    });
+    // In one piece and isolated, so that the arrow leads to the new value in every direction of writing.
+    const QString change = QChar{0x2066} + valueText(value.before) + QStringLiteral("\u00A0→\u00A0")
+        + valueText(value.after) + QChar{0x2069};
+    return name + QStringLiteral(": ") + words_(PanelText::Overwritten) + u' ' + change;
 }
 
 QStringList ConfirmAnswers::concerned(ControlHost& page, const Refusal& refusal) const
@@ -100,7 +126,7 @@ QStringList ConfirmAnswers::concerned(ControlHost& page, const Refusal& refusal)
     for (const Field& field : changed_)
         if (field.source.family == refusal.family
             && (refusal.element < 0 || refusal.element == field.source.element))
-            captions += caption(page, field);
+            captions += caption(page, field.name, field.index);
     return captions;
 }
 
@@ -116,7 +142,7 @@ QString ConfirmAnswers::head() const
 
 QString ConfirmAnswers::reason(ControlHost& page) const
 {
-    if (answer_->refusals.empty()) return {};
+    if (answer_->refusals.empty()) return overwritten(page);
     const Refusal& first = answer_->refusals.front();
     qsizetype further = -1;
     for (const Refusal& refusal : answer_->refusals)
@@ -124,11 +150,22 @@ QString ConfirmAnswers::reason(ControlHost& page) const
     QString reason = concerned(page, first).value(0) + QStringLiteral(": ") + reasonWord(first.reason);
     if (further > 0) reason += QStringLiteral(" (+%1)").arg(further);
     if (answer_->written > 0) reason += QStringLiteral(". ") + written();
+    if (!overwritten_.empty()) reason += QStringLiteral(". ") + overwritten(page);
     return reason;
+}
+
+QString ConfirmAnswers::overwritten(ControlHost& page) const
+{
+    if (overwritten_.empty()) return {};
+    QString text = told(page, overwritten_.front());
+    if (overwritten_.size() > 1) text += QStringLiteral(" (+%1)").arg(overwritten_.size() - 1);
+    return text;
 }
 
 void ConfirmAnswers::report(ControlHost& page)
 {
+    for (const Overwritten& value : overwritten_)
+        note_(told(page, value) + QStringLiteral(" – ") + QString::fromStdString(value.variable));
     for (const Refusal& refusal : answer_->refusals) {
         QString line = concerned(page, refusal).join(QStringLiteral(", ")) + QStringLiteral(": ")
             + reasonWord(refusal.reason);

@@ -2,6 +2,7 @@
 
 #include "panel/form/control_host.h"
 #include "panel/runtime/confirm_answer.h"
+#include "panel/runtime/overwritten.h"
 #include "panel/widgets/answer_strip.h"
 
 #include <functional>
@@ -38,13 +39,18 @@ private:
     void findNotTaken();
 
     QString reasonWord(RefusalReason reason) const;
-    QString caption(ControlHost& page, const Field& field) const;
+    QString caption(ControlHost& page, std::string_view name, std::int16_t index) const;
     // The captions of what a refusal concerns; that the machine was not told concerns no field.
     QStringList concerned(ControlHost& page, const Refusal& refusal) const;
+    // Caption, and what the machine held and holds now.
+    QString told(ControlHost& page, const Overwritten& value) const;
+    void show(ControlHost& page);
     QString written() const;
     // Head and reason, as they stand on the strip.
     QString head() const;
     QString reason(ControlHost& page) const;
+    // The first of them, and how many there are further.
+    QString overwritten(ControlHost& page) const;
     void report(ControlHost& page);
 
     WatchedVariables& variables_;
@@ -53,6 +59,7 @@ private:
     std::function<void(const QString&)> note_;
     std::vector<Field> changed_;
     std::optional<ConfirmAnswer> answer_;
+    std::vector<Overwritten> overwritten_;
 };
 
 } // namespace servopanel::panel

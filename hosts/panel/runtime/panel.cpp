@@ -371,8 +371,7 @@ Services::FamilyRead Panel::familyRead(std::string_view family)
 {
     const WatchedVariables::Read* const read = watched_->latest(family);
     if (read == nullptr) return {};
-    const bool isGood = read->problem.empty() && link_.good;
-    return {read->variable, isGood ? &read->value : nullptr};
+    return {read->variable, watched_->isOfNow(*read) ? &read->value : nullptr};
 }
 
 void Panel::showValueStates()

@@ -29,6 +29,18 @@ std::string problemOf(std::string_view family, std::string_view name, const basi
     return problem;
 }
 
+// What the library can show. Of anything else, Null for one, a display keeps what it had.
+bool isShowable(const basic::Variant& value)
+{
+    switch (value.type()) {
+    case basic::VariantType::Null:
+    case basic::VariantType::Object:
+    case basic::VariantType::Error:
+    case basic::VariantType::Array: return false;
+    default: return true;
+    }
+}
+
 std::size_t elements(const basic::Variant& value)
 {
     const auto* array = value.get<basic::Array>();
@@ -56,6 +68,14 @@ int changesOf(std::string_view family, const basic::Variant& before, const basic
 
 } // namespace
 
+void WatchedVariables::setLink(bool good)
+{
+    if (good && !linkIsGood_)
+        for (auto& [name, read] : reads_)
+            read.isOld = true;
+    linkIsGood_ = good;
+}
+
 basic::Variant WatchedVariables::look(std::string_view name)
 {
     if (!linkIsGood_) basic::raise(basic::ErrorNumber::InvalidProcedureCall, name);
@@ -81,7 +101,7 @@ basic::Variant WatchedVariables::readAndKeep(std::string_view name)
     if (family.empty() || family == families::changedFlag) return inner_->ReadValue(name);
 
     const Read* const before = latest(family);
-    const bool wasGood = before == nullptr || before->problem.empty();
+    const bool wasGood = before == nullptr || (before->problem.empty() && !before->isOld);
     const std::size_t count = before == nullptr ? 0 : elements(before->value);
     const bool isAnother = before == nullptr || before->variable != name;
     latest_[family] = std::string{name};
@@ -94,6 +114,7 @@ basic::Variant WatchedVariables::readAndKeep(std::string_view name)
     try {
         const basic::Variant value = inner_->ReadValue(name);
         read.value = value;
+        read.isOld = false;
         read.problem = problemOf(family, name, value);
         read.error = read.problem.empty() ? 0 : static_cast<std::int32_t>(basic::ErrorNumber::TypeMismatch);
         if (read.problem.empty()) noteShown(family, read);
@@ -114,9 +135,12 @@ void WatchedVariables::WriteValue(std::string_view name, const basic::Variant& v
         inner_->WriteValue(name, value);
         return;
     }
-    Write write{std::string{name}, family, value, 0, {}, 0};
+    Write write{std::string{name}, family, {}, value, 0, {}, 0};
     const auto read = reads_.find(name);
-    if (read != reads_.end()) write.changes = changesOf(family, read->second.value, value);
+    if (read != reads_.end()) {
+        write.before = read->second.value;
+        write.changes = changesOf(family, write.before, value);
+    }
     try {
         // An old value may lie behind every field then, and nobody would see what becomes of the new one.
         if (!linkIsGood_) {
@@ -154,16 +178,22 @@ void WatchedVariables::noteShown(std::string_view family, const Read& read)
     std::vector<const Read*>& shown = shown_[family];
     const std::size_t count = isOneValue(family) ? 1 : elements(read.value);
     if (shown.size() < count) shown.resize(count);
-    std::fill_n(shown.begin(), count, &read);
+    for (std::size_t i = 0; i < count; ++i)
+        if (givesValue(family, read, i)) shown[i] = &read;
+}
+
+bool WatchedVariables::givesValue(std::string_view family, const Read& read, std::size_t place)
+{
+    if (isOneValue(family)) return isShowable(read.value);
+    const auto* array = read.value.get<basic::Array>();
+    return array != nullptr && place < array->elements.size() && isShowable(array->elements[place]);
 }
 
 ValueState WatchedVariables::state(const ValueSource& source) const
 {
     const Read* const read = latest(source.family);
     if (read == nullptr) return linkIsGood_ ? ValueState::Fresh : ValueState::Unknown;
-    const bool holds =
-        read->problem.empty() && (isOneValue(source.family) || place(source) < elements(read->value));
-    if (holds && linkIsGood_) return ValueState::Fresh;
+    if (isOfNow(*read) && givesValue(source.family, *read, place(source))) return ValueState::Fresh;
     const auto shown = shown_.find(source.family);
     const bool isItsOwn =
         shown != shown_.end() && place(source) < shown->second.size() && shown->second[place(source)] == read;

@@ -36,8 +36,9 @@ public:
     using Observer = std::function<void(std::string_view name, const basic::Variant* value)>;
     void setObserver(Observer observer) { observer_ = std::move(observer); }
 
-    // The connection to the machine, as whoever holds it sees it. While it is bad, everything that is read is old.
-    void setLink(bool good) { linkIsGood_ = good; }
+    // The connection to the machine, as whoever holds it sees it. While it is bad, everything that is read is old, and it
+    // stays so until it has been read anew over a good one.
+    void setLink(bool good);
     bool linkIsGood() const { return linkIsGood_; }
 
     // The latest read of a variable that holds values of a servo.
@@ -46,9 +47,12 @@ public:
         basic::Variant value; // of the last good read
         std::string problem; // why it cannot be shown; empty: it can
         std::int32_t error = 0; // number of the error behind the problem
+        bool isOld = false; // of the time before the connection was good again
     };
     // Of a family, whichever servo was read last: it is the one that is shown. nullptr before the first read.
     const Read* latest(std::string_view family) const;
+    // Whether what was read is what the machine holds, as far as the panel can know.
+    bool isOfNow(const Read& read) const { return linkIsGood_ && !read.isOld && read.problem.empty(); }
     // How far what stands in a display is the value behind it.
     ValueState state(const ValueSource& source) const;
     // The displays are new and hold nothing yet.
@@ -61,6 +65,7 @@ public:
     struct Write {
         std::string variable;
         std::string_view family;
+        basic::Variant before; // what was read last
         basic::Variant value;
         int changes = 0; // values that differ from what was read last
         std::string problem; // empty: written
@@ -73,6 +78,8 @@ public:
 private:
     basic::Variant readAndKeep(std::string_view name);
     static std::size_t place(const ValueSource& source);
+    // Whether a read gave a value for a display; place: of its element, counted from 0.
+    static bool givesValue(std::string_view family, const Read& read, std::size_t place);
     void noteShown(std::string_view family, const Read& read);
 
     std::shared_ptr<platform::ProcessVarAccess> inner_;

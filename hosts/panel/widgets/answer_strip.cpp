@@ -17,17 +17,24 @@ AnswerStrip::AnswerStrip(QWidget* parent)
 {
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, [this] {
-        if (!refused_) dismiss();
+        if (kind_ == Kind::Written) dismiss();
     });
     hide();
 }
 
-void AnswerStrip::showWritten(const QString& text) { begin(false, text, {}); }
-void AnswerStrip::showRefused(const QString& text, const QString& reason) { begin(true, text, reason); }
-
-void AnswerStrip::begin(bool refused, const QString& text, const QString& reason)
+void AnswerStrip::showWritten(const QString& text) { begin(Kind::Written, text, {}); }
+void AnswerStrip::showWarned(const QString& text, const QString& reason)
 {
-    refused_ = refused;
+    begin(Kind::Warned, text, reason);
+}
+void AnswerStrip::showRefused(const QString& text, const QString& reason)
+{
+    begin(Kind::Refused, text, reason);
+}
+
+void AnswerStrip::begin(Kind kind, const QString& text, const QString& reason)
+{
+    kind_ = kind;
     text_ = text;
     reason_ = reason;
     due_ = true;
@@ -46,7 +53,7 @@ void AnswerStrip::retranslate(const QString& text, const QString& reason)
 
 void AnswerStrip::touched()
 {
-    if (due_ && refused_ && since_.elapsed() >= leastMs_) dismiss();
+    if (due_ && kind_ != Kind::Written && since_.elapsed() >= leastMs_) dismiss();
 }
 
 void AnswerStrip::setCovered(bool covered)
@@ -81,16 +88,20 @@ void AnswerStrip::paintEvent(QPaintEvent*)
 {
     QPainter painter{this};
     painter.setRenderHint(QPainter::Antialiasing);
-    const QColor edge = refused_ ? colours::refuse : colours::accept;
+    const QColor edge = kind_ == Kind::Refused ? colours::refuse
+        : kind_ == Kind::Warned                ? colours::ink
+                                               : colours::accept;
     painter.setPen(QPen{edge, 2});
-    painter.setBrush(colours::sheet);
+    painter.setBrush(kind_ == Kind::Warned ? mix(colours::warn, colours::sheet, 0.6) : colours::sheet);
     painter.drawRoundedRect(QRectF{rect()}.adjusted(1, 1, -1, -1), 4, 4);
 
     const int side = scaled(0.3, height(), 16, 28);
     const int margin = scaled(0.08, height(), 4, 8);
     const QRect sign{margin + 2, margin, side, side};
-    if (refused_)
+    if (kind_ == Kind::Refused)
         drawCross(painter, mirroredIn(*this, sign), edge);
+    else if (kind_ == Kind::Warned)
+        drawWarning(painter, mirroredIn(*this, sign), edge);
     else
         drawTick(painter, mirroredIn(*this, sign), edge);
 

@@ -7,13 +7,15 @@
 
 namespace servopanel::panel {
 
-// Says what became of a confirmed change, without stopping anybody: written, for some seconds; refused, until the first
-// touch after these seconds. A sign of its own shape tells the two apart.
+// Says what became of a confirmed change, without stopping anybody: written, for some seconds; refused, or written
+// with something to know about it, until the first touch after these seconds. A sign of its own shape tells them apart.
 class AnswerStrip : public QWidget {
 public:
     explicit AnswerStrip(QWidget* parent);
 
     void showWritten(const QString& text);
+    // Written, and reason is what the operator has to know about it.
+    void showWarned(const QString& text, const QString& reason);
     void showRefused(const QString& text, const QString& reason);
     // The operator has touched something.
     void touched();
@@ -21,7 +23,8 @@ public:
     void setCovered(bool covered);
     void dismiss();
 
-    bool isRefusal() const { return refused_; }
+    bool isRefusal() const { return kind_ == Kind::Refused; }
+    bool isWarning() const { return kind_ == Kind::Warned; }
     // Whether its time is not over, seen or covered.
     bool isDue() const { return due_; }
     // The same answer in other words; its time goes on.
@@ -37,7 +40,8 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
-    void begin(bool refused, const QString& text, const QString& reason);
+    enum class Kind { Written, Warned, Refused };
+    void begin(Kind kind, const QString& text, const QString& reason);
     void adapt();
 
     QString text_;
@@ -45,7 +49,7 @@ private:
     QTimer timer_;
     QElapsedTimer since_; // does not follow the wall clock
     int leastMs_ = 5000;
-    bool refused_ = false;
+    Kind kind_ = Kind::Written;
     bool due_ = false;
     bool covered_ = false;
 };

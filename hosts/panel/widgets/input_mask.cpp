@@ -44,6 +44,8 @@ void InputMask::setHandlers(std::function<void(double, bool)> accepted, std::fun
 void InputMask::start(const MaskTask& task)
 {
     setField(task.title, task.unit);
+    first_ = task.number;
+    isOld_ = task.isOld && !first_.empty();
     limitsState_ = task.limitsState;
     const bool isBounded = limitsState_ != ValueState::Unknown;
     entry_.start(task.number, isBounded ? task.lower : std::nullopt, isBounded ? task.upper : std::nullopt);
@@ -99,7 +101,7 @@ QString InputMask::remark() const
     case NumberEntry::Verdict::TooSmall: return words_(PanelText::TooSmall) + u' ' + number(*entry_.lower());
     case NumberEntry::Verdict::NoSign: return words_(PanelText::NoSign) + u' ' + number(*entry_.lower());
     case NumberEntry::Verdict::TooLarge: return words_(PanelText::TooLarge) + u' ' + number(*entry_.upper());
-    default: return {};
+    default: return showsOld() ? words_(PanelText::OldValue) : QString{};
     }
 }
 
@@ -145,6 +147,7 @@ void InputMask::paintValue(QPainter& painter) const
     painter.setPen(QPen{refusing() ? colours::refuse : colours::border, refusing() ? 2.0 : 1.0});
     painter.setBrush(colours::field);
     painter.drawRect(valuePlace_.adjusted(0, 0, -1, -1));
+    if (showsOld()) drawHatching(painter, valuePlace_.adjusted(1, 1, -1, -1));
     // The digits always run from left to right; only the unit changes its side.
     const QRect inside = valuePlace_.adjusted(8, 0, -8, 0);
     const QFont unitFont = panelFont(scaled(0.36, valuePlace_.height(), 12, 20));
@@ -154,7 +157,8 @@ void InputMask::paintValue(QPainter& painter) const
     const QRect unitPlace{inside.right() + 1 - unitWidth, inside.top(), unitWidth, inside.height()};
     const QRect numberPlace = inside.adjusted(0, 0, unitWidth == 0 ? 0 : -unitWidth - 8, 0);
     painter.setLayoutDirection(Qt::LeftToRight);
-    painter.setPen(refusing() ? colours::refuse : colours::ink);
+    const QColor ink = showsOld() ? staleInk(colours::ink) : colours::ink;
+    painter.setPen(refusing() ? colours::refuse : ink);
     drawFitted(painter, mirroredIn(*this, numberPlace), static_cast<int>(trailing(*this) | Qt::AlignVCenter),
         panelFont(scaled(0.55, valuePlace_.height(), 15, 30), true), QString::fromStdString(entry_.text()));
     painter.setLayoutDirection(layoutDirection());
@@ -177,11 +181,17 @@ void InputMask::paintEvent(QPaintEvent* event)
     if (limitsAreDoubtful())
         drawWarning(painter, mirroredIn(*this, {limitsPlace_.left() + 3, limitsPlace_.top() + 2, side, side}),
             colours::ink);
-    if (!refusing()) return;
-    painter.fillRect(remarkPlace_, colours::refuse);
-    drawWarning(painter, mirroredIn(*this, {remarkPlace_.left() + 3, remarkPlace_.top() + 2, side, side}),
-        colours::barInk);
-    painter.setPen(colours::barInk);
+    if (!remark().isEmpty()) paintRemark(painter, pixels);
+}
+
+void InputMask::paintRemark(QPainter& painter, int pixels) const
+{
+    const QColor ink = refusing() ? colours::barInk : colours::ink;
+    painter.fillRect(remarkPlace_, refusing() ? colours::refuse : colours::warn);
+    const int side = remarkPlace_.height() - 4;
+    drawWarning(
+        painter, mirroredIn(*this, {remarkPlace_.left() + 3, remarkPlace_.top() + 2, side, side}), ink);
+    painter.setPen(ink);
     drawFitted(painter, remarkPlace_.adjusted(side + 6, 0, -side - 6, 0), Qt::AlignCenter,
         panelFont(pixels, true), remark());
 }

@@ -17,6 +17,7 @@ struct MaskTask {
     // How far the limits are those of the machine. With unknown ones nothing is accepted: the numbers at hand are those of
     // something else, and nobody may enter a value without bounds.
     ValueState limitsState = ValueState::Fresh;
+    bool isOld = false; // the number is the last one known, the machine may hold another by now
 };
 
 // The number pad that opens over the page. It always shows the limits and the unit; when it refuses a value it stays
@@ -38,11 +39,13 @@ public:
     KeyPad& pad() { return *pad_; }
     TouchKey& okKey() { return *ok_; }
     TouchKey& cancelKey() { return *cancel_; }
-    // What stands in the display with its unit, the limits below it, and why a value was refused.
+    // What stands in the display with its unit, the limits below it, and why a value was refused or that it is old.
     QString shown() const;
     QString limits() const;
     bool limitsAreDoubtful() const { return limitsState_ != ValueState::Fresh; }
     QString remark() const;
+    // Whether it still shows an old number.
+    bool showsOld() const { return isOld_ && entry_.text() == first_; }
     bool refusing() const { return verdict_ != NumberEntry::Verdict::Fine; }
 
 protected:
@@ -55,9 +58,12 @@ private:
     void tell(NumberEntry::Verdict verdict);
     void layOut();
     void paintValue(QPainter& painter) const;
+    void paintRemark(QPainter& painter, int pixels) const;
 
     PanelWords words_;
     NumberEntry entry_;
+    std::string first_; // the number at the start
+    bool isOld_ = false;
     QString unit_;
     QRect valuePlace_;
     QRect limitsPlace_;
