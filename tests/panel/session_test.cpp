@@ -28,14 +28,17 @@ protected:
     void SetUp() override { start(project_.settings()); }
     void start(const panel::PanelSettings& settings)
     {
-        session_ = std::make_unique<Session>(settings, [this](Panel& panel) {
-            ++shows_;
-            reader_ = std::make_unique<servopanel::testing::MessageReader>(panel);
-            panel.window().show();
-            ASSERT_TRUE(QTest::qWaitForWindowExposed(&panel.window()));
-            panel.openServo();
-            hands_ = std::make_unique<Operator>(panel);
-        });
+        session_ = std::make_unique<Session>(
+            settings,
+            [this](Panel& panel) {
+                ++shows_;
+                reader_ = std::make_unique<servopanel::testing::MessageReader>(panel);
+                panel.window().show();
+                ASSERT_TRUE(QTest::qWaitForWindowExposed(&panel.window()));
+                panel.openServo();
+                hands_ = std::make_unique<Operator>(panel);
+            },
+            [this](const std::string& reason) { ended_ = reason; });
     }
     std::string projectJson() const
     {
@@ -64,6 +67,7 @@ protected:
 
     TestProject project_{servopanel::testing::standardProject};
     int shows_ = 0;
+    std::string ended_;
     std::unique_ptr<Session> session_;
     std::unique_ptr<servopanel::testing::MessageReader> reader_;
     std::unique_ptr<Operator> hands_;
@@ -168,6 +172,23 @@ TEST_F(SessionTest, APanelThatCannotBeMadeOfTheNewProjectComesBackWithTheOld)
     EXPECT_TRUE(isReported("The project was not read anew"));
 }
 
+TEST_F(SessionTest, EndsWithAReasonWhenNoPanelCanBeMadeAnyMore)
+{
+    panel::PanelSettings settings = project_.settings();
+    int panels = 0;
+    settings.wrapVariables = [&](auto own) {
+        if (++panels > 1) throw std::runtime_error{"the machine is not there"};
+        return own;
+    };
+    start(settings);
+    session_->reload();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return session_->hasEnded(); }, 5000));
+    EXPECT_EQ(ended_, "the machine is not there");
+    EXPECT_EQ(shows_, 2); // of this test's set-up and its own
+    session_->reload();
+    EXPECT_FALSE(session_->isWaiting());
+}
+
 TEST_F(SessionTest, GoesOnWithoutATraceThatCannotBeWrittenAnyMore)
 {
     panel::PanelSettings settings = project_.settings();
@@ -203,6 +224,25 @@ TEST_F(SessionTest, TheSignalIsKeptWhileTheFirstMessageIsOpen)
     kill(static_cast<pid_t>(program.processId()), SIGHUP);
     EXPECT_FALSE(program.waitForFinished(1000));
     EXPECT_EQ(program.state(), QProcess::Running);
+    program.kill();
+    program.waitForFinished();
+}
+
+// A tour knows no reload at all; like every start before its first screen.
+TEST_F(SessionTest, TheSignalEndsNothingWhereNobodyWaitsForIt)
+{
+    const std::filesystem::path trace = project_.file("trace");
+    QProcess program;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("QT_QPA_PLATFORM", "offscreen");
+    program.setProcessEnvironment(environment);
+    program.start(SERVO_PANEL,
+        {QString::fromStdString(project_.folder().string()), "--trace",
+            QString::fromStdString(trace.string()), "--tour",
+            QString::fromStdString(project_.file("tour").string())});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return std::filesystem::exists(trace); }, 20000));
+    kill(static_cast<pid_t>(program.processId()), SIGHUP);
+    EXPECT_FALSE(program.waitForFinished(500) && program.exitStatus() == QProcess::CrashExit);
     program.kill();
     program.waitForFinished();
 }

@@ -85,13 +85,20 @@ int run(const Options& options)
             isWished = session == nullptr;
             if (session) session->reload();
         });
-    session = std::make_unique<Session>(options.settings, [&](Panel& panel) {
-        show(panel.window(), options.settings.zoom);
-        keepOnScreen(panel.window());
-        // Before the screen opens, which may have something to say.
-        if (!options.tour.empty()) tour = std::make_unique<Tour>(panel, options.tour);
-        panel.openServo();
-    });
+    session = std::make_unique<Session>(
+        options.settings,
+        [&](Panel& panel) {
+            show(panel.window(), options.settings.zoom);
+            keepOnScreen(panel.window());
+            // Before the screen opens, which may have something to say.
+            if (!options.tour.empty()) tour = std::make_unique<Tour>(panel, options.tour);
+            panel.openServo();
+        },
+        [](const std::string& reason) {
+            // Whoever supervises the program starts it again; nobody could do so from a window that is gone.
+            say(stderr, "servo-panel: the project could not be read anew: " + reason + "\n");
+            QApplication::exit(cannotStart);
+        });
     if (tour) return tour->play();
     if (isWished) session->reload();
     return QApplication::exec();

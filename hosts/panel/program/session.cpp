@@ -2,6 +2,7 @@
 
 #include "basic/error.h"
 
+#include <exception>
 #include <utility>
 
 namespace servopanel::panel {
@@ -11,9 +12,11 @@ constexpr int retryMilliseconds = 500;
 constexpr const char* notReadAnew = "The project was not read anew";
 } // namespace
 
-Session::Session(PanelSettings settings, std::function<void(Panel&)> show)
+Session::Session(
+    PanelSettings settings, std::function<void(Panel&)> show, std::function<void(const std::string&)> ended)
     : settings_{std::move(settings)}
     , show_{std::move(show)}
+    , ended_{std::move(ended)}
     , panel_{std::make_unique<Panel>(settings_)}
 {
     // Chosen for the start; later the operator's choice counts.
@@ -25,7 +28,7 @@ Session::Session(PanelSettings settings, std::function<void(Panel&)> show)
 
 void Session::reload()
 {
-    if (isWaiting()) return;
+    if (hasEnded() || isWaiting()) return;
     if (panel_->hasUnfinishedInput()) panel_->note("The project is read anew once all inputs are finished");
     waiting_.start();
     // From the event loop, because the request may come out of the panel itself.
@@ -44,25 +47,37 @@ void Session::tryToReload()
     panel_ = makeAnew();
     settings_.before.reset();
     settings_.file.reset();
-    show_(*panel_);
+    if (panel_) show_(*panel_);
 }
 
 // The old panel is gone by now, and nobody above could do anything about a failure: the operator gets it back.
 std::unique_ptr<Panel> Session::makeAnew()
 {
     std::string reason;
+    if (auto panel = make(reason)) return panel;
+    settings_.file = settings_.before->file;
+    std::string again;
+    if (auto panel = make(again)) {
+        panel->note(reason);
+        panel->note(notReadAnew);
+        return panel;
+    }
+    if (ended_) ended_(again);
+    return {};
+}
+
+std::unique_ptr<Panel> Session::make(std::string& reason)
+{
     try {
         return std::make_unique<Panel>(settings_);
     } catch (const CannotStart& failure) {
         reason = failure.reason;
     } catch (const basic::Error& error) {
         reason = error.description;
+    } catch (const std::exception& failure) {
+        reason = failure.what(); // the folder may change while it is read
     }
-    settings_.file = settings_.before->file;
-    auto panel = std::make_unique<Panel>(settings_);
-    panel->note(reason);
-    panel->note(notReadAnew);
-    return panel;
+    return {};
 }
 
 // What is read here is what the new panel gets: the file may be gone a moment later.
