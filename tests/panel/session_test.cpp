@@ -38,7 +38,11 @@ protected:
                 panel.openServo();
                 hands_ = std::make_unique<Operator>(panel);
             },
-            [this](const std::string& reason) { ended_ = reason; });
+            [this](const std::string& reason) {
+                reader_.reset();
+                hands_.reset();
+                ended_ = reason;
+            });
     }
     std::string projectJson() const
     {
