@@ -1,14 +1,15 @@
 #include "mqtt/clock.h"
 
-#include <chrono>
+#include <ctime>
 
 namespace servopanel::mqtt {
 
 Clock steadyClock()
 {
     return [] {
-        using namespace std::chrono;
-        return std::int64_t{duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count()};
+        timespec now{};
+        ::clock_gettime(CLOCK_BOOTTIME, &now);
+        return std::int64_t{now.tv_sec} * 1000 + now.tv_nsec / 1'000'000;
     };
 }
 

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <ctime>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -228,6 +229,20 @@ TEST(BrokerLink, DoesNotHoldItsOwnerUp)
     for (const int filler : fillers)
         ::close(filler);
     ::close(listener);
+}
+
+TEST(SteadyClock, GoesOnWhileTheComputerSleeps)
+{
+    // Elsewhere than on a computer that has slept, other clocks would show the same.
+    const auto sinceStart = [] {
+        timespec now{};
+        ::clock_gettime(CLOCK_BOOTTIME, &now);
+        return std::int64_t{now.tv_sec} * 1000 + now.tv_nsec / 1'000'000;
+    };
+    const std::int64_t before = sinceStart();
+    const std::int64_t now = mqtt::steadyClock()();
+    EXPECT_LE(before, now);
+    EXPECT_LE(now, sinceStart());
 }
 
 TEST(BrokerLink, RefusesAnAddressThatCannotBeUsed)
