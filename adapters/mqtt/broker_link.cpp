@@ -5,8 +5,13 @@
 #include <mosquitto.h>
 #include <mqtt_protocol.h>
 
+#include <linux/sockios.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <poll.h>
 #include <signal.h>
+#include <sys/ioctl.h>
+#include <sys/socket.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -44,6 +49,27 @@ void initialiseLibraryOnce()
         return true;
     }();
     static_cast<void>(done);
+}
+
+// The next close throws away what the system has not sent, which it would go on trying for minutes.
+void forgetWhatIsUnsent(int socket)
+{
+    const linger now{1, 0};
+    ::setsockopt(socket, SOL_SOCKET, SO_LINGER, &now, sizeof now);
+}
+
+// Ends a connection whose other side confirms nothing for so long. Means nothing to a socket file.
+void giveUpAfter(int seconds, int socket)
+{
+    const unsigned int milliseconds = static_cast<unsigned int>(seconds) * 1000;
+    ::setsockopt(socket, IPPROTO_TCP, TCP_USER_TIMEOUT, &milliseconds, sizeof milliseconds);
+}
+
+// Whether the system holds bytes that the other side has not confirmed.
+bool isUnconfirmed(int socket)
+{
+    int bytes = 0;
+    return ::ioctl(socket, SIOCOUTQ, &bytes) == 0 && bytes > 0;
 }
 
 std::string firstLineOf(const std::filesystem::path& file)
@@ -119,6 +145,7 @@ public:
 
     bool isUp() const { return up_ && failure_.empty(); }
     bool isSending() const { return client_ && mosquitto_want_write(client_.get()); }
+    bool isOnTheWay() const { return isSending() || (client_ && isUnconfirmed(descriptor())); }
     int descriptor() const { return client_ ? mosquitto_socket(client_.get()) : -1; }
     const std::string& trouble() const { return trouble_; }
 
@@ -126,6 +153,7 @@ public:
     {
         if (!client_) return;
         trouble_ = settings_.address.text().append(": ").append(reason);
+        forgetWhatIsUnsent(descriptor());
         client_.reset();
         const bool wasUp = std::exchange(up_, false);
         subscribed_ = false;
@@ -149,7 +177,8 @@ private:
         client_.reset(mosquitto_new(settings_.client.c_str(), true, this));
         if (!client_)
             throw basic::Error{connectionFailed, "Broker", "no client: " + reasonOf(MOSQ_ERR_ERRNO)};
-        if (const int result = open(*client_); result != MOSQ_ERR_SUCCESS) drop(reasonOf(result));
+        if (const int result = open(*client_); result != MOSQ_ERR_SUCCESS) return drop(reasonOf(result));
+        giveUpAfter(settings_.keepAliveSeconds, descriptor());
     }
 
     int open(mosquitto& client)
@@ -316,6 +345,8 @@ bool BrokerLink::publish(const std::string& topic, std::string_view payload, Kee
 }
 
 bool BrokerLink::isSending() const { return impl_->isSending(); }
+
+bool BrokerLink::isOnTheWay() const { return impl_->isOnTheWay(); }
 
 void BrokerLink::drop(std::string_view reason) { impl_->drop(reason); }
 

@@ -35,6 +35,7 @@ public:
     bool isUp() const override;
     bool publish(const std::string& topic, std::string_view payload, Keep keep, int expireSeconds) override;
     bool isSending() const override;
+    bool isOnTheWay() const override;
     void drop(std::string_view reason) override;
 
     // For event loops: poll(0) when the descriptor can be read, or written while isSending(), and every 100 ms. It

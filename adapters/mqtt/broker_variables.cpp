@@ -286,7 +286,7 @@ std::optional<basic::Variant> BrokerVariables::readAgain(
     const Place& place, const std::string& name, std::int64_t deadline, std::int64_t until)
 {
     // What has not left by now would reach the machine late.
-    if (link_.isUp() && link_.isSending()) link_.drop("the broker takes nothing any more");
+    if (link_.isUp() && link_.isOnTheWay()) link_.drop("the broker takes nothing any more");
     if (!link_.isUp()) return {};
     link_.publish(
         Topic{place.image->machine(), "get", settings_.panel}.text(), write(Get{{name}}), Link::Keep::No);

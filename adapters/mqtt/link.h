@@ -37,6 +37,8 @@ public:
         const std::string& topic, std::string_view payload, Keep keep, int expireSeconds = 0) = 0;
     // Whether something published has not left this process yet.
     virtual bool isSending() const = 0;
+    // Whether something published may not have reached the broker's computer yet.
+    virtual bool isOnTheWay() const { return isSending(); }
     // Breaks the connection, and with it whatever is still being sent.
     virtual void drop(std::string_view reason) = 0;
 };

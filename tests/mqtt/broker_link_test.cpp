@@ -12,6 +12,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdint>
 #include <ctime>
 #include <functional>
@@ -191,6 +192,77 @@ TEST(EncryptedBroker, TakesWhoeverHasACertificateAndProvesItself)
     }
 }
 
+// Takes one connection and then not a byte more.
+class DeafBroker {
+public:
+    DeafBroker()
+        : listener_{::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)}
+    {
+        const int little = 4096;
+        ::setsockopt(listener_, SOL_SOCKET, SO_RCVBUF, &little, sizeof little);
+        sockaddr_in place{};
+        place.sin_family = AF_INET;
+        place.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t size = sizeof place;
+        ::bind(listener_, reinterpret_cast<sockaddr*>(&place), size);
+        ::listen(listener_, 1);
+        ::getsockname(listener_, reinterpret_cast<sockaddr*>(&place), &size);
+        address.port = ntohs(place.sin_port);
+    }
+    ~DeafBroker()
+    {
+        ::close(connection_);
+        ::close(listener_);
+    }
+    DeafBroker(const DeafBroker&) = delete;
+    DeafBroker& operator=(const DeafBroker&) = delete;
+
+    // Waits for the client's greeting, and welcomes it.
+    void accept()
+    {
+        connection_ = ::accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
+        char greeting[256];
+        ASSERT_GT(::recv(connection_, greeting, sizeof greeting, 0), 0);
+        const char welcome[]{0x20, 0x03, 0, 0, 0};
+        ASSERT_EQ(::send(connection_, welcome, sizeof welcome, 0), ssize_t{sizeof welcome});
+    }
+    // How the connection ended: 0 in order, ECONNRESET cut off; what had arrived is read before.
+    int end() const
+    {
+        char bytes[4096];
+        ssize_t count = 1;
+        while (count > 0)
+            count = ::recv(connection_, bytes, sizeof bytes, 0);
+        return count == 0 ? 0 : errno;
+    }
+
+    mqtt::BrokerAddress address;
+
+private:
+    int listener_;
+    int connection_ = -1;
+};
+
+TEST(BrokerLink, ADroppedConnectionTakesWithItWhatTheSystemHasNotSent)
+{
+    DeafBroker broker;
+    Client client{broker.address, "a", {}};
+    for (int i = 0; i < 10; ++i)
+        client.link.poll(1); // sends the greeting
+    broker.accept();
+    ASSERT_TRUE(until([&] { return client.link.isUp(); }, {&client.link}));
+    EXPECT_FALSE(client.link.isOnTheWay());
+    const std::string payload(1000, 'x');
+    // Until nothing leaves the system any more; the client library has nothing left to send.
+    for (int i = 0; i < 64; ++i)
+        ASSERT_TRUE(client.link.publish("to/b", payload, mqtt::Link::Keep::No, 0));
+    client.link.poll(1);
+    ASSERT_FALSE(client.link.isSending());
+    EXPECT_TRUE(client.link.isOnTheWay());
+    client.link.drop("too late");
+    EXPECT_EQ(broker.end(), ECONNRESET);
+}
+
 TEST(BrokerLink, DoesNotHoldItsOwnerUp)
 {
     // A listener that takes no connection, with a full queue: connecting would block.
@@ -215,10 +287,8 @@ TEST(BrokerLink, DoesNotHoldItsOwnerUp)
     mqtt::BrokerLink link{
         {.address = silent, .client = "x", .connectMilliseconds = 300}, [&] { return now; }};
     link.start(receiver, {});
-    const std::int64_t start = clock();
     for (int i = 0; i < 10; ++i)
-        link.poll(1);
-    EXPECT_LT(clock() - start, 1000);
+        link.poll(1); // would not return
     EXPECT_FALSE(link.isUp());
     EXPECT_EQ(link.trouble(), "");
     now += 301;
@@ -309,6 +379,7 @@ protected:
             return inner_.publish(topic, payload, keep, seconds);
         }
         bool isSending() const override { return inner_.isSending(); }
+        bool isOnTheWay() const override { return inner_.isOnTheWay(); }
         void drop(std::string_view reason) override { inner_.drop(reason); }
 
     private:
