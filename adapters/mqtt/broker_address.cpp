@@ -1,5 +1,8 @@
 #include "mqtt/broker_address.h"
 
+#include <arpa/inet.h>
+#include <netinet/in.h>
+
 #include <charconv>
 #include <fstream>
 
@@ -16,12 +19,28 @@ bool isReadable(const std::filesystem::path& file)
     return std::filesystem::is_regular_file(file, ignored) && std::ifstream{file}.good();
 }
 
+// A number, not a name that only looks like one.
+bool isLoopback(const std::string& host)
+{
+    in_addr four{};
+    if (::inet_pton(AF_INET, host.c_str(), &four) == 1) return ntohl(four.s_addr) >> 24 == IN_LOOPBACKNET;
+    in6_addr six{};
+    return ::inet_pton(AF_INET6, host.c_str(), &six) == 1 && IN6_IS_ADDR_LOOPBACK(&six);
+}
+
+// A key with a password of its own, for which the program would stop and ask its terminal.
+bool isEncrypted(const std::filesystem::path& key)
+{
+    std::ifstream stream{key};
+    std::string line;
+    for (int i = 0; i < 3 && std::getline(stream, line); ++i)
+        if (line.find("ENCRYPTED") != std::string::npos) return true;
+    return false;
+}
+
 } // namespace
 
-bool BrokerAddress::isLocal() const
-{
-    return !socket.empty() || host == "localhost" || host == "::1" || host.starts_with("127.");
-}
+bool BrokerAddress::isLocal() const { return !socket.empty() || host == "localhost" || isLoopback(host); }
 
 std::string BrokerAddress::text() const
 {
@@ -64,6 +83,8 @@ std::string problemOf(const BrokerAddress& address)
         if (!file->empty() && !isReadable(*file)) return file->string() + ": cannot be read";
     if (address.certificate.empty() != address.key.empty())
         return "a certificate and its key belong together";
+    if (isEncrypted(address.key))
+        return address.key.string() + ": is encrypted, and nobody is there to type its password";
     if (!address.certificate.empty() && address.authority.empty())
         return "a certificate needs the authority that the broker's own is checked against";
     if (!address.isLocal() && address.authority.empty())

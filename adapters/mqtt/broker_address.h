@@ -16,7 +16,7 @@ struct BrokerAddress {
     // Files in PEM form. With an authority the connection is encrypted and the broker must prove itself.
     std::filesystem::path authority;
     std::filesystem::path certificate;
-    std::filesystem::path key;
+    std::filesystem::path key; // not encrypted itself
 
     std::string user; // empty: none, or what the certificate says
     std::filesystem::path passwordFile; // its first line
@@ -28,8 +28,8 @@ struct BrokerAddress {
 // "HOST", "HOST:PORT", "[IPV6]:PORT" or "unix:/PATH", else a text that says what is wrong.
 std::variant<BrokerAddress, std::string> parseBrokerAddress(std::string_view text);
 
-// What keeps this address from being used, naming the file: an unreadable file, a certificate without a key, no
-// encryption to another machine. Empty when nothing does.
+// What keeps this address from being used, naming the file: an unreadable file, a certificate without a key, an
+// encrypted key, no encryption to another machine. Empty when nothing does.
 std::string problemOf(const BrokerAddress& address);
 
 } // namespace servopanel::mqtt

@@ -223,7 +223,8 @@ private:
         if (address.authority.empty()) return MOSQ_ERR_SUCCESS;
         const bool own = !address.certificate.empty();
         return mosquitto_tls_set(&client, address.authority.c_str(), nullptr,
-            own ? address.certificate.c_str() : nullptr, own ? address.key.c_str() : nullptr, nullptr);
+            own ? address.certificate.c_str() : nullptr, own ? address.key.c_str() : nullptr,
+            [](char*, int, int, void*) { return 0; }); // no password is ever asked for at a terminal
     }
 
     // Waits for the socket and moves what is there, in both directions.
