@@ -18,6 +18,7 @@
 #include <cstring>
 #include <exception>
 #include <fstream>
+#include <limits>
 #include <memory>
 #include <utility>
 
@@ -36,6 +37,19 @@ using Handle = std::unique_ptr<mosquitto, Free>;
 std::string reasonOf(int result)
 {
     return result == MOSQ_ERR_ERRNO ? std::strerror(errno) : mosquitto_strerror(result);
+}
+
+// Of topic or length: nothing was sent, and the connection is none the worse.
+bool isFaultOfMessage(int result)
+{
+    return result == MOSQ_ERR_INVAL || result == MOSQ_ERR_MALFORMED_UTF8 || result == MOSQ_ERR_PAYLOAD_SIZE
+        || result == MOSQ_ERR_OVERSIZE_PACKET;
+}
+
+bool isClientId(const std::string& id)
+{
+    return !id.empty() && id.size() <= std::numeric_limits<std::uint16_t>::max()
+        && mosquitto_validate_utf8(id.data(), static_cast<int>(id.size())) == MOSQ_ERR_SUCCESS;
 }
 
 void initialiseLibraryOnce()
@@ -92,6 +106,9 @@ public:
     {
         if (const std::string problem = problemOf(settings_.address); !problem.empty())
             throw basic::Error{connectionFailed, "Broker", problem};
+        if (!isClientId(settings_.client))
+            throw basic::Error{connectionFailed, "Broker",
+                "the client id is empty or has characters that no broker takes: " + settings_.client};
         initialiseLibraryOnce();
     }
 
@@ -139,6 +156,7 @@ public:
             static_cast<int>(payload.size()), payload.data(), 0, keep == Keep::Retained, properties);
         mosquitto_property_free_all(&properties);
         if (result == MOSQ_ERR_SUCCESS) return true;
+        if (isFaultOfMessage(result)) return false;
         fail(reasonOf(result)); // dropped by the next poll, so that nobody is called from here
         return false;
     }

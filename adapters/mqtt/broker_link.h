@@ -25,7 +25,7 @@ struct BrokerLinkSettings {
 // would send what was waiting when a connection broke on the next one, long after its time.
 class BrokerLink : public Link {
 public:
-    // Throws basic::Error when the address cannot be used, see problemOf. Nothing is connected yet.
+    // Throws basic::Error when the address cannot be used, see problemOf, or the client id. Nothing is connected yet.
     explicit BrokerLink(BrokerLinkSettings settings, Clock clock = steadyClock());
     ~BrokerLink() override; // says goodbye, so that no will is sent
 

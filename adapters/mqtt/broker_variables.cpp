@@ -17,6 +17,7 @@ namespace {
 
 constexpr std::size_t mostProtocolErrors = 20;
 constexpr int millisecondsPerSecond = 1000;
+constexpr auto invalidCall = static_cast<std::int32_t>(basic::ErrorNumber::InvalidProcedureCall);
 
 [[noreturn]] void fail(Outcome outcome, std::string_view name, std::string_view reason)
 {
@@ -59,7 +60,11 @@ BrokerVariables::BrokerVariables(BrokerVariablesSettings settings, Link& link, C
     , session_{newSession()}
 {
     std::vector<std::string> subscriptions;
+    if (settings_.panel.empty())
+        throw basic::Error{invalidCall, "Process variables", "the panel has no name"};
     for (const std::string& machine : settings_.machines) {
+        if (machine.empty()) throw basic::Error{invalidCall, "Process variables", "a machine has no name"};
+        if (imageOf(machine)) continue; // named twice
         images_.push_back(std::make_unique<MachineImage>(machine, settings_.heartbeatMilliseconds));
         subscriptions.push_back(topicFilter(machine, "state"));
         subscriptions.push_back(topicFilter(machine, "desc", true));
@@ -250,16 +255,17 @@ void BrokerVariables::send(
     const std::string payload = write(command);
     if (payload.size() > Bounds{}.bytes)
         fail(Outcome::OutOfRange, name, "old and new value are longer than a message may hold");
-    awaited_ = Awaited{command.id, place.image->machine(), command.epoch};
-    answer_.reset();
     const int expireSeconds =
         (settings_.answerMilliseconds + millisecondsPerSecond - 1) / millisecondsPerSecond;
     if (!link_.publish(Topic{place.image->machine(), "cmd", settings_.panel}.text(), payload, Link::Keep::No,
             expireSeconds)) {
+        if (link_.isUp()) fail(Outcome::OutOfRange, name, "the broker takes no message like this command");
         // It may have been given to the connection in part: that connection must end.
         link_.drop("a command could not be sent");
         fail(Outcome::NoConnection, name, "no connection to the broker, nothing was sent");
     }
+    awaited_ = Awaited{command.id, place.image->machine(), command.epoch};
+    answer_.reset();
     waitForAnswer(now + span);
     std::optional<basic::Variant> heldNow;
     if (!answer_) heldNow = readAgain(place, name, command.deadline, now + settings_.answerMilliseconds);

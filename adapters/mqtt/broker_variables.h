@@ -33,7 +33,7 @@ struct BrokerVariablesSettings {
 // too; nothing but this image is touched meanwhile, so nobody is entered again.
 class BrokerVariables : public platform::ProcessVarAccess, private LinkReceiver {
 public:
-    // Starts the link. The link lives at least as long.
+    // Starts the link. The link lives at least as long. Throws basic::Error when the panel or a machine has no name.
     BrokerVariables(BrokerVariablesSettings settings, Link& link, Clock clock = steadyClock());
     ~BrokerVariables() override = default;
     BrokerVariables(const BrokerVariables&) = delete;

@@ -32,7 +32,8 @@ public:
     virtual bool isUp() const = 0;
 
     enum class Keep { No, Retained };
-    // At most once. False when it was not given to the connection. Not sent after so many seconds, 0: whenever.
+    // At most once. False when it was not given to the connection; where that is still up, no message may be like this
+    // one. Not sent after so many seconds, 0: whenever.
     virtual bool publish(
         const std::string& topic, std::string_view payload, Keep keep, int expireSeconds = 0) = 0;
     // Whether something published has not left this process yet.

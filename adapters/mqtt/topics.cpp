@@ -1,5 +1,8 @@
 #include "mqtt/topics.h"
 
+#include <mosquitto.h>
+
+#include <algorithm>
 #include <vector>
 
 namespace servopanel::mqtt {
@@ -9,18 +12,31 @@ namespace {
 constexpr std::string_view start = "pm/v1/";
 constexpr std::string_view digits = "0123456789ABCDEF";
 
+// Bytes of the first character when it may stand in a topic as it is, else 0: then its first byte is escaped.
+std::size_t plainCharacter(std::string_view name)
+{
+    const auto lead = static_cast<unsigned char>(name.front());
+    if (std::string_view{"/+#%"}.find(name.front()) != std::string_view::npos) return 0;
+    const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+    if (length > name.size()) return 0;
+    // Also refuses what is valid UTF-8 and no broker takes: control characters and those that are none.
+    return mosquitto_validate_utf8(name.data(), static_cast<int>(length)) == MOSQ_ERR_SUCCESS ? length : 0;
+}
+
 std::string escaped(std::string_view name)
 {
     std::string text;
-    for (const char c : name) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte >= 0x20 && byte != 0x7F && c != '/' && c != '+' && c != '#' && c != '%') {
-            text += c;
-            continue;
+    while (!name.empty()) {
+        const std::size_t length = plainCharacter(name);
+        if (length > 0)
+            text += name.substr(0, length);
+        else {
+            const auto byte = static_cast<unsigned char>(name.front());
+            text += '%';
+            text += digits[byte >> 4];
+            text += digits[byte & 15];
         }
-        text += '%';
-        text += digits[byte >> 4];
-        text += digits[byte & 15];
+        name.remove_prefix(std::max<std::size_t>(length, 1));
     }
     return text;
 }

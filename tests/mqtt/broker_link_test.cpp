@@ -135,6 +135,18 @@ TEST_F(BrokerLinks, ComeBackWithNothingOfBefore)
     EXPECT_EQ(sender.receiver.ups, 2);
 }
 
+TEST_F(BrokerLinks, SurviveAMessageThatCannotBe)
+{
+    Client client{broker.address(), "a", {"to/a"}};
+    ASSERT_TRUE(until([&] { return client.link.isUp(); }, {&client.link}));
+    for (const char* topic : {"to/\xC2\x85", "to/+", ""})
+        EXPECT_FALSE(client.link.publish(topic, "1", mqtt::Link::Keep::No, 0)) << topic;
+    ASSERT_TRUE(client.link.publish("to/a", "2", mqtt::Link::Keep::No, 0));
+    ASSERT_TRUE(until([&] { return !client.receiver.messages.empty(); }, {&client.link}));
+    EXPECT_EQ(client.receiver.ups, 1);
+    EXPECT_TRUE(client.receiver.downs.empty());
+}
+
 TEST_F(BrokerLinks, SurviveAReceiverThatThrows)
 {
     struct Choosy : Receiver {
@@ -320,6 +332,8 @@ TEST(BrokerLink, RefusesAnAddressThatCannotBeUsed)
     mqtt::BrokerAddress address;
     address.host = "10.0.0.7";
     EXPECT_THROW(mqtt::BrokerLink({.address = address, .client = "x"}), basic::Error);
+    for (const std::string client : {"", "panel-\n", "panel-\xF6"})
+        EXPECT_THROW(mqtt::BrokerLink({.address = {}, .client = client}), basic::Error) << client;
 }
 
 // A panel and a controller on a real broker, which comes and goes.

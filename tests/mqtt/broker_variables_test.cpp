@@ -64,6 +64,17 @@ TEST_F(Reading, ANameThatTwoMachinesDescribeIsNobodys)
     EXPECT_TRUE(controller.seen().empty());
 }
 
+TEST_F(Reading, NeedsNames)
+{
+    TestLink link{net};
+    EXPECT_THROW(mqtt::BrokerVariables({.panel = "", .machines = {"M1"}}, link, clock), basic::Error);
+    EXPECT_THROW(mqtt::BrokerVariables({.panel = "P2", .machines = {"M1", ""}}, link, clock), basic::Error);
+    mqtt::BrokerVariables twice{{.panel = "P2", .machines = {"M1", "M1"}}, link, clock};
+    for (int i = 0; i < 50; ++i)
+        twice.poll(10);
+    EXPECT_EQ(outcomeOf([&] { twice.ReadValue(para); }), Outcome::Done) << text;
+}
+
 TEST_F(Reading, WhatNobodyHasDescribedYetIsStale)
 {
     TestLink link{net};

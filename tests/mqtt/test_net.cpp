@@ -70,7 +70,7 @@ void TestLink::poll(int milliseconds)
 
 bool TestLink::publish(const std::string& topic, std::string_view payload, Keep keep, int)
 {
-    if (!up_) return false;
+    if (!up_ || refusesMessages) return false;
     published.push_back(topic);
     if (!stuck) net_.route(topic, payload, keep);
     return true;

@@ -45,6 +45,7 @@ public:
     void offer(const std::string& topic, std::string_view payload, bool retained);
 
     bool reachable = true; // comes up with the next poll
+    bool refusesMessages = false; // which are at fault themselves
     bool stuck = false; // takes messages and sends none
     std::vector<std::string> published; // topics
 

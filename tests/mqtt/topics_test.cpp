@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 namespace servopanel::mqtt {
 
@@ -25,6 +26,18 @@ TEST(Topics, NoNameIsAWildcardOrTwoLevels)
         ASSERT_TRUE(read) << text;
         EXPECT_EQ(read->machine, name);
         EXPECT_EQ(read->of, name);
+    }
+}
+
+TEST(Topics, WhatNoBrokerTakesIsEscaped)
+{
+    const std::pair<const char*, const char*> names[]{{"Größe 中 😀", "Größe 中 😀"}, {"\x7F", "%7F"},
+        {"a\xC2\x85z", "a%C2%85z"}, {"\xEF\xBF\xBF", "%EF%BF%BF"}, {"\xEF\xB7\x90", "%EF%B7%90"},
+        {"\xF6z", "%F6z"}, {"\xC3", "%C3"}, {"\xC0\x80", "%C0%80"}, {"\xED\xA0\x80", "%ED%A0%80"},
+        {"\x85", "%85"}};
+    for (const auto& [name, text] : names) {
+        EXPECT_EQ((Topic{"M1", "val", name}.text()), std::string{"pm/v1/M1/val/"} + text);
+        EXPECT_EQ(Topic::parse(Topic{"M1", "val", name}.text())->of, name);
     }
 }
 

@@ -345,6 +345,17 @@ TEST_F(Writing, ACommandThatDoesNotLeaveIsDropped)
     EXPECT_TRUE(controller.seen().empty());
 }
 
+TEST_F(Writing, ACommandThatTheBrokerDoesNotTakeEndsNoConnection)
+{
+    panelLink.refusesMessages = true;
+    const std::int64_t start = net.now;
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::OutOfRange);
+    EXPECT_EQ(net.now, start);
+    EXPECT_TRUE(panelLink.isUp());
+    panelLink.refusesMessages = false;
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::Done);
+}
+
 TEST_F(Writing, ARestartMeanwhileIsRefusedOrUnknown)
 {
     variables.ReadValue(para);
