@@ -27,6 +27,7 @@ namespace servopanel::mqtt {
 namespace {
 
 constexpr int mostPacketsAtOnce = 2000; // then others of the same thread have their turn
+constexpr int firstReasonOfBroker = 128;
 constexpr int connectionFailed = 462; // "the remote server machine does not exist or is unavailable"
 
 struct Free {
@@ -37,6 +38,15 @@ using Handle = std::unique_ptr<mosquitto, Free>;
 std::string reasonOf(int result)
 {
     return result == MOSQ_ERR_ERRNO ? std::strerror(errno) : mosquitto_strerror(result);
+}
+
+// Of a connection that was up: a number of the library's own, or what the broker said.
+const char* reasonOfEnd(int code)
+{
+    if (code == MQTT_RC_SESSION_TAKEN_OVER) return "another client has this name";
+    // Not every broker says when another client took the name.
+    if (code == MOSQ_ERR_CONN_LOST) return "the connection was lost, or another client has this name";
+    return code < firstReasonOfBroker ? mosquitto_strerror(code) : mosquitto_reason_string(code);
 }
 
 // Of topic or length: nothing was sent, and the connection is none the worse.
@@ -139,7 +149,7 @@ public:
             drop("the broker does not answer");
         if (subscribed_ && !up_) {
             up_ = true;
-            retry_ = settings_.firstRetryMilliseconds;
+            upAt_ = clock_();
             trouble_.clear();
             receiver_->linkUp();
         }
@@ -176,6 +186,9 @@ public:
         const bool wasUp = std::exchange(up_, false);
         subscribed_ = false;
         failure_.clear();
+        // Two clients of one name end each other's connections; each must wait longer than the other's has lasted.
+        if (wasUp && clock_() - upAt_ > 2 * std::int64_t{settings_.lastRetryMilliseconds})
+            retry_ = settings_.firstRetryMilliseconds;
         nextTry_ = clock_() + retry_;
         retry_ = std::min(2 * retry_, settings_.lastRetryMilliseconds);
         if (wasUp) receiver_->linkDown(trouble_);
@@ -211,7 +224,7 @@ private:
                 static_cast<Impl*>(self)->guarded(&Impl::granted, granted, count);
             });
         mosquitto_disconnect_v5_callback_set(&client, [](mosquitto*, void* self, int code, const auto*) {
-            static_cast<Impl*>(self)->guarded(&Impl::fail, mosquitto_reason_string(code));
+            static_cast<Impl*>(self)->guarded(&Impl::fail, reasonOfEnd(code));
         });
         mosquitto_message_v5_callback_set(
             &client, [](mosquitto*, void* self, const mosquitto_message* message, const auto*) {
@@ -335,6 +348,7 @@ private:
     int retry_; // milliseconds
     std::int64_t nextTry_;
     std::int64_t connectedAt_ = 0;
+    std::int64_t upAt_ = 0;
 };
 
 BrokerLink::BrokerLink(BrokerLinkSettings settings, Clock clock)

@@ -17,7 +17,7 @@ struct BrokerLinkSettings {
     std::string client; // its id, unique among all clients of the broker
     int keepAliveSeconds = 5;
     int connectMilliseconds = 5000; // for a connection to come up, subscriptions included
-    int firstRetryMilliseconds = 250; // doubled after each failure
+    int firstRetryMilliseconds = 250; // doubled after each failure, and until a connection has lasted
     int lastRetryMilliseconds = 5000;
 };
 

@@ -123,6 +123,7 @@ TEST_F(BrokerLinks, ComeBackWithNothingOfBefore)
     ASSERT_TRUE(until([&] { return !sender.receiver.downs.empty(); }, {&sender.link}));
     EXPECT_FALSE(sender.link.publish("to/b", "old", mqtt::Link::Keep::No, 0));
     EXPECT_EQ(sender.link.trouble().find(broker.address().text()), 0U) << sender.link.trouble();
+    EXPECT_EQ(sender.link.trouble().find("Unknown"), std::string::npos) << sender.link.trouble();
     EXPECT_EQ(sender.link.descriptor(), -1);
 
     ASSERT_TRUE(broker.start());
@@ -133,6 +134,34 @@ TEST_F(BrokerLinks, ComeBackWithNothingOfBefore)
     ASSERT_TRUE(until([&] { return !receiver.receiver.messages.empty(); }, {&sender.link, &receiver.link}));
     EXPECT_EQ(receiver.receiver.messages, (std::vector<std::string>{"to/b=new"}));
     EXPECT_EQ(sender.receiver.ups, 2);
+}
+
+TEST_F(BrokerLinks, OfOneNameDoNotChaseEachOther)
+{
+    std::int64_t now = 0;
+    Receiver receivers[2];
+    std::vector<std::unique_ptr<mqtt::BrokerLink>> links;
+    for (Receiver& receiver : receivers) {
+        links.push_back(
+            std::make_unique<mqtt::BrokerLink>(mqtt::BrokerLinkSettings{.address = broker.address(),
+                                                   .client = "same",
+                                                   .firstRetryMilliseconds = 100,
+                                                   .lastRetryMilliseconds = 2000},
+                [&] { return now; }));
+        links.back()->start(receiver, {"x"});
+    }
+    for (; now < 10'000; now += 10)
+        for (const auto& link : links)
+            link->poll(1);
+    const int ups = receivers[0].ups + receivers[1].ups;
+    EXPECT_GE(ups, 2);
+    EXPECT_LE(ups, 20) << "a retry every 100 ms would be 100";
+    std::string reasons;
+    for (const Receiver& receiver : receivers)
+        for (const std::string& reason : receiver.downs)
+            reasons += reason + "\n";
+    EXPECT_NE(reasons.find("another client has this name"), std::string::npos) << reasons;
+    EXPECT_EQ(reasons.find("Unknown"), std::string::npos) << reasons;
 }
 
 TEST_F(BrokerLinks, SurviveAMessageThatCannotBe)
