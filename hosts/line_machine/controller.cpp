@@ -40,10 +40,10 @@ void Controller::begin(std::int64_t epoch)
 {
     epoch_ = epoch;
     startedAt_ = clock_();
-    heartbeatAt_ = startedAt_ - settings_.heartbeatMilliseconds;
+    heartbeatAt_ = putRightAt_ = startedAt_ - settings_.heartbeatMilliseconds;
     variables_.clear();
     for (const mqtt::VariableDescription& variable : description_.variables())
-        variables_.push_back({variable.name, 0, startedAt_ - settings_.valueMilliseconds, true});
+        variables_.push_back({variable.name, 0, startedAt_ - settings_.valueMilliseconds, true, false});
     work_.clear();
     link_.setWill(topic("state"), write(mqtt::State{false, epoch_, description_.hash()}));
 }
@@ -58,8 +58,11 @@ void Controller::poll(int milliseconds)
         carryOut(work);
     }
     if (!link_.isUp()) return;
-    sendChanges();
-    if (clock_() - heartbeatAt_ >= settings_.heartbeatMilliseconds) sendHeartbeat();
+    putStateRight();
+    sendDue();
+    // What the connection cannot take would only wait in memory.
+    if (link_.isSending()) return;
+    if (owesHeartbeat_ || clock_() - heartbeatAt_ >= settings_.heartbeatMilliseconds) sendHeartbeat();
 }
 
 void Controller::goodbye()
@@ -85,11 +88,11 @@ try {
     if (topic->kind == "state") {
         // Somebody else's word about this machine, mostly the last will of the controller before.
         const mqtt::State state = mqtt::readState(topicText, payload);
-        if (link_.isUp() && (!state.up || state.epoch != epoch_)) sendState(true);
+        stateIsWrong_ = !state.up || state.epoch != epoch_;
         return;
     }
     if (retained) throw mqtt::ProtocolError{topicText, "must not be retained"};
-    if (topic->kind == "get") answerGet(topicText, payload);
+    if (topic->kind == "get") takeGet(topicText, payload);
     if (topic->kind == "cmd") takeCommand(topic->of, mqtt::readCommand(topicText, payload));
     if (topic->kind == "fault" && settings_.faults) orderFault(payload);
 } catch (const mqtt::ProtocolError& error) {
@@ -112,6 +115,15 @@ void Controller::sendState(bool up)
     publish(topic("state"), write(mqtt::State{up, epoch_, description_.hash()}), mqtt::Link::Keep::Retained);
 }
 
+// Not each time at once: somebody else might do the same.
+void Controller::putStateRight()
+{
+    if (!stateIsWrong_ || clock_() - putRightAt_ < settings_.heartbeatMilliseconds) return;
+    stateIsWrong_ = false;
+    putRightAt_ = clock_();
+    sendState(true);
+}
+
 void Controller::sendValue(std::size_t index)
 {
     Variable& variable = variables_[index];
@@ -132,25 +144,35 @@ void Controller::sendValue(std::size_t index)
     publish(topic("val", variable.name), write(value));
 }
 
-void Controller::sendChanges()
+void Controller::sendDue()
+{
+    for (std::size_t i = 0; i < variables_.size() && !link_.isSending(); ++i) {
+        next_ = (next_ + 1) % variables_.size();
+        sendDue(variables_[next_], next_);
+    }
+}
+
+void Controller::sendDue(Variable& variable, std::size_t index)
 {
     const std::int64_t now = clock_();
-    for (std::size_t i = 0; i < variables_.size(); ++i) {
-        Variable& variable = variables_[i];
-        if (!variable.changed || now - variable.sentAt < settings_.valueMilliseconds) continue;
-        variable.changed = false;
-        variable.sentAt = now;
+    if (!(variable.changed || variable.requested) || now - variable.sentAt < settings_.valueMilliseconds)
+        return;
+    if (std::exchange(variable.requested, false)) owesHeartbeat_ = true;
+    variable.sentAt = now;
+    if (std::exchange(variable.changed, false)) {
         ++variable.sequence;
-        if (faults_.torn > 0)
+        if (faults_.torn > 0) {
             --faults_.torn;
-        else
-            sendValue(i);
+            return;
+        }
     }
+    sendValue(index);
 }
 
 void Controller::sendHeartbeat()
 {
     heartbeatAt_ = clock_();
+    owesHeartbeat_ = false;
     if (faults_.heartless) return;
     mqtt::Heartbeat heartbeat{epoch_, time(), {}};
     for (const Variable& variable : variables_)
@@ -158,24 +180,15 @@ void Controller::sendHeartbeat()
     publish(topic("hb"), write(heartbeat));
 }
 
-void Controller::answerGet(std::string_view topicText, std::string_view payload)
+// Answered by the next polls, so that many requests cost no more than one.
+void Controller::takeGet(std::string_view topicText, std::string_view payload)
 {
     const mqtt::Get get = mqtt::readGet(topicText, payload);
-    const auto send = [this](std::size_t i) {
-        Variable& variable = variables_[i];
-        if (variable.changed) {
-            variable.changed = false;
-            ++variable.sequence;
-        }
-        variable.sentAt = clock_();
-        sendValue(i);
-    };
     if (get.names.empty())
-        for (std::size_t i = 0; i < variables_.size(); ++i)
-            send(i);
+        for (Variable& variable : variables_)
+            variable.requested = true;
     for (const std::string& name : get.names)
-        if (const auto variable = description_.indexOf(name)) send(*variable);
-    sendHeartbeat();
+        if (const auto variable = description_.indexOf(name)) variables_[*variable].requested = true;
 }
 
 void Controller::takeCommand(const std::string& panel, mqtt::Command command)

@@ -21,7 +21,7 @@ struct ControllerSettings {
     std::string machine; // designation
     std::int64_t epoch = 0; // of the first start, milliseconds since 1970
     int heartbeatMilliseconds = 500;
-    int valueMilliseconds = 200; // between two messages of one variable's changes
+    int valueMilliseconds = 200; // between two messages of one variable, but for commands
     bool faults = false; // whether pm/v1/<machine>/fault exists
 };
 
@@ -63,6 +63,7 @@ private:
         std::int64_t sequence = 0;
         std::int64_t sentAt = 0; // clock
         bool changed = true;
+        bool requested = false;
     };
     struct Work {
         mqtt::Command command;
@@ -77,10 +78,12 @@ private:
 
     void begin(std::int64_t epoch);
     void sendState(bool up);
+    void putStateRight();
     void sendValue(std::size_t variable);
-    void sendChanges();
+    void sendDue();
+    void sendDue(Variable& variable, std::size_t index);
     void sendHeartbeat();
-    void answerGet(std::string_view topic, std::string_view payload);
+    void takeGet(std::string_view topic, std::string_view payload);
     void takeCommand(const std::string& panel, mqtt::Command command);
     void carryOut(const Work& work);
     Verdict judgeAndWrite(const mqtt::Command& command);
@@ -102,7 +105,11 @@ private:
     std::int64_t epoch_ = 0;
     std::int64_t startedAt_ = 0; // clock
     std::vector<Variable> variables_; // as in the description
+    std::size_t next_ = 0; // variable to begin with, so that a slow connection serves all in turn
+    bool owesHeartbeat_ = false; // after the requested values
     std::int64_t heartbeatAt_ = 0; // clock
+    bool stateIsWrong_ = false; // somebody else has written it
+    std::int64_t putRightAt_ = 0; // clock
     std::vector<Work> work_; // none or one
     std::deque<Seen> seen_;
     std::size_t commands_ = 0;

