@@ -3,6 +3,7 @@
 #include "mqtt/protocol_error.h"
 
 #include <limits>
+#include <set>
 #include <vector>
 
 namespace servopanel::mqtt {
@@ -27,7 +28,11 @@ public:
     bool string(string_t& text) override { return isShort(text) && count(); }
     bool binary(binary_t&) override { return false; }
     bool start_object(std::size_t) override { return count() && open(); }
-    bool key(string_t& name) override { return isShort(name); }
+    bool key(string_t& name) override
+    {
+        // Readers differ in which of two they take.
+        return isShort(name) && (open_.back().names.insert(name).second || complain("two members " + name));
+    }
     bool end_object() override { return close(); }
     bool start_array(std::size_t) override { return count() && open(); }
     bool end_array() override { return close(); }
@@ -44,12 +49,12 @@ private:
     }
     bool count()
     {
-        if (open_.empty() || ++open_.back() <= bounds_.elements) return true;
+        if (open_.empty() || ++open_.back().count <= bounds_.elements) return true;
         return complain("more than " + std::to_string(bounds_.elements) + " elements in one list");
     }
     bool open()
     {
-        open_.push_back(0);
+        open_.emplace_back();
         return open_.size() <= bounds_.depth
             || complain("nested deeper than " + std::to_string(bounds_.depth));
     }
@@ -65,7 +70,11 @@ private:
     }
 
     const Bounds& bounds_;
-    std::vector<std::size_t> open_; // elements so far of each list that is open
+    struct List {
+        std::size_t count = 0; // elements so far
+        std::set<std::string> names; // of an object's members
+    };
+    std::vector<List> open_;
     std::string complaint_;
 };
 

@@ -60,6 +60,8 @@ TEST(Messages, StayWithinTheirBounds)
         {R"({"a":"123456789"})", "a text longer than 8 bytes"},
         {R"({"123456789":1})", "a text longer than 8 bytes"},
         {R"({"a":"1","b":"1234567", "c":"1234567", "d":"1234567890123456"})", "longer than 60 bytes"},
+        {R"({"a":1,"b":2,"a":1})", "two members a"},
+        {R"({"a":{"b":1},"b":[{"a":1},{"a":1}]})", "no error"},
         {R"([1])", "no JSON object"},
         {R"("a")", "no JSON object"},
         {"", "no JSON from byte"},
