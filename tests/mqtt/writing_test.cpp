@@ -417,6 +417,20 @@ TEST_F(Writing, OnlyTheMachineOfThisEpochHasDoneIt)
     EXPECT_EQ(held(), unchanged);
 }
 
+TEST_F(Writing, ACommandThatTheBrokerKeptIsOfAnotherTime)
+{
+    const std::string command = R"({"id":"a","epoch":)" + std::to_string(controller.epoch())
+        + R"(,"deadline":99999999,"level":5,"name":")" + flag + R"(","old":0,"new":1})";
+    machineLink.offer("pm/v1/M1/cmd/P1", command, true);
+    controller.poll(0);
+    EXPECT_TRUE(controller.seen().empty());
+    EXPECT_EQ(
+        controller.takeProtocolErrors(), (std::vector<std::string>{"pm/v1/M1/cmd/P1: must not be retained"}));
+    machineLink.offer("pm/v1/M1/cmd/P1", command, false);
+    controller.poll(0);
+    EXPECT_EQ(controller.seen().size(), 1U) << "nothing else is wrong with it";
+}
+
 TEST_F(Writing, AnswersToOthersAreNotOurs)
 {
     controller.orderFault(R"({"fault":"silent"})");
