@@ -65,6 +65,10 @@ install(FILES "${PROJECT_BINARY_DIR}/ServoPanelConfig.cmake" "${PROJECT_BINARY_D
     DESTINATION ${panel_package_folder} COMPONENT dev)
 
 install(TARGETS servo-replay servo-defs servo-machine DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tools)
+install(FILES "${PROJECT_SOURCE_DIR}/packaging/broker/mosquitto.conf" "${PROJECT_SOURCE_DIR}/packaging/broker/acl"
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/servo-panel-tools/examples/broker COMPONENT tools)
+install(PROGRAMS "${PROJECT_SOURCE_DIR}/packaging/broker/make_certificates"
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/servo-panel-tools/examples/broker COMPONENT tools)
 install(DIRECTORY "${PROJECT_BINARY_DIR}/demo/project/" DESTINATION ${CMAKE_INSTALL_DATADIR}/servo-panel/demo COMPONENT demo)
 
 if(SERVOPANEL_QT)

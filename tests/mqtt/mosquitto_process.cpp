@@ -114,6 +114,11 @@ mqtt::BrokerAddress MosquittoProcess::socketAddress() const
     return address;
 }
 
+void MosquittoProcess::configure(const std::string& text) const
+{
+    std::ofstream{folder_ / "broker.conf"} << text;
+}
+
 bool MosquittoProcess::encrypt()
 {
     if (!makeCertificate("ca", "") || !makeCertificate("other", "") || !makeCertificate("127.0.0.1", "ca")

@@ -26,6 +26,9 @@ public:
     mqtt::BrokerAddress address() const;
     mqtt::BrokerAddress socketAddress() const;
 
+    // Before start: instead of the own configuration. Its listeners are that of address() and of socketAddress().
+    void configure(const std::string& text) const;
+
     // Before start: a further port for encrypted connections of clients with a certificate, whose name is their user
     // name. False when the certificates cannot be made.
     bool encrypt();
