@@ -41,6 +41,19 @@ struct AskedEntry {
     std::string view; // that asked for it first
 };
 
+// A report of the library.
+struct LibraryError {
+    std::string procedure;
+    std::string description;
+    std::string view; // where it was met
+    friend bool operator==(const LibraryError&, const LibraryError&) = default;
+};
+// One about a picture or the definitions.
+struct FileError {
+    std::string description;
+    std::string view;
+};
+
 // What the library asked for while somebody went through the whole project.
 struct Asked {
     std::map<std::string, Places> pictures; // by name below the project's folder, with slashes
@@ -53,7 +66,9 @@ struct Asked {
     std::vector<jet::ServoName> servos;
     std::size_t wholeServos = 0; // those of which nothing failed that was asked for
     std::size_t machines = 0;
-    std::vector<std::string> errors; // reports of the library that nothing else explains
+    std::vector<LibraryError> errors; // reports of the library that nothing else explains
+    std::map<std::string, FileError> fileErrors; // by file; the first of each
+    std::set<std::string> brokenFiles; // pictures and definitions that were found to be so
 };
 
 } // namespace servopanel::check

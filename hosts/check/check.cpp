@@ -6,10 +6,12 @@
 #include "check/definitions_check.h"
 #include "check/ini_files.h"
 #include "check/pictures_check.h"
+#include "check/places_check.h"
 #include "check/problems.h"
 #include "check/project.h"
 #include "check/texts_check.h"
 #include "check/unasked.h"
+#include "check/values_check.h"
 #include "check/walk.h"
 #include "machine/simulated_machine.h"
 #include "machine/variable_store.h"
@@ -22,6 +24,8 @@ namespace servopanel::check {
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr const char* cannotStart = ": the panel cannot start\n";
 
 std::string counted(std::size_t count, const char* what)
 {
@@ -78,24 +82,40 @@ void checkSimulation(const CheckedProject& project, const Asked& asked, Findings
                 "machine: " + problem.place + ": " + problem.reason + ": this value stands still");
 }
 
+// What the library reported on the way and nothing above explains. The operator meets it in the list of reports.
+void checkReports(const Asked& asked, Findings& findings)
+{
+    for (const LibraryError& error : asked.errors)
+        findings.add({"project.json", 0,
+            "the panel reports \"" + error.description + "\" in " + error.procedure, {}, error.view});
+    for (const auto& [file, error] : asked.fileErrors)
+        if (!asked.brokenFiles.contains(file) && !findings.has(file))
+            findings.add({file, 0, "the panel reports \"" + error.description + '"', {}, error.view});
+}
+
 std::string summary(const CheckedProject& project, const Asked& asked, const Findings& findings)
 {
-    std::string text;
-    for (const std::string& error : asked.errors)
-        if (findings.count() == 0) text += "library: " + error + '\n';
     std::vector<std::string> resolutions;
     for (const int resolution : project.resolutions)
         resolutions.push_back(std::to_string(resolution));
     const std::string looked = counted(asked.machines, "machine") + ", "
         + counted(asked.servos.size(), "servo") + ", " + counted(project.file.languages.size(), "language")
         + ", at " + listed(resolutions);
-    if (findings.count() == 0 && asked.errors.empty()) return "nothing is missing (" + looked + ")\n";
-    text += counted(findings.count() + (findings.count() == 0 ? asked.errors.size() : 0), "finding");
-    if (findings.count() > 0) text += " in " + counted(findings.files(), "file");
-    text += " (" + looked + ")";
-    if (findings.count() > 0 && !asked.errors.empty())
-        text += "; " + counted(asked.errors.size(), "error") + " of the library may follow from these";
-    return text + '\n';
+    if (findings.count() == 0) return "nothing is missing (" + looked + ")\n";
+    return counted(findings.count(), "finding") + " in " + counted(findings.files(), "file") + " (" + looked
+        + ")\n";
+}
+
+// A file of the description's name in other letters, which is another file on this system.
+std::string otherwiseNamed(const fs::path& folder)
+{
+    std::error_code code;
+    for (fs::directory_iterator file{folder, code}, end; !code && file != end; file.increment(code)) {
+        const std::string name = file->path().filename().string();
+        if (basic::upperCase(name) == "PROJECT.JSON")
+            return ", but '" + name + "', which must be named in small letters";
+    }
+    return {};
 }
 
 // What follows from the part that was not read is told by nobody: only that it was not read helps.
@@ -110,17 +130,18 @@ Report notWhole(Findings& findings)
 
 } // namespace
 
-Report checkProject(const fs::path& folder, const PictureReader& readPicture)
+Report checkProject(const fs::path& folder, const PictureReader& readPicture, const Computer& computer)
 {
     std::error_code code;
     const std::string shown = "'" + folder.string() + "'";
     if (!fs::is_directory(folder, code)) {
-        const char* const what = fs::exists(folder, code) ? " is no folder\n" : " does not exist\n";
-        return {Report::Result::NoProject, shown + what};
+        const char* const what = fs::exists(folder, code) ? " is no folder" : " does not exist";
+        return {Report::Result::NoProject, shown + what + cannotStart};
     }
     const fs::path file = folder / "project.json";
     if (!fs::exists(fs::symlink_status(file, code)))
-        return {Report::Result::NoProject, shown + " is no project: it has no project.json\n"};
+        return {Report::Result::NoProject,
+            shown + " is no project: it has no project.json" + otherwiseNamed(folder) + cannotStart};
 
     Findings findings;
     Asked asked;
@@ -131,14 +152,18 @@ Report checkProject(const fs::path& folder, const PictureReader& readPicture)
     checkFooterFile(project, asked.machines, findings);
     checkEntries(project, asked, findings);
     checkScreens(project, asked, findings);
+    checkValues(project, asked, findings);
     checkSimulation(project, asked, findings);
     const Unasked unasked{project, asked};
     checkVariables(project, unasked, findings);
     checkTexts(project, asked, unasked, findings);
     checkDefinitions(project, asked, findings);
     checkPictures(project, asked, readPicture, findings);
+    checkLetterCase(project, findings);
+    checkPlaces(project, computer, findings);
+    checkReports(asked, findings);
 
-    const bool isGood = findings.count() == 0 && asked.errors.empty();
+    const bool isGood = findings.count() == 0;
     return {isGood ? Report::Result::Good : Report::Result::Findings,
         findings.text() + summary(project, asked, findings)};
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "check/computer.h"
+
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -23,6 +25,7 @@ struct Report {
 
 // Finds what a project lacks before an operator does: by what its files say, and by going through all of it with the
 // library. The folder is only read. Never fails: what cannot be read is a finding.
-Report checkProject(const std::filesystem::path& folder, const PictureReader& readPicture);
+Report checkProject(const std::filesystem::path& folder, const PictureReader& readPicture,
+    const Computer& computer = thisComputer());
 
 } // namespace servopanel::check

@@ -2,6 +2,8 @@
 
 #include "basic/error.h"
 #include "check/problems.h"
+#include "jet/disk_file.h"
+#include "jet/file_kind.h"
 #include "jet/servo_defs/definition_check.h"
 #include "jet/servo_defs/definition_list.h"
 
@@ -29,16 +31,26 @@ void add(const std::vector<jet::DefinitionFinding>& found, Findings& findings)
     }
 }
 
+// The panel reads databases only, while the engineer's tool takes their CSV form as well.
+void requireDatabase(const std::filesystem::path& file)
+{
+    if (jet::kindOf(jet::readFile(file).bytes) == jet::FileKind::Text)
+        throw basic::Error{0, {},
+            "is text, not a database; \"servo-defs create\" makes a database of a list of definitions"};
+}
+
 } // namespace
 
-void checkDefinitions(const CheckedProject& project, const Asked& asked, Findings& findings)
+void checkDefinitions(const CheckedProject& project, Asked& asked, Findings& findings)
 {
     const std::optional<std::filesystem::path> file = project.mapping.find(databaseName);
     if (!file) {
+        asked.brokenFiles.insert(databaseName);
         findings.add(databaseName, 0, std::string{"no such file"} + allOpen);
         return;
     }
     try {
+        requireDatabase(*file);
         const std::vector<jet::DefinitionRow> rows = jet::loadDefinitions(*file).rows;
         add(jet::findingsOfRows(rows), findings);
         if (!asked.servos.empty()) add(jet::findingsOfServos(rows, asked.servos), findings);
@@ -51,6 +63,7 @@ void checkDefinitions(const CheckedProject& project, const Asked& asked, Finding
                     "machine " + machine + " has " + std::to_string(count) + " rows, and there is room for "
                         + std::to_string(mostRows) + ": the items of the others are hidden");
     } catch (const basic::Error& error) {
+        asked.brokenFiles.insert(databaseName);
         findings.add(databaseName, 0, shownReason(error.description, *file) + allOpen);
     }
 }

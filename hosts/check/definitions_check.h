@@ -7,6 +7,6 @@
 namespace servopanel::check {
 
 // The database of definitions: its rows, and whether they are those of the project's servos.
-void checkDefinitions(const CheckedProject& project, const Asked& asked, Findings& findings);
+void checkDefinitions(const CheckedProject& project, Asked& asked, Findings& findings);
 
 } // namespace servopanel::check

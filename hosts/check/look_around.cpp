@@ -2,6 +2,7 @@
 
 #include "basic/conversions.h"
 #include "basic/error.h"
+#include "machine/servo_families.h"
 #include "platform/ids.h"
 #include "recording/memory/project.h"
 
@@ -16,6 +17,7 @@ namespace {
 
 namespace ids = platform::ids;
 namespace classes = platform::classes;
+namespace families = machine::families;
 
 constexpr std::int16_t lastKey = 11;
 constexpr std::int16_t noText = 10000; // number of a footer key without a text
@@ -106,6 +108,12 @@ void LookAround::picture(recording::MemoryControl& control)
     watch_.requireSize(picture->file(), pixels(platform::names::Width), pixels(platform::names::Height));
 }
 
+int LookAround::lineOf(std::string_view first, std::string_view second, platform::ChildId id) const
+{
+    constexpr std::int16_t lastOfFirst = 20;
+    return project_.lineOfVariable(watch_.variableOf(id.index <= lastOfFirst ? first : second));
+}
+
 // A value beyond its limits looks like any other, but the mask takes it for none.
 void LookAround::input(platform::ChildId id, recording::MemoryControl& input)
 {
@@ -116,13 +124,13 @@ void LookAround::input(platform::ChildId id, recording::MemoryControl& input)
     const std::optional<double> high = limitOf(input.get(ids::VWSVarIn::Obergrenze));
     const std::string name = "setpoint " + basic::decimal(std::int32_t{id.index});
     if (low && high && *low > *high)
-        findings_.add({"project.json", project_.lineOfVariable({}),
+        findings_.add({"project.json", lineOf(families::upperLimits, families::secondUpperLimits, id),
             name + " has the lower limit " + basic::decimal(*low) + " above the upper limit "
                 + basic::decimal(*high) + ": no value can be entered there",
             {}, watch_.view()});
     const std::optional<double> value = limitOf(input.get(ids::VWSVarIn::Wert));
     if (value && low && high && *low <= *high && (*value < *low || *value > *high))
-        findings_.add({"project.json", project_.lineOfVariable({}),
+        findings_.add({"project.json", lineOf(families::setpoints, families::secondSetpoints, id),
             name + " starts with " + basic::decimal(*value) + ", outside its limits " + basic::decimal(*low)
                 + " to " + basic::decimal(*high) + ": the mask does not take this value back",
             {}, watch_.view()});

@@ -68,12 +68,12 @@ std::set<int> resolutionsOf(const CheckedProject& project)
     return result;
 }
 
-void checkPictures(
-    const CheckedProject& project, const Asked& asked, const PictureReader& read, Findings& findings)
+void checkPictures(const CheckedProject& project, Asked& asked, const PictureReader& read, Findings& findings)
 {
     for (const auto& [name, places] : asked.pictures) {
         const std::string mistake = mistakeOf(project.mapping.find(name), places, read);
         if (mistake.empty()) continue;
+        asked.brokenFiles.insert(name);
         const std::string shown = forAllResolutions(name, project.resolutions);
         for (const std::string& view : places.views)
             findings.add({shown, 0, mistake, shown == name ? std::set<int>{} : places.resolutions, view});

@@ -14,6 +14,6 @@ std::set<int> resolutionsOf(const CheckedProject& project);
 
 // Pictures that were asked for and are missing, broken or of another size than their place.
 void checkPictures(
-    const CheckedProject& project, const Asked& asked, const PictureReader& read, Findings& findings);
+    const CheckedProject& project, Asked& asked, const PictureReader& read, Findings& findings);
 
 } // namespace servopanel::check

@@ -67,16 +67,18 @@ struct Start {
     bool rightToLeft = false;
     bool mayEnter = true;
     bool allOptions = false; // whatever the project says
+    bool changesValues = false; // on every page; what is written is the same at every resolution
 };
 
 // One start of the panel, with a library and a memory of its own: pictures are asked for anew.
 class Visit {
 public:
-    Visit(const CheckedProject& project, const Start& start, Asked& asked, Findings& findings)
+    Visit(const CheckedProject& project, KeptDefinitions& definitions, const Start& start, Asked& asked,
+        Findings& findings)
         : project_{project}
         , start_{start}
         , asked_{asked}
-        , watch_{host_, project, asked, findings}
+        , watch_{host_, project, definitions, asked, findings}
         , around_{watch_, asked, findings, project}
     {
         host_.useProject(std::make_shared<recording::FolderProject>(project.folder, host_.world().failures));
@@ -232,7 +234,7 @@ private:
         noteServo(place);
         look(servoView(place));
         bool isWhole = !watch_.isTroubled();
-        changeValue(place);
+        if (start_.changesValues) changeValue(place);
         setView("diagnosis page 1" + ofServo(place));
         press(page, keys::confirm);
         look("diagnosis page 1" + ofServo(place));
@@ -309,13 +311,15 @@ const Variant* valueOf(const CheckedProject& project, const std::string& name)
 }
 
 // What would be asked for if everything that a project may switch on were on. What is missing for that is no finding.
-void walkWithAllOptions(const CheckedProject& project, std::int16_t machine, Asked& asked)
+void walkWithAllOptions(
+    const CheckedProject& project, KeptDefinitions& definitions, std::int16_t machine, Asked& asked)
 {
     Asked wanted;
     Findings ignored;
     Start start{machine, *project.resolutions.begin(), highestLevel};
     start.allOptions = true;
-    Visit{project, start, wanted, ignored}.wholeMachine();
+    start.changesValues = true;
+    Visit{project, definitions, start, wanted, ignored}.wholeMachine();
     asked.textKeys.merge(wanted.textKeys);
     asked.variableNames.merge(wanted.variableNames);
 }
@@ -334,6 +338,7 @@ void walkThrough(const CheckedProject& project, Asked& asked, Findings& findings
 
     const bool anyRightToLeft = std::any_of(project.file.languages.begin(), project.file.languages.end(),
         [](const auto& language) { return language.rightToLeft; });
+    KeptDefinitions definitions{project.mapping};
     for (std::int16_t machine = 1; machine <= machines; ++machine) {
         const std::string servos = std::string{servoCount} + decimal(machine) + ">";
         const Variant* const configured = valueOf(project, servos);
@@ -342,20 +347,23 @@ void walkThrough(const CheckedProject& project, Asked& asked, Findings& findings
                 "variable \"" + servos + "\" must be from 1 to " + decimal(mostServos)
                     + ", the number of servos: the menu shows none or not all");
         for (const int resolution : project.resolutions) {
-            const Start service{machine, resolution, highestLevel};
-            Visit{project, service, asked, findings}.wholeMachine();
+            Start service{machine, resolution, highestLevel};
+            service.changesValues = resolution == *project.resolutions.begin();
+            Visit{project, definitions, service, asked, findings}.wholeMachine();
             for (std::int16_t level = 0; level < highestLevel; ++level)
-                Visit{project, {machine, resolution, level}, asked, findings}.firstPages();
+                Visit{project, definitions, {machine, resolution, level}, asked, findings}.firstPages();
         }
         const Start service{machine, *project.resolutions.begin(), highestLevel};
         if (anyRightToLeft)
-            Visit{project, {machine, service.resolution, highestLevel, true}, asked, findings}.wholeMachine();
+            Visit{project, definitions, {machine, service.resolution, highestLevel, true}, asked, findings}
+                .wholeMachine();
         for (const std::int16_t key : {keys::machine, keys::leave, keys::hardware})
             for (const bool fromMenu : {true, false})
-                Visit{project, service, asked, findings}.leave(key, fromMenu);
-        Visit{project, {machine, service.resolution, highestLevel, false, false}, asked, findings}
+                Visit{project, definitions, service, asked, findings}.leave(key, fromMenu);
+        Visit{
+            project, definitions, {machine, service.resolution, highestLevel, false, false}, asked, findings}
             .refusedTouch();
-        walkWithAllOptions(project, machine, asked);
+        walkWithAllOptions(project, definitions, machine, asked);
     }
 }
 

@@ -4,6 +4,7 @@
 #include "basic/error.h"
 #include "basic/text.h"
 #include "check/ini_files.h"
+#include "machine/servo_families.h"
 
 #include <algorithm>
 #include <charconv>
@@ -72,26 +73,27 @@ private:
 // What is wrong in the definitions themselves is found without the library.
 class Watch::Engine : public platform::DBEngine {
 public:
-    Engine(Watch& watch, std::shared_ptr<platform::DBEngine> inner)
+    explicit Engine(Watch& watch)
         : watch_{watch}
-        , inner_{std::move(inner)}
     {
     }
     std::unique_ptr<platform::Database> open(std::string_view path) override
     {
         watch_.last_ = Access::Definitions;
-        return inner_->open(path);
+        watch_.lastFile_ = watch_.relative(path).value_or(std::string{path});
+        return watch_.definitions_.open(path);
     }
 
 private:
     Watch& watch_;
-    std::shared_ptr<platform::DBEngine> inner_;
 };
 
-Watch::Watch(recording::MemoryHost& host, const CheckedProject& project, Asked& asked, Findings& findings)
+Watch::Watch(recording::MemoryHost& host, const CheckedProject& project, KeptDefinitions& definitions,
+    Asked& asked, Findings& findings)
     : host_{host}
     , inner_{host.platform()}
     , project_{project}
+    , definitions_{definitions}
     , asked_{asked}
     , findings_{findings}
 {
@@ -155,6 +157,12 @@ void Watch::variableFinding(const std::string& name, const std::string& what)
         {"project.json", project_.lineOfVariable(name), "variable \"" + name + "\" " + what, {}, view_});
 }
 
+std::string Watch::variableOf(std::string_view family) const
+{
+    const auto variable = familyVariables_.find(family);
+    return variable == familyVariables_.end() ? std::string{} : variable->second;
+}
+
 void Watch::requireVariable(const std::string& name)
 {
     if (store_.find(name) == nullptr)
@@ -165,6 +173,8 @@ Variant Watch::read(std::string_view name)
 {
     lastVariable_ = name;
     noteVariable(lastVariable_);
+    if (const std::string_view family = machine::familyOf(name); !family.empty())
+        familyVariables_[family] = lastVariable_;
     const bool isFlag = name.find(passiveFamily) != std::string_view::npos;
     if (isFlag && listed_.empty()) return true; // it is left out; what comes of its number says nothing
     if (isFlag) servos_.push_back(listed_);
@@ -204,9 +214,12 @@ void Watch::noteError(std::int32_t number, std::string_view description, std::st
     using basic::ErrorNumber;
     const auto is = [number](ErrorNumber known) { return number == static_cast<std::int32_t>(known); };
     switch (last_) {
-    case Access::MissingVariable:
+    case Access::MissingVariable: return; // what follows from a finding
     case Access::Definitions:
-    case Access::Picture: return; // what follows from a finding
+    case Access::Picture:
+        // They are looked at on their own, which mostly tells why.
+        asked_.fileErrors.try_emplace(lastFile_, FileError{std::string{description}, view_});
+        return;
     case Access::Variable: {
         const Variant* const value = store_.find(lastVariable_);
         const basic::Array* const array = value ? value->get<basic::Array>() : nullptr;
@@ -225,12 +238,9 @@ void Watch::noteError(std::int32_t number, std::string_view description, std::st
     }
     default: break;
     }
-    std::string report = view_ + ": ";
-    report += procedure;
-    report += ": ";
-    report += description;
-    if (std::find(asked_.errors.begin(), asked_.errors.end(), report) == asked_.errors.end())
-        asked_.errors.push_back(std::move(report));
+    LibraryError error{std::string{procedure}, std::string{description}, view_};
+    if (std::find(asked_.errors.begin(), asked_.errors.end(), error) == asked_.errors.end())
+        asked_.errors.push_back(std::move(error));
 }
 
 std::shared_ptr<platform::ProcessVarAccess> Watch::createProcessVarAccess()
@@ -248,10 +258,7 @@ std::shared_ptr<platform::ErrorDisplay> Watch::createErrorDisplay()
     return std::make_shared<Errors>(*this);
 }
 
-std::shared_ptr<platform::DBEngine> Watch::createDBEngine()
-{
-    return std::make_shared<Engine>(*this, inner_.objects.createDBEngine());
-}
+std::shared_ptr<platform::DBEngine> Watch::createDBEngine() { return std::make_shared<Engine>(*this); }
 
 // Messages about files come from what is noted already; one of the project's texts is seen here only.
 void Watch::show(std::string_view text)
@@ -291,8 +298,11 @@ std::optional<std::string> Watch::text(
 basic::ObjectRef Watch::load(std::string_view path)
 {
     last_ = Access::Picture;
-    if (const std::optional<std::string> name = relative(path))
+    lastFile_ = path;
+    if (const std::optional<std::string> name = relative(path)) {
+        lastFile_ = *name;
         asked_.pictures[*name].add(resolution_, view_);
+    }
     basic::ObjectRef picture = inner_.pictures.load(path);
     last_ = Access::Other;
     return picture;

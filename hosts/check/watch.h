@@ -2,12 +2,14 @@
 
 #include "check/asked.h"
 #include "check/finding.h"
+#include "check/kept_definitions.h"
 #include "check/project.h"
 #include "machine/variable_store.h"
 #include "platform/library_platform.h"
 #include "recording/memory/memory_host.h"
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -24,7 +26,9 @@ class Watch : private platform::LateObjects,
               private platform::Profile,
               private platform::Pictures {
 public:
-    Watch(recording::MemoryHost& host, const CheckedProject& project, Asked& asked, Findings& findings);
+    // All live as long as the watch.
+    Watch(recording::MemoryHost& host, const CheckedProject& project, KeptDefinitions& definitions,
+        Asked& asked, Findings& findings);
 
     platform::LibraryPlatform platform();
 
@@ -48,6 +52,8 @@ public:
 
     // Numbers of the servos that the library has found to be active, in their order.
     const std::vector<std::string>& servos() const { return servos_; }
+    // The variable of a family that was read last, which is that of the shown servo; empty when none was.
+    std::string variableOf(std::string_view family) const;
     // Whether a variable of the shown view failed, so that values on it are those of another servo.
     bool isTroubled() const { return troubled_.contains(view_); }
 
@@ -84,6 +90,7 @@ private:
     recording::MemoryHost& host_;
     platform::LibraryPlatform inner_;
     const CheckedProject& project_;
+    KeptDefinitions& definitions_;
     Asked& asked_;
     Findings& findings_;
     machine::VariableStore store_;
@@ -94,6 +101,8 @@ private:
     bool allOptions_ = false;
     Access last_ = Access::None;
     std::string lastVariable_;
+    std::string lastFile_; // below the project's folder
+    std::map<std::string_view, std::string> familyVariables_;
     std::string listed_; // number in the list of servos that the library has come to; "" when it is none
     std::vector<std::string> servos_;
     std::set<std::string> troubled_; // views

@@ -59,9 +59,15 @@ TEST(NoProject, IsToldInOneLine)
         EXPECT_EQ(report.result, Report::Result::NoProject);
         return report.text;
     };
-    EXPECT_EQ(text(folder.path()), "'" + name + "' is no project: it has no project.json\n");
-    EXPECT_EQ(text(folder.path() / "none"), "'" + name + "/none' does not exist\n");
-    EXPECT_EQ(text(folder.file("file")), "'" + name + "/file' is no folder\n");
+    EXPECT_EQ(text(folder.path()),
+        "'" + name + "' is no project: it has no project.json: the panel cannot start\n");
+    EXPECT_EQ(text(folder.path() / "none"), "'" + name + "/none' does not exist: the panel cannot start\n");
+    EXPECT_EQ(text(folder.file("file")), "'" + name + "/file' is no folder: the panel cannot start\n");
+    folder.file("Project.json");
+    EXPECT_EQ(text(folder.path()),
+        "'" + name
+            + "' is no project: it has no project.json, but 'Project.json', which must be named in small "
+              "letters: the panel cannot start\n");
 }
 
 TEST(CheckedFolder, StaysAsItIs)

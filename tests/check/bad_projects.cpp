@@ -1,5 +1,7 @@
 #include "check/bad_projects.h"
 
+#include "jet/servo_defs/definition_list.h"
+
 #include <gtest/gtest.h>
 
 #include <random>
@@ -99,6 +101,45 @@ const std::vector<BadProject>& badProjects()
             {"Servo/Servo_M1_1.ini: is no text"}},
         {"RubbishForDefinitions", [](const ProjectCopy& copy) { spoilFile(copy, "Servo/Servo.mdb"); },
             {"Servo/Servo.mdb: "}},
+        {"CsvForDefinitions",
+            [](const ProjectCopy& copy) {
+                copy.write(
+                    "Servo/Servo.mdb", jet::toCsv(jet::loadDefinitions(copy.place("Servo/Servo.mdb")).rows));
+            },
+            {"Servo/Servo.mdb: is text, not a database; "}},
+        {"OnlyPassiveServos",
+            [](const ProjectCopy& copy) {
+                for (const char* const servo : {"1", "2"}) {
+                    const std::string number{servo};
+                    const std::string name =
+                        "\"Ch1.M1_T_servo_" + number + "<.mM1_servopassiv_" + number + ">\": ";
+                    copy.replace("project.json", name + "false", name + "true");
+                }
+            },
+            {"project.json:52: variable \"Ch1.M1_T_servo_1<.mM1_servopassiv_1>\" is among those of machine "
+             "M1, of "
+             "which all servos are passive: the menu is empty"}},
+        {"AFlagThatIsNone",
+            [](const ProjectCopy& copy) {
+                copy.replace("project.json", "\"Ch1.M1_T_servo_2<.mM1_servopassiv_2>\": false",
+                    "\"Ch1.M1_T_servo_2<.mM1_servopassiv_2>\": 1");
+            },
+            {"project.json:66: variable \"Ch1.M1_T_servo_2<.mM1_servopassiv_2>\" is neither true nor false: "
+             "the servo "
+             "is not shown"}},
+        {"AServoToBeginWithThatThereIsNot",
+            [](const ProjectCopy& copy) {
+                copy.replace(
+                    "project.json", "\"Ch-1.intern<.servo_zeiger>\": 0", "\"Ch-1.intern<.servo_zeiger>\": 3");
+            },
+            {"project.json:27: variable \"Ch-1.intern<.servo_zeiger>\" must be 0 for the menu or from 1 to "
+             "2, the place "
+             "of a servo: the panel begins with a servo that there is not"}},
+        {"TextsInOtherLetters",
+            [](const ProjectCopy& copy) {
+                fs::rename(copy.place("Texts/de.txt"), copy.place("Texts/DE.txt"));
+            },
+            {"Texts/DE.txt: must be named de.txt, in these letters", "Texts/de.txt: there is no such file"}},
         {"RubbishForPictures",
             [](const ProjectCopy& copy) {
                 spoilFile(copy, "Servo/Servo_M1_1_1280.gif");

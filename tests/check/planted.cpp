@@ -118,15 +118,34 @@ const std::vector<Planted>& plantedMistakes()
         {"a value beyond its limits",
             replaced(project, "\"Ch1.M1_T_servo_8<.mM1_servo_para_8>\": [0.85,",
                 "\"Ch1.M1_T_servo_8<.mM1_servo_para_8>\": [2.85,"),
-            {{project, "\"variables\": {",
+            {{project, "mM1_servo_para_8>",
                 "setpoint 1 starts with 2.85, outside its limits 0.1 to 2: the mask does not take this value "
                 "back (the page of servo 8 of machine M1)"}}},
         {"limits the wrong way round",
             replaced(project, "\"Ch1.M1_T_servo_8<.mM1_servo_para_ob_8>\": [2.0, 600.0",
                 "\"Ch1.M1_T_servo_8<.mM1_servo_para_ob_8>\": [2.0, 60.0"),
-            {{project, "\"variables\": {",
+            {{project, "mM1_servo_para_ob_8>",
                 "setpoint 2 has the lower limit 80 above the upper limit 60: no value can be entered there "
                 "(the page of servo 8 of machine M1)"}}},
+        {"too long an array",
+            replaced(project, "\"Ch1.M2_T_servo_4<.mM2_servo_zeich_4>\": [",
+                "\"Ch1.M2_T_servo_4<.mM2_servo_zeich_4>\": [1.0, "),
+            {{project, "mM2_servo_zeich_4",
+                "variable \"Ch1.M2_T_servo_4<.mM2_servo_zeich_4>\" has 3 elements, of which the first 2 are "
+                "used: the operator never sees the others"}}},
+        {"a number for a fault text",
+            replaced(project, "\"Ch1.M1_T_servo_3<.mM1_fetext_31>\": ",
+                "\"Ch1.M1_T_servo_3<.mM1_fetext_31>\": 7, \"the text\": "),
+            {{project, "mM1_fetext_31",
+                 "variable \"Ch1.M1_T_servo_3<.mM1_fetext_31>\" is no text: the operator reads the number as "
+                 "the fault"},
+                {project, "\"the text\"", "nobody reads the variable \"the text\"; is it misspelt?"}}},
+        {"a machine that there is not",
+            replaced(
+                project, "\"Ch-1.intern<.aktuelle_maschine>\": 1", "\"Ch-1.intern<.aktuelle_maschine>\": 3"),
+            {{project, "aktuelle_maschine",
+                "variable \"Ch-1.intern<.aktuelle_maschine>\" must be from 1 to 2, the number of the machine "
+                "that is shown: the panel finds no servos"}}},
         {"a screen that a key leads to", replaced(project, ", \"1231\": \"Grundbild\"", ""),
             {{project, "\"screens\"",
                 "screens: there is no screen 1231, to which a footer key leads: the operator sees a number "
@@ -185,6 +204,12 @@ const std::vector<Planted>& plantedMistakes()
             {{"Texts/it.txt", "",
                 "no language of project.json has the code \"it\": nobody reads this file"}}},
         {"a word of the panel that it has itself", without("Texts/ar.txt", "Panel.Cancel ="), {}},
+        {"a file name in other letters",
+            [](const ProjectCopy& copy) {
+                fs::copy_file(copy.place("Standard/OK.wmf"), copy.place("Standard/ok.WMF"));
+            },
+            {{"Standard/ok.WMF", "",
+                "differs from Standard/OK.wmf in capital and small letters only: one of them is not read"}}},
         // Parameter/Program.ini
         {"a line that says nothing", replaced(program, "ServoPic1=1\n", "ServoPic1=1\nServoPic 1\n"),
             {{program, "ServoPic 1", "no \"=\"; nobody reads this line"}}},

@@ -93,7 +93,10 @@ constexpr ClassRow classTable[]{
 bool isMeant(const ControlProperty& property, const platform::Member& member)
 {
     if (!member.isNamed()) return property.member.id == member.id;
-    return basic::upperCase(property.member.name) == basic::upperCase(member.name);
+    // Capitals are as long as small letters.
+    const std::string_view own = property.member.name;
+    return own.size() == member.name.size()
+        && (own == member.name || basic::upperCase(own) == basic::upperCase(member.name));
 }
 
 } // namespace

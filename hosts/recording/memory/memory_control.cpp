@@ -64,9 +64,8 @@ MemoryControl::MemoryControl(std::string_view className, std::string name, Memor
     keep("Enabled", true);
 }
 
-std::string MemoryControl::keyOf(const platform::Member& member) const
+std::string MemoryControl::keyOf(const platform::Member& member, const ControlProperty* property) const
 {
-    const ControlProperty* property = findProperty(className_, member);
     std::string key;
     if (property != nullptr)
         key = basic::upperCase(property->member.name);
@@ -93,13 +92,13 @@ void MemoryControl::keep(std::string_view property, basic::Variant value)
 
 basic::Variant MemoryControl::get(const platform::Member& member, platform::Args)
 {
-    return properties_.at(keyOf(member));
+    return properties_.at(keyOf(member, findProperty(className_, member)));
 }
 
 void MemoryControl::put(const platform::Member& member, platform::Args, const basic::Variant& value)
 {
-    const std::string key = keyOf(member);
     const ControlProperty* property = findProperty(className_, member);
+    const std::string key = keyOf(member, property);
     if (property != nullptr && property->holds == Holds::Object)
         basic::raise(basic::ErrorNumber::NoSuchMember);
     basic::Variant fitting = property == nullptr ? value : converted(value, property->holds);
@@ -109,8 +108,8 @@ void MemoryControl::put(const platform::Member& member, platform::Args, const ba
 
 void MemoryControl::putRef(const platform::Member& member, platform::Args, const basic::Variant& object)
 {
-    const std::string key = keyOf(member);
     const ControlProperty* property = findProperty(className_, member);
+    const std::string key = keyOf(member, property);
     if (property == nullptr || property->holds != Holds::Object)
         basic::raise(basic::ErrorNumber::NoSuchMember);
     properties_.insert_or_assign(key, converted(object, Holds::Object));

@@ -51,7 +51,8 @@ protected:
     void keep(std::string_view property, basic::Variant value);
 
 private:
-    std::string keyOf(const platform::Member& member) const;
+    // property: what findProperty says of the member.
+    std::string keyOf(const platform::Member& member, const ControlProperty* property) const;
 
     std::string className_;
     std::string name_;

@@ -1,0 +1,162 @@
+#include "check/values_check.h"
+
+#include "basic/conversions.h"
+#include "basic/error.h"
+#include "machine/servo_families.h"
+
+#include <map>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+namespace servopanel::check {
+
+namespace {
+
+using basic::Variant;
+namespace families = machine::families;
+
+constexpr std::string_view passiveFamily = "_servopassiv_";
+constexpr std::string_view servoPart = "_T_servo_";
+constexpr std::string_view machineVariable = "Ch-1.intern<.aktuelle_maschine>";
+constexpr std::string_view servoVariable = "Ch-1.intern<.servo_zeiger>";
+constexpr std::string_view designation = "parameter<.maschinenbez_";
+
+// Elements of a family that the library uses; nothing for one value.
+std::optional<std::size_t> usedElements(std::string_view family)
+{
+    if (family == families::setpoints || family == families::lowerLimits || family == families::upperLimits)
+        return 20;
+    if (family == families::secondSetpoints || family == families::secondLowerLimits
+        || family == families::secondUpperLimits)
+        return 4;
+    if (family == families::drawings) return 2;
+    if (family == families::actualValues) return 40;
+    return std::nullopt;
+}
+
+std::optional<double> numberOf(const Variant* value)
+{
+    try {
+        if (value != nullptr) return basic::toDouble(*value);
+    } catch (const basic::Error&) {
+        // The library says so where it reads it.
+    }
+    return std::nullopt;
+}
+
+class ValuesCheck {
+public:
+    ValuesCheck(const CheckedProject& project, Asked& asked, Findings& findings)
+        : project_{project}
+        , asked_{asked}
+        , findings_{findings}
+    {
+    }
+
+    void run()
+    {
+        for (const auto& variable : project_.file.variables) {
+            if (!asked_.variableNames.contains(variable.name)) continue;
+            elements(variable.name, variable.value);
+            faultText(variable.name, variable.value);
+            if (variable.name.find(passiveFamily) != std::string::npos)
+                passive(variable.name, variable.value);
+        }
+        for (const auto& [machine, servos] : servos_)
+            if (servos.active == 0)
+                add(servos.first,
+                    "is among those of machine " + machine
+                        + ", of which all servos are passive: the menu is empty");
+        shownMachine();
+    }
+
+private:
+    // Of a machine, by what its flags say.
+    struct Servos {
+        int active = 0;
+        std::string first; // name of its first flag
+    };
+
+    void add(const std::string& name, const std::string& what)
+    {
+        asked_.troubled.insert(name);
+        findings_.add("project.json", project_.lineOfVariable(name), "variable \"" + name + "\" " + what);
+    }
+
+    const Variant* valueOf(std::string_view name) const
+    {
+        for (const auto& variable : project_.file.variables)
+            if (variable.name == name) return &variable.value;
+        return nullptr;
+    }
+
+    void elements(const std::string& name, const Variant& value)
+    {
+        const std::optional<std::size_t> used = usedElements(machine::familyOf(name));
+        const auto* array = value.get<basic::Array>();
+        if (!used || array == nullptr || array->elements.size() <= *used) return;
+        add(name,
+            "has " + std::to_string(array->elements.size()) + " elements, of which the first "
+                + std::to_string(*used) + " are used: the operator never sees the others");
+    }
+
+    void faultText(const std::string& name, const Variant& value)
+    {
+        if (machine::familyOf(name) != families::faultText) return;
+        if (value.holds<std::string>() || value.holds<basic::Array>()) return;
+        add(name, "is no text: the operator reads the number as the fault");
+    }
+
+    void passive(const std::string& name, const Variant& value)
+    {
+        const std::size_t end = name.find(servoPart);
+        const std::size_t start = name.find('.') + 1;
+        const std::optional<double> number = numberOf(&value);
+        const bool isFlag = value.holds<bool>() || (number && (*number == 0 || *number == -1));
+        if (!isFlag) add(name, "is neither true nor false: the servo is not shown");
+        if (end == std::string::npos || start >= end) return;
+        Servos& servos = servos_[name.substr(start, end - start)];
+        if (servos.first.empty()) servos.first = name;
+        if (isFlag && number == 0) ++servos.active;
+    }
+
+    // What the panel begins with.
+    void shownMachine()
+    {
+        const std::optional<double> machine = numberOf(valueOf(machineVariable));
+        if (!machine) return;
+        if (*machine < 1 || *machine > static_cast<double>(asked_.machines)) {
+            add(std::string{machineVariable},
+                "must be from 1 to " + std::to_string(asked_.machines)
+                    + ", the number of the machine that is shown: the panel finds no servos");
+            return;
+        }
+        std::string bez{designation};
+        bez.append(basic::decimal(basic::roundToInt32(*machine))).append(">");
+        const Variant* const name = valueOf(bez);
+        const std::optional<double> servo = numberOf(valueOf(servoVariable));
+        if (!servo || name == nullptr || name->holds<basic::Array>()) return;
+        int count = 0;
+        for (const jet::ServoName& each : asked_.servos)
+            if (each.machine == basic::toText(*name)) ++count;
+        if (count > 0 && (*servo < 0 || *servo > count))
+            add(std::string{servoVariable},
+                "must be 0 for the menu or from 1 to " + std::to_string(count)
+                    + ", the place of a servo: the panel begins with a servo that there is not");
+    }
+
+    const CheckedProject& project_;
+    Asked& asked_;
+    Findings& findings_;
+    std::map<std::string, Servos> servos_; // by designation of the machine
+};
+
+} // namespace
+
+void checkValues(const CheckedProject& project, Asked& asked, Findings& findings)
+{
+    ValuesCheck{project, asked, findings}.run();
+}
+
+} // namespace servopanel::check
