@@ -71,6 +71,42 @@ install(PROGRAMS "${PROJECT_SOURCE_DIR}/packaging/broker/make_certificates"
     DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/servo-panel-tools/examples/broker COMPONENT tools)
 install(DIRECTORY "${PROJECT_BINARY_DIR}/demo/project/" DESTINATION ${CMAKE_INSTALL_DATADIR}/servo-panel/demo COMPONENT demo)
 
+# Manual pages and what each package says of itself, packed as Debian wants them.
+set(packaging "${PROJECT_SOURCE_DIR}/packaging")
+find_program(SERVOPANEL_GZIP gzip REQUIRED)
+set(packed_files "")
+function(panel_packed result file)
+    cmake_path(GET file FILENAME name)
+    set(packed "${PROJECT_BINARY_DIR}/packed/${name}.gz")
+    # Without a time stamp: the same sources make the same package.
+    add_custom_command(OUTPUT "${packed}" COMMAND ${SERVOPANEL_GZIP} -9nc "${file}" > "${packed}"
+        DEPENDS "${file}" VERBATIM)
+    list(APPEND packed_files "${packed}")
+    set(packed_files "${packed_files}" PARENT_SCOPE)
+    set(${result} "${packed}" PARENT_SCOPE)
+endfunction()
+file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/packed")
+
+set(tool_pages servo-replay servo-defs servo-machine)
+foreach(program IN LISTS tool_pages)
+    panel_packed(page "${packaging}/man/${program}.1")
+    install(FILES "${page}" DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools)
+endforeach()
+if(SERVOPANEL_QT)
+    panel_packed(page "${packaging}/man/servo-panel.1")
+    install(FILES "${page}" DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT panel)
+endif()
+panel_packed(changelog "${packaging}/debian/changelog")
+foreach(component IN ITEMS tools:servo-panel-tools demo:servo-panel-demo dev:libservopanel-dev panel:servo-panel)
+    string(REPLACE ":" ";" parts "${component}")
+    list(GET parts 0 part)
+    list(GET parts 1 name)
+    install(FILES "${packaging}/debian/copyright" DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${name} COMPONENT ${part})
+    install(FILES "${changelog}" RENAME changelog.Debian.gz
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${name} COMPONENT ${part})
+endforeach()
+add_custom_target(packed ALL DEPENDS ${packed_files})
+
 if(SERVOPANEL_QT)
     set(kiosk "${PROJECT_SOURCE_DIR}/packaging/kiosk")
     install(TARGETS servo-panel DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT panel)
