@@ -48,6 +48,23 @@ TEST(NumberEntry, BackWorksOnTheValueThatIsThere)
     EXPECT_EQ(entry.value(), 12.8);
 }
 
+TEST(NumberEntry, ANumberWithAnExponentIsReplacedAndNeverShortened)
+{
+    NumberEntry entry = started(0.00001);
+    ASSERT_EQ(entry.text(), "1E-05");
+    entry.back();
+    EXPECT_EQ(entry.text(), "");
+    EXPECT_EQ(entry.verdict(), Verdict::NoNumber);
+    type(entry, "3");
+    EXPECT_EQ(entry.value(), 3.0);
+
+    entry = started(0.00001);
+    entry.step(1);
+    EXPECT_EQ(entry.text(), "2E-05"); // one up in its last place
+    entry.digit(7);
+    EXPECT_EQ(entry.value(), 7.0);
+}
+
 TEST(NumberEntry, TakesOnePointAndPutsAZeroBeforeIt)
 {
     NumberEntry entry = started(3);

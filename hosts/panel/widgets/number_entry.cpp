@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 namespace servopanel::panel {
 
@@ -13,9 +14,12 @@ constexpr std::size_t longest = 12; // characters that the display of the mask h
 
 int decimalsOf(const std::string& text)
 {
+    const std::size_t mantissa = std::min(text.find('E'), text.size());
     const std::size_t point = text.find('.');
-    if (point == std::string::npos || text.find('E') != std::string::npos) return 0;
-    return static_cast<int>(text.size() - point - 1);
+    int decimals = point < mantissa ? static_cast<int>(mantissa - point - 1) : 0;
+    if (mantissa < text.size()) decimals -= std::atoi(text.c_str() + mantissa + 1);
+    constexpr int most = 15; // digits that a double keeps
+    return std::clamp(decimals, 0, most);
 }
 
 int decimalsOf(const std::optional<double>& limit) { return limit ? decimalsOf(basic::decimal(*limit)) : 0; }
@@ -33,9 +37,12 @@ void NumberEntry::start(const std::string& number, std::optional<double> lower, 
     keepsSign_ = false;
 }
 
+bool NumberEntry::hasExponent() const { return text_.find('E') != std::string::npos; }
+
 void NumberEntry::begin()
 {
-    if (fresh_) text_.resize(keepsSign_ && text_.front() == '-' ? 1 : 0);
+    // No key changes an exponent: what is typed begins a number of its own.
+    if (fresh_ || hasExponent()) text_.resize(keepsSign_ && text_.starts_with('-') ? 1 : 0);
     fresh_ = false;
 }
 
@@ -71,7 +78,11 @@ NumberEntry::Verdict NumberEntry::sign()
 void NumberEntry::back()
 {
     fresh_ = false;
-    if (!text_.empty()) text_.pop_back();
+    // One character less of "1E-05" would be another number, a hundred thousand times as large in the end.
+    if (hasExponent())
+        text_.clear();
+    else if (!text_.empty())
+        text_.pop_back();
 }
 
 void NumberEntry::clear()

@@ -20,7 +20,7 @@ public:
     // Changes the sign where values below 0 are allowed, else changes nothing and says so. Before the first digit it stays
     // for the number that follows.
     Verdict sign();
-    void back(); // takes away the last character
+    void back(); // takes away the last character; all of a number that is written with an exponent
     void clear();
     // Up or down by so many of the smallest place that the value at the start, the limits or what is typed have, not
     // beyond the limits.
@@ -36,6 +36,7 @@ public:
 
 private:
     void begin(); // before the first typed character
+    bool hasExponent() const; // "1E-05": very small and very large numbers
     std::string text_;
     std::optional<double> first_;
     int decimals_ = 0; // of the value at the start and of its limits
