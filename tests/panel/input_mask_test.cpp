@@ -8,6 +8,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 
 using namespace servopanel::panel;
 
@@ -205,6 +206,21 @@ TEST_F(InputMaskTest, FromRightToLeftTheKeysChangeSidesAndTheDigitsDoNot)
     EXPECT_LT(mask_.cancelKey().x(), mask_.okKey().x());
 }
 
+TEST_F(InputMaskTest, ANumberStandsBeforeItsUnitInEveryDirection)
+{
+    const QRect value{10, mask_.inner().top(), mask_.width() - 20, 40};
+    const auto picture = [&] { return mask_.grab(value).toImage(); };
+    start(7, 0.0, 10.0);
+    const QImage leftToRight = picture();
+    stage_.setLayoutDirection(Qt::RightToLeft);
+    EXPECT_EQ(picture(), leftToRight);
+    // A unit in Arabic letters reads from the right, like the text around it.
+    mask_.setField("Draw", QStringLiteral("مم"));
+    const QImage arabic = picture();
+    stage_.setLayoutDirection(Qt::LeftToRight);
+    EXPECT_NE(picture(), arabic);
+}
+
 TEST_F(InputMaskTest, TakesPointAndCommaFromAKeyboardAndReturnAndEscape)
 {
     start(7, 0.0, 10.0);
@@ -229,7 +245,10 @@ TEST_F(InputMaskTest, CancelReportsNoValue)
 
 TEST_F(InputMaskTest, KeysLieInsideTheMaskAndDoNotOverlapOnAnyPanel)
 {
-    for (const QSize size : {QSize{360, 460}, QSize{288, 345}, QSize{225, 269}}) {
+    const std::pair<QSize, QSize> panels[]{
+        {{1280, 1024}, {360, 460}}, {{1024, 768}, {288, 345}}, {{800, 600}, {225, 269}}};
+    for (const auto& [stage, size] : panels) {
+        stage_.resize(stage);
         mask_.resize(size);
         QList<QRect> places{
             {mask_.pad().geometry()}, {mask_.okKey().geometry()}, {mask_.cancelKey().geometry()}};

@@ -22,6 +22,13 @@ QFont panelFont(int pixels, bool bold)
     return font;
 }
 
+QFont valueFont(int pixels, bool bold)
+{
+    QFont font = panelFont(pixels, bold);
+    font.setFamilies(QStringList{valueFamily()} + languageLook().families);
+    return font;
+}
+
 QFont libraryFont(const QString& name, float points, bool bold)
 {
     // Letters that the named family lacks come from those of the panel's languages.

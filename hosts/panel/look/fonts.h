@@ -9,6 +9,9 @@ namespace servopanel::panel {
 // The font of the panel's language at a height in pixels.
 QFont panelFont(int pixels, bool bold = false);
 
+// The font of digits and signs, which look the same in every language.
+QFont valueFont(int pixels, bool bold = false);
+
 // A font of the library: size in points of 20 twips.
 QFont libraryFont(const QString& name, float points, bool bold);
 

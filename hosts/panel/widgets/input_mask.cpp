@@ -4,6 +4,7 @@
 #include "panel/look/colours.h"
 #include "panel/look/fonts.h"
 #include "panel/look/mirroring.h"
+#include "panel/look/reading_order.h"
 #include "panel/widgets/value_marks.h"
 
 #include <QEvent>
@@ -49,7 +50,9 @@ void InputMask::start(const MaskTask& task)
     limitsState_ = task.limitsState;
     const bool isBounded = limitsState_ != ValueState::Unknown;
     entry_.start(task.number, isBounded ? task.lower : std::nullopt, isBounded ? task.upper : std::nullopt);
-    pad_->workOn(&entry_);
+    // Without limits there is nothing that could be entered.
+    pad_->workOn(isBounded ? &entry_ : nullptr);
+    ok_->setOn(isBounded);
     languageChanged();
     tell(isBounded ? NumberEntry::Verdict::Fine : NumberEntry::Verdict::LimitsUnknown);
     setFocus();
@@ -148,7 +151,12 @@ void InputMask::paintValue(QPainter& painter) const
     painter.setBrush(colours::field);
     painter.drawRect(valuePlace_.adjusted(0, 0, -1, -1));
     if (showsOld()) drawHatching(painter, valuePlace_.adjusted(1, 1, -1, -1));
-    // The digits always run from left to right; only the unit changes its side.
+    // A number with its unit reads as on the page in every language; only a unit in letters from right to left stands at
+    // the other side.
+    const bool mirrored = isRightToLeft() && runsRightToLeft(unit_);
+    const auto placed = [&](const QRect& place) { return mirrored ? mirroredIn(*this, place) : place; };
+    const int toEnd =
+        static_cast<int>((mirrored ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignAbsolute | Qt::AlignVCenter);
     const QRect inside = valuePlace_.adjusted(8, 0, -8, 0);
     const QFont unitFont = panelFont(scaled(0.36, valuePlace_.height(), 12, 20));
     const int unitWidth = unit_.isEmpty()
@@ -159,12 +167,11 @@ void InputMask::paintValue(QPainter& painter) const
     painter.setLayoutDirection(Qt::LeftToRight);
     const QColor ink = showsOld() ? staleInk(colours::ink) : colours::ink;
     painter.setPen(refusing() ? colours::refuse : ink);
-    drawFitted(painter, mirroredIn(*this, numberPlace), static_cast<int>(trailing(*this) | Qt::AlignVCenter),
-        panelFont(scaled(0.55, valuePlace_.height(), 15, 30), true), QString::fromStdString(entry_.text()));
+    drawFitted(painter, placed(numberPlace), toEnd,
+        valueFont(scaled(0.55, valuePlace_.height(), 15, 30), true), QString::fromStdString(entry_.text()));
     painter.setLayoutDirection(layoutDirection());
     painter.setPen(colours::faintInk);
-    drawFitted(painter, mirroredIn(*this, unitPlace), static_cast<int>(trailing(*this) | Qt::AlignVCenter),
-        unitFont, unit_);
+    drawFitted(painter, placed(unitPlace), toEnd, unitFont, unit_);
 }
 
 void InputMask::paintEvent(QPaintEvent* event)

@@ -41,6 +41,8 @@ KeyPad::KeyPad(QWidget* parent, Pressed pressed)
 void KeyPad::workOn(NumberEntry* entry)
 {
     entry_ = entry;
+    for (TouchKey* each : keys_)
+        each->setOn(entry != nullptr);
     key(QStringLiteral("±"))->setOn(entry != nullptr && entry->signAllowed());
 }
 

@@ -19,7 +19,7 @@ public:
     using Pressed = std::function<void(NumberEntry::Verdict)>;
     KeyPad(QWidget* parent, Pressed pressed);
 
-    // The number to work on; it outlives the pad's use of it.
+    // The number to work on; it outlives the pad's use of it. Nothing: the keys rest.
     void workOn(NumberEntry* entry);
     // A key of a keyboard; false when it means nothing here.
     bool type(const QString& character);

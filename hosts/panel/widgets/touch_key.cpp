@@ -15,6 +15,13 @@ namespace {
 constexpr int repeatAfterMs = 450;
 constexpr int repeatEveryMs = 120;
 constexpr double offOpacity = 0.35;
+
+// A digit, an arrow and the like: the same on the keys of every language.
+bool isSingleSign(const QString& text)
+{
+    constexpr QChar firstBeyondEurope{0x0590};
+    return text.size() == 1 && (text.front() < firstBeyondEurope || !text.front().isLetter());
+}
 } // namespace
 
 TouchKey::TouchKey(QWidget* parent)
@@ -180,7 +187,7 @@ void TouchKey::paintValue(QPainter& painter, const QRect& place, int pixels) con
     const QRect value =
         mirroredIn(*this, {line.left() + half, line.top(), line.width() - half, line.height()});
     drawFitted(painter, name, static_cast<int>(leading(*this) | Qt::AlignVCenter), panelFont(pixels), text_);
-    drawFitted(painter, value, static_cast<int>(trailing(*this) | Qt::AlignVCenter), panelFont(pixels, true),
+    drawFitted(painter, value, static_cast<int>(trailing(*this) | Qt::AlignVCenter), valueFont(pixels, true),
         value_);
 }
 
@@ -227,7 +234,9 @@ void TouchKey::paintEvent(QPaintEvent*)
         paintValue(painter, textPlace, textPixels);
     } else if (!text_.isEmpty()) {
         const int pixels = picture().isNull() ? textPixels : std::min(textPixels, textPlace.height() * 3 / 4);
-        drawFitted(painter, textPlace, Qt::AlignCenter, panelFont(pixels, picture().isNull()), text_);
+        const bool bold = picture().isNull();
+        drawFitted(painter, textPlace, Qt::AlignCenter,
+            isSingleSign(text_) ? valueFont(pixels, bold) : panelFont(pixels, bold), text_);
     }
     if (corner != 0) {
         painter.setFont(panelFont(corner));
