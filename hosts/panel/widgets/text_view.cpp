@@ -146,7 +146,7 @@ int TextView::overhang() const
 const TextFit& TextView::fit() const
 {
     QFont font = font_;
-    if (changed_) font.setBold(true);
+    if (changed_ || isUnknown()) font.setBold(true);
     if (mostPixels_ != 0) font.setPixelSize(std::min(font.pixelSize(), mostPixels_));
     const QSize size = inside().size();
     const bool digits = languageLook().arabicIndicDigits;
@@ -203,7 +203,8 @@ void TextView::paintEvent(QPaintEvent*)
 // The ink of a text that can be read on what it stands on.
 QColor TextView::shownInk() const
 {
-    const QColor ink = isStale() ? staleInk(ink_) : ink_;
+    // "–" is no old value that would have to step back, and it is thin among the lines of the hatching.
+    const QColor ink = isStale() && !isUnknown() ? staleInk(ink_) : ink_;
     const bool bare = frame_ == Frame::None && !background_;
     // A light text without a face of its own stands on something dark in a picture.
     const bool onPicture = bare && ink.lightness() > colours::background.lightness();
