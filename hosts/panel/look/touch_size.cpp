@@ -28,6 +28,7 @@ double usualDiagonal(int width) { return width >= 1280 ? 19 : 15; }
 void stateDiagonal(QWidget& stage, double inches) { stage.setProperty(diagonalProperty, inches); }
 
 QWidget& stageOf(QWidget& widget) { return const_cast<QWidget&>(ground(widget)); }
+const QWidget& stageOf(const QWidget& widget) { return ground(widget); }
 
 double millimetresPerPixel(const QSize& screen, double inches)
 {

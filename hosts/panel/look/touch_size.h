@@ -13,6 +13,7 @@ double usualDiagonal(int width);
 void stateDiagonal(QWidget& stage, double inches);
 // The stage that a widget stands on. A widget outside of panels stands on its own window, which has the usual diagonal.
 QWidget& stageOf(QWidget& widget);
+const QWidget& stageOf(const QWidget& widget);
 
 // The side of one pixel of a screen.
 double millimetresPerPixel(const QSize& screen, double inches);

@@ -63,7 +63,7 @@ void LanguageSheet::open(int top)
     const QSize stage = parentWidget()->size();
     const int width = std::min(stage.width() - 2 * margin, scaled(0.36, stage.width(), 300, 460));
     const int keys = (rows() + 1) * (keyHeight() + gap);
-    const int height = std::min(stage.height() - top - margin, keys + scaled(0.085, keys, 20, 36) + 4 * gap);
+    const int height = std::min(stage.height() - top - margin, keys + titleHeight(keys) + 4 * gap);
     setGeometry(mirroredIn(*parentWidget(), {stage.width() - margin - width, top, width, height}));
     show();
     raise();

@@ -16,7 +16,6 @@ namespace servopanel::panel {
 
 namespace {
 constexpr int margin = 16;
-constexpr int titleHeight = 36;
 } // namespace
 
 MessageSheet::MessageSheet(QWidget* parent, const QString& title, const QString& text, const QString& ok)
@@ -32,17 +31,20 @@ MessageSheet::MessageSheet(QWidget* parent, const QString& title, const QString&
     ok_->setRole(TouchKey::Role::Accept);
     ok_->setAction([this] { end(); });
     setGeometry(parent->rect());
+    pane_->setFace(colours::sheet);
     pane_->setContent([this](int width) { return textHeight(width); },
         [this](QPainter& painter, const QRect& place) {
             painter.setPen(colours::ink);
-            drawWrapped(painter, place.adjusted(margin, 0, -margin, 0),
+            // A short text stands in the middle.
+            const int above = std::max(0, pane_->height() - place.height()) / 2;
+            drawWrapped(painter, place.adjusted(margin, above, -margin, above),
                 {place.left(), 0, place.width(), pane_->height()}, Qt::AlignHCenter, textFont(), text_);
         });
 }
 
 MessageSheet::~MessageSheet() { end(); }
 
-QFont MessageSheet::textFont() const { return panelFont(scaled(0.018, width(), 13, 18)); }
+QFont MessageSheet::textFont() const { return panelFont(scaled(0.018, width(), 15, 20)); }
 
 int MessageSheet::textHeight(int width) const
 {
@@ -54,12 +56,14 @@ void MessageSheet::resizeEvent(QResizeEvent*)
 {
     const int width = std::min(560, rect().width() - 2 * margin);
     const int keyHeight = std::max(leastTouch(*this), scaled(0.06, rect().height(), 40, 60));
-    const int around = titleHeight + keyHeight + 3 * margin;
+    const int around = sheet_->titleHeight(rect().height()) + keyHeight + 3 * margin;
     const int words = std::clamp(textHeight(width - 2 * margin), 60, rect().height() - 2 * margin - around);
     sheet_->setGeometry(
         (rect().width() - width) / 2, (rect().height() - around - words) / 2, width, around + words);
-    pane_->setGeometry(margin, titleHeight + margin, width - 2 * margin, words);
-    ok_->setGeometry((width - 200) / 2, around + words - margin - keyHeight, 200, keyHeight);
+    const int top = sheet_->titleHeight() + margin;
+    const int bottom = around + words - margin - keyHeight;
+    pane_->setGeometry(margin, top, width - 2 * margin, bottom - margin - top);
+    ok_->setGeometry((width - 200) / 2, bottom, 200, keyHeight);
 }
 
 void MessageSheet::run()

@@ -1,6 +1,5 @@
 #include "panel/widgets/scroll_pane.h"
 
-#include "panel/look/colours.h"
 #include "panel/look/mirroring.h"
 #include "panel/look/touch_size.h"
 
@@ -26,6 +25,12 @@ void ScrollPane::setContent(
     height_ = std::move(height);
     paint_ = std::move(paint);
     contentChanged();
+}
+
+void ScrollPane::setFace(const QColor& face)
+{
+    face_ = face;
+    update();
 }
 
 int ScrollPane::barWidth() const { return std::max(leastTouch(*this), 30); }
@@ -64,7 +69,7 @@ void ScrollPane::paintEvent(QPaintEvent*)
 {
     QPainter painter{this};
     const QRect view = seen();
-    painter.fillRect(view, colours::field);
+    painter.fillRect(view, face_);
     if (!paint_) return;
     painter.setClipRect(view);
     paint_(painter, {view.left(), -offset_, view.width(), whole_});

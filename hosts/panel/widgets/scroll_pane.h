@@ -1,5 +1,6 @@
 #pragma once
 
+#include "panel/look/colours.h"
 #include "panel/widgets/scroll_view.h"
 
 #include <QWidget>
@@ -23,6 +24,7 @@ public:
 
     ScrollView& bar() { return *bar_; }
     int offset() const { return offset_; } // pixels above the view
+    void setFace(const QColor& face); // what it is drawn on; white without
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -42,6 +44,7 @@ private:
     ScrollView* bar_;
     int whole_ = 0;
     int offset_ = 0;
+    QColor face_ = colours::field;
     int grip_ = -1; // height at which the finger holds the content; -1: it does not
 };
 

@@ -3,10 +3,13 @@
 #include "panel/look/colours.h"
 #include "panel/look/fonts.h"
 #include "panel/look/mirroring.h"
+#include "panel/look/touch_size.h"
 
 #include <QEvent>
 #include <QMouseEvent>
 #include <QPainter>
+
+#include <algorithm>
 
 namespace servopanel::panel {
 
@@ -22,7 +25,11 @@ void Sheet::setTitle(const QString& title)
     update();
 }
 
-int Sheet::titleHeight() const { return scaled(0.085, height(), 20, 36); }
+int Sheet::titleHeight(int height) const
+{
+    constexpr int most = 36;
+    return std::max(scaled(0.085, height, 20, most), scaled(0.03, stageOf(*this).height(), 20, most));
+}
 
 QRect Sheet::inner() const
 {

@@ -12,7 +12,10 @@ public:
     void setTitle(const QString& title);
     const QString& title() const { return title_; }
 
-    int titleHeight() const;
+    // Readable on small sheets too.
+    int titleHeight() const { return titleHeight(height()); }
+    // Of a sheet that is to be so high, pixels.
+    int titleHeight(int height) const;
     // The space inside the border and below the title.
     QRect inner() const;
 
