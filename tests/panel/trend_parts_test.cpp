@@ -389,6 +389,48 @@ TEST(TrendSheet, TakingTheLastValueAwayClosesIt)
     EXPECT_TRUE(closes);
 }
 
+TEST(TrendSheet, TheFingersValuesStandBesideTheCurvesAndHideNone)
+{
+    TrendSheet sheet{nullptr, wordOf};
+    const History values = history(std::vector<double>(61, 5.0));
+    sheet.plot().setHistory(values);
+    sheet.resize(786, 180);
+    sheet.add(0, "Speed", "m/min");
+    sheet.plot().setNow(60);
+    sheet.setValue(0, "9");
+    sheet.show();
+    TrendPlot& plot = sheet.plot();
+    const QRect area = plot.area();
+    const QImage before = plot.grab(area).toImage();
+    const int x = pixelOf(plot, 20);
+    QTest::mousePress(&plot, Qt::LeftButton, {}, {x, area.center().y()});
+    EXPECT_EQ(sheet.legend(0).value(), "5");
+    const QImage touched = plot.grab(area).toImage();
+    int changed = 0;
+    for (int column = 0; column < area.width(); ++column)
+        if (touched.copy(column, 0, 1, area.height()) != before.copy(column, 0, 1, area.height())) ++changed;
+    EXPECT_GT(changed, 0);
+    EXPECT_LT(changed, 15); // the line and the mark on the curve
+    QTest::mouseRelease(&plot, Qt::LeftButton, {}, {x, area.center().y()});
+    EXPECT_EQ(sheet.legend(0).value(), "9");
+}
+
+TEST(TrendSheet, FrozenItKeepsTheFingersValuesUntilItGoesOn)
+{
+    TrendSheet sheet{nullptr, wordOf};
+    const History values = history(std::vector<double>(61, 5.0));
+    sheet.plot().setHistory(values);
+    sheet.resize(786, 180);
+    sheet.add(0, "Speed", "m/min");
+    sheet.plot().setNow(60);
+    sheet.setValue(0, "9");
+    sheet.plot().setFrozen(true);
+    QTest::mouseClick(&sheet.plot(), Qt::LeftButton, {}, {pixelOf(sheet.plot(), 20), 50});
+    EXPECT_EQ(sheet.legend(0).value(), "5");
+    sheet.plot().setFrozen(false);
+    EXPECT_EQ(sheet.legend(0).value(), "9");
+}
+
 TEST(TrendSheet, MirrorsItsKeysButNotTheTime)
 {
     TrendSheet sheet{nullptr, wordOf};

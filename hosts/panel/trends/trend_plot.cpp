@@ -21,6 +21,7 @@ constexpr double emptyShare = 0.3; // of a scale that its curve must fill, or it
 constexpr int gridSteps = 4;
 constexpr int markRoom = 8; // pixels above a scale for the mark of its curve
 constexpr int markEvery = 90; // pixels from mark to mark
+constexpr int labelMargin = 6; // pixels beside the time above the finger
 
 struct TimeGrid {
     double step; // seconds
@@ -63,7 +64,7 @@ void TrendPlot::setNow(double seconds)
     now_ = seconds;
     if (frozen_) return;
     scale();
-    update();
+    putFinger(finger_);
 }
 
 void TrendPlot::setLines(std::vector<TrendLine> lines)
@@ -97,10 +98,9 @@ void TrendPlot::setFrozen(bool frozen)
         frozen_.emplace(Frozen{*live_, now_, wallClock_()});
     } else {
         frozen_.reset();
-        finger_.reset();
     }
     scale();
-    update();
+    putFinger(frozen ? finger_ : std::nullopt);
 }
 
 int TrendPlot::fontPixels() const { return scaled(0.055, height(), 10, 14); }
@@ -196,11 +196,22 @@ double TrendPlot::valueAtCursor(const TrendLine& line) const
                                    : history().value(row, line.column);
 }
 
+QString TrendPlot::textAtCursor(const TrendLine& line) const
+{
+    return valueText(history(), line.column, valueAtCursor(line));
+}
+
 void TrendPlot::touch(QPointF at)
 {
     const QRect place = area();
-    finger_ = std::clamp<double>(at.x(), place.left(), place.right() + 1);
+    putFinger(std::clamp<double>(at.x(), place.left(), place.right() + 1));
+}
+
+void TrendPlot::putFinger(std::optional<double> at)
+{
+    finger_ = at;
     update();
+    if (cursorMoved_) cursorMoved_();
 }
 
 void TrendPlot::mousePressEvent(QMouseEvent* event)
@@ -219,13 +230,12 @@ void TrendPlot::mouseReleaseEvent(QMouseEvent* event)
 {
     event->accept();
     // In a picture that stands still the values can be read at leisure.
-    if (!frozen_) finger_.reset();
-    update();
+    if (!frozen_) putFinger({});
 }
 
 void TrendPlot::hideEvent(QHideEvent* event)
 {
-    finger_.reset();
+    putFinger({});
     QWidget::hideEvent(event);
 }
 
@@ -363,42 +373,22 @@ void TrendPlot::drawCursor(QPainter& painter) const
     painter.setPen(QPen{colours::ink, 1});
     painter.drawLine(QPointF(*finger_, place.top()), QPointF(*finger_, place.bottom()));
 
-    const QFont font = panelFont(fontPixels() + 1, true);
-    const QFontMetrics metrics{font};
-    const int line = metrics.height() + 1;
-    constexpr int sample = 26;
-    constexpr int margin = 6;
-    const QString head = ageText(*at);
-    int wide = metrics.horizontalAdvance(head);
-    std::vector<QString> texts;
-    for (const TrendLine& each : lines_) {
-        texts.push_back(valueText(history(), each.column, valueAtCursor(each)) + u' ' + each.unit);
-        wide = std::max(wide, sample + 6 + metrics.horizontalAdvance(texts.back()));
-    }
-    QRect box{0, place.top() + 4, wide + 2 * margin, line * (1 + static_cast<int>(lines_.size())) + margin};
-    // At the other end, where it hides nothing that lies near the finger.
-    if (*finger_ > place.center().x())
-        box.moveLeft(place.left() + 6);
-    else
-        box.moveRight(place.right() - 6);
-    painter.setPen(QPen{colours::border, 1});
-    painter.setBrush(QColor{255, 255, 255, 235});
-    painter.drawRect(box);
+    // Above the curves, so that it hides none of them.
+    const QFont font = panelFont(fontPixels(), true);
+    const QString time = ageText(*at);
+    const int wide = QFontMetrics{font}.horizontalAdvance(time) + 2 * labelMargin;
+    const int left = std::clamp(
+        static_cast<int>(*finger_) - wide / 2, place.left(), std::max(place.left(), width() - wide));
+    const QRect label{left, 0, wide, place.top() - 1};
+    painter.fillRect(label, colours::accent);
     painter.setFont(font);
-    painter.setPen(colours::ink);
-    QRect row{box.left() + margin, box.top() + margin / 2, wide, line};
-    painter.drawText(row, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, head);
-    for (std::size_t i = 0; i < lines_.size(); ++i) {
-        row.translate(0, line);
-        drawSample(painter, QRect{row.left(), row.top(), sample, row.height()}, lines_[i].mark);
-        painter.setPen(colours::ink);
-        painter.drawText(
-            row.adjusted(sample + 6, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, texts[i]);
-        const double value = valueAtCursor(lines_[i]);
+    painter.setPen(colours::barInk);
+    painter.drawText(label, Qt::AlignCenter | Qt::TextDontClip, time);
+    for (const TrendLine& line : lines_) {
+        const double value = valueAtCursor(line);
         if (std::isnan(value)) continue;
-        const Axis& scale = axis(lines_[i].mark);
-        drawMark(painter, QPointF(*finger_, place.bottom() - scale.share(value) * place.height()),
-            lines_[i].mark, 9);
+        const double y = place.bottom() - axis(line.mark).share(value) * place.height();
+        drawMark(painter, QPointF(*finger_, y), line.mark, 9);
     }
 }
 

@@ -25,8 +25,8 @@ struct TrendLine {
 // A value of a column as it reads: with as many decimals as the column had lately, so that it does not jump to and fro.
 QString valueText(const History& history, std::size_t column, double value);
 
-// Curves over the last seconds, the present at the right in every language. A finger on it draws a line there and says
-// what the values were. Where a value could not be read there is no curve.
+// Curves over the last seconds, the present at the right in every language. A finger on it draws a line there with the
+// time above it; whoever shows the values beside the plot asks for them. Where a value could not be read there is no curve.
 class TrendPlot : public QWidget {
 public:
     explicit TrendPlot(QWidget* parent);
@@ -49,8 +49,12 @@ public:
 
     // The place of the finger: seconds of the history's clock; nothing when there is none.
     std::optional<double> cursor() const;
+    // Called when the finger's place, or what the values are there, has changed.
+    void setCursorHandler(std::function<void()> moved) { cursorMoved_ = std::move(moved); }
     // A curve's value there, NaN when there is none.
     double valueAtCursor(const TrendLine& line) const;
+    // That value as it reads.
+    QString textAtCursor(const TrendLine& line) const;
     // The rectangle of the curves.
     QRect area() const;
     // Scale of a curve as it is drawn.
@@ -89,6 +93,7 @@ private:
     void drawCursor(QPainter& painter) const;
     QString ageText(double seconds) const;
     void touch(QPointF at);
+    void putFinger(std::optional<double> at);
 
     const History* live_ = nullptr;
     std::function<QDateTime()> wallClock_ = [] { return QDateTime::currentDateTime(); };
@@ -96,6 +101,7 @@ private:
     std::vector<TrendLine> lines_;
     std::array<std::optional<Axis>, 4> axes_;
     std::optional<double> finger_; // pixels
+    std::function<void()> cursorMoved_;
     double now_ = 0;
     double span_ = 60;
     bool shared_ = false;

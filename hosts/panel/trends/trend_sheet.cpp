@@ -38,6 +38,7 @@ TrendSheet::TrendSheet(QWidget* parent, PanelWords words)
         spans_[i]->setText(QString::number(minutes[i]) + QStringLiteral(" min"));
         spans_[i]->setAction([this, i] { chooseSpan(i); });
     }
+    plot_->setCursorHandler([this] { showReadings(); });
     const auto wish = [this](Wish what) {
         return [this, what] {
             if (wish_) wish_(what);
@@ -61,6 +62,9 @@ TrendSheet::TrendSheet(QWidget* parent, PanelWords words)
     retranslate();
     hide();
 }
+
+// The plot is hidden after this.
+TrendSheet::~TrendSheet() { plot_->setCursorHandler({}); }
 
 void TrendSheet::chooseSpan(std::size_t which)
 {
@@ -154,6 +158,14 @@ void TrendSheet::adapt()
             legends_[i]->setLine({}, i == lines_.size() ? words_(PanelText::TrendAdd) : QString{});
     }
     plot_->setLines(lines_);
+    showReadings();
+}
+
+void TrendSheet::showReadings()
+{
+    const bool isRead = plot_->cursor().has_value();
+    for (std::size_t i = 0; i < lines_.size(); ++i)
+        legends_[i]->setReading(isRead ? std::optional{plot_->textAtCursor(lines_[i])} : std::nullopt);
 }
 
 void TrendSheet::place()

@@ -14,6 +14,7 @@ public:
     static constexpr std::size_t mostLines = 4;
 
     TrendSheet(QWidget* parent, PanelWords words);
+    ~TrendSheet() override;
 
     TrendPlot& plot() { return *plot_; }
     // In the order in which they were added.
@@ -49,6 +50,7 @@ private:
     void chooseSpan(std::size_t which);
     void place();
     void adapt();
+    void showReadings();
     QString titleText() const;
 
     PanelWords words_;
