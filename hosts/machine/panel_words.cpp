@@ -31,6 +31,8 @@ constexpr std::array words{
         "Min is greater than Max", "الحد الأدنى أكبر من الأقصى", "最小值大于最大值"},
     PanelWord{PanelText::Definition, "Panel.Definition", "Grenzen und Zugriff", "Limits and access",
         "الحدود وحق الوصول", "限值与权限"},
+    PanelWord{PanelText::DefinitionMode, "Panel.DefinitionMode", "Grenzen ändern", "Changing limits",
+        "تعديل الحدود", "修改限值"},
     PanelWord{PanelText::On, "Panel.On", "EIN", "ON", "تشغيل", "开"},
     PanelWord{PanelText::Off, "Panel.Off", "AUS", "OFF", "إيقاف", "关"},
     PanelWord{PanelText::Machine, "Panel.Machine", "Maschine", "Machine", "الماكينة", "机器"},

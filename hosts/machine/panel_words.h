@@ -23,6 +23,7 @@ enum class PanelText {
     LevelRange,
     LimitsCrossed,
     Definition,
+    DefinitionMode, // in the header, while a touch on a value opens its limits and access
     On,
     Off,
     Machine,

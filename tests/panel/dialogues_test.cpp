@@ -107,6 +107,22 @@ TEST_F(DialoguesTest, TheDefinitionEditorSaysWhatItEdits)
     EXPECT_FALSE(field("SollwertL", 1).isBeingEdited());
 }
 
+TEST_F(DialoguesTest, TheHeaderSaysThatATouchChangesLimits)
+{
+    const auto mode = [this] {
+        panel::HeaderBar& bar = panel_->servo()->require<panel::HeaderChild>("Header").bar();
+        bar.refresh();
+        return bar.shown().mode;
+    };
+    EXPECT_EQ(mode(), "");
+    hands_->footerKey(4);
+    EXPECT_EQ(mode(), "Changing limits");
+    hands_->language(german);
+    EXPECT_EQ(mode(), "Grenzen ändern");
+    hands_->footerKey(4);
+    EXPECT_EQ(mode(), "");
+}
+
 TEST_F(DialoguesTest, TheDefinitionEditorSaysWhichSwitchOrDrawingNumberItEdits)
 {
     hands_->language(german);

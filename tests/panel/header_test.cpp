@@ -1,5 +1,6 @@
 #include "panel/widgets/header_bar.h"
 
+#include "panel/look/colours.h"
 #include "panel/look/touch_size.h"
 
 #include <gtest/gtest.h>
@@ -59,6 +60,22 @@ TEST_P(HeaderTest, UpToThreeLanguagesHaveAKeyEach)
         QTest::mouseClick(bar_.languageKey(2), Qt::LeftButton);
         EXPECT_EQ(chosen_, 2);
     }
+}
+
+TEST_P(HeaderTest, AnUnusualModeHasAColourOfItsOwn)
+{
+    const auto hasColour = [this](const QColor& colour) {
+        const QImage picture = bar_.grab().toImage();
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                if (picture.pixelColor(x, y) == colour) return true;
+        return false;
+    };
+    bring(2);
+    EXPECT_FALSE(hasColour(colours::warn));
+    texts_.mode = "Changing limits";
+    bar_.refresh();
+    EXPECT_TRUE(hasColour(colours::warn));
 }
 
 TEST_P(HeaderTest, FromFourOnASheetHoldsThemAll)

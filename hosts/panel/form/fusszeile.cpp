@@ -83,6 +83,12 @@ void FußzeileChild::show(int number)
     shown.setSign(key.on && !acts_(number));
 }
 
+bool FußzeileChild::isActive(int key) const
+{
+    const auto found = keys_.find(key);
+    return found != keys_.end() && found->second.colour != normalColour;
+}
+
 void FußzeileChild::languageChanged()
 {
     for (const auto& [number, key] : keys_)

@@ -219,6 +219,35 @@ void HeaderBar::paintLink(QPainter& painter, const QRect& place) const
         panelFont(scaled(0.15, height(), 10, 15), shown_.quality != LinkQuality::Good), shown_.link);
 }
 
+// The access level, and behind it what is unusual about inputs now.
+void HeaderBar::paintLevel(QPainter& painter, const QRect& place, int pixels) const
+{
+    const int toTop = static_cast<int>(leading(*this) | Qt::AlignTop);
+    const QFont font = panelFont(pixels);
+    painter.setPen(colours::barFaintInk);
+    if (shown_.mode.isEmpty()) {
+        drawFitted(painter, mirrored(place), toTop, font, shown_.level);
+        return;
+    }
+    const int half = place.width() / 2;
+    const int levelWidth = std::min(half, QFontMetrics{font}.horizontalAdvance(shown_.level) + 1);
+    drawFitted(painter, mirrored({place.left(), place.top(), levelWidth, place.height()}), toTop, font,
+        shown_.level);
+    const QFont bold = panelFont(pixels, true);
+    const QFontMetrics metrics{bold};
+    constexpr int padding = 6;
+    const int left = place.left() + levelWidth + padding;
+    const int room = place.right() + 1 - left;
+    const QRect tag{left, place.top() - 1,
+        std::min(room, metrics.horizontalAdvance(shown_.mode) + 2 * padding), metrics.height() + 2};
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colours::warn);
+    painter.drawRoundedRect(mirrored(tag), 3, 3);
+    painter.setPen(colours::ink);
+    drawFitted(painter, mirrored(tag.adjusted(padding, 0, -padding, 0)), Qt::AlignCenter, bold, shown_.mode);
+}
+
 void HeaderBar::paintEvent(QPaintEvent*)
 {
     QPainter painter{this};
@@ -242,7 +271,7 @@ void HeaderBar::paintEvent(QPaintEvent*)
     draw(top(left), shown_.machine, upper, true, colours::barInk, toTop);
     draw(bottom(left), shown_.title, lower, false, colours::barFaintInk, toBottom);
     draw(top(middle), shown_.shown, upper, false, colours::barInk, toTop);
-    draw(bottom(middle), shown_.level, lower, false, colours::barFaintInk, toBottom);
+    paintLevel(painter, bottom(middle), lower);
     draw(top(clockPlace()), time_, upper, true, colours::barInk, trailing(*this) | Qt::AlignBottom);
     draw(bottom(clockPlace()), date_, lower, false, colours::barFaintInk, trailing(*this) | Qt::AlignTop);
     paintLink(painter, linkPlace());

@@ -28,6 +28,7 @@ struct HeaderTexts {
     QString level;
     QString link; // the word for its quality
     LinkQuality quality = LinkQuality::Good;
+    QString mode{}; // what a touch on a value means, where it is not the usual
     friend bool operator==(const HeaderTexts&, const HeaderTexts&) = default;
 };
 
@@ -75,6 +76,7 @@ private:
     QRect clockPlace() const;
     QRect linkPlace() const;
     int keyHeight() const;
+    void paintLevel(QPainter& painter, const QRect& place, int pixels) const;
     void paintLink(QPainter& painter, const QRect& place) const;
     // Places are reckoned from left to right and mirrored at the end.
     QRect mirrored(const QRect& place) const;
