@@ -1,5 +1,5 @@
-// Every page and dialogue looks as it did when somebody last looked at it. The pictures are renewed, once they have been
-// looked at again, by ./test --renew-pictures.
+// Every page and dialogue looks as it did when somebody last looked at it, and as the manual shows it. The pictures are
+// renewed, once they have been looked at again, by ./test --renew-pictures.
 #include "look/few_colours.h"
 #include "look/machine_look.h"
 #include "look/picture_compare.h"
@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <iostream>
@@ -43,7 +44,22 @@ std::string seriesName(const ::testing::TestParamInfo<std::size_t>& info)
     return std::to_string(series.resolution) + "_" + series.language;
 }
 
-const std::filesystem::path pictures = std::filesystem::path{SERVOPANEL_TESTS_DIR} / "look" / "pictures";
+// What README and manual show: docs/images/<name>.png.
+struct ManualPicture {
+    std::string name;
+    std::string state;
+    Series series;
+};
+const std::vector<ManualPicture> picturesOfTheManual{{"menu", "menu", {1280, "en"}},
+    {"page", "page-full", {1280, "en"}}, {"changed", "page-changed", {1024, "de"}},
+    {"mask", "mask-too-large", {1024, "en"}}, {"refused", "page-refused", {1024, "en"}},
+    {"stale", "page-no-link", {1024, "en"}}, {"diagnosis", "diagnosis-1", {1024, "en"}},
+    {"trend", "trend-frozen", {1024, "en"}}, {"arabic", "mask-over-right", {1024, "ar"}},
+    {"chinese", "page-full", {800, "zh"}}};
+
+const std::filesystem::path tests = SERVOPANEL_TESTS_DIR;
+const std::filesystem::path pictures = tests / "look" / "pictures";
+const std::filesystem::path manual = tests.parent_path() / "docs" / "images";
 const std::filesystem::path differences = LOOK_DIFFERENCES;
 
 bool belongs(std::size_t state, std::size_t series)
@@ -61,7 +77,7 @@ bool isRenewing() { return qEnvironmentVariableIntValue("PANEL_UPDATE_PICTURES")
 
 QString toQt(const std::filesystem::path& path) { return QString::fromStdString(path.string()); }
 
-class Pictures : public ::testing::TestWithParam<std::size_t> {
+class ManualPictures : public ::testing::Test {
 protected:
     void SetUp() override
     {
@@ -76,9 +92,8 @@ protected:
                          << recorded << "and mean nothing here:\n"
                          << here;
     }
-    void compareOrRenew(const std::string& name, const QImage& now)
+    void compareOrRenew(const std::filesystem::path& file, const QImage& now)
     {
-        const std::filesystem::path file = pictures / (name + ".png");
         if (isRenewing()) {
             save(now, file);
             return;
@@ -91,9 +106,9 @@ protected:
         const Comparison result = compare(reference, now);
         if (result.isSame()) return;
         std::filesystem::create_directories(differences);
-        const std::filesystem::path difference = differences / (name + ".png");
+        const std::filesystem::path difference = differences / file.filename();
         sideBySide(reference, now, result).save(toQt(difference));
-        ADD_FAILURE() << name << " looks different in " << result.pixels
+        ADD_FAILURE() << file.string() << " looks different in " << result.pixels
                       << " pixels; reference, now and difference: " << difference.string();
     }
     static void save(const QImage& picture, const std::filesystem::path& file)
@@ -106,6 +121,8 @@ protected:
     }
 };
 
+class Pictures : public ManualPictures, public ::testing::WithParamInterface<std::size_t> { };
+
 } // namespace
 
 TEST_P(Pictures, LookAsTheyDid)
@@ -116,12 +133,26 @@ TEST_P(Pictures, LookAsTheyDid)
     for (std::size_t i = 0; i < states().size(); ++i) {
         if (!belongs(i, GetParam())) continue;
         show({demo.folder(), series.language, series.resolution}, states()[i], [&](panel::Panel& shown) {
-            compareOrRenew(nameOf(i, GetParam()), shown.window().stage().grab().toImage());
+            compareOrRenew(
+                pictures / (nameOf(i, GetParam()) + ".png"), shown.window().stage().grab().toImage());
         });
     }
 }
 
 INSTANTIATE_TEST_SUITE_P(Series, Pictures, ::testing::ValuesIn(allSeries()), seriesName);
+
+TEST_F(ManualPictures, LookAsTheyDid)
+{
+    const DemoProject demo;
+    for (const ManualPicture& each : picturesOfTheManual) {
+        const auto state = std::find_if(states().begin(), states().end(),
+            [&](const State& candidate) { return candidate.name == each.state; });
+        ASSERT_NE(state, states().end()) << each.state;
+        show({demo.folder(), each.series.language, each.series.resolution}, *state, [&](panel::Panel& shown) {
+            compareOrRenew(manual / (each.name + ".png"), shown.window().stage().grab().toImage());
+        });
+    }
+}
 
 // A state that is gone leaves no picture behind.
 TEST(PictureFiles, AreThoseOfTheStates)
