@@ -97,7 +97,8 @@ void AnswerStrip::paintEvent(QPaintEvent*)
 
     const int side = scaled(0.3, height(), 16, 28);
     const int margin = scaled(0.08, height(), 4, 8);
-    const QRect sign{margin + 2, margin, side, side};
+    const int top = reason_.isEmpty() ? (height() - side) / 2 : margin;
+    const QRect sign{margin + 2, top, side, side};
     if (kind_ == Kind::Refused)
         drawCross(painter, mirroredIn(*this, sign), edge);
     else if (kind_ == Kind::Warned)
@@ -105,14 +106,14 @@ void AnswerStrip::paintEvent(QPaintEvent*)
     else
         drawTick(painter, mirroredIn(*this, sign), edge);
 
-    const QRect head{sign.right() + margin, margin, width() - sign.right() - 2 * margin, side};
+    const QRect head{sign.right() + margin, top, width() - sign.right() - 2 * margin, side};
     painter.setPen(colours::ink);
     drawFitted(painter, mirroredIn(*this, head), static_cast<int>(leading(*this) | Qt::AlignVCenter),
         panelFont(scaled(0.18, height(), 12, 18), true), text_);
     if (reason_.isEmpty()) return;
     const QRect rest{
         margin + 2, head.bottom() + 2, width() - 2 * margin - 4, height() - head.bottom() - margin};
-    QFont font = panelFont(scaled(0.14, height(), 10, 14));
+    QFont font = panelFont(scaled(0.17, height(), 11, 15));
     // A long reason is made smaller before its end is lost; the list of reports has it as a whole.
     while (font.pixelSize() > 9 && wrappedHeight(reason_, font, rest.width()) > rest.height())
         font.setPixelSize(font.pixelSize() - 1);
