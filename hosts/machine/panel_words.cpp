@@ -84,6 +84,18 @@ constexpr std::array words{
         "المس قيمة لإضافتها", "点按数值即可添加"},
     PanelWord{PanelText::TrendFull, "Panel.TrendFull", "höchstens vier Werte", "four values at most",
         "أربع قيم على الأكثر", "最多四个数值"},
+    PanelWord{PanelText::NoScreen, "Panel.NoScreen", "Das Projekt hat kein Bild", "The project has no screen",
+        "لا توجد في المشروع الشاشة", "项目中没有画面"},
+    PanelWord{
+        PanelText::NoFile, "Panel.NoFile", "Datei fehlt", "no such file", "الملف غير موجود", "文件不存在"},
+    PanelWord{PanelText::NoTrace, "Panel.NoTrace", "Die Aufzeichnung kann nicht geschrieben werden:",
+        "the trace cannot be written to", "تعذرت كتابة التسجيل:", "无法写入记录："},
+    PanelWord{PanelText::ReadAnewLater, "Panel.ReadAnewLater",
+        "Das Projekt wird neu gelesen, sobald alle Eingaben beendet sind",
+        "The project is read anew once all inputs are finished",
+        "ستُعاد قراءة المشروع بعد إنهاء جميع الإدخالات", "所有输入完成后将重新读取项目"},
+    PanelWord{PanelText::NotReadAnew, "Panel.NotReadAnew", "Das Projekt wurde nicht neu gelesen",
+        "The project was not read anew", "لم تُعَد قراءة المشروع", "项目未重新读取"},
 };
 
 using Column = const char* PanelWord::*;

@@ -58,6 +58,11 @@ enum class PanelText {
     TrendContinue,
     TrendAdd,
     TrendFull,
+    NoScreen, // before its number; this and the following stand in the list of reports
+    NoFile, // behind the file's name
+    NoTrace, // before the file's name
+    ReadAnewLater,
+    NotReadAnew,
 };
 
 struct PanelWord {

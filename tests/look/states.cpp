@@ -277,8 +277,8 @@ std::vector<State> makeStates()
     all.push_back({"message", lookAtMessage, 5, 1, false, {}, {}});
     all.push_back(state("reports-few", [](Operator& hands, Panel& panel) {
         hands.menuKey(sparse);
-        panel.note("'Servo\\Servo_5_1280.gif': no such file");
-        panel.note("The project has no screen 1131");
+        panel.note("'Servo\\Servo_5_1280.gif': not a picture");
+        panel.note(panel::PanelText::ReadAnewLater);
         hands.tap(panel.errors().badge());
     }));
     all.push_back(state("reports-many", [](Operator& hands, Panel& panel) {

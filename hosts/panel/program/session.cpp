@@ -9,7 +9,6 @@ namespace servopanel::panel {
 
 namespace {
 constexpr int retryMilliseconds = 500;
-constexpr const char* notReadAnew = "The project was not read anew";
 } // namespace
 
 Session::Session(
@@ -29,7 +28,7 @@ Session::Session(
 void Session::reload()
 {
     if (hasEnded() || isWaiting()) return;
-    if (panel_->hasUnfinishedInput()) panel_->note("The project is read anew once all inputs are finished");
+    if (panel_->hasUnfinishedInput()) panel_->note(PanelText::ReadAnewLater);
     waiting_.start();
     // From the event loop, because the request may come out of the panel itself.
     QTimer::singleShot(0, &waiting_, [this] { tryToReload(); });
@@ -59,7 +58,7 @@ std::unique_ptr<Panel> Session::makeAnew()
     std::string again;
     if (auto panel = make(again)) {
         panel->note(reason);
-        panel->note(notReadAnew);
+        panel->note(PanelText::NotReadAnew);
         return panel;
     }
     if (ended_) ended_(again);
@@ -91,7 +90,7 @@ std::optional<machine::ProjectFile> Session::readAnew()
     } catch (const CannotStart& failure) {
         panel_->note(failure.reason);
     }
-    panel_->note(notReadAnew);
+    panel_->note(PanelText::NotReadAnew);
     return {};
 }
 

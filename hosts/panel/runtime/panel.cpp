@@ -290,10 +290,10 @@ void Panel::startTrace()
     // A panel that takes another one's place goes on with its trace.
     traceFile_.open(settings_.trace, std::ios::binary | (settings_.before ? std::ios::app : std::ios::trunc));
     if (!traceFile_) {
-        const std::string problem = "the trace cannot be written to '" + settings_.trace.string() + "'";
-        if (!settings_.before) throw CannotStart{problem};
+        const std::string file = std::string{" '"}.append(settings_.trace.string()).append("'");
+        if (!settings_.before) throw CannotStart{panelWord(PanelText::NoTrace, "en").toStdString() + file};
         // The operator goes on working; the trace is for others.
-        note(problem);
+        note(word(PanelText::NoTrace).toStdString() + file);
         return;
     }
     sink_ = std::make_unique<recording::TraceSink>([this](std::string_view lines) {
@@ -427,7 +427,7 @@ void Panel::openScreen(std::int16_t number)
     bool isKnown = false;
     for (const machine::ProjectFile::Screen& screen : file_.screens)
         isKnown = isKnown || screen.number == number;
-    if (!isKnown) note("The project has no screen " + basic::decimal(std::int32_t{number}));
+    if (!isKnown) note((word(PanelText::NoScreen) + u' ' + QString::number(number)).toStdString());
     auto* screen = new OtherScreen{
         &window_.stage(), title == nullptr ? numbered : toQt(*title), numbered, word(PanelText::Back)};
     screen->backKey().setAction([this] { gate_.later([this] { openServo(); }); });
@@ -499,7 +499,7 @@ QImage Panel::picture(std::string_view name)
     try {
         const std::optional<std::filesystem::path> file = mapping_.find(name);
         if (!file) {
-            note("'" + key + "': no such file");
+            note(std::string{"'"}.append(key).append("': ").append(word(PanelText::NoFile).toStdString()));
             return {};
         }
         return pictureCache_.load(*file, key, keyPictureSide);

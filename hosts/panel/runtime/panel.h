@@ -111,7 +111,9 @@ public:
 
     // A key of the keyboard: footer keys 1 to 12.
     void pressKey(int number);
+    // A line in the list of reports; the panel's own words in the operator's language, details as they are.
     void note(const std::string& text);
+    void note(PanelText text) { note(word(text).toStdString()); }
 
     // The way to the machine, as whoever holds the connection sees it. While it is bad every value is shown as the last
     // known one. reason: for the list of reports.

@@ -28,7 +28,7 @@ void Sheet::setTitle(const QString& title)
 int Sheet::titleHeight(int height) const
 {
     constexpr int most = 36;
-    return std::max(scaled(0.085, height, 20, most), scaled(0.03, stageOf(*this).height(), 20, most));
+    return std::max(scaled(0.085, height, 20, most), scaled(0.028, stageOf(*this).height(), 20, most));
 }
 
 QRect Sheet::inner() const
