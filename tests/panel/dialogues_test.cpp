@@ -180,6 +180,18 @@ TEST_F(DialoguesTest, TheListOfReportsFollowsTheLanguage)
     EXPECT_TRUE(panel_->errors().sheet().title().startsWith("Meldungen"));
 }
 
+TEST_F(DialoguesTest, ThePanelsOwnReportsAreInTheOperatorsLanguage)
+{
+    const auto newest = [this] { return panel_->errors().entries().front().text; };
+    panel_->note(panel::PanelText::NotReadAnew);
+    EXPECT_EQ(newest(), "The project was not read anew");
+    hands_->language(german);
+    panel_->note(panel::PanelText::NotReadAnew);
+    EXPECT_EQ(newest(), "Das Projekt wurde nicht neu gelesen");
+    EXPECT_TRUE(panel_->picture("Servo\\NoSuch.gif").isNull());
+    EXPECT_EQ(newest(), "'Servo\\NoSuch.gif': Datei fehlt");
+}
+
 TEST_F(DialoguesTest, TheListOfReportsLeavesTheHeaderInSight)
 {
     panel_->note("something");

@@ -164,17 +164,6 @@ TEST_F(PanelTest, AScreenThatTheProjectDoesNotHaveIsNoted)
     EXPECT_TRUE(isReported("The project has no screen 1131"));
 }
 
-TEST_F(PanelTest, ReportsOfThePanelItselfAreInTheOperatorsLanguage)
-{
-    openFirstServo();
-    hands_->language(2);
-    panel_->pressKey(31);
-    hands_->wait(50);
-    EXPECT_TRUE(isReported("Das Projekt hat kein Bild 1131"));
-    panel_->note(panel::PanelText::NotReadAnew);
-    EXPECT_TRUE(isReported("Das Projekt wurde nicht neu gelesen"));
-}
-
 TEST_F(PanelTest, AControlMadeAnewFindsTheRememberedServo)
 {
     openFirstServo();
