@@ -1,4 +1,6 @@
+#include "mqtt/broker_link.h"
 #include "mqtt/machine_fixture.h"
+#include "mqtt/mosquitto_process.h"
 
 #include "platform/process_var_access.h"
 
@@ -8,6 +10,7 @@
 #include <limits>
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -52,12 +55,31 @@ private:
     machine::VariableStore store_;
 };
 
+// Declares the start values, and describes them.
+mqtt::Description described(machine::VariableStore& store)
+{
+    std::vector<mqtt::VariableDescription> variables;
+    for (const auto& [name, value] : startValues()) {
+        store.declare(name, value);
+        mqtt::VariableDescription variable;
+        variable.name = name;
+        variable.type = machine::typeOf(value);
+        variable.writable = true;
+        if (const auto* const array = value.get<Array>()) {
+            variable.first = array->lowerBound;
+            variable.length = array->elements.size();
+        }
+        variables.push_back(std::move(variable));
+    }
+    return mqtt::Description{std::move(variables)};
+}
+
 class BrokerKeeper : public Keeper {
 public:
     BrokerKeeper()
     {
-        controller_.emplace(line_machine::ControllerSettings{.machine = "M1", .epoch = 1}, describe(), store_,
-            machineLink_, [this] { return net_.now; });
+        controller_.emplace(line_machine::ControllerSettings{.machine = "M1", .epoch = 1}, described(store_),
+            store_, machineLink_, [this] { return net_.now; });
         net_.others = [this] { controller_->poll(0); };
         variables_.emplace(mqtt::BrokerVariablesSettings{.panel = "P1", .machines = {"M1"}}, panelLink_,
             [this] { return net_.now; });
@@ -67,29 +89,59 @@ public:
     platform::ProcessVarAccess& access() override { return *variables_; }
 
 private:
-    mqtt::Description describe()
-    {
-        std::vector<mqtt::VariableDescription> variables;
-        for (const auto& [name, value] : startValues()) {
-            store_.declare(name, value);
-            mqtt::VariableDescription variable;
-            variable.name = name;
-            variable.type = machine::typeOf(value);
-            variable.writable = true;
-            if (const auto* const array = value.get<Array>()) {
-                variable.first = array->lowerBound;
-                variable.length = array->elements.size();
-            }
-            variables.push_back(std::move(variable));
-        }
-        return mqtt::Description{std::move(variables)};
-    }
-
     TestNet net_;
     machine::VariableStore store_;
     TestLink machineLink_{net_};
     TestLink panelLink_{net_};
     std::optional<line_machine::Controller> controller_;
+    std::optional<mqtt::BrokerVariables> variables_;
+};
+
+// The same on a real broker, in real time.
+class MosquittoKeeper : public Keeper {
+public:
+    MosquittoKeeper()
+    {
+        if (!broker_.start()) throw std::runtime_error{"no broker"};
+        machineLink_.emplace(
+            mqtt::BrokerLinkSettings{.address = broker_.socketAddress(), .client = "machine"});
+        controller_.emplace(line_machine::ControllerSettings{.machine = "M1", .epoch = 1}, described(store_),
+            store_, *machineLink_);
+        panelLink_.emplace(
+            mqtt::BrokerLinkSettings{.address = broker_.address(), .client = "panel"}, *controller_);
+        variables_.emplace(mqtt::BrokerVariablesSettings{.panel = "P1", .machines = {"M1"}}, *panelLink_);
+        const std::string& last = startValues().back().first;
+        const mqtt::Clock clock = mqtt::steadyClock();
+        const std::int64_t end = clock() + 20'000;
+        while (variables_->standing(last).quality != mqtt::Quality::Good && clock() < end)
+            variables_->poll(2);
+    }
+    platform::ProcessVarAccess& access() override { return *variables_; }
+
+private:
+    // While the panel waits the controller works.
+    class Pumped : public mqtt::BrokerLink {
+    public:
+        Pumped(mqtt::BrokerLinkSettings settings, line_machine::Controller& controller)
+            : mqtt::BrokerLink{std::move(settings)}
+            , controller_{controller}
+        {
+        }
+        void poll(int) override
+        {
+            controller_.poll(0);
+            mqtt::BrokerLink::poll(1);
+        }
+
+    private:
+        line_machine::Controller& controller_;
+    };
+
+    MosquittoProcess broker_;
+    machine::VariableStore store_;
+    std::optional<mqtt::BrokerLink> machineLink_;
+    std::optional<line_machine::Controller> controller_;
+    std::optional<Pumped> panelLink_;
     std::optional<mqtt::BrokerVariables> variables_;
 };
 
@@ -206,7 +258,8 @@ TEST_P(ProcessVariables, AConfirmGoesReadWriteReadWrite)
 
 INSTANTIATE_TEST_SUITE_P(Conformance, ProcessVariables,
     ::testing::Values(Kind{"Embedded", [] { return std::make_unique<StoreKeeper>(); }},
-        Kind{"Broker", [] { return std::make_unique<BrokerKeeper>(); }}),
+        Kind{"Broker", [] { return std::make_unique<BrokerKeeper>(); }},
+        Kind{"Mosquitto", [] { return std::make_unique<MosquittoKeeper>(); }}),
     [](const auto& kind) { return kind.param.name; });
 
 } // namespace servopanel::testing
