@@ -40,15 +40,6 @@ std::string reasonOf(int result)
     return result == MOSQ_ERR_ERRNO ? std::strerror(errno) : mosquitto_strerror(result);
 }
 
-// Of a connection that was up: a number of the library's own, or what the broker said.
-const char* reasonOfEnd(int code)
-{
-    if (code == MQTT_RC_SESSION_TAKEN_OVER) return "another client has this name";
-    // Not every broker says when another client took the name.
-    if (code == MOSQ_ERR_CONN_LOST) return "the connection was lost, or another client has this name";
-    return code < firstReasonOfBroker ? mosquitto_strerror(code) : mosquitto_reason_string(code);
-}
-
 // Of topic or length: nothing was sent, and the connection is none the worse.
 bool isFaultOfMessage(int result)
 {
@@ -181,6 +172,7 @@ public:
     {
         if (!client_) return;
         trouble_ = settings_.address.text().append(": ").append(reason);
+        if (!note_.empty()) trouble_.append(" (").append(std::exchange(note_, {})).append(")");
         forgetWhatIsUnsent(descriptor());
         client_.reset();
         const bool wasUp = std::exchange(up_, false);
@@ -205,6 +197,7 @@ private:
     void connect()
     {
         connectedAt_ = clock_();
+        note_.clear();
         client_.reset(mosquitto_new(settings_.client.c_str(), true, this));
         if (!client_)
             throw basic::Error{connectionFailed, "Broker", "no client: " + reasonOf(MOSQ_ERR_ERRNO)};
@@ -224,12 +217,15 @@ private:
                 static_cast<Impl*>(self)->guarded(&Impl::granted, granted, count);
             });
         mosquitto_disconnect_v5_callback_set(&client, [](mosquitto*, void* self, int code, const auto*) {
-            static_cast<Impl*>(self)->guarded(&Impl::fail, reasonOfEnd(code));
+            static_cast<Impl*>(self)->guarded(&Impl::ended, code);
         });
         mosquitto_message_v5_callback_set(
             &client, [](mosquitto*, void* self, const mosquitto_message* message, const auto*) {
                 static_cast<Impl*>(self)->guarded(&Impl::received, *message);
             });
+        mosquitto_log_callback_set(&client, [](mosquitto*, void* self, int level, const char* text) {
+            if (level == MOSQ_LOG_ERR) static_cast<Impl*>(self)->guarded(&Impl::note, text);
+        });
         if (!willTopic_.empty())
             mosquitto_will_set_v5(
                 &client, willTopic_.c_str(), static_cast<int>(will_.size()), will_.data(), 0, true, nullptr);
@@ -300,6 +296,22 @@ private:
         if (thrown) std::rethrow_exception(thrown);
     }
 
+    // What the library tells of a failed encryption besides its number: which certificate was not believed, and why.
+    void note(const char* text)
+    {
+        if (note_.empty()) note_ = text;
+    }
+
+    // A number of the library's own, or what the broker said.
+    void ended(int code)
+    {
+        if (code == MQTT_RC_SESSION_TAKEN_OVER) return fail("another client has this name");
+        // Not every broker says when another client took the name.
+        if (code == MOSQ_ERR_CONN_LOST && up_)
+            return fail("the connection was lost, or another client has this name");
+        fail(code < firstReasonOfBroker ? mosquitto_strerror(code) : mosquitto_reason_string(code));
+    }
+
     void connected(int code)
     {
         if (code != 0) return fail(mosquitto_reason_string(code));
@@ -343,6 +355,7 @@ private:
     bool subscribed_ = false;
     bool up_ = false;
     std::string failure_; // of the present client, which the next poll drops
+    std::string note_; // to it
     std::exception_ptr thrown_; // by the receiver, with a failure
     std::string trouble_;
     int retry_; // milliseconds

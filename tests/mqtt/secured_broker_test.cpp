@@ -140,14 +140,15 @@ protected:
         }
         return true;
     }
-    // Whether such a client is never let in, and is told so.
-    static void isRefused(const mqtt::BrokerAddress& address)
+    // Whether such a client is never let in, and is told why.
+    static void isRefused(const mqtt::BrokerAddress& address, const std::string& reason = {})
     {
         Client client{address, "stranger", {}};
         EXPECT_TRUE(until([&] { return !client.link.trouble().empty() || client.ups > 0; }, {&client.link}));
         EXPECT_EQ(client.ups, 0);
 
         EXPECT_NE(client.link.trouble(), "");
+        EXPECT_NE(client.link.trouble().find(reason), std::string::npos) << client.link.trouble();
     }
 
     static inline std::unique_ptr<Folder> made;
@@ -168,7 +169,7 @@ TEST_F(SecuredBroker, TakesOnlyWhomItsAuthorityKnows)
     Folder others;
     ASSERT_TRUE(makeCertificates(others.path, "broker localhost 127.0.0.1"));
     ASSERT_TRUE(makeCertificates(others.path, "panel P1"));
-    isRefused(as("P1", others.path)); // does not know this broker's authority
+    isRefused(as("P1", others.path), "certificate verify failed"); // does not know this broker's authority
     mqtt::BrokerAddress forged = as("P1", others.path);
     forged.authority = as("P1").authority;
     isRefused(forged); // the broker does not know his
@@ -179,7 +180,7 @@ TEST_F(SecuredBroker, OfAnotherHostIsNotTrusted)
     broker.kill();
     ASSERT_TRUE(makeCertificates(keys.path, "broker other.example"));
     ASSERT_TRUE(broker.start());
-    isRefused(as("P1"));
+    isRefused(as("P1"), "host name");
     broker.kill();
     ASSERT_TRUE(makeCertificates(keys.path, "broker 127.0.0.1"));
     ASSERT_TRUE(broker.start());
