@@ -14,7 +14,8 @@ struct TypeName {
 constexpr TypeName typeNames[]{{"int16", {VariantType::Int16, false}}, {"int32", {VariantType::Int32, false}},
     {"single", {VariantType::Single, false}}, {"double", {VariantType::Double, false}},
     {"boolean", {VariantType::Boolean, false}}, {"text", {VariantType::Text, false}},
-    {"doubles", {VariantType::Double, true}}, {"int16s", {VariantType::Int16, true}}};
+    {"doubles", {VariantType::Double, true}}, {"singles", {VariantType::Single, true}},
+    {"int16s", {VariantType::Int16, true}}};
 
 } // namespace
 

@@ -108,6 +108,8 @@ TEST(ProjectFile, AVariableMayNameItsType)
     EXPECT_EQ(valueOf(R"({"type": "boolean", "value": true})"), Variant(true));
     EXPECT_EQ(valueOf(R"({"type": "text", "value": "12"})"), Variant("12"));
     EXPECT_EQ(valueOf(R"({"type": "doubles", "value": [1]})"), basic::doubles({1}));
+    EXPECT_EQ(valueOf(R"({"type": "singles", "value": [0.1, 2]})"),
+        Variant(basic::Array{basic::VariantType::Single, 0, {0.1F, 2.0F}}));
     EXPECT_EQ(valueOf(R"({"type": "int16s", "value": [1, 2]})"),
         Variant(basic::Array{basic::VariantType::Int16, 0, {std::int16_t{1}, std::int16_t{2}}}));
 }

@@ -31,6 +31,7 @@ const std::vector<std::pair<std::string, Variant>>& startValues()
         {"int32", std::int32_t{100'000}}, {"single", 0.5F}, {"double", 2.25}, {"boolean", true},
         {"text", "Größe"}, {"doubles", basic::doubles({1, 2, 3})},
         {"int16s", Array{VariantType::Int16, 1, {std::int16_t{7}, std::int16_t{-8}}}},
+        {"singles", Array{VariantType::Single, 0, {0.1F, -2.5F}}},
         {"Ch1.M1_T_servo_3<.mM1_servo_para_3>", basic::doubles({4})}};
     return values;
 }
@@ -183,7 +184,8 @@ TEST_P(ProcessVariables, GiveBackWhatWasWritten)
         {"int32", std::numeric_limits<std::int32_t>::max()}, {"single", 0.1F}, {"double", 0.1},
         {"double", -1e300}, {"boolean", false}, {"text", "\"quoted\" \\ \t 中"}, {"text", ""},
         {"doubles", basic::doubles({0.1, -2, 1e-300})},
-        {"int16s", Array{VariantType::Int16, 1, {std::int16_t{0}, std::int16_t{9}}}}};
+        {"int16s", Array{VariantType::Int16, 1, {std::int16_t{0}, std::int16_t{9}}}},
+        {"singles", Array{VariantType::Single, 0, {0.3F, 3e38F}}}};
     for (const auto& [name, value] : writes) {
         EXPECT_EQ(errorOf([&, &name = name, &value = value] { access.WriteValue(name, value); }), "no error")
             << name;
@@ -205,6 +207,7 @@ TEST_P(ProcessVariables, KeepTheirTypesWhateverIsWritten)
         {"text", 1.5, "1.5"},
         {"doubles", Array{VariantType::Variant, 1, {std::int16_t{1}, "2", 3.5F}},
             basic::doubles({1, 2, 3.5})},
+        {"singles", basic::doubles({0.1, 0.7}), Array{VariantType::Single, 0, {0.1F, 0.7F}}},
         {"int16s", basic::doubles({1.5, -2}),
             Array{VariantType::Int16, 1, {std::int16_t{2}, std::int16_t{-2}}}}};
     for (const Row& row : rows) {
