@@ -16,11 +16,6 @@ constexpr std::string_view designation = "parameter<.maschinenbez_";
 
 bool isDigit(char sign) { return sign >= '0' && sign <= '9'; }
 
-bool startsWith(std::string_view text, std::string_view start)
-{
-    return text.substr(0, start.size()) == start;
-}
-
 // A name with a sign for the designation of its machine: the first that stands in it, wherever it stands.
 std::string withoutDesignation(std::string name, const std::vector<std::string>& designations)
 {
@@ -76,7 +71,7 @@ std::string variableBuiltAs(const std::string& name)
         if (end == middle || (servo.empty() && isLast)) return "#";
         if (servo.empty() || !isLast) return number;
         if (number == servo) return "#";
-        return number.size() == servo.size() + 1 && startsWith(number, servo) ? "#page" : number;
+        return number.size() == servo.size() + 1 && number.starts_with(servo) ? "#page" : number;
     });
 }
 
@@ -86,7 +81,7 @@ Unasked::Unasked(const CheckedProject& project, const Asked& asked)
     : isSure_{asked.wholeServos > 0 && asked.errors.empty()}
 {
     for (const auto& variable : project.file.variables) {
-        if (!startsWith(variable.name, designation)) continue;
+        if (!variable.name.starts_with(designation)) continue;
         try {
             if (std::string name = basic::toText(variable.value); !name.empty())
                 designations_.push_back(std::move(name));
@@ -115,7 +110,7 @@ Unasked::Unasked(const CheckedProject& project, const Asked& asked)
 
 bool Unasked::text(const std::string& key) const
 {
-    if (startsWith(key, panelPrefix)) return !panelKeys_.contains(key);
+    if (key.starts_with(panelPrefix)) return !panelKeys_.contains(key);
     return isSure_ && !textKeys_.contains(builtAs(withoutDesignation(key, designations_)));
 }
 

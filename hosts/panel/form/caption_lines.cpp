@@ -37,7 +37,7 @@ std::vector<TextChild*> captionsOf(ControlHost& page)
     std::vector<TextChild*> captions;
     page.forEach([&](std::string_view name, std::int16_t, Child& child) {
         auto* const caption = dynamic_cast<TextChild*>(&child);
-        if (caption == nullptr || caption->viewOrNull() == nullptr || name.rfind("Beschriftung", 0) != 0)
+        if (caption == nullptr || caption->viewOrNull() == nullptr || !name.starts_with("Beschriftung"))
             return;
         caption->shownText().setMostPixels(0);
         caption->giveRoom();

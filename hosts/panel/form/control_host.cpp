@@ -394,10 +394,10 @@ Beside ControlHost::beside(const platform::Control& input)
                                                                                   : &own->first;
     if (key == nullptr) return {};
     const auto& [name, index] = *key;
-    const bool isDrawing = name.rfind(drawingStem, 0) == 0;
+    const bool isDrawing = name.starts_with(drawingStem);
     for (const std::string_view stem :
         {std::string_view{"Sollwert"}, std::string_view{"Schalter"}, drawingStem}) {
-        if (name.rfind(stem, 0) != 0) continue;
+        if (!name.starts_with(stem)) continue;
         const std::string side = name.substr(stem.size());
         const auto caption = static_cast<std::int16_t>(!isDrawing ? index : index % 2 == 1 ? 41 : 42);
         const QString text = shownText("Beschriftung" + side, caption) + u' '
@@ -414,7 +414,7 @@ const ControlHost::Key* ControlHost::litUpDrawing()
 {
     constexpr std::int32_t litUp = 0x00FF00;
     for (const auto& [key, child] : children_)
-        if (key.first.rfind("Zeichnung", 0) == 0
+        if (key.first.starts_with("Zeichnung")
             && basic::toInt32(child->Child::get(platform::ids::VWSIndex::Hintergrund, {})) == litUp)
             return &key;
     return nullptr;

@@ -20,11 +20,6 @@ constexpr std::int16_t firstPart =
 constexpr std::int16_t lastPart = 46;
 constexpr std::array weights{1000000.0, 10000.0, 1.0}; // of the parts
 
-bool startsWith(std::string_view text, std::string_view beginning)
-{
-    return text.substr(0, beginning.size()) == beginning;
-}
-
 std::vector<Child*> drawingParts(ControlHost& page, std::string_view name, std::int16_t index)
 {
     std::vector<Child*> parts;
@@ -72,10 +67,10 @@ std::optional<double> inputValue(ControlHost& page, std::string_view name, std::
     Child* const input = page.find(name, index);
     if (input == nullptr) return {};
     try {
-        if (startsWith(name, "Sollwert")) return numberOf(input->get(platform::ids::VWSVarIn::Wert, {}));
-        if (startsWith(name, "Schalter"))
+        if (name.starts_with("Sollwert")) return numberOf(input->get(platform::ids::VWSVarIn::Wert, {}));
+        if (name.starts_with("Schalter"))
             return basic::toBoolean(input->get(platform::ids::Schalter::Zustand, {})) ? 1.0 : 0.0;
-        if (startsWith(name, "Zeichnung")) return drawingNumber(drawingParts(page, name, index));
+        if (name.starts_with("Zeichnung")) return drawingNumber(drawingParts(page, name, index));
     } catch (const basic::Error&) {
         return {};
     }
@@ -98,7 +93,7 @@ bool showsElement(ControlHost& page, std::string_view name, std::int16_t index, 
 {
     const std::optional<double> held = elementValue(source, variable);
     if (!held) return false;
-    if (startsWith(name, "Zeichnung")) {
+    if (name.starts_with("Zeichnung")) {
         const std::string text =
             basic::toText(page.find(name, index)->get(platform::ids::VWSIndex::Text, {}));
         return !text.empty() && basic::Val(text) == partOf(*held, index);

@@ -23,8 +23,7 @@ std::string element(ChildId child)
 
 std::optional<std::string> ofPage(ChildId child, std::string_view event, Args args)
 {
-    if (event == "MouseDown"
-        && (child.name.rfind("Sollwert", 0) == 0 || child.name.rfind("Zeichnung", 0) == 0))
+    if (event == "MouseDown" && (child.name.starts_with("Sollwert") || child.name.starts_with("Zeichnung")))
         return "touch " + element(child);
     if (event == "SchalterGedrückt") return "touch " + element(child);
     if (event == "TasteClick") return "key " + number(args, 0);

@@ -16,8 +16,7 @@ constexpr double pitchOfHeight = 630.0 / 540.0; // distance of rows to height of
 
 bool isInput(std::string_view name)
 {
-    return name.rfind("Sollwert", 0) == 0 || name.rfind("Schalter", 0) == 0
-        || name.rfind("Zeichnung", 0) == 0;
+    return name.starts_with("Sollwert") || name.starts_with("Schalter") || name.starts_with("Zeichnung");
 }
 
 bool isOpen(ControlHost& page)

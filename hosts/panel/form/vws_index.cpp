@@ -53,7 +53,7 @@ VWSIndex::VWSIndex(std::string className, QWidget* parent, Services& services)
 void VWSIndex::setFontClass(const std::string& fontClass)
 {
     fontClass_ = fontClass;
-    if (basic::upperCase(fontClass).rfind(fontClassStem, 0) != 0) return;
+    if (!basic::upperCase(fontClass).starts_with(fontClassStem)) return;
     const double points = basic::Val(std::string_view{fontClass}.substr(fontClassStem.size()));
     if (points > 0) setFontSize(static_cast<float>(points));
 }

@@ -61,7 +61,7 @@ Options parseOptions(const std::vector<std::string>& arguments)
             options.check = true;
             continue;
         }
-        if (argument.rfind("--", 0) == 0) {
+        if (argument.starts_with("--")) {
             const std::size_t sign = argument.find('=');
             if (sign != std::string::npos)
                 take(options, argument.substr(0, sign), argument.substr(sign + 1));

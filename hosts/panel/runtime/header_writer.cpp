@@ -5,6 +5,7 @@
 #include "panel/form/vws_index.h"
 #include "panel/form/vws_var.h"
 #include "panel/runtime/link_quality.h"
+#include "panel/runtime/panel_variables.h"
 
 #include <array>
 
@@ -12,10 +13,7 @@ namespace servopanel::panel {
 
 namespace {
 
-constexpr const char* levelVariable = "Ch-1.intern<.passwort>";
-constexpr const char* machineVariable = "Ch-1.intern<.aktuelle_maschine>";
 constexpr int definitionsKey = 4; // of the footer: a touch on a value opens its limits instead of the mask
-constexpr const char* designationVariable = "parameter<.maschinenbez_"; // and the machine's number
 
 } // namespace
 
@@ -41,12 +39,12 @@ HeaderTexts HeaderWriter::write(const QString& title, ControlHost* part)
 {
     HeaderTexts texts;
     texts.title = title;
-    const std::string number = value(machineVariable).toStdString();
+    const std::string number = value(std::string{machineVariable}).toStdString();
     const QString designation = value(std::string{designationVariable}.append(number).append(">"));
     const std::string* const name = languages_.find("Panel.Machine." + designation.toStdString());
     texts.machine = words_(PanelText::Machine) + u' ' + designation;
     if (name != nullptr) texts.machine += QStringLiteral(" – ") + QString::fromStdString(*name);
-    texts.level = words_(PanelText::AccessLevel) + u' ' + value(levelVariable);
+    texts.level = words_(PanelText::AccessLevel) + u' ' + value(std::string{levelVariable});
     if (part != nullptr)
         if (auto* heading = dynamic_cast<VWSIndex*>(part->find("Überschrift")))
             texts.shown = heading->shown();

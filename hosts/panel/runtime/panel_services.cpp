@@ -3,6 +3,7 @@
 #include "basic/conversions.h"
 #include "basic/error.h"
 #include "panel/form/picture_child.h"
+#include "panel/look/qt_text.h"
 #include "panel/pictures/picture_file.h"
 #include "panel/widgets/message_sheet.h"
 #include "portable/file_error.h"
@@ -15,11 +16,6 @@ namespace servopanel::panel {
 namespace {
 
 constexpr std::int32_t cannotCreateObject = 429;
-
-QString toQt(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 // The library opens an empty name where it has found no file; the report shall say which one is missing.
 class NamingEngine : public platform::DBEngine {

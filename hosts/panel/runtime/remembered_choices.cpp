@@ -1,5 +1,7 @@
 #include "panel/runtime/remembered_choices.h"
 
+#include "panel/look/qt_text.h"
+
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -16,8 +18,6 @@ constexpr const char* project = "project";
 constexpr const char* language = "language";
 constexpr const char* machine = "machine";
 constexpr const char* servo = "servo";
-
-QString toQt(const std::string& text) { return QString::fromStdString(text); }
 
 } // namespace
 

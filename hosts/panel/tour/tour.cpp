@@ -3,6 +3,7 @@
 #include "basic/conversions.h"
 #include "panel/form/scroll_bar.h"
 #include "panel/pictures/picture_file.h"
+#include "panel/runtime/panel_variables.h"
 #include "panel/widgets/message_sheet.h"
 #include "platform/ids.h"
 #include "recording/trace/value_text.h"
@@ -40,7 +41,7 @@ Tour::Tour(Panel& panel, std::filesystem::path folder)
     QObject::connect(&messages_, &QTimer::timeout, &messages_, [this] { readMessage(); });
     messages_.start(lookEveryMs);
     panel_.variables().addListener([this](const machine::VariableStore::Write& write) {
-        if (write.writer != machine::Writer::Library || write.name.rfind(machinePrefix, 0) != 0) return;
+        if (write.writer != machine::Writer::Library || !write.name.starts_with(machinePrefix)) return;
         say("    " + std::string{write.name} + " = " + recording::valueText(write.value, {}));
     });
 }
@@ -254,7 +255,7 @@ void Tour::languages()
 void Tour::definition()
 {
     constexpr std::int16_t service = 5;
-    const basic::Variant* level = panel_.variables().find("Ch-1.intern<.passwort>");
+    const basic::Variant* level = panel_.variables().find(levelVariable);
     if (level == nullptr || basic::toInt16(*level) != service) return;
     const Input first = freeSetpoint(1);
     step("second-input-mode", [&] { operator_.footerKey(4); });

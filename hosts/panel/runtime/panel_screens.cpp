@@ -1,0 +1,158 @@
+// The screen that is shown, what lies on it, and the keys that lead on.
+#include "basic/conversions.h"
+#include "panel/form/fusszeile.h"
+#include "panel/look/qt_text.h"
+#include "panel/runtime/panel.h"
+#include "panel/widgets/message_sheet.h"
+#include "panel/window/other_screen.h"
+#include "platform/ids.h"
+
+namespace servopanel::panel {
+
+using basic::Variant;
+namespace names = platform::names;
+
+namespace {
+
+bool isVisible(Child& child) { return basic::toBoolean(child.get(names::Visible, {})); }
+
+// Whether the mask or the definition editor is open.
+bool isEntering(ControlHost& part)
+{
+    for (const std::string_view name : {"Eingabemaske", "IniEingabe"}) {
+        Child* mask = part.find(name);
+        if (mask != nullptr && isVisible(*mask)) return true;
+    }
+    return false;
+}
+
+} // namespace
+
+void Panel::openServo()
+{
+    closeScreen();
+    watched_->startDisplays();
+    operation("create");
+    servo_ = std::make_unique<ControlHost>("Servo", &window_.stage(), forms_);
+    servo_->put(names::Visible, {}, Variant{true});
+    window_.showScreen(servo_->view());
+    if (auto* header = dynamic_cast<HeaderChild*>(servo_->find("Header")))
+        header->bar().setArrangedHandler([this] { placeErrorKey(); });
+    placeErrorKey();
+    if (auto* page = dynamic_cast<ControlHost*>(servo_->find("ServoMain"))) trends_.watch(*page);
+    operation("show");
+    servo_->show();
+    // What was read while the control was being made found no displays yet.
+    showValueStates();
+    if (settings_.outside.servoOpened) settings_.outside.servoOpened(*servo_);
+}
+
+void Panel::openScreen(std::int16_t number)
+{
+    closeScreen();
+    if (settings_.outside.openScreen) {
+        settings_.outside.openScreen(number);
+        return;
+    }
+    otherScreen_ = number;
+    const std::string* const title = languages_.find("Panel.Screen." + basic::decimal(std::int32_t{number}));
+    const QString numbered = word(PanelText::Screen) + u' ' + QString::number(number);
+    bool isKnown = false;
+    for (const machine::ProjectFile::Screen& screen : file_.screens)
+        isKnown = isKnown || screen.number == number;
+    if (!isKnown) note((word(PanelText::NoScreen) + u' ' + QString::number(number)).toStdString());
+    auto* screen = new OtherScreen{
+        &window_.stage(), title == nullptr ? numbered : toQt(*title), numbered, word(PanelText::Back)};
+    screen->backKey().setAction([this] { gate_.later([this] { openServo(); }); });
+    window_.showScreen(*screen);
+}
+
+void Panel::closeScreen()
+{
+    otherScreen_ = 0;
+    answers_.dismiss();
+    window_.showNothing();
+    trends_.forget();
+    if (!servo_) return;
+    operation("terminate");
+    servo_->terminate();
+    servo_.reset();
+}
+
+ControlHost* Panel::shownPart()
+{
+    if (!servo_) return nullptr;
+    for (const std::string_view name : {"ServoMain", "ServoMenu"}) {
+        auto* part = dynamic_cast<ControlHost*>(servo_->find(name));
+        if (part != nullptr && !part->hasEnded() && isVisible(*part)) return part;
+    }
+    return nullptr;
+}
+
+// In the header where there is one, else where it would be.
+void Panel::placeErrorKey()
+{
+    const QSize stage = window_.stage().size();
+    QRect place{
+        stage.width() * 60 / 100, stage.height() / 50, stage.width() * 6 / 100, stage.height() * 5 / 100};
+    int below = stage.height() / 10;
+    if (servo_)
+        if (auto* header = dynamic_cast<HeaderChild*>(servo_->find("Header"))) {
+            place = header->bar().freePlace();
+            below = header->bar().geometry().bottom() + 1;
+        }
+    errors_.place(place, below);
+}
+
+// Below the heading of the servo page, where neither keys nor inputs stand; the lengths are those of 1280 pixels.
+void Panel::placeAnswers()
+{
+    const QSize stage = window_.stage().size();
+    const auto across = [&](int length) { return length * stage.width() / 1280; };
+    const auto down = [&](int length) { return length * stage.height() / 1024; };
+    answers_.setGeometry(across(7), down(152), across(380), down(102));
+}
+
+// Whoever reads a message or enters a value is left in peace.
+bool Panel::mayShowTrends()
+{
+    ControlHost* part = shownPart();
+    return part != nullptr && !gate_.isClosed() && !isEntering(*part);
+}
+
+bool Panel::hasUnfinishedInput()
+{
+    if (gate_.isBusy() || gate_.isClosed()) return true;
+    ControlHost* part = shownPart();
+    if (part == nullptr) return false;
+    bool changed = isEntering(*part);
+    part->forEach(
+        [&](std::string_view, std::int16_t, Child& child) { changed = changed || child.isChanged(); });
+    return changed;
+}
+
+void Panel::endMessage()
+{
+    for (QObject* each : window_.stage().children())
+        if (auto* message = dynamic_cast<MessageSheet*>(each)) message->end();
+}
+
+void Panel::pressKey(int number)
+{
+    if (gate_.isClosed() || takesKey(number)) return;
+    if (ControlHost* part = shownPart()) {
+        if (auto* footer = dynamic_cast<FußzeileChild*>(part->find("Fußzeile"))) footer->press(number);
+    } else if (otherScreen_ != 0 && number == 11) {
+        gate_.later([this] { openServo(); });
+    }
+}
+
+// The way out closes what lies on the page first.
+bool Panel::takesKey(int number)
+{
+    if (number != 11 || !trends_.isOpen()) return false;
+    trends_.close();
+    return true;
+}
+
+} // namespace servopanel::panel

@@ -1,0 +1,87 @@
+// What is known of the machine's values, and what an operator's events come to.
+#include "basic/conversions.h"
+#include "panel/form/ini_eingabe.h"
+#include "panel/form/schalter.h"
+#include "panel/runtime/panel.h"
+#include "platform/ids.h"
+
+namespace servopanel::panel {
+
+using basic::Variant;
+
+namespace {
+
+// Confirm and discard; with no change waiting the keys mean something else, and no switch waits either.
+bool endsEdit(platform::Args args)
+{
+    const std::int16_t key = args.empty() ? std::int16_t{0} : basic::toInt16(args[0]);
+    return key == 10 || key == 11;
+}
+
+// A switch is told the end of an edit by its new state alone, which does not come while the machine is silent.
+void settleSwitches(ControlHost& form)
+{
+    form.forEach([](std::string_view, std::int16_t, Child& child) {
+        if (auto* lever = dynamic_cast<SchalterChild*>(&child)) lever->settle();
+    });
+}
+
+} // namespace
+
+void Panel::setLink(const Link& link)
+{
+    const bool isNews = link_.good != link.good || link_.reason != link.reason;
+    link_ = link;
+    watched_->setLink(link.good);
+    if (!isNews) return;
+    if (!link_.good) note(link_.reason);
+    showValueStates();
+}
+
+ValueState Panel::valueState(const ValueSource& source) { return watched_->state(source); }
+
+Services::FamilyRead Panel::familyRead(std::string_view family)
+{
+    const WatchedVariables::Read* const read = watched_->latest(family);
+    if (read == nullptr) return {};
+    return {read->variable, watched_->isOfNow(*read) ? &read->value : nullptr};
+}
+
+void Panel::showValueStates()
+{
+    if (servo_) servo_->showValueStates();
+}
+
+void Panel::mirror(std::string_view variable, const Variant& value)
+{
+    try {
+        variables_->write(variable, value, machine::Writer::Host);
+    } catch (const basic::Error& error) {
+        note(error.description);
+    }
+}
+
+void Panel::eventBegins(ControlHost& form, std::string_view event, platform::Args)
+{
+    if (event == "TasteClick") confirms_.keyBegins(form);
+}
+
+void Panel::eventEnds(ControlHost& form, std::string_view event, platform::Args args)
+{
+    if (event == "TasteClick" && endsEdit(args)) settleSwitches(form);
+    // The library has put into the displays what it read.
+    showValueStates();
+    if (event == "TasteClick") confirms_.keyEnds(form, link_.good);
+    // The library has brought its texts in the new language only now.
+    if (event == "SpracheGeandert") retranslate();
+    ControlHost* part = shownPart();
+    if (part == nullptr || part->className() != platform::classes::ServoMain) {
+        answers_.dismiss();
+        return;
+    }
+    auto* mask = dynamic_cast<EingabemaskeChild*>(part->find("Eingabemaske"));
+    auto* editor = dynamic_cast<IniEingabeChild*>(part->find("IniEingabe"));
+    answers_.setCovered((mask != nullptr && mask->isOpen()) || (editor != nullptr && editor->isOpen()));
+}
+
+} // namespace servopanel::panel
