@@ -208,10 +208,15 @@ try {
     return {outcome == Outcome::NoConnection ? Quality::Stale : Quality::Bad, outcome, error.description, {}};
 }
 
-bool BrokerVariables::isLive(std::string_view machine) const
+bool BrokerVariables::isLive(std::string_view machine) const { return troubleOf(machine).empty(); }
+
+std::string BrokerVariables::troubleOf(std::string_view machine) const
 {
     const MachineImage* const image = imageOf(machine);
-    return image && link_.isUp() && !image->trouble(clock_());
+    if (!image) return std::string{"no machine "}.append(machine).append(" is looked for on the broker");
+    const auto trouble = image->trouble(clock_());
+    if (trouble) return trouble->reason;
+    return link_.isUp() ? std::string{} : "no connection to the broker";
 }
 
 std::vector<std::string> BrokerVariables::takeProtocolErrors() { return std::exchange(protocolErrors_, {}); }

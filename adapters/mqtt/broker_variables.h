@@ -78,6 +78,8 @@ public:
     Standing standing(std::string_view name) const;
     // Whether the machine's heartbeat is good; nothing is written otherwise. False for a machine that is not ours.
     bool isLive(std::string_view machine) const;
+    // Why it is not, one sentence; empty when it is.
+    std::string troubleOf(std::string_view machine) const;
 
     // Messages that did not follow the protocol since the last call, the latest few.
     std::vector<std::string> takeProtocolErrors();

@@ -46,6 +46,20 @@ enum class PanelText {
     RefusedNotTaken,
     RefusedOther,
     Overwritten, // before what the machine held and what it holds now
+    RefusedLevel,
+    RefusedChanged, // before the machine's value, in brackets, where it is known
+    RefusedTooLate,
+    RefusedBusy,
+    RefusedRestarted,
+    RefusedDiffers,
+    RefusedAbsent,
+    RefusedOld,
+    NotSent, // because of a write before it
+    NoAnswer,
+    NoAnswerButWritten,
+    NoAnswerNotWritten,
+    NotSure, // like NotWritten, when nobody knows
+    NotEditable, // before the field and the reason
     NotTold, // instead of a caption: the machine has the values and does not know of it
     ClearReports,
     FirstTime,

@@ -237,9 +237,11 @@ TEST_F(DialoguesTest, EveryReasonHasItsWords)
     EXPECT_EQ(reasonFor(13), "Not written: Start position: wrong type of data");
     EXPECT_EQ(reasonFor(70), "Not written: Start position: read-only");
     EXPECT_EQ(reasonFor(462), "Not written: Start position: No connection");
+    EXPECT_EQ(reasonFor(2101), "Not written: Start position: access level too low");
+    EXPECT_EQ(reasonFor(2104), "Not written: Start position: controller is busy");
+    EXPECT_EQ(reasonFor(2112),
+        "Unclear whether written: Start position: no answer, the machine does not have the new value");
     EXPECT_EQ(reasonFor(5), "Not written: Start position: refused by the controller");
-    panel_->setLink({false, "The controller does not answer"});
-    EXPECT_EQ(reasonFor(5), "Not written: Start position: No connection");
 }
 
 TEST_F(DialoguesTest, WhatCannotBeReadIsNotWrittenForThatReason)

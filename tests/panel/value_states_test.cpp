@@ -234,32 +234,12 @@ TEST_F(ValueStatesTest, AFormerServosValueIsNotShownForOneThatCannotBeRead)
     EXPECT_FALSE(text("SollwertL", 21).isUnknown());
 }
 
-TEST_F(ValueStatesTest, TheMaskOpensWithoutAValueThatIsNotKnown)
-{
-    hands_->footerKey(6);
-    flaky_->unreadable = {setpoints};
-    hands_->footerKey(5);
-    hands_->input("SollwertL", 1);
-    auto& mask = panel_->shownPart()->require<panel::EingabemaskeChild>("Eingabemaske").mask();
-    ASSERT_TRUE(mask.isVisible());
-    EXPECT_FALSE(mask.shown().contains(u"51"));
-    hands_->ok(); // nothing to accept yet
-    EXPECT_TRUE(mask.isVisible());
-    EXPECT_TRUE(mask.refusing());
-    hands_->type("42.5");
-    hands_->ok();
-    // What the operator has entered is known.
-    EXPECT_EQ(text("SollwertL", 1).shownText(), "42.5");
-    hands_->wait(refreshMs);
-    EXPECT_EQ(text("SollwertL", 1).shownText(), "42.5");
-}
-
 TEST_F(ValueStatesTest, AnEntryGivenUpWhileTheMachineIsSilentIsNotTakenForItsValue)
 {
-    flaky_->unreadable.insert(setpoints);
-    hands_->wait(refreshMs);
     EXPECT_EQ(text("SollwertL", 1).shownText(), "1.5");
     change("SollwertL", 1, "42.5");
+    flaky_->unreadable.insert(setpoints);
+    hands_->wait(refreshMs);
     EXPECT_EQ(text("SollwertL", 1).shownText(), "42.5");
     hands_->footerKey(11);
     EXPECT_EQ(text("SollwertL", 1).shownText(), "–");

@@ -139,6 +139,7 @@ bool ControlHost::deliver(ChildId id, std::string_view event, Args args)
 {
     if (ended_ || !made_.control || !mayEnter(event)) return false;
     if (deliverToRow(id, event, args)) return true;
+    if (!services().admits(*this, id, event, args)) return true;
     if (const std::optional<std::string> command = replayCommand(className(), id, event, args))
         services().operation(*command);
     if (event == "TasteClick") displaysStartAnew();

@@ -4,6 +4,7 @@
 #include "panel/form/value_source.h"
 #include "panel/look/panel_text.h"
 #include "panel/look/value_state.h"
+#include "platform/child_id.h"
 #include "platform/member.h"
 
 #include <QImage>
@@ -56,6 +57,12 @@ public:
         const basic::Variant* value = nullptr;
     };
     virtual FamilyRead familyRead(std::string_view /*family*/) { return {}; }
+
+    // Whether what the operator did may enter a control of the library; otherwise he was told why not.
+    virtual bool admits(ControlHost&, platform::ChildId, std::string_view /*event*/, platform::Args)
+    {
+        return true;
+    }
 
     // An event is about to enter a control of the library, and its procedure is over.
     virtual void eventBegins(ControlHost&, std::string_view /*event*/, platform::Args) { }

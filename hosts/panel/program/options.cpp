@@ -1,6 +1,12 @@
 #include "panel/program/options.h"
 
+#include "mqtt/broker_link.h"
+
+#include <QSysInfo>
+
 #include <charconv>
+#include <memory>
+#include <variant>
 
 namespace servopanel::panel {
 
@@ -41,9 +47,29 @@ void take(Options& options, const std::string& name, const std::string& value)
         options.settings.trace = value;
     } else if (name == "--tour") {
         options.tour = value;
+    } else if (name == "--name") {
+        options.name = value;
+        if (value.empty()) fail("the name of this panel on the broker");
+    } else if (mqtt::BrokerOptions::knows(name)) {
+        options.broker.set(name, value);
     } else {
         options.problem = "unknown option " + name;
     }
+}
+
+void takeBroker(Options& options)
+{
+    auto address = options.broker.address();
+    if (const auto* const problem = std::get_if<std::string>(&address)) {
+        options.problem = *problem;
+        return;
+    }
+    options.settings.broker = BrokerSettings{.panel = options.name,
+        .makeLink = [address = std::get<mqtt::BrokerAddress>(address),
+                        client = "panel-" + options.name]() -> std::unique_ptr<mqtt::Link> {
+            return std::make_unique<mqtt::BrokerLink>(
+                mqtt::BrokerLinkSettings{.address = address, .client = client});
+        }};
 }
 
 } // namespace
@@ -51,6 +77,7 @@ void take(Options& options, const std::string& name, const std::string& value)
 Options parseOptions(const std::vector<std::string>& arguments)
 {
     Options options;
+    options.name = QSysInfo::machineHostName().toStdString();
     for (std::size_t i = 0; i < arguments.size() && options.problem.empty(); ++i) {
         const std::string& argument = arguments[i];
         if (argument == "--help" || argument == "-h") {
@@ -76,6 +103,7 @@ Options parseOptions(const std::vector<std::string>& arguments)
         }
     }
     if (options.problem.empty() && options.settings.project.empty()) options.problem = "no project given";
+    if (options.problem.empty() && options.broker.any()) takeBroker(options);
     return options;
 }
 
@@ -95,6 +123,14 @@ std::string helpText()
            "  --state FOLDER               keep language and servo there and come back to them after a "
            "restart or "
            "a power cut\n"
+           "  --broker ADDRESS             the machines are on the broker at HOST[:PORT] or unix:/PATH, not "
+           "in the\n"
+           "                               panel itself\n"
+           "  --name NAME                  of this panel, its own among all panels of the broker; otherwise "
+           "the\n"
+           "                               computer's\n"
+           "  --user, --password-file, --ca, --cert, --key\n"
+           "                               who asks the broker, as for servo-machine\n"
            "  --trace FILE                 write everything that crosses the library's border to FILE\n"
            "  --tour FOLDER                play an operator's tour, save a picture of every step to FOLDER,\n"
            "                               print what was written to the machine, and end\n"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "mqtt/broker_options.h"
 #include "panel/runtime/panel.h"
 
 #include <optional>
@@ -11,6 +12,8 @@ namespace servopanel::panel {
 // What the command line asks for.
 struct Options {
     PanelSettings settings;
+    std::string name; // of this panel on a broker
+    mqtt::BrokerOptions broker;
     bool help = false;
     bool check = false; // look for what the project lacks, and end
     std::filesystem::path tour; // folder for the pictures of a tour; empty: no tour

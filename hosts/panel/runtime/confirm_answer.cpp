@@ -1,33 +1,8 @@
 #include "panel/runtime/confirm_answer.h"
 
-#include "basic/error.h"
-
 #include <algorithm>
 
 namespace servopanel::panel {
-
-namespace {
-
-// Classic numbers of errors that the library itself does not raise.
-constexpr std::int32_t deviceFailed = 57;
-constexpr std::int32_t deviceUnavailable = 68;
-constexpr std::int32_t permissionDenied = 70;
-constexpr std::int32_t serverUnavailable = 462;
-
-} // namespace
-
-RefusalReason reasonOf(std::int32_t error, bool wasReading)
-{
-    switch (error) {
-    case static_cast<std::int32_t>(basic::ErrorNumber::Overflow): return RefusalReason::OutOfRange;
-    case static_cast<std::int32_t>(basic::ErrorNumber::TypeMismatch): return RefusalReason::WrongType;
-    case permissionDenied: return wasReading ? RefusalReason::NotReadable : RefusalReason::ReadOnly;
-    case deviceFailed:
-    case deviceUnavailable:
-    case serverUnavailable: return RefusalReason::NoLink;
-    default: return wasReading ? RefusalReason::NotReadable : RefusalReason::Other;
-    }
-}
 
 std::optional<ConfirmAnswer> judgeConfirm(
     const WatchedVariables& variables, const std::vector<std::string_view>& changed)

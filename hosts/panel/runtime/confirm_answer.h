@@ -1,5 +1,6 @@
 #pragma once
 
+#include "panel/runtime/refusal.h"
 #include "panel/runtime/watched_variables.h"
 
 #include <optional>
@@ -8,13 +9,6 @@
 #include <vector>
 
 namespace servopanel::panel {
-
-// Why the machine keeps its own value, as far as the number of an error tells.
-// NotTaken: something else was written than what was entered.
-enum class RefusalReason { NotReadable, OutOfRange, WrongType, ReadOnly, NoLink, NotTaken, Other };
-
-// The reason behind the number of an error that reading or writing a process variable raised.
-RefusalReason reasonOf(std::int32_t error, bool wasReading);
 
 // A variable of which a confirmed change did not reach the machine.
 struct Refusal {

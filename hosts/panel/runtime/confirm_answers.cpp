@@ -1,5 +1,6 @@
 #include "panel/runtime/confirm_answers.h"
 
+#include "panel/form/input_caption.h"
 #include "panel/form/input_value.h"
 #include "panel/form/vws_var.h"
 
@@ -85,33 +86,13 @@ void ConfirmAnswers::languageChanged(ControlHost* page)
     if (answer_ && page != nullptr && strip_.isDue()) strip_.retranslate(head(), reason(*page));
 }
 
-QString ConfirmAnswers::reasonWord(RefusalReason reason) const
-{
-    switch (reason) {
-    case RefusalReason::NotReadable: return words_(PanelText::RefusedUnreadable);
-    case RefusalReason::OutOfRange: return words_(PanelText::RefusedRange);
-    case RefusalReason::WrongType: return words_(PanelText::RefusedType);
-    case RefusalReason::ReadOnly: return words_(PanelText::RefusedReadOnly);
-    case RefusalReason::NoLink: return words_(PanelText::LinkBad);
-    case RefusalReason::NotTaken: return words_(PanelText::RefusedNotTaken);
-    default: return words_(PanelText::RefusedOther);
-    }
-}
-
-QString ConfirmAnswers::caption(ControlHost& page, std::string_view name, std::int16_t index) const
-{
-    Child* const child = page.find(name, index);
-    const QString caption = child == nullptr ? QString{} : page.beside(*child).caption;
-    return caption.isEmpty() ? u'#' + QString::number(index) : caption;
-}
-
 QString ConfirmAnswers::told(ControlHost& page, const Overwritten& value) const
 {
     QString name;
     page.forEach([&](std::string_view control, std::int16_t index, Child&) {
         const std::optional<ValueSource> source = valueSource(control, index);
         if (!name.isEmpty() || !source || *source != value.source) return;
-        name = caption(page, control, index);
+        name = inputCaption(page, control, index);
     });
     // In one piece and isolated, so that the arrow leads to the new value in every direction of writing.
     const QString change = QChar{0x2066} + valueText(value.before) + QStringLiteral("\u00A0→\u00A0")
@@ -126,7 +107,7 @@ QStringList ConfirmAnswers::concerned(ControlHost& page, const Refusal& refusal)
     for (const Field& field : changed_)
         if (field.source.family == refusal.family
             && (refusal.element < 0 || refusal.element == field.source.element))
-            captions += caption(page, field.name, field.index);
+            captions += inputCaption(page, field.name, field.index);
     return captions;
 }
 
@@ -137,7 +118,10 @@ QString ConfirmAnswers::written() const
 
 QString ConfirmAnswers::head() const
 {
-    return answer_->refusals.empty() ? written() : words_(PanelText::NotWritten);
+    if (answer_->refusals.empty()) return written();
+    const bool isUnclear = std::any_of(answer_->refusals.begin(), answer_->refusals.end(),
+        [](const Refusal& refusal) { return isUnknown(refusal.reason); });
+    return words_(isUnclear ? PanelText::NotSure : PanelText::NotWritten);
 }
 
 QString ConfirmAnswers::reason(ControlHost& page) const
@@ -147,7 +131,8 @@ QString ConfirmAnswers::reason(ControlHost& page) const
     qsizetype further = -1;
     for (const Refusal& refusal : answer_->refusals)
         further += concerned(page, refusal).size();
-    QString reason = concerned(page, first).value(0) + QStringLiteral(": ") + reasonWord(first.reason);
+    QString reason =
+        concerned(page, first).value(0) + QStringLiteral(": ") + reasonWord(first.reason, words_);
     if (further > 0) reason += QStringLiteral(" (+%1)").arg(further);
     if (answer_->written > 0) reason += QStringLiteral(". ") + written();
     if (!overwritten_.empty()) reason += QStringLiteral(". ") + overwritten(page);
@@ -168,7 +153,7 @@ void ConfirmAnswers::report(ControlHost& page)
         note_(told(page, value) + QStringLiteral(" – ") + QString::fromStdString(value.variable));
     for (const Refusal& refusal : answer_->refusals) {
         QString line = concerned(page, refusal).join(QStringLiteral(", ")) + QStringLiteral(": ")
-            + reasonWord(refusal.reason);
+            + reasonWord(refusal.reason, words_);
         // Most descriptions name the variable themselves.
         const bool namesIt = refusal.description.find(refusal.variable) != std::string::npos;
         if (!namesIt) line += QStringLiteral(" – ") + QString::fromStdString(refusal.variable);

@@ -38,8 +38,6 @@ private:
 
     void findNotTaken();
 
-    QString reasonWord(RefusalReason reason) const;
-    QString caption(ControlHost& page, std::string_view name, std::int16_t index) const;
     // The captions of what a refusal concerns; that the machine was not told concerns no field.
     QStringList concerned(ControlHost& page, const Refusal& refusal) const;
     // Caption, and what the machine held and holds now.

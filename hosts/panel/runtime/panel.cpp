@@ -1,5 +1,6 @@
 #include "panel/runtime/panel.h"
 
+#include "machine/designations.h"
 #include "panel/look/language_look.h"
 #include "panel/look/qt_text.h"
 #include "panel/look/touch_size.h"
@@ -61,13 +62,17 @@ Panel::Panel(PanelSettings settings)
     , file_{settings_.file ? *settings_.file : loadProject(settings_.project)}
     , mapping_{mapping(settings_)}
     , languages_{settings_.project, file_}
-    , watched_{std::make_shared<WatchedVariables>(
-          settings_.wrapVariables ? settings_.wrapVariables(variables_) : variables_)}
+    , connection_{settings_.broker
+              ? std::make_unique<BrokerConnection>(*settings_.broker, machine::designations(file_))
+              : nullptr}
+    , watched_{std::make_shared<WatchedVariables>(wayToTheMachine())}
     , headerWriter_{*watched_, languages_, [this](PanelText text) { return word(text); }}
     , window_{stageSize(settings_.resolution.value_or(file_.resolution)), settings_.zoom}
     , errors_{window_.stage(), [this](PanelText text) { return word(text); }, [this] { return now(); }}
     , answers_{*new AnswerStrip{&window_.stage()}}
     , guard_{window_, gate_, [this] { answers_.touched(); }}
+    , edits_{*watched_, answers_, [this](PanelText text) { return word(text); },
+          [this](const QString& line) { errors_.add(ErrorEntry::Origin::Panel, line); }}
     , confirms_{*watched_, answers_, [this](PanelText text) { return word(text); },
           [this](const QString& line) { errors_.add(ErrorEntry::Origin::Panel, line); }}
     , trends_{window_.stage(), [this](std::string_view name) { return watched_->look(name); },
@@ -97,11 +102,12 @@ Panel::Panel(PanelSettings settings)
     placeErrorKey();
     placeAnswers();
     noteProblems();
-    if (file_.machine && settings_.simulate) {
+    if (file_.machine && settings_.simulate && !connection_) {
         machine_ = std::make_unique<MachineRunner>(*file_.machine, *variables_);
         for (const machine::Problem& problem : machine_->problems())
             note(problem.text());
     }
+    if (connection_) startConnection();
     startTrace();
     platform::LibraryPlatform platform{objects_, messages_, profile_, files_, surroundings_, pictures_};
     if (sink_) {

@@ -4,7 +4,9 @@
 #include "machine/project_file.h"
 #include "machine/variable_store.h"
 #include "panel/form/control_host.h"
+#include "panel/runtime/broker_connection.h"
 #include "panel/runtime/confirm_answers.h"
+#include "panel/runtime/edit_check.h"
 #include "panel/runtime/header_writer.h"
 #include "panel/runtime/input_guard.h"
 #include "panel/runtime/languages.h"
@@ -55,8 +57,9 @@ struct PanelSettings {
     std::shared_ptr<const Held> before; // of the panel that this one takes the place of
     std::filesystem::path temporary; // where scaled pictures are kept; empty: the system's temporary folder
     PanelWindow::Zoom zoom = PanelWindow::Zoom::None;
-    bool simulate = true; // false: the process variables stay as they are
+    bool simulate = true; // false: the process variables stay as they are; with a broker they do anyway
     MakeDatabase makeDatabase; // another engine than the one for the project's own database file
+    std::optional<BrokerSettings> broker; // where the machines are; otherwise in the panel itself
     // Another way to the process variables than straight to the panel's own.
     std::function<std::shared_ptr<platform::ProcessVarAccess>(std::shared_ptr<platform::ProcessVarAccess>)>
         wrapVariables;
@@ -132,6 +135,8 @@ public:
     void mirror(std::string_view variable, const basic::Variant& value) override;
     void operation(const std::string& command) override;
     bool takesKey(int number) override;
+    bool admits(
+        ControlHost& form, platform::ChildId id, std::string_view event, platform::Args args) override;
     ValueState valueState(const ValueSource& source) override;
     FamilyRead familyRead(std::string_view family) override;
     void eventBegins(ControlHost& form, std::string_view event, platform::Args args) override;
@@ -145,6 +150,7 @@ public:
     bool isFree() override { return !gate_.isBusy() && !gate_.isClosed(); }
 
 private:
+    std::shared_ptr<platform::ProcessVarAccess> wayToTheMachine();
     MakeDatabase makeDatabase();
     Trends::Clocks trendClocks();
     void applySettings();
@@ -163,6 +169,9 @@ private:
     void placeErrorKey();
     void placeAnswers();
     void showValueStates();
+    void startConnection();
+    void followConnection();
+    std::string machineDesignation();
     bool mayShowTrends();
 
     PanelSettings settings_;
@@ -170,6 +179,7 @@ private:
     portable::PathMapping mapping_;
     Languages languages_;
     std::shared_ptr<machine::VariableStore> variables_ = std::make_shared<machine::VariableStore>();
+    std::unique_ptr<BrokerConnection> connection_; // nullptr: the machines are in the panel itself
     std::shared_ptr<WatchedVariables> watched_;
     std::optional<RememberedChoices> remembered_;
     machine::VariableStore::ListenerId choiceListener_ = 0;
@@ -180,6 +190,7 @@ private:
     ErrorList errors_;
     AnswerStrip& answers_; // belongs to the stage
     InputGuard guard_;
+    EditCheck edits_;
     ConfirmAnswers confirms_;
     Trends trends_;
     std::unique_ptr<MachineRunner> machine_;

@@ -43,6 +43,7 @@ void Panel::takeUpChoices()
     choiceListener_ = variables_->addListener([this](const machine::VariableStore::Write& write) {
         if (write.name == servoVariable || write.name == machineVariable)
             gate_.later([this] { rememberChoices(); });
+        if (connection_ && write.name == levelVariable) connection_->setLevel(number(levelVariable));
     });
 }
 

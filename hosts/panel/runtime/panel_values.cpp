@@ -61,13 +61,21 @@ void Panel::mirror(std::string_view variable, const Variant& value)
     }
 }
 
+bool Panel::admits(ControlHost& form, platform::ChildId id, std::string_view event, platform::Args args)
+{
+    return edits_.admits(form, id, event, args);
+}
+
 void Panel::eventBegins(ControlHost& form, std::string_view event, platform::Args)
 {
-    if (event == "TasteClick") confirms_.keyBegins(form);
+    if (event != "TasteClick") return;
+    confirms_.keyBegins(form);
+    if (connection_) connection_->confirmBegins();
 }
 
 void Panel::eventEnds(ControlHost& form, std::string_view event, platform::Args args)
 {
+    if (event == "TasteClick" && connection_) connection_->confirmEnds();
     if (event == "TasteClick" && endsEdit(args)) settleSwitches(form);
     // The library has put into the displays what it read.
     showValueStates();

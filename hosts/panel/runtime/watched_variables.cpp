@@ -2,6 +2,7 @@
 
 #include "basic/conversions.h"
 #include "basic/error.h"
+#include "machine/split_variables.h"
 
 #include <algorithm>
 #include <bitset>
@@ -10,7 +11,7 @@ namespace servopanel::panel {
 
 namespace {
 
-constexpr std::int32_t noConnection = 68; // the classic "device unavailable"
+constexpr std::int32_t noConnection = 462; // the classic "server unavailable"
 constexpr unsigned switchBits = 0xF; // the rest of the word is not the panel's
 
 bool isOneValue(std::string_view family)
@@ -78,7 +79,8 @@ void WatchedVariables::setLink(bool good)
 
 basic::Variant WatchedVariables::look(std::string_view name)
 {
-    if (!linkIsGood_) basic::raise(basic::ErrorNumber::InvalidProcedureCall, name);
+    if (!linkIsGood_ && machine::SplitVariables::isOfMachine(name))
+        basic::raise(basic::ErrorNumber::InvalidProcedureCall, name);
     return inner_->ReadValue(name);
 }
 

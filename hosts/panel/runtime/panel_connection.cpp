@@ -1,0 +1,47 @@
+// The panel's machines, when they are on a broker.
+#include "basic/conversions.h"
+#include "panel/runtime/panel.h"
+#include "panel/runtime/panel_variables.h"
+
+namespace servopanel::panel {
+
+using basic::Variant;
+
+namespace {
+// A broker that is there has sent everything by then; without one the panel starts and says so.
+constexpr int startMilliseconds = 2000;
+} // namespace
+
+std::shared_ptr<platform::ProcessVarAccess> Panel::wayToTheMachine()
+{
+    std::shared_ptr<platform::ProcessVarAccess> way = variables_;
+    if (connection_) way = connection_->variables(std::move(way));
+    return settings_.wrapVariables ? settings_.wrapVariables(std::move(way)) : way;
+}
+
+void Panel::startConnection()
+{
+    connection_->setLevel(number(levelVariable));
+    connection_->waitFor(machineDesignation(), startMilliseconds);
+    followConnection();
+    connection_->start([this] { followConnection(); });
+}
+
+void Panel::followConnection()
+{
+    for (const std::string& problem : connection_->takeProtocolErrors())
+        note(problem);
+    std::string trouble = connection_->trouble(machineDesignation());
+    setLink({trouble.empty(), std::move(trouble)});
+}
+
+// Of the shown machine; empty where the project does not say.
+std::string Panel::machineDesignation()
+{
+    const std::string place = basic::decimal(std::int32_t{number(machineVariable)});
+    const Variant* const name = variables_->find(std::string{designationVariable}.append(place).append(">"));
+    const auto* const text = name == nullptr ? nullptr : name->get<std::string>();
+    return text == nullptr ? std::string{} : *text;
+}
+
+} // namespace servopanel::panel
