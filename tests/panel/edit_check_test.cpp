@@ -42,6 +42,7 @@ TEST_F(EditCheckTest, NothingIsEditedOverABadLink)
     EXPECT_FALSE(child("SchalterL", 31).isChanged());
 
     panel_->setLink({true, {}});
+    hands_->wait(refreshMs);
     hands_->input("SollwertL", 1);
     EXPECT_TRUE(isMaskOpen());
 }
@@ -109,6 +110,19 @@ TEST_F(EditCheckTest, ElementsThatNobodyTouchedMayChange)
     EXPECT_EQ(answer(), "Written, values: 1");
     EXPECT_EQ(held(setpoints, 0), 42.5);
     EXPECT_EQ(held(setpoints, 1), 77);
+}
+
+// The page would write it with what the field shows.
+TEST_F(EditCheckTest, AFieldThatWasOnlyTouchedCountsToo)
+{
+    change("SollwertL", 1, "42.5");
+    hands_->input("SollwertL", 21);
+    hands_->cancel();
+    machineSets(secondSetpoints, 0, 33);
+    hands_->wait(refreshMs);
+    hands_->footerKey(10);
+    EXPECT_NE(answer().find("changed at the machine meanwhile (33)"), std::string::npos) << answer();
+    EXPECT_EQ(held(secondSetpoints, 0), 33);
 }
 
 TEST_F(EditCheckTest, ASwitchThatWasTurnedMeanwhileIsToldToo)

@@ -7,7 +7,9 @@
 #include "panel/form/vws_var.h"
 #include "platform/ids.h"
 
-#include <set>
+#include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace servopanel::panel {
 
@@ -75,44 +77,51 @@ void EditCheck::begin(ControlHost& page, platform::ChildId id, const ValueSource
 
 bool EditCheck::mayConfirm(ControlHost& page)
 {
-    // A variable is written as a whole, with what a touched field shows of it, changed or not.
-    std::set<std::string_view> written;
+    std::vector<Field> fields;
+    bool isAnyChanged = false;
     page.forEach([&](std::string_view name, std::int16_t index, Child& child) {
         const std::optional<ValueSource> source = valueSource(name, index);
-        if (source && isInput(*source) && child.isChanged()) written.insert(source->family);
+        if (!source || !isInput(*source)) return;
+        isAnyChanged = isAnyChanged || child.isChanged();
+        // The page writes every variable as a whole, with what a touched field shows, changed or not.
+        if (!child.isChanged() && child.valueState() == ValueState::Fresh) return;
+        const bool isKnown = std::any_of(
+            fields.begin(), fields.end(), [&](const Field& field) { return field.source == *source; });
+        if (!isKnown) fields.push_back({*source, inputCaption(page, name, index), child.isChanged()});
     });
-    std::set<Place> seen;
+    if (!isAnyChanged) return true;
     QString first;
     int count = 0;
-    page.forEach([&](std::string_view name, std::int16_t index, Child& child) {
-        const std::optional<ValueSource> source = valueSource(name, index);
-        if (!source || written.count(source->family) == 0) return;
-        if (!child.isChanged() && child.valueState() == ValueState::Fresh) return;
-        if (!seen.insert({source->family, source->element}).second) return;
-        const std::optional<Obstacle> found = obstacle(*source);
-        if (!found) return;
-        const QString line = inputCaption(page, name, index) + QStringLiteral(": ") + found->word;
+    for (const Field& field : fields) {
+        const std::optional<Obstacle> found = obstacle(field);
+        if (!found) continue;
+        const QString line = field.caption + QStringLiteral(": ") + found->word;
         if (++count == 1) first = line;
         note_(line + QStringLiteral(" – ") + QString::fromStdString(found->details));
-    });
+    }
     if (count == 0) return true;
     if (count > 1) first += QStringLiteral(" (+%1)").arg(count - 1);
     strip_.showRefused(words_(PanelText::NotWritten), first);
     return false;
 }
 
-std::optional<EditCheck::Obstacle> EditCheck::obstacle(const ValueSource& source)
+std::optional<EditCheck::Obstacle> EditCheck::obstacle(const Field& field)
 {
-    const WatchedVariables::Read* const read = variables_.latest(source.family);
-    if (read == nullptr) return Obstacle{reasonWord(RefusalReason::NotReadable, words_), {}};
-    if (!variables_.linkIsGood()) return Obstacle{reasonWord(RefusalReason::NoLink, words_), read->variable};
+    const auto because = [&](RefusalReason reason, std::string details) -> std::optional<Obstacle> {
+        // What is not to be written need not be known.
+        if (!field.isChanged) return {};
+        return Obstacle{reasonWord(reason, words_), std::move(details)};
+    };
+    const WatchedVariables::Read* const read = variables_.latest(field.source.family);
+    if (read == nullptr) return because(RefusalReason::NotReadable, {});
+    if (!variables_.linkIsGood()) return because(RefusalReason::NoLink, read->variable);
     std::optional<double> held;
     try {
-        held = elementValue(source, variables_.look(read->variable));
+        held = elementValue(field.source, variables_.look(read->variable));
     } catch (const basic::Error& error) {
-        return Obstacle{reasonWord(reasonOf(error.number, true), words_), error.description};
+        return because(reasonOf(error.number, true), error.description);
     }
-    const auto beginning = beginnings_.find({source.family, source.element});
+    const auto beginning = beginnings_.find({field.source.family, field.source.element});
     if (beginning == beginnings_.end() || beginning->second.variable != read->variable) return {};
     if (beginning->second.held == held) return {};
     // Told now; whoever presses again knows it.

@@ -38,12 +38,17 @@ private:
     bool mayEdit(ControlHost& page, platform::ChildId id, const ValueSource& source);
     bool mayConfirm(ControlHost& page);
     void begin(ControlHost& page, platform::ChildId id, const ValueSource& source);
-    // Why a changed field cannot be confirmed.
+    struct Field {
+        ValueSource source;
+        QString caption;
+        bool isChanged = false; // else it was touched only, or cannot be read
+    };
+    // What stands in the way of a confirm.
     struct Obstacle {
         QString word;
         std::string details; // of the variable, for the list of reports
     };
-    std::optional<Obstacle> obstacle(const ValueSource& source);
+    std::optional<Obstacle> obstacle(const Field& field);
 
     WatchedVariables& variables_;
     AnswerStrip& strip_;
