@@ -65,6 +65,7 @@ void takeBroker(Options& options)
         return;
     }
     options.settings.broker = BrokerSettings{.panel = options.name,
+        .viewing = options.viewing,
         .makeLink = [address = std::get<mqtt::BrokerAddress>(address),
                         client = "panel-" + options.name]() -> std::unique_ptr<mqtt::Link> {
             return std::make_unique<mqtt::BrokerLink>(
@@ -88,6 +89,10 @@ Options parseOptions(const std::vector<std::string>& arguments)
             options.check = true;
             continue;
         }
+        if (argument == "--view-only") {
+            options.viewing = true;
+            continue;
+        }
         if (argument.starts_with("--")) {
             const std::size_t sign = argument.find('=');
             if (sign != std::string::npos)
@@ -103,7 +108,10 @@ Options parseOptions(const std::vector<std::string>& arguments)
         }
     }
     if (options.problem.empty() && options.settings.project.empty()) options.problem = "no project given";
-    if (options.problem.empty() && options.broker.any()) takeBroker(options);
+    if (options.problem.empty() && options.broker.any())
+        takeBroker(options);
+    else if (options.problem.empty() && options.viewing)
+        options.problem = "--view-only needs --broker";
     return options;
 }
 
@@ -129,6 +137,7 @@ std::string helpText()
            "  --name NAME                  of this panel, its own among all panels of the broker; otherwise "
            "the\n"
            "                               computer's\n"
+           "  --view-only                  with --broker: shows everything and writes nothing\n"
            "  --user, --password-file, --ca, --cert, --key\n"
            "                               who asks the broker, as for servo-machine\n"
            "  --trace FILE                 write everything that crosses the library's border to FILE\n"

@@ -14,6 +14,7 @@ struct Options {
     PanelSettings settings;
     std::string name; // of this panel on a broker
     mqtt::BrokerOptions broker;
+    bool viewing = false; // write nothing
     bool help = false;
     bool check = false; // look for what the project lacks, and end
     std::filesystem::path tour; // folder for the pictures of a tour; empty: no tour

@@ -1,7 +1,10 @@
 #include "panel/runtime/broker_connection.h"
 
+#include "basic/error.h"
 #include "machine/split_variables.h"
 
+#include <exception>
+#include <iterator>
 #include <utility>
 
 namespace servopanel::panel {
@@ -15,8 +18,9 @@ BrokerConnection::BrokerConnection(const BrokerSettings& settings, const std::ve
     : link_{settings.makeLink()}
     , clock_{settings.clock}
     , machines_{std::make_shared<mqtt::BrokerVariables>(
-          mqtt::BrokerVariablesSettings{.panel = settings.panel, .machines = machines}, *link_,
-          settings.clock)}
+          mqtt::BrokerVariablesSettings{
+              .panel = settings.panel, .machines = machines, .viewing = settings.viewing},
+          *link_, settings.clock)}
 {
 }
 
@@ -29,7 +33,7 @@ std::shared_ptr<platform::ProcessVarAccess> BrokerConnection::variables(
 void BrokerConnection::start(std::function<void()> polled)
 {
     QObject::connect(&timer_, &QTimer::timeout, &timer_, [this, polled = std::move(polled)] {
-        machines_->poll(0);
+        poll(0);
         polled();
     });
     timer_.start(periodMilliseconds);
@@ -39,7 +43,25 @@ void BrokerConnection::waitFor(std::string_view machine, int milliseconds)
 {
     const std::int64_t end = clock_() + milliseconds;
     while (!machines_->isLive(machine) && clock_() < end)
-        machines_->poll(periodMilliseconds);
+        poll(periodMilliseconds);
+}
+
+// What goes wrong while messages are taken in ends the connection, and must not end the panel.
+void BrokerConnection::poll(int milliseconds)
+try {
+    machines_->poll(milliseconds);
+} catch (const basic::Error& error) {
+    problems_.push_back(error.description);
+} catch (const std::exception& error) {
+    problems_.emplace_back(error.what());
+}
+
+std::vector<std::string> BrokerConnection::takeProblems()
+{
+    std::vector<std::string> problems = machines_->takeProtocolErrors();
+    std::move(problems_.begin(), problems_.end(), std::back_inserter(problems));
+    problems_.clear();
+    return problems;
 }
 
 void BrokerConnection::confirmBegins()

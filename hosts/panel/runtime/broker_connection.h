@@ -18,6 +18,7 @@ namespace servopanel::panel {
 // Where the machines are, when they are not in the panel itself.
 struct BrokerSettings {
     std::string panel; // name of this panel, its own among all panels of the broker
+    bool viewing = false; // it shows everything and writes nothing
     std::function<std::unique_ptr<mqtt::Link>()> makeLink; // throws basic::Error when there can be none
     mqtt::Clock clock = mqtt::steadyClock();
 };
@@ -40,8 +41,8 @@ public:
 
     // What keeps a machine's values from being good, one sentence for the list of reports; empty: nothing.
     std::string trouble(std::string_view machine) const { return machines_->troubleOf(machine); }
-    // Messages that did not follow the protocol since the last call.
-    std::vector<std::string> takeProtocolErrors() { return machines_->takeProtocolErrors(); }
+    // What was wrong with messages and with the connection itself since the last call.
+    std::vector<std::string> takeProblems();
 
     void setLevel(std::int16_t level) { machines_->setLevel(level); }
     // The confirm key is about to act, and has acted.
@@ -49,10 +50,13 @@ public:
     void confirmEnds() { confirm_.reset(); }
 
 private:
+    void poll(int milliseconds);
+
     std::unique_ptr<mqtt::Link> link_;
     mqtt::Clock clock_;
     std::shared_ptr<mqtt::BrokerVariables> machines_;
     std::unique_ptr<mqtt::BrokerVariables::ConfirmScope> confirm_;
+    std::vector<std::string> problems_;
     QTimer timer_;
 };
 

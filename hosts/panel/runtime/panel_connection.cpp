@@ -29,7 +29,7 @@ void Panel::startConnection()
 
 void Panel::followConnection()
 {
-    for (const std::string& problem : connection_->takeProtocolErrors())
+    for (const std::string& problem : connection_->takeProblems())
         note(problem);
     std::string trouble = connection_->trouble(machineDesignation());
     setLink({trouble.empty(), std::move(trouble)});

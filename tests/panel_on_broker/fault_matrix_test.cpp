@@ -1,0 +1,289 @@
+// Everything that can go wrong between a panel and its machine, while values are read, edited, confirmed and left.
+#include "line_machine/controller.h"
+#include "line_machine/machine_description.h"
+#include "mqtt/test_net.h"
+#include "panel/servo_page_test.h"
+
+#include <algorithm>
+#include <functional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace servopanel::testing {
+
+namespace {
+
+constexpr int stepMs =
+    50; // of the panel; three times as many pass for machine and broker, for the sake of time
+constexpr double entered = 42.5;
+
+class PanelOnBroker {
+public:
+    PanelOnBroker()
+    {
+        net.others = [this] { controller->poll(0); };
+        machine::ProjectFile::load(project.file("project.json")).declareVariables(store);
+        controller = std::make_unique<line_machine::Controller>(
+            line_machine::ControllerSettings{.machine = "M1", .epoch = 1'700'000'000'000, .faults = true},
+            line_machine::describeMachine(store, "M1"), store, machineLink, [this] { return net.now; });
+        controller->poll(0);
+        panel::PanelSettings settings = project.settings();
+        settings.resolution = 1280;
+        settings.broker = panel::BrokerSettings{.panel = "P1",
+            .makeLink =
+                [this] {
+                    auto made = std::make_unique<TestLink>(net);
+                    link = made.get();
+                    return made;
+                },
+            .clock = [this] { return net.now; }};
+        panel = std::make_unique<Panel>(settings);
+        reader = std::make_unique<MessageReader>(*panel);
+        panel->window().show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&panel->window()));
+        panel->openServo();
+        hands = std::make_unique<Operator>(*panel);
+        hands->menuKey(1);
+        wait(refreshMs);
+    }
+
+    // Lets time pass for the machine, the broker and the panel.
+    void wait(int milliseconds)
+    {
+        for (int passed = 0; passed < milliseconds; passed += stepMs) {
+            net.now += 3 * stepMs;
+            controller->poll(0);
+            QTest::qWait(stepMs);
+        }
+    }
+
+    panel::Child& child(std::string_view name, std::int16_t index)
+    {
+        return panel->shownPart()->require<panel::Child>(name, index);
+    }
+    bool isMaskOpen()
+    {
+        return panel->shownPart()->require<panel::EingabemaskeChild>("Eingabemaske").isOpen();
+    }
+    void change()
+    {
+        hands->input("SollwertL", 1);
+        hands->type("42.5");
+        hands->ok();
+    }
+    std::string answer() { return panel->answers().text().toStdString(); }
+    std::vector<double> machineHolds(const std::string& name)
+    {
+        std::vector<double> numbers;
+        for (const Variant& element : store.find(name)->get<basic::Array>()->elements)
+            numbers.push_back(*element.get<double>());
+        return numbers;
+    }
+
+    TestProject project{standardProject};
+    TestNet net;
+    machine::VariableStore store;
+    TestLink machineLink{net};
+    std::unique_ptr<line_machine::Controller> controller;
+    TestLink* link = nullptr; // the panel's
+    std::unique_ptr<Panel> panel;
+    std::unique_ptr<MessageReader> reader;
+    std::unique_ptr<Operator> hands;
+};
+
+struct Fault {
+    std::string name;
+    std::function<void(PanelOnBroker&)> happen;
+    // Whether the machine's values are good again after a while without anybody's doing.
+    bool passes = false;
+    // What an operator is told when he confirms just then, any of these; empty: it is written.
+    std::vector<std::string> answers;
+    // Elements of the setpoints that the fault itself changes.
+    std::vector<std::size_t> changes;
+};
+
+void PrintTo(const Fault& fault, std::ostream* out) { *out << fault.name; }
+
+std::function<void(PanelOnBroker&)> order(const std::string& payload)
+{
+    return [payload](PanelOnBroker& line) { line.controller->orderFault(payload); };
+}
+
+std::function<void(PanelOnBroker&)> somebodyChanges(std::size_t element)
+{
+    return [element](PanelOnBroker& line) {
+        Variant values = *line.store.find(setpoints);
+        basic::setElement(values, static_cast<std::int32_t>(element), 7.25);
+        line.store.write(setpoints, values, machine::Writer::Machine);
+    };
+}
+
+const std::vector<Fault>& faults()
+{
+    const std::string noLink = "No connection";
+    static const std::vector<Fault> all{
+        {"nothing", [](PanelOnBroker&) {}, true, {}, {}},
+        {"refused", order(R"({"fault":"refuse","code":"busy","times":100})"), true, {"controller is busy"},
+            {}},
+        {"tooLowLevel", order(R"({"fault":"refuse","code":"level","times":100})"), true,
+            {"access level too low"}, {}},
+        {"silent", order(R"({"fault":"silent","times":100})"), true,
+            {"no answer, the machine does not have the new value"}, {}},
+        {"silentButDone", order(R"({"fault":"silent","times":100,"acts":true})"), true,
+            {"no answer, but the machine has the new value"}, {}},
+        {"slow", order(R"({"fault":"slow","milliseconds":300,"times":100})"), true, {}, {}},
+        {"tooSlow", order(R"({"fault":"slow","milliseconds":5000,"times":100})"), true,
+            {"no answer", "no answer, the machine does not have the new value"}, {}},
+        {"torn", order(R"({"fault":"torn","times":2})"), true, {}, {}},
+        {"heartless", order(R"({"fault":"heartless","on":true})"), false, {noLink}, {}},
+        {"restarted", order(R"({"fault":"restart"})"), true, {}, {}},
+        {"changedByOthers", somebodyChanges(0), true, {"changed at the machine meanwhile (7.25)"}, {0}},
+        {"changedBesides", somebodyChanges(1), true, {}, {1}},
+        {"absent", order(R"({"fault":"absent","match":"_T_servo_3<"})"), false,
+            {"cannot be read", "drive does not answer"}, {}},
+        {"doubtful",
+            [](PanelOnBroker& line) {
+                line.controller->orderFault(
+                    std::string{R"({"fault":"doubt","name":")"}.append(setpoints).append("\"}"));
+            },
+            false, {"cannot be read"}, {}},
+        {"unreachable",
+            [](PanelOnBroker& line) {
+                line.link->reachable = false;
+                line.link->drop("the cable was pulled");
+            },
+            false, {noLink}, {}},
+    };
+    return all;
+}
+
+class FaultMatrix : public ::testing::TestWithParam<Fault>, protected PanelOnBroker {
+protected:
+    FaultMatrix()
+        : before_{machineHolds(setpoints)}
+    {
+    }
+
+    void happen(int milliseconds)
+    {
+        GetParam().happen(*this);
+        wait(milliseconds);
+    }
+
+    bool isChangedByFault(std::size_t element)
+    {
+        const auto& changes = GetParam().changes;
+        return std::find(changes.begin(), changes.end(), element) != changes.end();
+    }
+
+    // What must hold whatever went wrong.
+    void TearDown() override
+    {
+        const std::vector<double> now = machineHolds(setpoints);
+        for (std::size_t i = 1; i < now.size(); ++i) {
+            const double expected = isChangedByFault(i) ? 7.25 : before_[i];
+            EXPECT_EQ(now[i], expected) << "element " << i;
+        }
+        // Nothing was carried out after its time.
+        for (const line_machine::Controller::Seen& seen : controller->seen()) {
+            if (seen.outcome != mqtt::Outcome::Done) continue;
+            EXPECT_LE(seen.at, seen.command.deadline);
+        }
+        // "Written" is true.
+        const double first = saidWritten_ ? entered : now[0];
+        EXPECT_EQ(now[0], first);
+    }
+
+    void confirm()
+    {
+        hands->footerKey(10);
+        saidWritten_ = saidWritten_ || answer().starts_with("Written");
+    }
+
+    std::vector<double> before_;
+    bool saidWritten_ = false;
+};
+
+std::string nameOf(const ::testing::TestParamInfo<Fault>& info) { return info.param.name; }
+
+} // namespace
+
+INSTANTIATE_TEST_SUITE_P(Broker, FaultMatrix, ::testing::ValuesIn(faults()), nameOf);
+
+// A value on the screen is the machine's, or says that it is not.
+TEST_P(FaultMatrix, WhileValuesAreRead)
+{
+    happen(1000);
+    auto& input = child("SollwertL", 1);
+    if (!GetParam().passes) {
+        EXPECT_EQ(input.valueState(), panel::ValueState::Stale);
+        return;
+    }
+    EXPECT_EQ(input.valueState(), panel::ValueState::Fresh);
+    const std::string shown = isChangedByFault(0) ? "7.25" : "1.5";
+    EXPECT_EQ(static_cast<TextView&>(input.view()).shownText().toStdString(), shown);
+}
+
+TEST_P(FaultMatrix, WhileAValueIsEdited)
+{
+    happen(1000);
+    hands->input("SollwertL", 1);
+    EXPECT_EQ(isMaskOpen(), GetParam().passes) << answer();
+    if (!GetParam().passes) {
+        EXPECT_NE(answer().find("Cannot be changed"), std::string::npos) << answer();
+        return;
+    }
+    hands->type("42.5");
+    hands->ok();
+    EXPECT_TRUE(child("SollwertL", 1).isChanged());
+}
+
+TEST_P(FaultMatrix, WhileAChangeIsConfirmed)
+{
+    change();
+    happen(refreshMs + 200);
+    EXPECT_TRUE(child("SollwertL", 1).isChanged());
+    confirm();
+    const std::string told = answer();
+    if (GetParam().answers.empty()) {
+        EXPECT_EQ(told, "Written, values: 1");
+        return;
+    }
+    bool isExpected = false;
+    for (const std::string& expected : GetParam().answers)
+        isExpected = isExpected || told.find(expected) != std::string::npos;
+    EXPECT_TRUE(isExpected) << told;
+    EXPECT_FALSE(saidWritten_) << told;
+}
+
+// Whatever came between, all is well as soon as the machine is.
+TEST_P(FaultMatrix, UntilItIsOver)
+{
+    change();
+    happen(refreshMs + 200);
+    controller->orderFault(R"({"fault":"none"})");
+    link->reachable = true;
+    wait(1000);
+    ASSERT_TRUE(child("SollwertL", 1).isChanged());
+    confirm();
+    if (isChangedByFault(0)) confirm(); // in the knowledge of it
+    EXPECT_EQ(answer(), "Written, values: 1");
+    EXPECT_EQ(machineHolds(setpoints)[0], entered);
+}
+
+TEST_P(FaultMatrix, WhileAnotherServoIsChosen)
+{
+    happen(stepMs);
+    hands->footerKey(6);
+    wait(1000);
+    hands->footerKey(5);
+    wait(refreshMs);
+    auto& input = child("SollwertL", 1);
+    if (GetParam().passes)
+        EXPECT_EQ(input.valueState(), panel::ValueState::Fresh);
+    else
+        EXPECT_NE(input.valueState(), panel::ValueState::Fresh);
+}
+
+} // namespace servopanel::testing
