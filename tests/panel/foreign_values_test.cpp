@@ -228,6 +228,7 @@ TEST_F(ForeignValuesTest, ARefusalAndAnOverwrittenValueAreBothNamed)
 
 TEST_F(ForeignValuesTest, AMaskThatBeginsWithAnOldValueSaysSo)
 {
+    change("SollwertL", 21, "12"); // from now on the page leaves touched fields alone
     hands_->input("SollwertL", 1);
     hands_->cancel();
     machineSets(setpoints, 0, 90);

@@ -233,7 +233,9 @@ TEST(WatchedVariables, TellsOfEveryReadAndPassesErrorsOn)
     // What is read while the connection is bad is old.
     variables.setLink(false);
     EXPECT_EQ(variables.ReadValue("good"), Variant{5.0});
-    EXPECT_THROW(variables.look("seen"), basic::Error);
+    EXPECT_THROW(variables.look("Ch1.M1<.seen>"), basic::Error);
+    // What describes the panel itself needs no connection.
+    EXPECT_EQ(variables.look("parameter<.seen>"), Variant{5.0});
     EXPECT_EQ(told, "good+bad-good-");
 }
 
