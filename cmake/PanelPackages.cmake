@@ -36,7 +36,8 @@ set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION misc)
 set(CPACK_COMPONENT_TOOLS_DESCRIPTION "Engineer's tools for servo panels
  servo-replay plays scenarios on the controls without a screen and writes
  traces; servo-defs reads, writes and checks databases of definitions;
- servo-machine puts simulated machines on a broker.")
+ servo-machine puts simulated machines on a broker; servo-journal shows what a
+ panel has written.")
 
 set(CPACK_DEBIAN_DEMO_PACKAGE_NAME servo-panel-demo)
 set(CPACK_DEBIAN_DEMO_PACKAGE_SECTION misc)

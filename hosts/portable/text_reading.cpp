@@ -1,5 +1,6 @@
 #include "portable/text_reading.h"
 
+#include "portable/descriptor.h"
 #include "portable/file_error.h"
 
 #include <cerrno>
@@ -14,24 +15,6 @@ namespace {
 namespace fs = std::filesystem;
 
 std::error_code lastError() { return {errno, std::generic_category()}; }
-
-class Descriptor {
-public:
-    explicit Descriptor(int number)
-        : number_{number}
-    {
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor()
-    {
-        if (number_ >= 0) ::close(number_);
-    }
-    int number() const { return number_; }
-
-private:
-    int number_;
-};
 
 std::string tooLarge(std::uintmax_t largest)
 {
@@ -66,7 +49,7 @@ FileBytes readFile(const fs::path& file, std::string_view name, std::uintmax_t l
 {
     // Not blocking: a pipe put in the place of a file must not stop the panel.
     const Descriptor descriptor{::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)};
-    if (descriptor.number() < 0) raiseOpenError(file, name, lastError());
+    if (!descriptor.isOpen()) raiseOpenError(file, name, lastError());
 
     struct stat status { };
     if (::fstat(descriptor.number(), &status) != 0)

@@ -1,0 +1,144 @@
+#include "journal/entry_list.h"
+
+#include "basic/text.h"
+#include "jet/servo_defs/csv.h"
+#include "jet/servo_defs/definition_list.h"
+#include "journal/time_text.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+
+namespace servopanel::journal {
+
+namespace {
+
+using Cells = std::vector<std::string>;
+
+// Whole numbers without a point, whatever type the variable has.
+std::string numberText(const Json& number)
+{
+    std::string text = number.dump();
+    if (text.ends_with(".0")) text.resize(text.size() - 2);
+    return text;
+}
+
+std::string scalarText(const Json& value)
+{
+    if (value.is_null()) return {};
+    if (value.is_string()) return value.get<std::string>();
+    return value.is_number() ? numberText(value) : value.dump();
+}
+
+std::string valueText(const Json& value)
+{
+    if (!value.is_array()) return scalarText(value);
+    std::string list;
+    for (const Json& element : value)
+        list.append(list.empty() ? "[" : ", ").append(scalarText(element));
+    return list.append(list.empty() ? "[]" : "]");
+}
+
+std::string elementText(const Entry& entry)
+{
+    return entry.element == wholeValue ? std::string{"all"} : std::to_string(entry.element);
+}
+
+// A terminal would take control characters for orders.
+std::string shown(const std::string& text) { return jet::shownText(basic::Variant{text}); }
+
+// A text in quotes, so that an empty one is told from none.
+std::string shownValue(const Json& value)
+{
+    if (value.is_null()) return "-";
+    if (!value.is_string()) return shown(valueText(value));
+    return std::string{"\""}.append(shown(value.get<std::string>())).append("\"");
+}
+
+std::string endText(const Entry& entry)
+{
+    std::string text{nameOf(entry.result)};
+    if (entry.number != 0) text.append(" ").append(std::to_string(entry.number));
+    if (!entry.text.empty()) text.append(": ").append(shown(entry.text));
+    return text;
+}
+
+Cells shownCells(const Entry& entry)
+{
+    return {timeText(entry.time), shown(entry.panel), std::to_string(entry.level),
+        entry.machine.empty() ? "-" : shown(entry.machine),
+        entry.servo ? std::to_string(*entry.servo) : std::string{"-"}, shown(entry.variable),
+        elementText(entry), shownValue(entry.oldValue), shownValue(entry.newValue), endText(entry)};
+}
+
+// Characters of UTF-8, as a terminal counts most of them.
+std::size_t widthOf(std::string_view text)
+{
+    return static_cast<std::size_t>(std::count_if(
+        text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+}
+
+jet::CsvCell textCell(const std::string& text)
+{
+    if (text.empty()) return std::nullopt;
+    return jet::withoutFormula(text);
+}
+
+jet::CsvCell valueCell(const Json& value)
+{
+    if (value.is_null()) return std::nullopt;
+    return value.is_string() ? jet::withoutFormula(value.get<std::string>()) : valueText(value);
+}
+
+} // namespace
+
+bool Filter::admits(const Entry& entry) const
+{
+    if (since && entry.time < *since) return false;
+    if (before && entry.time >= *before) return false;
+    if (servo && entry.servo != servo) return false;
+    if (machine && entry.machine != *machine) return false;
+    if (panel && entry.panel != *panel) return false;
+    if (result && entry.result != *result) return false;
+    return !variable
+        || basic::upperCase(entry.variable).find(basic::upperCase(*variable)) != std::string::npos;
+}
+
+std::string tableOf(const std::vector<Entry>& entries)
+{
+    std::vector<Cells> lines{
+        {"time", "panel", "level", "machine", "servo", "variable", "element", "old", "new", "result"}};
+    for (const Entry& entry : entries)
+        lines.push_back(shownCells(entry));
+    std::vector<std::size_t> widths(lines.front().size());
+    for (const Cells& line : lines)
+        for (std::size_t i = 0; i < line.size(); ++i)
+            widths[i] = std::max(widths[i], widthOf(line[i]));
+
+    std::string table;
+    for (const Cells& line : lines) {
+        for (std::size_t i = 0; i + 1 < line.size(); ++i)
+            table.append(line[i]).append(widths[i] - widthOf(line[i]) + 2, ' ');
+        table.append(line.back()).append("\n");
+    }
+    return table;
+}
+
+std::string csvOf(const std::vector<Entry>& entries)
+{
+    std::string csv = jet::csvLine({"time", "panel", "level", "machine", "servo", "variable", "element",
+        "old", "new", "result", "number", "text"});
+    for (const Entry& entry : entries) {
+        const auto orNothing = [](bool is, int number) {
+            return is ? jet::CsvCell{std::to_string(number)} : jet::CsvCell{};
+        };
+        csv += jet::csvLine({timeText(entry.time), textCell(entry.panel), std::to_string(entry.level),
+            textCell(entry.machine), orNothing(entry.servo.has_value(), entry.servo.value_or(0)),
+            textCell(entry.variable), std::to_string(entry.element), valueCell(entry.oldValue),
+            valueCell(entry.newValue), std::string{nameOf(entry.result)},
+            orNothing(entry.number != 0, entry.number), textCell(entry.text)});
+    }
+    return csv;
+}
+
+} // namespace servopanel::journal

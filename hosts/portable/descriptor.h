@@ -1,0 +1,36 @@
+#pragma once
+
+#include <unistd.h>
+#include <utility>
+
+namespace servopanel::portable {
+
+// A file descriptor that is closed at the end; negative: none.
+class Descriptor {
+public:
+    Descriptor() = default;
+    explicit Descriptor(int number)
+        : number_{number}
+    {
+    }
+    Descriptor(Descriptor&& other) noexcept
+        : number_{std::exchange(other.number_, -1)}
+    {
+    }
+    Descriptor& operator=(Descriptor&& other) noexcept
+    {
+        std::swap(number_, other.number_);
+        return *this;
+    }
+    ~Descriptor()
+    {
+        if (number_ >= 0) ::close(number_);
+    }
+    bool isOpen() const { return number_ >= 0; }
+    int number() const { return number_; }
+
+private:
+    int number_ = -1;
+};
+
+} // namespace servopanel::portable
