@@ -72,6 +72,26 @@ void changeSeveral(Operator& hands)
     change(hands, "ZeichnungL", 43, "7");
 }
 
+// Another panel, or the machine itself, and the page has read it.
+void somebodyChanges(Panel& panel, std::int32_t element, double value)
+{
+    const std::string setpoints = "Ch1.M1_T_servo_1<.mM1_servo_para_1>";
+    basic::Variant values = *panel.variables().find(setpoints);
+    basic::setElement(values, element, basic::Variant{value});
+    panel.variables().write(setpoints, values, machine::Writer::Machine);
+    panel.shownPart()->deliver({"Timer"}, "Timer", {});
+}
+
+// While a change waits the page leaves touched fields as they are.
+void touchAndLeave(Operator& hands, Panel& panel)
+{
+    hands.menuKey(fullest);
+    change(hands, "SollwertL", 1, "321.5");
+    hands.input("SollwertL", 2);
+    hands.cancel();
+    somebodyChanges(panel, 1, 176.5);
+}
+
 void reportFault(Panel& panel, const std::string& text)
 {
     for (const char* name : {"Ch1.M1_T_servo_1<.mM1_fetext_11>", "Ch1.M1_T_servo_1<.mM1_fetext_12>"})
@@ -314,6 +334,27 @@ std::vector<State> makeStates()
                                          hands.input("SollwertL", 2);
                                      }),
         "Ch1.M1_T_servo_1<.mM1_servo_para_ob_1>"));
+    all.push_back(state("edit-no-link", [](Operator& hands, Panel& panel) {
+        hands.menuKey(fullest);
+        panel.setLink({false, "The controller does not answer"});
+        hands.input("SollwertL", 1);
+    }));
+    all.push_back(state("confirm-changed-meanwhile", [](Operator& hands, Panel& panel) {
+        hands.menuKey(fullest);
+        changeSeveral(hands);
+        somebodyChanges(panel, 0, 318.25);
+        hands.footerKey(10);
+    }));
+    all.push_back(state("confirm-overwrites", [](Operator& hands, Panel& panel) {
+        touchAndLeave(hands, panel);
+        hands.footerKey(10); // tells it, and the second press means it
+        hands.wait(1100);
+        hands.footerKey(10);
+    }));
+    all.push_back(state("mask-old-value", [](Operator& hands, Panel& panel) {
+        touchAndLeave(hands, panel);
+        hands.input("SollwertL", 2);
+    }));
     return all;
 }
 

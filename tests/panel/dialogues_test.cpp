@@ -167,6 +167,28 @@ TEST_F(DialoguesTest, TheAnswerFollowsTheLanguage)
     EXPECT_EQ(answer(), "Nicht geschrieben: Anfang: von der Steuerung abgelehnt");
 }
 
+// The answer before a refusal must not come back in its place.
+TEST_F(DialoguesTest, AnotherLanguageEndsARefusalThatConfirmedNothing)
+{
+    change("SollwertL", 1, "42.5");
+    hands_->footerKey(10);
+    ASSERT_EQ(answer(), "Written, values: 1");
+    change("SollwertL", 1, "43.5");
+    panel_->setLink({false, "The controller does not answer"});
+    hands_->footerKey(10);
+    ASSERT_EQ(answer(), "Not written: Start position: No connection");
+    hands_->language(german);
+    EXPECT_FALSE(panel_->answers().isDue());
+}
+
+TEST_F(DialoguesTest, LimitsAreEditedWithoutAConnectionToo)
+{
+    hands_->footerKey(4);
+    panel_->setLink({false, "The controller does not answer"});
+    hands_->input("SollwertL", 1);
+    EXPECT_EQ(editor().title(), "Start position");
+}
+
 TEST_F(DialoguesTest, TheListOfReportsFollowsTheLanguage)
 {
     panel_->note("something");

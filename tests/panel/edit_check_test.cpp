@@ -7,6 +7,8 @@ namespace servopanel::testing {
 
 namespace {
 
+constexpr int readingMs = 1100; // what the strip says has been read
+
 class EditCheckTest : public ServoPageTest {
 protected:
     // As somebody else writes it, or the machine itself.
@@ -85,6 +87,9 @@ TEST_F(EditCheckTest, WhatTheMachineChangedMeanwhileIsConfirmedInTheKnowledgeOfI
     EXPECT_TRUE(child("SollwertL", 1).isChanged());
     EXPECT_EQ(held(setpoints, 0), 40.25);
 
+    hands_->footerKey(10); // nobody reads as fast as that
+    EXPECT_EQ(held(setpoints, 0), 40.25);
+    hands_->wait(readingMs);
     hands_->footerKey(10);
     EXPECT_EQ(answer(), "Written, values: 1");
     EXPECT_EQ(held(setpoints, 0), 42.5);
@@ -118,8 +123,7 @@ TEST_F(EditCheckTest, AFieldThatWasOnlyTouchedCountsToo)
     change("SollwertL", 1, "42.5");
     hands_->input("SollwertL", 21);
     hands_->cancel();
-    machineSets(secondSetpoints, 0, 33);
-    hands_->wait(refreshMs);
+    machineSets(secondSetpoints, 0, 33); // the page has not read it yet
     hands_->footerKey(10);
     EXPECT_NE(answer().find("changed at the machine meanwhile (33)"), std::string::npos) << answer();
     EXPECT_EQ(held(secondSetpoints, 0), 33);
@@ -145,6 +149,49 @@ TEST_F(EditCheckTest, EveryFieldThatStandsInTheWayIsReported)
     hands_->footerKey(10);
     EXPECT_EQ(answer(), "Not written: Start position: changed at the machine meanwhile (40.25) (+1)");
     EXPECT_TRUE(isReported("(11.5)"));
+    // Each is confirmed in the knowledge of it: not those that the answer has not named.
+    hands_->wait(readingMs);
+    hands_->footerKey(10);
+    EXPECT_EQ(answer(), "Not written: Servo.M1.Servo3.21: changed at the machine meanwhile (11.5)");
+    EXPECT_EQ(held(setpoints, 0), 40.25);
+    hands_->wait(readingMs);
+    hands_->footerKey(10);
+    EXPECT_EQ(answer(), "Written, values: 2");
+}
+
+// A change between the last look and the write itself.
+TEST_F(EditCheckTest, WhatChangesWhileOtherValuesAreWrittenIsNotOverwritten)
+{
+    change("SollwertL", 1, "42.5");
+    change("SollwertL", 21, "12");
+    flaky_->written = [this](std::string_view name) {
+        if (name == setpoints) machineSets(secondSetpoints, 0, 33);
+    };
+    hands_->footerKey(10);
+    EXPECT_NE(answer().find("changed at the machine meanwhile"), std::string::npos) << answer();
+    EXPECT_EQ(held(setpoints, 0), 42.5);
+    EXPECT_EQ(held(secondSetpoints, 0), 33);
+}
+
+TEST_F(EditCheckTest, AnUnseenPartOfADrawingNumberIsNotOverwritten)
+{
+    change("SollwertL", 1, "42.5");
+    hands_->input("ZeichnungL", 43);
+    hands_->cancel();
+    machineSets(drawings, 0, 312450018);
+    hands_->wait(refreshMs);
+    change("ZeichnungL", 41, "313");
+    hands_->footerKey(10);
+    EXPECT_NE(answer().find("changed at the machine meanwhile (312450018)"), std::string::npos) << answer();
+    EXPECT_EQ(held(drawings, 0), 312450018);
+}
+
+TEST_F(EditCheckTest, ABadLinkIsReportedOnce)
+{
+    for (const char* reason : {"no heartbeat for 1.6 s", "no heartbeat for 1.7 s", "no heartbeat for 1.8 s"})
+        panel_->setLink({false, reason});
+    EXPECT_TRUE(isReported("no heartbeat for 1.6 s"));
+    EXPECT_FALSE(isReported("no heartbeat for 1.7 s"));
 }
 
 TEST_F(EditCheckTest, TheWayOutIsAlwaysOpen)

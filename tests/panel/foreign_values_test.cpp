@@ -187,6 +187,7 @@ TEST_F(ForeignValuesTest, AnAnswerNamesWhatWasSetBackBesideTheChange)
     machineSets(secondSetpoints, 0, 33);
     hands_->wait(refreshMs);
     hands_->footerKey(10); // tells it, and the second press means it
+    hands_->wait(1100);
     hands_->footerKey(10);
     EXPECT_EQ(element(secondSetpoints, 0), shown);
     const std::string change = "33\u00A0→\u00A0" + basic::toText(shown);
@@ -208,6 +209,7 @@ TEST_F(ForeignValuesTest, WhatTheMachineDidNotChangeMeanwhileIsNotNamed)
     machineSets(setpoints, 0, 90); // the operator wants his own there
     hands_->wait(refreshMs);
     hands_->footerKey(10); // tells it, and the second press means it
+    hands_->wait(1100);
     hands_->footerKey(10);
     EXPECT_FALSE(panel_->answers().isWarning());
     EXPECT_EQ(answer(), "Written, values: 1");
@@ -220,6 +222,8 @@ TEST_F(ForeignValuesTest, ARefusalAndAnOverwrittenValueAreBothNamed)
     hands_->cancel();
     machineSets(secondSetpoints, 0, 33);
     flaky_->unwritable = {setpoints};
+    hands_->footerKey(10); // tells it, and the second press means it
+    hands_->wait(1100);
     hands_->footerKey(10);
     EXPECT_TRUE(panel_->answers().isRefusal());
     EXPECT_NE(answer().find("Start position: refused by the controller"), std::string::npos) << answer();

@@ -180,6 +180,7 @@ protected:
     // What must hold whatever went wrong.
     void TearDown() override
     {
+        wait(GetParam().name == "tooSlow" ? 2500 : 0); // the command would be carried out by now
         const std::vector<double> now = machineHolds(setpoints);
         for (std::size_t i = 1; i < now.size(); ++i) {
             const double expected = isChangedByFault(i) ? 7.25 : before_[i];
@@ -190,9 +191,11 @@ protected:
             if (seen.outcome != mqtt::Outcome::Done) continue;
             EXPECT_LE(seen.at, seen.command.deadline);
         }
-        // "Written" is true.
-        const double first = saidWritten_ ? entered : now[0];
-        EXPECT_EQ(now[0], first);
+        // "Written" is true, and nothing else was written behind it but what an answer that was lost did.
+        if (GetParam().name != "silentButDone") {
+            const double other = isChangedByFault(0) ? 7.25 : before_[0];
+            EXPECT_EQ(now[0], saidWritten_ ? entered : other);
+        }
     }
 
     void confirm()
@@ -267,7 +270,10 @@ TEST_P(FaultMatrix, UntilItIsOver)
     wait(1000);
     ASSERT_TRUE(child("SollwertL", 1).isChanged());
     confirm();
-    if (isChangedByFault(0)) confirm(); // in the knowledge of it
+    if (isChangedByFault(0)) {
+        wait(1100);
+        confirm(); // in the knowledge of it
+    }
     EXPECT_EQ(answer(), "Written, values: 1");
     EXPECT_EQ(machineHolds(setpoints)[0], entered);
 }

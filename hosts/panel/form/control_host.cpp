@@ -3,6 +3,7 @@
 #include "basic/conversions.h"
 #include "panel/form/caption_lines.h"
 #include "panel/form/input_value.h"
+#include "panel/form/menu_captions.h"
 #include "panel/form/replay_command.h"
 #include "panel/form/row_touch.h"
 #include "panel/form/schalter.h"
@@ -114,7 +115,9 @@ void ControlHost::put(const Member& member, Args args, const Variant& value)
 // The library has placed and named its controls; what it could not know is how high letters are.
 void ControlHost::procedureEnded()
 {
-    if (!ended_) separateCaptionLines(*this);
+    if (ended_) return;
+    separateCaptionLines(*this);
+    keepCaptionsClearOfScrollBar(*this);
 }
 
 Child* ControlHost::find(std::string_view name, std::int16_t index)

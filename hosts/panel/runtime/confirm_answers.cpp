@@ -83,6 +83,7 @@ void ConfirmAnswers::findNotTaken()
 
 void ConfirmAnswers::languageChanged(ControlHost* page)
 {
+    if (!answer_) strip_.dismiss();
     if (answer_ && page != nullptr && strip_.isDue()) strip_.retranslate(head(), reason(*page));
 }
 

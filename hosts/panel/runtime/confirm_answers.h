@@ -24,6 +24,8 @@ public:
     void keyBegins(ControlHost& page);
     // It has acted. hasLink: whether there was a way to the machine at all.
     void keyEnds(ControlHost& page, bool hasLink);
+    // Another answer stands on the strip.
+    void forget() { answer_.reset(); }
     // Words and captions are others now.
     void languageChanged(ControlHost* page);
 

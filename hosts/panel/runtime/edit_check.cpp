@@ -2,12 +2,14 @@
 
 #include "basic/conversions.h"
 #include "basic/error.h"
+#include "panel/form/fusszeile.h"
 #include "panel/form/input_caption.h"
 #include "panel/form/input_value.h"
 #include "panel/form/vws_var.h"
 #include "platform/ids.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 #include <vector>
 
@@ -22,6 +24,20 @@ bool isInput(const ValueSource& source)
     return source.family != families::actualValues && source.family != families::faultText;
 }
 
+bool isSame(std::optional<double> one, std::optional<double> other)
+{
+    const bool isNoNumber = one && other && std::isnan(*one) && std::isnan(*other);
+    return isNoNumber || one == other;
+}
+
+// Touches change limits and access levels, not values.
+bool changesDefinitions(ControlHost& page)
+{
+    constexpr int definitionsKey = 4;
+    const auto* const footer = dynamic_cast<FußzeileChild*>(page.find("Fußzeile"));
+    return footer != nullptr && footer->isActive(definitionsKey);
+}
+
 } // namespace
 
 EditCheck::EditCheck(WatchedVariables& variables, AnswerStrip& strip, PanelWords words,
@@ -31,6 +47,9 @@ EditCheck::EditCheck(WatchedVariables& variables, AnswerStrip& strip, PanelWords
     , words_{std::move(words)}
     , note_{std::move(note)}
 {
+    variables_.setWriteCheck([this](std::string_view variable, const basic::Variant& value) {
+        return isUnchanged(variable, value);
+    });
 }
 
 bool EditCheck::admits(ControlHost& page, platform::ChildId id, std::string_view event, platform::Args args)
@@ -40,55 +59,73 @@ bool EditCheck::admits(ControlHost& page, platform::ChildId id, std::string_view
         return args.empty() || basic::toInt16(args[0]) != confirmKey || mayConfirm(page);
     if (event != "MouseDown" && event != "SchalterGedrückt") return true;
     const std::optional<ValueSource> source = valueSource(id.name, id.index);
-    return !source || !isInput(*source) || mayEdit(page, id, *source);
+    // Limits and levels are the panel's own.
+    return !source || !isInput(*source) || changesDefinitions(page) || mayEdit(page, id, *source);
+}
+
+void EditCheck::eventEnds(bool isOver)
+{
+    if (!isOver) return;
+    beginnings_.clear();
+    told_.reset();
 }
 
 bool EditCheck::mayEdit(ControlHost& page, platform::ChildId id, const ValueSource& source)
 {
-    if (variables_.state(source) == ValueState::Fresh) {
+    const bool isGood = variables_.state(source) == ValueState::Fresh;
+    if (isGood && !isViewing_) {
         begin(page, id, source);
         return true;
     }
     const WatchedVariables::Read* const read = variables_.latest(source.family);
     const RefusalReason reason = !variables_.linkIsGood() ? RefusalReason::NoLink
+        : isGood                                          ? RefusalReason::ReadOnly
         : read == nullptr                                 ? RefusalReason::NotReadable
+        : read->problem.empty()                           ? RefusalReason::Old
                                                           : reasonOf(read->error, true);
     strip_.showRefused(words_(PanelText::NotEditable),
         inputCaption(page, id.name, id.index) + QStringLiteral(": ") + reasonWord(reason, words_));
     return false;
 }
 
+// An edit goes on until nothing is changed any more, however often its field is touched.
 void EditCheck::begin(ControlHost& page, platform::ChildId id, const ValueSource& source)
 {
-    bool isBegun = false;
-    page.forEach([&](std::string_view name, std::int16_t index, Child& child) {
-        const std::optional<ValueSource> other = valueSource(name, index);
-        isBegun = isBegun
-            || (child.isChanged() && other && other->family == source.family
-                && other->element == source.element);
-    });
     const WatchedVariables::Read* const read = variables_.latest(source.family);
-    if (isBegun || read == nullptr) return;
+    if (read == nullptr) return;
+    const Place place{source.family, source.element};
+    const auto begun = beginnings_.find(place);
+    if (begun != beginnings_.end() && begun->second.variable == read->variable) return;
     Beginning beginning{read->variable, {}};
-    if (showsElement(page, id.name, id.index, source, read->value))
-        beginning.held = elementValue(source, read->value);
-    beginnings_.insert_or_assign(Place{source.family, source.element}, std::move(beginning));
+    const std::optional<double> held = elementValue(source, read->value);
+    const std::optional<double> shown = inputValue(page, id.name, id.index);
+    if (held && shown && isSameValue(*shown, *held, {})) beginning.held = held;
+    beginnings_.insert_or_assign(place, std::move(beginning));
+}
+
+// Those that were changed or touched: the page writes every variable as a whole, with what a touched field shows.
+std::vector<EditCheck::Field> EditCheck::fieldsOf(ControlHost& page) const
+{
+    std::vector<Field> fields;
+    page.forEach([&](std::string_view name, std::int16_t index, Child& child) {
+        const std::optional<ValueSource> source = valueSource(name, index);
+        if (!source || !isInput(*source)) return;
+        if (!child.isChanged() && beginnings_.count({source->family, source->element}) == 0) return;
+        const auto known = std::find_if(
+            fields.begin(), fields.end(), [&](const Field& field) { return field.source == *source; });
+        if (known == fields.end())
+            fields.push_back({*source, inputCaption(page, name, index), child.isChanged()});
+        else
+            known->isChanged = known->isChanged || child.isChanged();
+    });
+    return fields;
 }
 
 bool EditCheck::mayConfirm(ControlHost& page)
 {
-    std::vector<Field> fields;
-    bool isAnyChanged = false;
-    page.forEach([&](std::string_view name, std::int16_t index, Child& child) {
-        const std::optional<ValueSource> source = valueSource(name, index);
-        if (!source || !isInput(*source)) return;
-        isAnyChanged = isAnyChanged || child.isChanged();
-        // The page writes every variable as a whole, with what a touched field shows, changed or not.
-        if (!child.isChanged() && child.valueState() == ValueState::Fresh) return;
-        const bool isKnown = std::any_of(
-            fields.begin(), fields.end(), [&](const Field& field) { return field.source == *source; });
-        if (!isKnown) fields.push_back({*source, inputCaption(page, name, index), child.isChanged()});
-    });
+    const std::vector<Field> fields = fieldsOf(page);
+    const bool isAnyChanged =
+        std::any_of(fields.begin(), fields.end(), [](const Field& field) { return field.isChanged; });
     if (!isAnyChanged) return true;
     QString first;
     int count = 0;
@@ -96,7 +133,10 @@ bool EditCheck::mayConfirm(ControlHost& page)
         const std::optional<Obstacle> found = obstacle(field);
         if (!found) continue;
         const QString line = field.caption + QStringLiteral(": ") + found->word;
-        if (++count == 1) first = line;
+        if (++count == 1) {
+            first = line;
+            tell({field.source.family, field.source.element}, *found);
+        }
         note_(line + QStringLiteral(" – ") + QString::fromStdString(found->details));
     }
     if (count == 0) return true;
@@ -110,25 +150,56 @@ std::optional<EditCheck::Obstacle> EditCheck::obstacle(const Field& field)
     const auto because = [&](RefusalReason reason, std::string details) -> std::optional<Obstacle> {
         // What is not to be written need not be known.
         if (!field.isChanged) return {};
-        return Obstacle{reasonWord(reason, words_), std::move(details)};
+        return Obstacle{reasonWord(reason, words_), std::move(details), {}};
     };
     const WatchedVariables::Read* const read = variables_.latest(field.source.family);
     if (read == nullptr) return because(RefusalReason::NotReadable, {});
     if (!variables_.linkIsGood()) return because(RefusalReason::NoLink, read->variable);
-    std::optional<double> held;
+    Beginning now{read->variable, {}};
     try {
-        held = elementValue(field.source, variables_.look(read->variable));
+        now.held = elementValue(field.source, variables_.look(read->variable));
     } catch (const basic::Error& error) {
         return because(reasonOf(error.number, true), error.description);
     }
-    const auto beginning = beginnings_.find({field.source.family, field.source.element});
+    const Place place{field.source.family, field.source.element};
+    const auto beginning = beginnings_.find(place);
     if (beginning == beginnings_.end() || beginning->second.variable != read->variable) return {};
-    if (beginning->second.held == held) return {};
-    // Told now; whoever presses again knows it.
-    beginning->second.held = held;
+    if (isSame(beginning->second.held, now.held)) return {};
+    if (isAccepted(place, now)) {
+        beginning->second = now;
+        return {};
+    }
     QString word = reasonWord(RefusalReason::ChangedMeanwhile, words_);
-    if (held) word += QStringLiteral(" (") + valueText(basic::Variant{*held}) + u')';
-    return Obstacle{word, read->variable};
+    if (now.held) word += QStringLiteral(" (") + valueText(basic::Variant{*now.held}) + u')';
+    return Obstacle{word, read->variable, now};
+}
+
+bool EditCheck::isAccepted(const Place& place, const Beginning& now) const
+{
+    return told_ && told_->place == place && told_->now.variable == now.variable
+        && isSame(told_->now.held, now.held) && told_->since.elapsed() >= readingMs_;
+}
+
+void EditCheck::tell(const Place& place, const Obstacle& obstacle)
+{
+    if (!obstacle.now) {
+        told_.reset();
+        return;
+    }
+    const bool isToldAlready = told_ && told_->place == place && told_->now.variable == obstacle.now->variable
+        && isSame(told_->now.held, obstacle.now->held);
+    if (isToldAlready) return;
+    told_ = Told{place, *obstacle.now, {}};
+    told_->since.start();
+}
+
+bool EditCheck::isUnchanged(std::string_view variable, const basic::Variant& value) const
+{
+    return std::all_of(beginnings_.begin(), beginnings_.end(), [&](const auto& each) {
+        const auto& [place, beginning] = each;
+        return beginning.variable != variable
+            || isSame(beginning.held, elementValue({place.first, place.second}, value));
+    });
 }
 
 } // namespace servopanel::panel

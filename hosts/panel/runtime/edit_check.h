@@ -5,26 +5,37 @@
 #include "panel/runtime/watched_variables.h"
 #include "panel/widgets/answer_strip.h"
 
+#include <QElapsedTimer>
+
 #include <functional>
 #include <map>
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace servopanel::panel {
 
 // Keeps the operator from working on numbers that are not the machine's: an input whose variable is not good is not
-// edited, and a change is confirmed only while every variable that it concerns is good and holds what the edit began
-// from. Otherwise the strip says why not, everything entered stays as it is, and where the machine holds another value by
-// now a second press, in the knowledge of it, confirms.
+// edited, and a change is confirmed only while every variable that it concerns is good and the machine holds what the edit
+// began from. Otherwise the strip says why not, and everything entered stays as it is. Where the machine holds another
+// value by now, a further press confirms in the knowledge of it: of the one that the strip names, and not before it can
+// have been read.
 class EditCheck {
 public:
     // note: a line for the list of reports.
     EditCheck(WatchedVariables& variables, AnswerStrip& strip, PanelWords words,
         std::function<void(const QString& line)> note);
 
+    // A panel that only shows edits nothing.
+    void setViewing() { isViewing_ = true; }
+    // Milliseconds that it takes to read what the strip says.
+    void setReadingTime(int milliseconds) { readingMs_ = milliseconds; }
+
     // Whether an event may enter the page.
     bool admits(ControlHost& page, platform::ChildId id, std::string_view event, platform::Args args);
+    // Its procedure is over. isOver: nothing is changed, and nothing is open to be changed.
+    void eventEnds(bool isOver);
 
 private:
     // What the machine held when the operator began to edit, as far as the input showed it.
@@ -34,27 +45,42 @@ private:
     };
     using Place =
         std::pair<std::string_view, int>; // family and element; the parts of a drawing number are one
-
-    bool mayEdit(ControlHost& page, platform::ChildId id, const ValueSource& source);
-    bool mayConfirm(ControlHost& page);
-    void begin(ControlHost& page, platform::ChildId id, const ValueSource& source);
     struct Field {
         ValueSource source;
         QString caption;
-        bool isChanged = false; // else it was touched only, or cannot be read
+        bool isChanged = false; // else it was touched only
     };
     // What stands in the way of a confirm.
     struct Obstacle {
         QString word;
         std::string details; // of the variable, for the list of reports
+        std::optional<Beginning> now; // when the machine holds another value
     };
+    // The obstacle that the strip names.
+    struct Told {
+        Place place;
+        Beginning now;
+        QElapsedTimer since;
+    };
+
+    bool mayEdit(ControlHost& page, platform::ChildId id, const ValueSource& source);
+    bool mayConfirm(ControlHost& page);
+    void begin(ControlHost& page, platform::ChildId id, const ValueSource& source);
+    std::vector<Field> fieldsOf(ControlHost& page) const;
     std::optional<Obstacle> obstacle(const Field& field);
+    bool isAccepted(const Place& place, const Beginning& now) const;
+    void tell(const Place& place, const Obstacle& obstacle);
+    // Whether a variable still holds what was found when the confirm was admitted.
+    bool isUnchanged(std::string_view variable, const basic::Variant& value) const;
 
     WatchedVariables& variables_;
     AnswerStrip& strip_;
     PanelWords words_;
     std::function<void(const QString&)> note_;
+    bool isViewing_ = false;
+    int readingMs_ = 1000;
     std::map<Place, Beginning> beginnings_;
+    std::optional<Told> told_;
 };
 
 } // namespace servopanel::panel

@@ -46,7 +46,7 @@ void InputGuard::drain()
     turn(turn);
 }
 
-bool InputGuard::press(int button)
+bool InputGuard::press(Qt::MouseButton button)
 {
     if (down_ || key_ != 0 || dropping_ || isDraining()) {
         if (!down_) dropping_ = true;
@@ -59,7 +59,7 @@ bool InputGuard::press(int button)
     return false;
 }
 
-bool InputGuard::release(int button, bool isLast)
+bool InputGuard::release(Qt::MouseButton button, bool isLast)
 {
     if (dropping_) {
         dropping_ = !isLast;

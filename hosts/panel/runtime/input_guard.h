@@ -28,8 +28,8 @@ protected:
 
 private:
     bool isOurs(const QEvent& event) const;
-    bool press(int button);
-    bool release(int button, bool isLast);
+    bool press(Qt::MouseButton button);
+    bool release(Qt::MouseButton button, bool isLast);
     bool keyPress(int key, bool repeated);
     bool keyRelease(int key, bool repeated);
     // Drops everything that is waiting already.
@@ -42,7 +42,7 @@ private:
     QObject context_;
     int turns_ = 0; // of the event loop until what waited is gone
     bool down_ = false; // a touch that was let through
-    int button_ = 0; // it was made with
+    Qt::MouseButton button_ = Qt::NoButton; // it was made with
     bool dropping_ = false; // a touch that was not
     int key_ = 0; // the function key that is held
     std::set<int> droppedKeys_;

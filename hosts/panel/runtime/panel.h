@@ -84,7 +84,13 @@ public:
     static machine::ProjectFile loadProject(const std::filesystem::path& folder);
 
     PanelWindow& window() { return window_; }
+    // What describes the panel, and its machines unless they are on a broker.
     machine::VariableStore& variables() { return *variables_; }
+    // Told of everything that the library writes.
+    void setWrittenHandler(WatchedVariables::Written written)
+    {
+        watched_->setWrittenHandler(std::move(written));
+    }
     ErrorList& errors() { return errors_; }
     EventGate& gate() { return gate_; }
     Trends& trends() { return trends_; }
@@ -169,6 +175,8 @@ private:
     void placeErrorKey();
     void placeAnswers();
     void showValueStates();
+    // Whether an input is open or waits to be confirmed.
+    bool hasOpenEdit();
     void startConnection();
     void followConnection();
     std::string machineDesignation();

@@ -21,6 +21,7 @@ std::shared_ptr<platform::ProcessVarAccess> Panel::wayToTheMachine()
 
 void Panel::startConnection()
 {
+    if (settings_.broker->viewing) edits_.setViewing();
     connection_->setLevel(number(levelVariable));
     connection_->waitFor(machineDesignation(), startMilliseconds);
     followConnection();

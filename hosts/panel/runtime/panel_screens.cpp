@@ -120,9 +120,10 @@ bool Panel::mayShowTrends()
     return part != nullptr && !gate_.isClosed() && !isEntering(*part);
 }
 
-bool Panel::hasUnfinishedInput()
+bool Panel::hasUnfinishedInput() { return gate_.isBusy() || gate_.isClosed() || hasOpenEdit(); }
+
+bool Panel::hasOpenEdit()
 {
-    if (gate_.isBusy() || gate_.isClosed()) return true;
     ControlHost* part = shownPart();
     if (part == nullptr) return false;
     bool changed = isEntering(*part);

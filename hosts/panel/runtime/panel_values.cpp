@@ -30,7 +30,8 @@ void settleSwitches(ControlHost& form)
 
 void Panel::setLink(const Link& link)
 {
-    const bool isNews = link_.good != link.good || link_.reason != link.reason;
+    // The reason tells for how long as well, and is no news each time.
+    const bool isNews = link_.good != link.good;
     link_ = link;
     watched_->setLink(link.good);
     if (!isNews) return;
@@ -63,7 +64,10 @@ void Panel::mirror(std::string_view variable, const Variant& value)
 
 bool Panel::admits(ControlHost& form, platform::ChildId id, std::string_view event, platform::Args args)
 {
-    return edits_.admits(form, id, event, args);
+    const bool admitted = edits_.admits(form, id, event, args);
+    // The strip says something else now.
+    if (!admitted) confirms_.forget();
+    return admitted;
 }
 
 void Panel::eventBegins(ControlHost& form, std::string_view event, platform::Args)
@@ -80,6 +84,7 @@ void Panel::eventEnds(ControlHost& form, std::string_view event, platform::Args 
     // The library has put into the displays what it read.
     showValueStates();
     if (event == "TasteClick") confirms_.keyEnds(form, link_.good);
+    edits_.eventEnds(!hasOpenEdit());
     // The library has brought its texts in the new language only now.
     if (event == "SpracheGeandert") retranslate();
     ControlHost* part = shownPart();

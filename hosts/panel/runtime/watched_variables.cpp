@@ -3,6 +3,7 @@
 #include "basic/conversions.h"
 #include "basic/error.h"
 #include "machine/split_variables.h"
+#include "mqtt/outcome.h"
 
 #include <algorithm>
 #include <bitset>
@@ -11,7 +12,8 @@ namespace servopanel::panel {
 
 namespace {
 
-constexpr std::int32_t noConnection = 462; // the classic "server unavailable"
+constexpr auto noConnection = static_cast<std::int32_t>(mqtt::Outcome::NoConnection);
+constexpr auto changedMeanwhile = static_cast<std::int32_t>(mqtt::Outcome::ChangedMeanwhile);
 constexpr unsigned switchBits = 0xF; // the rest of the word is not the panel's
 
 bool isOneValue(std::string_view family)
@@ -135,6 +137,7 @@ void WatchedVariables::WriteValue(std::string_view name, const basic::Variant& v
     const std::string_view family = familyOf(name);
     if (family.empty()) {
         inner_->WriteValue(name, value);
+        if (written_) written_(name, value);
         return;
     }
     Write write{std::string{name}, family, {}, value, 0, {}, 0};
@@ -150,9 +153,16 @@ void WatchedVariables::WriteValue(std::string_view name, const basic::Variant& v
             description.append(name).append("': no connection, not written");
             throw basic::Error{noConnection, {}, std::move(description)};
         }
+        // Writing may take a while, and others write too.
+        if (writeCheck_ && !writeCheck_(name, write.before)) {
+            std::string description{"'"};
+            description.append(name).append("': changed by somebody else meanwhile, not written");
+            throw basic::Error{changedMeanwhile, {}, std::move(description)};
+        }
         inner_->WriteValue(name, value);
         if (read != reads_.end() && read->second.problem.empty()) read->second.value = value;
         writes_.push_back(std::move(write));
+        if (written_) written_(name, value);
     } catch (const basic::Error& error) {
         write.problem = error.description;
         write.error = error.number;

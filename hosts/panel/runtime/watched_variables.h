@@ -71,6 +71,15 @@ public:
         std::string problem; // empty: written
         std::int32_t error = 0; // number of the error behind the problem
     };
+    // Called when the library has written a variable, whichever it is.
+    using Written = std::function<void(std::string_view name, const basic::Variant& value)>;
+    void setWrittenHandler(Written written) { written_ = std::move(written); }
+
+    // Asked before a variable of a servo is written, with what was read of it for that write; false refuses it, as changed
+    // meanwhile.
+    using WriteCheck = std::function<bool(std::string_view name, const basic::Variant& before)>;
+    void setWriteCheck(WriteCheck check) { writeCheck_ = std::move(check); }
+
     // Forgets the writes so far.
     void startWrites() { writes_.clear(); }
     const std::vector<Write>& writes() const { return writes_; }
@@ -90,6 +99,8 @@ private:
     // By family, for each element: the read that gave what its display holds; displays keep it when a later read fails.
     std::map<std::string_view, std::vector<const Read*>> shown_;
     std::vector<Write> writes_;
+    Written written_;
+    WriteCheck writeCheck_;
     std::function<void()> changed_;
 };
 

@@ -1,6 +1,7 @@
 #include "panel/tour/tour.h"
 
 #include "basic/conversions.h"
+#include "machine/split_variables.h"
 #include "panel/form/scroll_bar.h"
 #include "panel/pictures/picture_file.h"
 #include "panel/runtime/panel_variables.h"
@@ -19,7 +20,6 @@ namespace servopanel::panel {
 namespace {
 
 constexpr int lookMs = 700; // long enough for the page to refresh its values once
-constexpr std::string_view machinePrefix = "Ch1.";
 
 std::string twoDigits(int number)
 {
@@ -40,9 +40,9 @@ Tour::Tour(Panel& panel, std::filesystem::path folder)
     constexpr int lookEveryMs = 50;
     QObject::connect(&messages_, &QTimer::timeout, &messages_, [this] { readMessage(); });
     messages_.start(lookEveryMs);
-    panel_.variables().addListener([this](const machine::VariableStore::Write& write) {
-        if (write.writer != machine::Writer::Library || !write.name.starts_with(machinePrefix)) return;
-        say("    " + std::string{write.name} + " = " + recording::valueText(write.value, {}));
+    panel_.setWrittenHandler([this](std::string_view name, const basic::Variant& value) {
+        if (machine::SplitVariables::isOfMachine(name))
+            say("    " + std::string{name} + " = " + recording::valueText(value, {}));
     });
 }
 
