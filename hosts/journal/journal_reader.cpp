@@ -19,7 +19,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::uintmax_t largestFile = 512'000'000; // bytes
-constexpr std::size_t longestLine = 1024 * 1024; // bytes; the longest that a panel writes is far shorter
+constexpr std::size_t longestLine = 1'000'000; // bytes; the longest that a panel writes is far shorter
 constexpr int mostFiles = 99; // put aside
 
 // The files that are there, the oldest first, with what tells whether they have been renamed.
