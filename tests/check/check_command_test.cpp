@@ -63,7 +63,9 @@ TEST(CheckCommand, ListsWhatItFindsAndEndsWithOne)
 TEST(CheckCommand, EndsWithTwoWithoutAProject)
 {
     const Outcome run = servoPanel("--check /nowhere 2>&1");
-    EXPECT_NE(run.output.find("servo-panel: '/nowhere' does not exist: the panel cannot start\n"), std::string::npos) << run.output;
+    EXPECT_NE(run.output.find("servo-panel: '/nowhere' does not exist: the panel cannot start\n"),
+        std::string::npos)
+        << run.output;
     EXPECT_EQ(run.status, 2);
 }
 
