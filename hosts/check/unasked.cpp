@@ -2,6 +2,7 @@
 
 #include "basic/conversions.h"
 #include "basic/error.h"
+#include "machine/designations.h"
 #include "machine/panel_words.h"
 
 #include <algorithm>
@@ -12,7 +13,6 @@ namespace servopanel::check {
 namespace {
 
 constexpr std::string_view panelPrefix = "Panel.";
-constexpr std::string_view designation = "parameter<.maschinenbez_";
 
 bool isDigit(char sign) { return sign >= '0' && sign <= '9'; }
 
@@ -79,16 +79,8 @@ std::string variableBuiltAs(const std::string& name)
 
 Unasked::Unasked(const CheckedProject& project, const Asked& asked)
     : isSure_{asked.wholeServos > 0 && asked.errors.empty()}
+    , designations_{machine::designations(project.file)}
 {
-    for (const auto& variable : project.file.variables) {
-        if (!variable.name.starts_with(designation)) continue;
-        try {
-            if (std::string name = basic::toText(variable.value); !name.empty())
-                designations_.push_back(std::move(name));
-        } catch (const basic::Error&) {
-            // A list is no designation, which is found where it is read.
-        }
-    }
     std::sort(designations_.begin(), designations_.end(),
         [](const std::string& left, const std::string& right) { return left.size() > right.size(); });
 
