@@ -213,8 +213,7 @@ ValueState ControlHost::inputState(const Key& key, const ValueSource& source)
 {
     const auto from = putFrom_.find(key);
     const Services::FamilyRead read = services().familyRead(source.family);
-    const bool isInput = source.family != families::actualValues && source.family != families::faultText;
-    if (!isInput || read.variable.empty()) return services().valueState(source);
+    if (!isInput(source) || read.variable.empty()) return services().valueState(source);
     if (read.value != nullptr) {
         const bool waits = find(key.first, key.second)->isChanged() && elementValue(source, *read.value);
         if (waits || showsElement(*this, key.first, key.second, source, *read.value))

@@ -21,6 +21,12 @@ struct ValueSource {
 // Nothing for controls that show no value of the machine.
 std::optional<ValueSource> valueSource(std::string_view control, std::int16_t index);
 
+// Whether the operator can change the value: neither an actual value nor the fault text.
+inline bool isInput(const ValueSource& source)
+{
+    return source.family != families::actualValues && source.family != families::faultText;
+}
+
 // Where the limits of a setpoint come from.
 struct LimitSources {
     ValueSource lower;

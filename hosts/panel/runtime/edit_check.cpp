@@ -2,7 +2,7 @@
 
 #include "basic/conversions.h"
 #include "basic/error.h"
-#include "panel/form/fusszeile.h"
+#include "panel/form/definition_mode.h"
 #include "panel/form/input_caption.h"
 #include "panel/form/input_value.h"
 #include "panel/form/vws_var.h"
@@ -18,24 +18,12 @@ namespace servopanel::panel {
 namespace {
 
 constexpr std::int16_t confirmKey = 10;
-
-bool isInput(const ValueSource& source)
-{
-    return source.family != families::actualValues && source.family != families::faultText;
-}
+constexpr int readingMilliseconds = 1000; // until what the strip says can have been read
 
 bool isSame(std::optional<double> one, std::optional<double> other)
 {
     const bool isNoNumber = one && other && std::isnan(*one) && std::isnan(*other);
     return isNoNumber || one == other;
-}
-
-// Touches change limits and access levels, not values.
-bool changesDefinitions(ControlHost& page)
-{
-    constexpr int definitionsKey = 4;
-    const auto* const footer = dynamic_cast<FußzeileChild*>(page.find("Fußzeile"));
-    return footer != nullptr && footer->isActive(definitionsKey);
 }
 
 } // namespace
@@ -165,7 +153,7 @@ std::optional<EditCheck::Obstacle> EditCheck::obstacle(const Field& field)
     const auto beginning = beginnings_.find(place);
     if (beginning == beginnings_.end() || beginning->second.variable != read->variable) return {};
     if (isSame(beginning->second.held, now.held)) return {};
-    if (isAccepted(place, now)) {
+    if (isTold(place, now) && told_->since.elapsed() >= readingMilliseconds) {
         beginning->second = now;
         return {};
     }
@@ -174,23 +162,20 @@ std::optional<EditCheck::Obstacle> EditCheck::obstacle(const Field& field)
     return Obstacle{word, read->variable, now};
 }
 
-bool EditCheck::isAccepted(const Place& place, const Beginning& now) const
+bool EditCheck::isTold(const Place& place, const Beginning& now) const
 {
     return told_ && told_->place == place && told_->now.variable == now.variable
-        && isSame(told_->now.held, now.held) && told_->since.elapsed() >= readingMs_;
+        && isSame(told_->now.held, now.held);
 }
 
 void EditCheck::tell(const Place& place, const Obstacle& obstacle)
 {
     if (!obstacle.now) {
         told_.reset();
-        return;
+    } else if (!isTold(place, *obstacle.now)) {
+        told_ = Told{place, *obstacle.now, {}};
+        told_->since.start();
     }
-    const bool isToldAlready = told_ && told_->place == place && told_->now.variable == obstacle.now->variable
-        && isSame(told_->now.held, obstacle.now->held);
-    if (isToldAlready) return;
-    told_ = Told{place, *obstacle.now, {}};
-    told_->since.start();
 }
 
 bool EditCheck::isUnchanged(std::string_view variable, const basic::Variant& value) const

@@ -29,8 +29,6 @@ public:
 
     // A panel that only shows edits nothing.
     void setViewing() { isViewing_ = true; }
-    // Milliseconds that it takes to read what the strip says.
-    void setReadingTime(int milliseconds) { readingMs_ = milliseconds; }
 
     // Whether an event may enter the page.
     bool admits(ControlHost& page, platform::ChildId id, std::string_view event, platform::Args args);
@@ -68,7 +66,7 @@ private:
     void begin(ControlHost& page, platform::ChildId id, const ValueSource& source);
     std::vector<Field> fieldsOf(ControlHost& page) const;
     std::optional<Obstacle> obstacle(const Field& field);
-    bool isAccepted(const Place& place, const Beginning& now) const;
+    bool isTold(const Place& place, const Beginning& now) const;
     void tell(const Place& place, const Obstacle& obstacle);
     // Whether a variable still holds what was found when the confirm was admitted.
     bool isUnchanged(std::string_view variable, const basic::Variant& value) const;
@@ -78,7 +76,6 @@ private:
     PanelWords words_;
     std::function<void(const QString&)> note_;
     bool isViewing_ = false;
-    int readingMs_ = 1000;
     std::map<Place, Beginning> beginnings_;
     std::optional<Told> told_;
 };

@@ -1,7 +1,7 @@
 #include "panel/runtime/header_writer.h"
 
 #include "basic/error.h"
-#include "panel/form/fusszeile.h"
+#include "panel/form/definition_mode.h"
 #include "panel/form/vws_index.h"
 #include "panel/form/vws_var.h"
 #include "panel/runtime/link_quality.h"
@@ -12,8 +12,6 @@
 namespace servopanel::panel {
 
 namespace {
-
-constexpr int definitionsKey = 4; // of the footer: a touch on a value opens its limits instead of the mask
 
 } // namespace
 
@@ -48,11 +46,7 @@ HeaderTexts HeaderWriter::write(const QString& title, ControlHost* part)
     if (part != nullptr)
         if (auto* heading = dynamic_cast<VWSIndex*>(part->find("Überschrift")))
             texts.shown = heading->shown();
-    if (part != nullptr) {
-        const auto* const footer = dynamic_cast<FußzeileChild*>(part->find("Fußzeile"));
-        if (footer != nullptr && footer->isActive(definitionsKey))
-            texts.mode = words_(PanelText::DefinitionMode);
-    }
+    if (part != nullptr && changesDefinitions(*part)) texts.mode = words_(PanelText::DefinitionMode);
     texts.quality = linkQuality(variables_, part);
     constexpr std::array words{PanelText::LinkGood, PanelText::LinkPartly, PanelText::LinkBad};
     texts.link = words_(words[static_cast<std::size_t>(texts.quality)]);
