@@ -1,6 +1,7 @@
 #include "mqtt/broker_link.h"
 #include "mqtt/machine_fixture.h"
 #include "mqtt/mosquitto_process.h"
+#include "mqtt/pumped_link.h"
 
 #include "platform/process_var_access.h"
 
@@ -108,8 +109,8 @@ public:
             mqtt::BrokerLinkSettings{.address = broker_.socketAddress(), .client = "machine"});
         controller_.emplace(line_machine::ControllerSettings{.machine = "M1", .epoch = 1}, described(store_),
             store_, *machineLink_);
-        panelLink_.emplace(
-            mqtt::BrokerLinkSettings{.address = broker_.address(), .client = "panel"}, *controller_);
+        panelLink_.emplace(mqtt::BrokerLinkSettings{.address = broker_.address(), .client = "panel"},
+            [this] { controller_->poll(0); });
         variables_.emplace(mqtt::BrokerVariablesSettings{.panel = "P1", .machines = {"M1"}}, *panelLink_);
         const std::string& last = startValues().back().first;
         const mqtt::Clock clock = mqtt::steadyClock();
@@ -120,29 +121,11 @@ public:
     platform::ProcessVarAccess& access() override { return *variables_; }
 
 private:
-    // While the panel waits the controller works.
-    class Pumped : public mqtt::BrokerLink {
-    public:
-        Pumped(mqtt::BrokerLinkSettings settings, line_machine::Controller& controller)
-            : mqtt::BrokerLink{std::move(settings)}
-            , controller_{controller}
-        {
-        }
-        void poll(int) override
-        {
-            controller_.poll(0);
-            mqtt::BrokerLink::poll(1);
-        }
-
-    private:
-        line_machine::Controller& controller_;
-    };
-
     MosquittoProcess broker_;
     machine::VariableStore store_;
     std::optional<mqtt::BrokerLink> machineLink_;
     std::optional<line_machine::Controller> controller_;
-    std::optional<Pumped> panelLink_;
+    std::optional<PumpedLink> panelLink_;
     std::optional<mqtt::BrokerVariables> variables_;
 };
 

@@ -3,6 +3,7 @@
 #include "mqtt/broker_link.h"
 #include "mqtt/broker_variables.h"
 #include "mqtt/mosquitto_process.h"
+#include "mqtt/pumped_link.h"
 
 #include <gtest/gtest.h>
 
@@ -60,24 +61,7 @@ TEST(Line, RunsEveryMachineOfAProjectOnABroker)
             .definitions = {level},
             .epoch = 1'700'000'000'000}};
 
-    // The panel stands still while it writes, so the machines need a link that lets them run meanwhile.
-    class Shared : public mqtt::BrokerLink {
-    public:
-        Shared(mqtt::BrokerLinkSettings settings, line_machine::Line& line)
-            : mqtt::BrokerLink{std::move(settings)}
-            , line_{line}
-        {
-        }
-        void poll(int) override
-        {
-            line_.run(2);
-            mqtt::BrokerLink::poll(2);
-        }
-
-    private:
-        line_machine::Line& line_;
-    };
-    Shared link{{.address = broker.socketAddress(), .client = "panel"}, line};
+    PumpedLink link{{.address = broker.socketAddress(), .client = "panel"}, [&] { line.run(2); }};
     mqtt::BrokerVariables variables{{.panel = "P1", .machines = {"M1", "M2"}}, link};
     variables.setLevel(2);
     const mqtt::Clock clock = mqtt::steadyClock();

@@ -53,25 +53,18 @@ bool accepts(int port)
 MosquittoProcess::MosquittoProcess()
     : port_{freePort()}
 {
-    std::string folder = std::filesystem::temp_directory_path() / "mosquitto-test-XXXXXX";
-    folder_ = ::mkdtemp(folder.data());
     // A broker that was started by root goes on as a user of its own.
-    ::chmod(folder_.c_str(), 0777);
-    std::ofstream{folder_ / "broker.conf"} << "listener " << port_ << " 127.0.0.1\nlistener 0 "
-                                           << socketAddress().socket.string()
-                                           << "\nallow_anonymous true\npersistence false\nlog_dest none\n";
+    ::chmod(folder_.path().c_str(), 0777);
+    std::ofstream{folder_.path() / "broker.conf"}
+        << "listener " << port_ << " 127.0.0.1\nlistener 0 " << socketAddress().socket.string()
+        << "\nallow_anonymous true\npersistence false\nlog_dest none\n";
 }
 
-MosquittoProcess::~MosquittoProcess()
-{
-    kill();
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
-}
+MosquittoProcess::~MosquittoProcess() { kill(); }
 
 bool MosquittoProcess::start()
 {
-    const std::string configuration = folder_ / "broker.conf";
+    const std::string configuration = folder_.path() / "broker.conf";
     process_ = ::fork();
     if (process_ == 0) {
         const int nothing = ::open("/dev/null", O_RDWR);
@@ -110,13 +103,13 @@ mqtt::BrokerAddress MosquittoProcess::address() const
 mqtt::BrokerAddress MosquittoProcess::socketAddress() const
 {
     mqtt::BrokerAddress address;
-    address.socket = folder_ / "broker.socket";
+    address.socket = folder_.path() / "broker.socket";
     return address;
 }
 
 void MosquittoProcess::configure(const std::string& text) const
 {
-    std::ofstream{folder_ / "broker.conf"} << text;
+    std::ofstream{folder_.path() / "broker.conf"} << text;
 }
 
 bool MosquittoProcess::encrypt()
@@ -125,8 +118,8 @@ bool MosquittoProcess::encrypt()
         || !makeCertificate("P1", "ca"))
         return false;
     encryptedPort_ = freePort();
-    const std::string folder = folder_.string() + "/";
-    std::ofstream{folder_ / "broker.conf", std::ios::app}
+    const std::string folder = folder_.path().string() + "/";
+    std::ofstream{folder_.path() / "broker.conf", std::ios::app}
         << "listener " << encryptedPort_ << " 127.0.0.1\ncafile " << folder << "ca.pem\ncertfile " << folder
         << "127.0.0.1.pem\nkeyfile " << folder
         << "127.0.0.1.key\nrequire_certificate true\nuse_identity_as_username true\n";
@@ -142,8 +135,8 @@ bool MosquittoProcess::makeCertificate(const std::string& name, const std::strin
         ? "-x509 -days 2 -out " + name + ".pem"
         : "-out request && openssl x509 -req -in request -days 2 -copy_extensions copy -CA " + authority
             + ".pem -CAkey " + authority + ".key -CAcreateserial -out " + name + ".pem";
-    const std::string command = "cd " + folder_.string() + " && { " + key + signing + " && chmod a+r " + name
-        + ".key ; } >openssl.log 2>&1";
+    const std::string command = "cd " + folder_.path().string() + " && { " + key + signing + " && chmod a+r "
+        + name + ".key ; } >openssl.log 2>&1";
     return std::system(command.c_str()) == 0;
 }
 
@@ -151,12 +144,12 @@ mqtt::BrokerAddress MosquittoProcess::encryptedAddress() const
 {
     mqtt::BrokerAddress address;
     address.port = encryptedPort_;
-    address.authority = folder_ / "ca.pem";
-    address.certificate = folder_ / "P1.pem";
-    address.key = folder_ / "P1.key";
+    address.authority = folder_.path() / "ca.pem";
+    address.certificate = folder_.path() / "P1.pem";
+    address.key = folder_.path() / "P1.key";
     return address;
 }
 
-std::filesystem::path MosquittoProcess::foreignAuthority() const { return folder_ / "other.pem"; }
+std::filesystem::path MosquittoProcess::foreignAuthority() const { return folder_.path() / "other.pem"; }
 
 } // namespace servopanel::testing

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "mqtt/broker_address.h"
+#include "portable/temporary_folder.h"
 
 #include <sys/types.h>
 
@@ -39,7 +40,7 @@ public:
 private:
     bool makeCertificate(const std::string& name, const std::string& authority) const;
 
-    std::filesystem::path folder_;
+    tests::TemporaryFolder folder_;
     int port_ = 0;
     int encryptedPort_ = 0;
     pid_t process_ = 0;

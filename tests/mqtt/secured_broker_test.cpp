@@ -3,6 +3,8 @@
 #include "mqtt/broker_variables.h"
 #include "mqtt/machine_fixture.h"
 #include "mqtt/mosquitto_process.h"
+#include "mqtt/pumped_link.h"
+#include "portable/temporary_folder.h"
 
 #include <gtest/gtest.h>
 #include <pwd.h>
@@ -13,7 +15,6 @@
 #include <fstream>
 #include <functional>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -34,36 +35,12 @@ bool makeCertificates(const fs::path& folder, const std::string& arguments)
     return std::system(command.c_str()) == 0;
 }
 
-std::string contentOf(const fs::path& file)
-{
-    std::ostringstream text;
-    text << std::ifstream{file}.rdbuf();
-    return text.str();
-}
-
 void replaceAll(std::string& text, const std::string& what, const std::string& by)
 {
     ASSERT_NE(text.find(what), std::string::npos) << what;
     for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += by.size())
         text.replace(at, what.size(), by);
 }
-
-struct Folder {
-    Folder()
-    {
-        std::string name = fs::temp_directory_path() / "broker-keys-XXXXXX";
-        path = ::mkdtemp(name.data());
-    }
-    ~Folder()
-    {
-        std::error_code ignored;
-        fs::remove_all(path, ignored);
-    }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-
-    fs::path path;
-};
 
 // Takes down what comes; connects as whom the certificate names.
 class Client : private mqtt::LinkReceiver {
@@ -90,12 +67,12 @@ class SecuredBroker : public ::testing::Test {
 protected:
     static void SetUpTestSuite()
     {
-        made = std::make_unique<Folder>();
-        ASSERT_TRUE(makeCertificates(made->path, "broker localhost 127.0.0.1"));
+        made = std::make_unique<tests::TemporaryFolder>();
+        ASSERT_TRUE(makeCertificates(made->path(), "broker localhost 127.0.0.1"));
         for (const char* client : {"panel P1", "panel P2", "viewer V1", "machine M1", "machine M2"})
-            ASSERT_TRUE(makeCertificates(made->path, client)) << client;
-        std::ofstream{made->path / "password"} << "secret\n";
-        const std::string passwords = made->path / "broker" / "passwords";
+            ASSERT_TRUE(makeCertificates(made->path(), client)) << client;
+        std::ofstream{made->path() / "password"} << "secret\n";
+        const std::string passwords = made->path() / "broker" / "passwords";
         const std::string command = "mosquitto_passwd -b " + passwords + " P2 secret";
         ASSERT_EQ(std::system(command.c_str()), 0);
     }
@@ -103,15 +80,15 @@ protected:
 
     void SetUp() override
     {
-        fs::copy(made->path, keys.path, fs::copy_options::recursive);
+        fs::copy(made->path(), keys.path(), fs::copy_options::recursive);
         configure();
         ASSERT_TRUE(broker.start());
     }
 
     void configure()
     {
-        std::string text = contentOf(example / "mosquitto.conf");
-        replaceAll(text, "/etc/mosquitto/servo-panel", keys.path / "broker");
+        std::string text = tests::contentOf(example / "mosquitto.conf");
+        replaceAll(text, "/etc/mosquitto/servo-panel", keys.path() / "broker");
         replaceAll(text, "/run/mosquitto/servo-panel.socket", broker.socketAddress().socket);
         replaceAll(text, "listener 8883", "listener " + std::to_string(broker.address().port) + " 127.0.0.1");
         // The keys belong to us alone: a broker that was started by root stays it.
@@ -120,7 +97,7 @@ protected:
         broker.configure(text + "user " + self->pw_name + "\nlog_dest none\n");
     }
 
-    mqtt::BrokerAddress as(const std::string& name) const { return as(name, keys.path); }
+    mqtt::BrokerAddress as(const std::string& name) const { return as(name, keys.path()); }
     mqtt::BrokerAddress as(const std::string& name, const fs::path& folder) const
     {
         mqtt::BrokerAddress address = broker.address();
@@ -151,8 +128,8 @@ protected:
         EXPECT_NE(client.link.trouble().find(reason), std::string::npos) << client.link.trouble();
     }
 
-    static inline std::unique_ptr<Folder> made;
-    Folder keys; // a copy of those
+    static inline std::unique_ptr<tests::TemporaryFolder> made;
+    tests::TemporaryFolder keys; // a copy of those
     MosquittoProcess broker;
 };
 
@@ -166,11 +143,11 @@ TEST_F(SecuredBroker, TakesOnlyWhomItsAuthorityKnows)
     nameless.key.clear();
     isRefused(nameless);
 
-    Folder others;
-    ASSERT_TRUE(makeCertificates(others.path, "broker localhost 127.0.0.1"));
-    ASSERT_TRUE(makeCertificates(others.path, "panel P1"));
-    isRefused(as("P1", others.path), "certificate verify failed"); // does not know this broker's authority
-    mqtt::BrokerAddress forged = as("P1", others.path);
+    tests::TemporaryFolder others;
+    ASSERT_TRUE(makeCertificates(others.path(), "broker localhost 127.0.0.1"));
+    ASSERT_TRUE(makeCertificates(others.path(), "panel P1"));
+    isRefused(as("P1", others.path()), "certificate verify failed"); // does not know this broker's authority
+    mqtt::BrokerAddress forged = as("P1", others.path());
     forged.authority = as("P1").authority;
     isRefused(forged); // the broker does not know his
 }
@@ -178,11 +155,11 @@ TEST_F(SecuredBroker, TakesOnlyWhomItsAuthorityKnows)
 TEST_F(SecuredBroker, OfAnotherHostIsNotTrusted)
 {
     broker.kill();
-    ASSERT_TRUE(makeCertificates(keys.path, "broker other.example"));
+    ASSERT_TRUE(makeCertificates(keys.path(), "broker other.example"));
     ASSERT_TRUE(broker.start());
     isRefused(as("P1"), "host name");
     broker.kill();
-    ASSERT_TRUE(makeCertificates(keys.path, "broker 127.0.0.1"));
+    ASSERT_TRUE(makeCertificates(keys.path(), "broker 127.0.0.1"));
     ASSERT_TRUE(broker.start());
     Client panel{as("P1"), "panel", {}};
     EXPECT_TRUE(until([&] { return panel.link.isUp(); }, {&panel.link})) << panel.link.trouble();
@@ -192,8 +169,8 @@ TEST_F(SecuredBroker, ACertificateOfAClientDoesNotServeAsABroker)
 {
     broker.kill();
     for (const char* file : {"key.pem", "certificate.pem"})
-        fs::copy_file(keys.path / "P2" / file,
-            keys.path / "broker" / (std::string{file} == "key.pem" ? "broker.key" : "broker.pem"),
+        fs::copy_file(keys.path() / "P2" / file,
+            keys.path() / "broker" / (std::string{file} == "key.pem" ? "broker.key" : "broker.pem"),
             fs::copy_options::overwrite_existing);
     ASSERT_TRUE(broker.start());
     isRefused(as("P1"));
@@ -205,7 +182,7 @@ TEST_F(SecuredBroker, TakesProgramsOfItsComputerByPassword)
     isRefused(address); // nobody
     address.user = "P2";
     isRefused(address); // without a password
-    address.passwordFile = keys.path / "password";
+    address.passwordFile = keys.path() / "password";
     Client watcher{as("M1"), "watcher", {"pm/v1/+/cmd/+"}};
     Client local{address, "local", {}};
     ASSERT_TRUE(until([&] { return watcher.link.isUp() && local.link.isUp(); }, {&watcher.link, &local.link}))
@@ -260,25 +237,8 @@ TEST_F(SecuredBroker, CarriesThePanelsWritesAndNoneOfAViewer)
     line_machine::Controller controller{
         {.machine = "M1", .epoch = 1'700'000'000'000, .heartbeatMilliseconds = 50}, description, store,
         machineLink};
-    // While a panel waits, the controller works.
-    class Pumped : public mqtt::BrokerLink {
-    public:
-        Pumped(mqtt::BrokerLinkSettings settings, line_machine::Controller& controller)
-            : mqtt::BrokerLink{std::move(settings)}
-            , controller_{controller}
-        {
-        }
-        void poll(int) override
-        {
-            controller_.poll(0);
-            mqtt::BrokerLink::poll(2);
-        }
-
-    private:
-        line_machine::Controller& controller_;
-    };
     const auto outcome = [&](const std::string& name) {
-        Pumped link{{.address = as(name), .client = "panel-" + name}, controller};
+        PumpedLink link{{.address = as(name), .client = "panel-" + name}, [&] { controller.poll(0); }};
         mqtt::BrokerVariables variables{{.panel = name, .machines = {"M1"}}, link};
         variables.setLevel(5);
         EXPECT_TRUE(until(
@@ -304,25 +264,25 @@ TEST_F(SecuredBroker, CarriesThePanelsWritesAndNoneOfAViewer)
 
 TEST(MakeCertificates, KeepsKeysToTheirOwnerAndOutOfProjects)
 {
-    Folder folder;
-    ASSERT_TRUE(makeCertificates(folder.path / "keys", "broker localhost"));
-    ASSERT_TRUE(makeCertificates(folder.path / "keys", "panel P1"));
+    tests::TemporaryFolder folder;
+    ASSERT_TRUE(makeCertificates(folder.path() / "keys", "broker localhost"));
+    ASSERT_TRUE(makeCertificates(folder.path() / "keys", "panel P1"));
     for (const char* key : {"authority.key", "broker/broker.key", "P1/key.pem"})
-        EXPECT_EQ(fs::status(folder.path / "keys" / key).permissions(),
+        EXPECT_EQ(fs::status(folder.path() / "keys" / key).permissions(),
             fs::perms::owner_read | fs::perms::owner_write)
             << key;
-    EXPECT_FALSE(fs::exists(folder.path / "keys" / "broker" / "authority.key"))
+    EXPECT_FALSE(fs::exists(folder.path() / "keys" / "broker" / "authority.key"))
         << "it signs, it does not serve";
-    EXPECT_FALSE(fs::exists(folder.path / "keys" / "P1" / "authority.key"));
+    EXPECT_FALSE(fs::exists(folder.path() / "keys" / "P1" / "authority.key"));
 
-    EXPECT_FALSE(makeCertificates(folder.path / "keys", "viewer P1")) << "one name, one set of rights";
+    EXPECT_FALSE(makeCertificates(folder.path() / "keys", "viewer P1")) << "one name, one set of rights";
     for (const char* wrong : {"panel a/b", "panel '#'", "panel ''", "panel broker", "boss B1"})
-        EXPECT_FALSE(makeCertificates(folder.path / "keys", wrong)) << wrong;
+        EXPECT_FALSE(makeCertificates(folder.path() / "keys", wrong)) << wrong;
 
-    std::ofstream{folder.path / "project.json"} << "{}";
-    EXPECT_FALSE(makeCertificates(folder.path / "keys", "panel P2")) << "a project since";
-    EXPECT_FALSE(makeCertificates(folder.path / "new" / "keys", "broker localhost"));
-    EXPECT_FALSE(fs::exists(folder.path / "new"));
+    std::ofstream{folder.path() / "project.json"} << "{}";
+    EXPECT_FALSE(makeCertificates(folder.path() / "keys", "panel P2")) << "a project since";
+    EXPECT_FALSE(makeCertificates(folder.path() / "new" / "keys", "broker localhost"));
+    EXPECT_FALSE(fs::exists(folder.path() / "new"));
 }
 
 } // namespace servopanel::testing
