@@ -391,15 +391,21 @@ TEST(TrendSheet, TakingTheLastValueAwayClosesIt)
     EXPECT_TRUE(closes);
 }
 
-TEST(TrendSheet, TheFingersValuesStandBesideTheCurvesAndHideNone)
+// A minute of 5 m/min, and 9 m/min now.
+void showSpeed(TrendSheet& sheet, const History& values)
 {
-    TrendSheet sheet{nullptr, wordOf};
-    const History values = history(std::vector<double>(61, 5.0));
     sheet.plot().setHistory(values);
     sheet.resize(786, 180);
     sheet.add(0, "Speed", "m/min");
     sheet.plot().setNow(60);
     sheet.setValue(0, "9");
+}
+
+TEST(TrendSheet, TheFingersValuesStandBesideTheCurvesAndHideNone)
+{
+    TrendSheet sheet{nullptr, wordOf};
+    const History values = history(std::vector<double>(61, 5.0));
+    showSpeed(sheet, values);
     sheet.show();
     TrendPlot& plot = sheet.plot();
     const QRect area = plot.area();
@@ -421,11 +427,7 @@ TEST(TrendSheet, FrozenItKeepsTheFingersValuesUntilItGoesOn)
 {
     TrendSheet sheet{nullptr, wordOf};
     const History values = history(std::vector<double>(61, 5.0));
-    sheet.plot().setHistory(values);
-    sheet.resize(786, 180);
-    sheet.add(0, "Speed", "m/min");
-    sheet.plot().setNow(60);
-    sheet.setValue(0, "9");
+    showSpeed(sheet, values);
     sheet.plot().setFrozen(true);
     QTest::mouseClick(&sheet.plot(), Qt::LeftButton, {}, {pixelOf(sheet.plot(), 20), 50});
     EXPECT_EQ(sheet.legend(0).value(), "5");

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <map>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -163,6 +164,9 @@ protected:
     FaultMatrix()
         : before_{machineHolds(setpoints)}
     {
+        for (const std::string& name :
+            {secondSetpoints, switches, drawings, otherSetpoints, otherSwitches, otherDrawings})
+            besides_.emplace(name, *store.find(name));
     }
 
     void happen(int milliseconds)
@@ -186,6 +190,8 @@ protected:
             const double expected = isChangedByFault(i) ? 7.25 : before_[i];
             EXPECT_EQ(now[i], expected) << "element " << i;
         }
+        for (const auto& [name, value] : besides_)
+            EXPECT_EQ(*store.find(name), value) << name;
         // Nothing was carried out after its time.
         for (const line_machine::Controller::Seen& seen : controller->seen()) {
             if (seen.outcome != mqtt::Outcome::Done) continue;
@@ -205,6 +211,7 @@ protected:
     }
 
     std::vector<double> before_;
+    std::map<std::string, Variant> besides_; // that nobody touches
     bool saidWritten_ = false;
 };
 
