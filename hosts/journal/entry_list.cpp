@@ -1,9 +1,8 @@
 #include "journal/entry_list.h"
 
 #include "basic/text.h"
-#include "jet/servo_defs/csv.h"
-#include "jet/servo_defs/definition_list.h"
 #include "journal/time_text.h"
+#include "portable/csv.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -13,6 +12,7 @@ namespace servopanel::journal {
 
 namespace {
 
+using portable::shownText;
 using Cells = std::vector<std::string>;
 
 // Whole numbers without a point, whatever type the variable has.
@@ -44,30 +44,27 @@ std::string elementText(const Entry& entry)
     return entry.element == wholeValue ? std::string{"all"} : std::to_string(entry.element);
 }
 
-// A terminal would take control characters for orders.
-std::string shown(const std::string& text) { return jet::shownText(basic::Variant{text}); }
-
 // A text in quotes, so that an empty one is told from none.
 std::string shownValue(const Json& value)
 {
     if (value.is_null()) return "-";
-    if (!value.is_string()) return shown(valueText(value));
-    return std::string{"\""}.append(shown(value.get<std::string>())).append("\"");
+    if (!value.is_string()) return shownText(valueText(value));
+    return std::string{"\""}.append(shownText(value.get<std::string>())).append("\"");
 }
 
 std::string endText(const Entry& entry)
 {
     std::string text{nameOf(entry.result)};
     if (entry.number != 0) text.append(" ").append(std::to_string(entry.number));
-    if (!entry.text.empty()) text.append(": ").append(shown(entry.text));
+    if (!entry.text.empty()) text.append(": ").append(shownText(entry.text));
     return text;
 }
 
 Cells shownCells(const Entry& entry)
 {
-    return {timeText(entry.time), shown(entry.panel), std::to_string(entry.level),
-        entry.machine.empty() ? "-" : shown(entry.machine),
-        entry.servo ? std::to_string(*entry.servo) : std::string{"-"}, shown(entry.variable),
+    return {timeText(entry.time), shownText(entry.panel), std::to_string(entry.level),
+        entry.machine.empty() ? "-" : shownText(entry.machine),
+        entry.servo ? std::to_string(*entry.servo) : std::string{"-"}, shownText(entry.variable),
         elementText(entry), shownValue(entry.oldValue), shownValue(entry.newValue), endText(entry)};
 }
 
@@ -78,16 +75,16 @@ std::size_t widthOf(std::string_view text)
         text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
 }
 
-jet::CsvCell textCell(const std::string& text)
+portable::CsvCell textCell(const std::string& text)
 {
     if (text.empty()) return std::nullopt;
-    return jet::withoutFormula(text);
+    return portable::withoutFormula(text);
 }
 
-jet::CsvCell valueCell(const Json& value)
+portable::CsvCell valueCell(const Json& value)
 {
     if (value.is_null()) return std::nullopt;
-    return value.is_string() ? jet::withoutFormula(value.get<std::string>()) : valueText(value);
+    return value.is_string() ? portable::withoutFormula(value.get<std::string>()) : valueText(value);
 }
 
 } // namespace
@@ -126,13 +123,13 @@ std::string tableOf(const std::vector<Entry>& entries)
 
 std::string csvOf(const std::vector<Entry>& entries)
 {
-    std::string csv = jet::csvLine({"time", "panel", "level", "machine", "servo", "variable", "element",
+    std::string csv = portable::csvLine({"time", "panel", "level", "machine", "servo", "variable", "element",
         "old", "new", "result", "number", "text"});
     for (const Entry& entry : entries) {
         const auto orNothing = [](bool is, int number) {
-            return is ? jet::CsvCell{std::to_string(number)} : jet::CsvCell{};
+            return is ? portable::CsvCell{std::to_string(number)} : portable::CsvCell{};
         };
-        csv += jet::csvLine({timeText(entry.time), textCell(entry.panel), std::to_string(entry.level),
+        csv += portable::csvLine({timeText(entry.time), textCell(entry.panel), std::to_string(entry.level),
             textCell(entry.machine), orNothing(entry.servo.has_value(), entry.servo.value_or(0)),
             textCell(entry.variable), std::to_string(entry.element), valueCell(entry.oldValue),
             valueCell(entry.newValue), std::string{nameOf(entry.result)},

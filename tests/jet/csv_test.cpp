@@ -1,5 +1,4 @@
 #include "jet/sample_definitions.h"
-#include "jet/servo_defs/csv.h"
 #include "jet/servo_defs/definition_list.h"
 
 #include <gtest/gtest.h>
@@ -12,50 +11,7 @@ namespace {
 
 using namespace testing;
 
-std::vector<std::vector<CsvCell>> cellsOf(std::string_view text)
-{
-    std::vector<std::vector<CsvCell>> cells;
-    for (const CsvLine& line : parseCsv(text))
-        cells.push_back(line.cells);
-    return cells;
-}
-
-using Lines = std::vector<std::vector<CsvCell>>;
-
-TEST(Csv, TellsNoValueFromAnEmptyText)
-{
-    EXPECT_EQ(cellsOf("a,,\"\"\n"), (Lines{{"a", std::nullopt, ""}}));
-    EXPECT_EQ(csvLine({"a", std::nullopt, ""}), "a,,\"\"\n");
-}
-
-TEST(Csv, ReadsQuotesLineEndsAndSemicolons)
-{
-    EXPECT_EQ(cellsOf("a,\"b,\"\"c\"\"\nd\"\r\n\r\ne,f"), (Lines{{"a", "b,\"c\"\nd"}, {"e", "f"}}));
-    EXPECT_EQ(cellsOf("\xEF\xBB\xBF"
-                      "a;b\n1,5;2"),
-        (Lines{{"a", "b"}, {"1,5", "2"}}));
-}
-
-TEST(Csv, NamesTheLineThatItCannotRead)
-{
-    EXPECT_EQ(errorOf([] { parseCsv("a\n\"b\"c\n"); }).description,
-        "line 2: there is something behind a closing quote");
-    EXPECT_EQ(errorOf([] { parseCsv("a\nb\n\"c\n\n"); }).description, "line 3: a quote is not closed");
-    EXPECT_EQ(errorOf([] { parseCsv("a\nb\n\xFF\n"); }).description, "line 3: it is not UTF-8");
-}
-
-TEST(Csv, BringsBackEveryText)
-{
-    for (const std::string text : {"plain", "=1+1", "'=1+1", "''@x", "-5", "+a", "\tb", "\rc", "\nd", "\t=1",
-             "'\n=1", "'quoted'", "'", "''", "", " ", "a,b;c", "\"", "ä\nö"}) {
-        const std::string safe = withoutFormula(text);
-        EXPECT_EQ(safe.find_first_of("=+-@\t\r\n") == 0, false) << text;
-        EXPECT_EQ(withFormula(safe), text);
-        EXPECT_EQ(cellsOf(csvLine({"x", safe})), (Lines{{"x", safe}}));
-    }
-}
-
-TEST(Csv, BringsBackEveryDefinition)
+TEST(DefinitionCsv, BringsBackEveryDefinition)
 {
     std::vector<DefinitionRow> rows = sampleRows(500);
     rows[0].variable = std::string{"=HYPERLINK(\"x\")"};
@@ -73,7 +29,7 @@ std::string refusalOf(std::string_view line)
     return errorOf([&] { fromCsv(std::string{header} + std::string{line}); }).description;
 }
 
-TEST(Csv, TakesColumnsInAnyOrderAndCase)
+TEST(DefinitionCsv, TakesColumnsInAnyOrderAndCase)
 {
     const auto rows =
         fromCsv("PASS,min,max,offset_or_bitno,ABS_MIN,abs_max,Var_Name,machine_type\n1,2,3,4.0,5,6,v,m\n")
@@ -85,7 +41,7 @@ TEST(Csv, TakesColumnsInAnyOrderAndCase)
     EXPECT_EQ(rows[0].machineType, basic::Variant{"m"});
 }
 
-TEST(Csv, RefusesWhatIsNoFiniteNumber)
+TEST(DefinitionCsv, RefusesWhatIsNoFiniteNumber)
 {
     for (const std::string cell : {"nan", "NaN", "-nan", "inf", "-inf", "+inf", "infinity", "+-5", "++5",
              "-+5", "--5", "+", "-", "1e400", "0x10"}) {
@@ -99,7 +55,7 @@ TEST(Csv, RefusesWhatIsNoFiniteNumber)
             fromCsv(std::string{header} + "m,v,1,2,3," + cell + ",5,6\n").rows[0].max, basic::Variant{5.0});
 }
 
-TEST(Csv, RefusesWhatIsNoDefinition)
+TEST(DefinitionCsv, RefusesWhatIsNoDefinition)
 {
     EXPECT_EQ(refusalOf("m,v,1,2,3,4,5,6\nm,v,1,2,x,4,5,6\n"),
         "line 3: 'x' cannot be a value of column 'offset_or_bitno'");

@@ -1,6 +1,6 @@
-#include "jet/servo_defs/csv.h"
 #include "journal/journal_fixture.h"
 #include "journal/tool.h"
+#include "portable/csv.h"
 
 #include <string>
 #include <vector>
@@ -28,7 +28,7 @@ protected:
         arguments.insert(arguments.end(), options.begin(), options.end());
         EXPECT_EQ(run(arguments), 0) << output.errors;
         std::string minutes;
-        for (const jet::CsvLine& line : jet::parseCsv(output.text))
+        for (const portable::CsvLine& line : portable::parseCsv(output.text))
             if (line.number > 1) minutes.append(line.cells[0]->substr(14, 2)).append(" ");
         return minutes;
     }
@@ -101,10 +101,10 @@ TEST_F(ServoJournal, WritesCsvThatOthersRead)
         "time,panel,level,machine,servo,variable,element,old,new,result,number,text\n" + start
             + "\"a;b \"\"c\"\"\nd, e\",done,,\n" + start + "'=1+1,done,,\n" + start + "\"\",done,,\n"
             + "2026-11-22T01:19:05.250Z,P1,3,M1,3," + para + ",1,35.5,-36,done,,\n");
-    const std::vector<jet::CsvLine> lines = jet::parseCsv(output.text);
+    const std::vector<portable::CsvLine> lines = portable::parseCsv(output.text);
     ASSERT_EQ(lines.size(), 5U);
     EXPECT_EQ(lines[1].cells[8], "a;b \"c\"\nd, e");
-    EXPECT_EQ(jet::withFormula(*lines[2].cells[8]), "=1+1");
+    EXPECT_EQ(portable::withFormula(*lines[2].cells[8]), "=1+1");
     EXPECT_EQ(lines[3].cells[8], "");
     EXPECT_FALSE(lines[3].cells[7]);
 }

@@ -5,8 +5,8 @@
 #include "jet/disk_file.h"
 #include "jet/file_kind.h"
 #include "jet/names.h"
-#include "jet/servo_defs/csv.h"
 #include "jet/servo_defs/named_errors.h"
+#include "portable/csv.h"
 
 #include <algorithm>
 #include <charconv>
@@ -16,6 +16,9 @@
 namespace servopanel::jet {
 
 namespace {
+
+using portable::CsvCell;
+using portable::CsvLine;
 
 constexpr std::size_t elementPosition = 4;
 constexpr std::size_t passPosition = 7;
@@ -61,7 +64,7 @@ T parsed(std::string_view text, std::string_view column)
 basic::Variant cellValue(const CsvCell& cell, std::size_t column)
 {
     if (!cell) return basic::Null{};
-    if (isText(column)) return withFormula(*cell);
+    if (isText(column)) return portable::withFormula(*cell);
     if (isInteger(column)) {
         // 3.0 is a whole number too.
         const double number = parsed<double>(*cell, csvColumns[column]);
@@ -144,7 +147,7 @@ DefinitionList loadDefinitions(const std::filesystem::path& file)
 
 std::string toCsv(const std::vector<DefinitionRow>& rows)
 {
-    std::string text = csvLine({csvColumns.begin(), csvColumns.end()});
+    std::string text = portable::csvLine({csvColumns.begin(), csvColumns.end()});
     for (const DefinitionRow& row : rows) {
         std::vector<CsvCell> cells;
         for (std::size_t column = 0; column < csvColumns.size(); ++column) {
@@ -152,17 +155,17 @@ std::string toCsv(const std::vector<DefinitionRow>& rows)
             if (value.holds<basic::Null>())
                 cells.emplace_back();
             else
-                cells.emplace_back(
-                    value.holds<std::string>() ? withoutFormula(plainText(value)) : plainText(value));
+                cells.emplace_back(value.holds<std::string>() ? portable::withoutFormula(plainText(value))
+                                                              : plainText(value));
         }
-        text += csvLine(cells);
+        text += portable::csvLine(cells);
     }
     return text;
 }
 
 DefinitionList fromCsv(std::string_view text)
 {
-    const std::vector<CsvLine> lines = parseCsv(text);
+    const std::vector<CsvLine> lines = portable::parseCsv(text);
     if (lines.empty()) raise(JetError::TypeMismatch, "it is empty; the first line has to name the columns");
     const auto positions =
         atPlace(lineName(lines.front().number), [&] { return positionsOf(lines.front()); });
@@ -194,23 +197,7 @@ std::string plainText(const basic::Variant& value)
 
 std::string shownText(const basic::Variant& value)
 {
-    if (value.holds<basic::Null>()) return "-";
-    constexpr char digits[] = "0123456789ABCDEF";
-    std::string shown;
-    for (const char c : plainText(value)) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (c == '\n')
-            shown += "\\n";
-        else if (c == '\r')
-            shown += "\\r";
-        else if (c == '\t')
-            shown += "\\t";
-        else if (byte < 0x20 || byte == 0x7F)
-            shown += std::string{"\\x"} + digits[byte / 16] + digits[byte % 16];
-        else
-            shown += c;
-    }
-    return shown;
+    return value.holds<basic::Null>() ? std::string{"-"} : portable::shownText(plainText(value));
 }
 
 DefinitionKey keyOf(const DefinitionRow& row)

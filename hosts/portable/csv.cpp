@@ -1,9 +1,9 @@
-#include "jet/servo_defs/csv.h"
+#include "portable/csv.h"
 
-#include "jet/jet_error.h"
+#include "basic/error.h"
 #include "portable/text_decoding.h"
 
-namespace servopanel::jet {
+namespace servopanel::portable {
 
 namespace {
 
@@ -11,7 +11,10 @@ constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 [[noreturn]] void refuse(std::size_t line, std::string_view why)
 {
-    raise(JetError::TypeMismatch, "line " + std::to_string(line) + ": " + std::string{why});
+    std::string description{"line "};
+    description.append(std::to_string(line)).append(": ").append(why);
+    throw basic::Error{
+        static_cast<std::int32_t>(basic::ErrorNumber::TypeMismatch), "CSV file", std::move(description)};
 }
 
 char separatorOf(std::string_view text)
@@ -98,7 +101,7 @@ void requireUtf8(std::string_view text)
 {
     for (std::size_t number = 1; !text.empty(); ++number) {
         const std::size_t end = text.find('\n');
-        if (!portable::isUtf8(text.substr(0, end))) refuse(number, "it is not UTF-8");
+        if (!isUtf8(text.substr(0, end))) refuse(number, "it is not UTF-8");
         if (end == std::string_view::npos) return;
         text.remove_prefix(end + 1);
     }
@@ -149,4 +152,24 @@ std::string withFormula(std::string_view text)
     return std::string{text};
 }
 
-} // namespace servopanel::jet
+std::string shownText(std::string_view text)
+{
+    constexpr char digits[] = "0123456789ABCDEF";
+    std::string shown;
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (c == '\n')
+            shown += "\\n";
+        else if (c == '\r')
+            shown += "\\r";
+        else if (c == '\t')
+            shown += "\\t";
+        else if (byte < 0x20 || byte == 0x7F)
+            shown.append("\\x").append(1, digits[byte / 16]).append(1, digits[byte % 16]);
+        else
+            shown += c;
+    }
+    return shown;
+}
+
+} // namespace servopanel::portable
