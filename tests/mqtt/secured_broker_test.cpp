@@ -1,4 +1,5 @@
 #include "line_machine/controller.h"
+#include "mqtt/broker_example.h"
 #include "mqtt/broker_link.h"
 #include "mqtt/broker_variables.h"
 #include "mqtt/machine_fixture.h"
@@ -7,8 +8,6 @@
 #include "portable/temporary_folder.h"
 
 #include <gtest/gtest.h>
-#include <pwd.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -25,22 +24,6 @@ namespace servopanel::testing {
 namespace {
 
 namespace fs = std::filesystem;
-
-const fs::path example = SERVOPANEL_BROKER_EXAMPLE;
-
-bool makeCertificates(const fs::path& folder, const std::string& arguments)
-{
-    std::string command = example / "make_certificates";
-    command.append(" ").append(folder).append(" ").append(arguments).append(" >/dev/null 2>&1");
-    return std::system(command.c_str()) == 0;
-}
-
-void replaceAll(std::string& text, const std::string& what, const std::string& by)
-{
-    ASSERT_NE(text.find(what), std::string::npos) << what;
-    for (std::size_t at = 0; (at = text.find(what, at)) != std::string::npos; at += by.size())
-        text.replace(at, what.size(), by);
-}
 
 // Takes down what comes; connects as whom the certificate names.
 class Client : private mqtt::LinkReceiver {
@@ -81,30 +64,14 @@ protected:
     void SetUp() override
     {
         fs::copy(made->path(), keys.path(), fs::copy_options::recursive);
-        configure();
+        configureLikeExample(broker, keys.path());
         ASSERT_TRUE(broker.start());
-    }
-
-    void configure()
-    {
-        std::string text = tests::contentOf(example / "mosquitto.conf");
-        replaceAll(text, "/etc/mosquitto/servo-panel", keys.path() / "broker");
-        replaceAll(text, "/run/mosquitto/servo-panel.socket", broker.socketAddress().socket);
-        replaceAll(text, "listener 8883", "listener " + std::to_string(broker.address().port) + " 127.0.0.1");
-        // The keys belong to us alone: a broker that was started by root stays it.
-        const passwd* const self = ::getpwuid(::geteuid());
-        ASSERT_TRUE(self);
-        broker.configure(text + "user " + self->pw_name + "\nlog_dest none\n");
     }
 
     mqtt::BrokerAddress as(const std::string& name) const { return as(name, keys.path()); }
     mqtt::BrokerAddress as(const std::string& name, const fs::path& folder) const
     {
-        mqtt::BrokerAddress address = broker.address();
-        address.authority = folder / name / "authority.pem";
-        address.certificate = folder / name / "certificate.pem";
-        address.key = folder / name / "key.pem";
-        return address;
+        return addressFor(name, broker, folder);
     }
 
     static bool until(const std::function<bool()>& condition, const std::vector<mqtt::Link*>& links)
