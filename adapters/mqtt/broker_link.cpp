@@ -115,6 +115,11 @@ public:
 
     void start(LinkReceiver& receiver, std::vector<std::string> subscriptions)
     {
+        // No failure, so there is nothing to wait for.
+        const int retry = retry_;
+        drop("other topics are wanted");
+        retry_ = retry;
+        nextTry_ = clock_();
         receiver_ = &receiver;
         subscriptions_ = std::move(subscriptions);
     }

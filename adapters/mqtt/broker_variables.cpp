@@ -59,11 +59,25 @@ BrokerVariables::BrokerVariables(BrokerVariablesSettings settings, Link& link, C
     , clock_{std::move(clock)}
     , session_{newSession()}
 {
-    std::vector<std::string> subscriptions;
     if (settings_.panel.empty())
         throw basic::Error{invalidCall, "Process variables", "the panel has no name"};
-    for (const std::string& machine : settings_.machines) {
-        if (machine.empty()) throw basic::Error{invalidCall, "Process variables", "a machine has no name"};
+    begin(settings_.machines);
+}
+
+void BrokerVariables::follow(const std::vector<std::string>& machines)
+{
+    if (machines != settings_.machines) begin(machines);
+}
+
+void BrokerVariables::begin(const std::vector<std::string>& machines)
+{
+    if (std::find(machines.begin(), machines.end(), std::string{}) != machines.end())
+        throw basic::Error{invalidCall, "Process variables", "a machine has no name"};
+    settings_.machines = machines;
+    images_.clear();
+    lastRead_.clear();
+    std::vector<std::string> subscriptions;
+    for (const std::string& machine : machines) {
         if (imageOf(machine)) continue; // named twice
         images_.push_back(std::make_unique<MachineImage>(machine, settings_.heartbeatMilliseconds));
         subscriptions.push_back(topicFilter(machine, "state"));

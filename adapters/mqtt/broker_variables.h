@@ -19,7 +19,7 @@ namespace servopanel::mqtt {
 
 struct BrokerVariablesSettings {
     std::string panel; // name of this panel, its own among all panels of the broker
-    std::vector<std::string> machines; // designations
+    std::vector<std::string> machines; // designations, see follow
     bool viewing = false; // this panel only looks on: every write is ReadOnly and nothing is sent
     int answerMilliseconds = 1000; // what a write takes at most
     int heartbeatMilliseconds = 1500; // after so long without one all values are stale
@@ -38,6 +38,11 @@ public:
     ~BrokerVariables() override = default;
     BrokerVariables(const BrokerVariables&) = delete;
     BrokerVariables& operator=(const BrokerVariables&) = delete;
+
+    // From now on these machines instead of those so far. Nothing that another machine publishes comes here, and so it
+    // costs nothing. Where they differ the connection begins anew. Throws basic::Error when a machine has no name. Not
+    // during a write.
+    void follow(const std::vector<std::string>& machines);
 
     void poll(int milliseconds);
 
@@ -90,6 +95,7 @@ private:
         std::size_t variable = 0;
     };
 
+    void begin(const std::vector<std::string>& machines);
     void linkUp() override;
     void linkDown(std::string_view reason) override;
     void received(std::string_view topic, std::string_view payload, bool retained) override;

@@ -20,7 +20,8 @@ class Link {
 public:
     virtual ~Link() = default;
 
-    // Before the first poll. The receiver lives as long as the link is polled.
+    // Before the first poll. The receiver lives as long as the link is polled. Again for other subscriptions: what comes by
+    // the old connection does not come any more, and the next poll begins a new one.
     virtual void start(LinkReceiver& receiver, std::vector<std::string> subscriptions) = 0;
 
     // What the broker says, retained, when this client is gone without a goodbye. From the next connection on.

@@ -96,6 +96,27 @@ TEST_F(BrokerLinks, CarryMessages)
     EXPECT_EQ(third.receiver.messages.front(), "to/c=2 retained");
 }
 
+TEST_F(BrokerLinks, TakeOtherSubscriptionsWithoutWaiting)
+{
+    mqtt::BrokerLink link{{.address = broker.address(), .client = "a", .firstRetryMilliseconds = 1'000'000}};
+    Receiver before;
+    link.start(before, {"to/a"});
+    Client sender{broker.address(), "b", {}};
+    ASSERT_TRUE(until([&] { return link.isUp() && sender.link.isUp(); }, {&link, &sender.link}));
+
+    Receiver after;
+    link.start(after, {"to/b"});
+    EXPECT_FALSE(link.isUp());
+    EXPECT_EQ(before.downs.size(), 1U);
+    ASSERT_TRUE(until([&] { return link.isUp(); }, {&link, &sender.link})) << link.trouble();
+    ASSERT_TRUE(sender.link.publish("to/a", "1", mqtt::Link::Keep::No, 0));
+    ASSERT_TRUE(sender.link.publish("to/b", "2", mqtt::Link::Keep::No, 0));
+    ASSERT_TRUE(until([&] { return !after.messages.empty(); }, {&link, &sender.link}));
+    EXPECT_EQ(after.messages, (std::vector<std::string>{"to/b=2"}));
+    EXPECT_TRUE(before.messages.empty());
+    EXPECT_TRUE(after.downs.empty());
+}
+
 TEST_F(BrokerLinks, TellTheWillOfWhoeverIsGone)
 {
     Client watcher{broker.address(), "watcher", {"will/+"}};

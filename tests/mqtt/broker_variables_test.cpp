@@ -39,6 +39,48 @@ TEST_F(Reading, OfSeveralMachinesEachFailsByItself)
     EXPECT_FALSE(two.isLive("M3"));
 }
 
+TEST_F(Reading, IsOfTheMachinesThatAreFollowed)
+{
+    machine::VariableStore otherStore;
+    otherStore.declare("other", 7.0);
+    mqtt::VariableDescription single;
+    single.name = "other";
+    TestLink otherLink{net};
+    line_machine::Controller other{
+        {.machine = "M2", .epoch = 1}, mqtt::Description{std::vector{single}}, otherStore, otherLink, clock};
+    net.others = [&] {
+        controller.poll(0);
+        other.poll(0);
+    };
+    pass(300);
+    EXPECT_EQ(reading(para), Outcome::Done);
+    EXPECT_EQ(reading("other"), Outcome::UnknownName);
+
+    variables.follow({"M2"});
+    EXPECT_FALSE(variables.isLive("M2")) << "on a connection of its own";
+    pass(300);
+    EXPECT_EQ(variables.ReadValue("other"), basic::Variant(7.0));
+    EXPECT_EQ(reading(para), Outcome::UnknownName);
+    EXPECT_EQ(writing(para, basic::doubles({1, 1, 1})), Outcome::UnknownName);
+    EXPECT_FALSE(variables.isLive("M1"));
+
+    // As long as the machines are the same, nobody is asked anything.
+    panelLink.published.clear();
+    variables.follow({"M2"});
+    pass(300);
+    EXPECT_EQ(reading("other"), Outcome::Done);
+    EXPECT_TRUE(panelLink.published.empty());
+    EXPECT_THROW(variables.follow({""}), basic::Error);
+    EXPECT_EQ(reading("other"), Outcome::Done);
+
+    variables.follow({});
+    pass(300);
+    EXPECT_EQ(reading("other"), Outcome::UnknownName);
+    variables.follow({"M1"});
+    pass(300);
+    EXPECT_EQ(writing(para, basic::doubles({1, 1, 1})), Outcome::Done) << text;
+}
+
 TEST_F(Reading, ANameThatTwoMachinesDescribeIsNobodys)
 {
     machine::VariableStore foreign;

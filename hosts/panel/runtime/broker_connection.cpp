@@ -14,12 +14,11 @@ namespace {
 constexpr int periodMilliseconds = 50;
 } // namespace
 
-BrokerConnection::BrokerConnection(const BrokerSettings& settings, const std::vector<std::string>& machines)
+BrokerConnection::BrokerConnection(const BrokerSettings& settings)
     : link_{settings.makeLink()}
     , clock_{settings.clock}
     , machines_{std::make_shared<mqtt::BrokerVariables>(
-          mqtt::BrokerVariablesSettings{
-              .panel = settings.panel, .machines = machines, .viewing = settings.viewing},
+          mqtt::BrokerVariablesSettings{.panel = settings.panel, .machines = {}, .viewing = settings.viewing},
           *link_, settings.clock)}
 {
 }
@@ -37,6 +36,14 @@ void BrokerConnection::start(std::function<void()> polled)
         polled();
     });
     timer_.start(periodMilliseconds);
+}
+
+bool BrokerConnection::show(const std::string& machine)
+{
+    if (machine == shown_) return false;
+    shown_ = machine;
+    machines_->follow(machine.empty() ? std::vector<std::string>{} : std::vector{machine});
+    return true;
 }
 
 void BrokerConnection::waitFor(std::string_view machine, int milliseconds)

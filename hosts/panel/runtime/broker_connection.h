@@ -27,8 +27,7 @@ struct BrokerSettings {
 // thread of the panel.
 class BrokerConnection {
 public:
-    // machines: designations.
-    BrokerConnection(const BrokerSettings& settings, const std::vector<std::string>& machines);
+    explicit BrokerConnection(const BrokerSettings& settings);
 
     // own: what describes this panel and stays with it.
     std::shared_ptr<platform::ProcessVarAccess> variables(std::shared_ptr<platform::ProcessVarAccess> own);
@@ -36,11 +35,15 @@ public:
     // polled: called after each turn, when link and values may be others.
     void start(std::function<void()> polled);
 
+    // Follows the machine of this designation alone: a line has many, and a panel should not pay for those that it does
+    // not show. False when it does so already.
+    bool show(const std::string& machine);
+
     // For a start with values on the screen: polls until the machine is there, so many milliseconds at most.
     void waitFor(std::string_view machine, int milliseconds);
 
-    // What keeps a machine's values from being good, one sentence for the list of reports; empty: nothing.
-    std::string trouble(std::string_view machine) const { return machines_->troubleOf(machine); }
+    // What keeps the shown machine's values from being good, one sentence for the list of reports; empty: nothing.
+    std::string trouble() const { return machines_->troubleOf(shown_); }
     // What was wrong with messages and with the connection itself since the last call.
     std::vector<std::string> takeProblems();
 
@@ -55,6 +58,7 @@ private:
     std::unique_ptr<mqtt::Link> link_;
     mqtt::Clock clock_;
     std::shared_ptr<mqtt::BrokerVariables> machines_;
+    std::string shown_; // designation
     std::unique_ptr<mqtt::BrokerVariables::ConfirmScope> confirm_;
     std::vector<std::string> problems_;
     QTimer timer_;

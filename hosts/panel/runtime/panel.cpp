@@ -1,6 +1,5 @@
 #include "panel/runtime/panel.h"
 
-#include "machine/designations.h"
 #include "panel/look/language_look.h"
 #include "panel/look/qt_text.h"
 #include "panel/look/touch_size.h"
@@ -62,9 +61,7 @@ Panel::Panel(PanelSettings settings)
     , file_{settings_.file ? *settings_.file : loadProject(settings_.project)}
     , mapping_{mapping(settings_)}
     , languages_{settings_.project, file_}
-    , connection_{settings_.broker
-              ? std::make_unique<BrokerConnection>(*settings_.broker, machine::designations(file_))
-              : nullptr}
+    , connection_{settings_.broker ? std::make_unique<BrokerConnection>(*settings_.broker) : nullptr}
     , watched_{std::make_shared<WatchedVariables>(wayToTheMachine())}
     , headerWriter_{*watched_, languages_, [this](PanelText text) { return word(text); }}
     , window_{stageSize(settings_.resolution.value_or(file_.resolution)), settings_.zoom}

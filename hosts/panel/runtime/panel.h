@@ -178,6 +178,7 @@ private:
     // Whether an input is open or waits to be confirmed.
     bool hasOpenEdit();
     void startConnection();
+    void showMachine();
     void followConnection();
     std::string machineDesignation();
     bool mayShowTrends();

@@ -23,20 +23,27 @@ void Panel::startConnection()
 {
     if (settings_.broker->viewing) edits_.setViewing();
     connection_->setLevel(number(levelVariable));
-    connection_->waitFor(machineDesignation(), startMilliseconds);
-    followConnection();
+    showMachine();
     connection_->start([this] { followConnection(); });
+}
+
+// The control reads what its machine has while it is made.
+void Panel::showMachine()
+{
+    const std::string machine = machineDesignation();
+    if (connection_->show(machine)) connection_->waitFor(machine, startMilliseconds);
+    followConnection();
 }
 
 void Panel::followConnection()
 {
     for (const std::string& problem : connection_->takeProblems())
         note(problem);
-    std::string trouble = connection_->trouble(machineDesignation());
+    std::string trouble = connection_->trouble();
     setLink({trouble.empty(), std::move(trouble)});
 }
 
-// Of the shown machine; empty where the project does not say.
+// Of the machine to be shown; empty where the project does not say.
 std::string Panel::machineDesignation()
 {
     const std::string place = basic::decimal(std::int32_t{number(machineVariable)});

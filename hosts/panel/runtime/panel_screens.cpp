@@ -32,6 +32,7 @@ void Panel::openServo()
 {
     closeScreen();
     watched_->startDisplays();
+    if (connection_) showMachine();
     operation("create");
     servo_ = std::make_unique<ControlHost>("Servo", &window_.stage(), forms_);
     servo_->put(names::Visible, {}, Variant{true});
