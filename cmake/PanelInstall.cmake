@@ -1,7 +1,7 @@
 # What goes where when the project is installed, and the Debian packages made of it:
 #
 #   servo-panel        the panel for operators, the kiosk that starts it, the manual
-#   servo-panel-tools  servo-replay, servo-defs, servo-machine and servo-journal for engineers
+#   servo-panel-tools  servo-replay, servo-defs, servo-machine, servo-journal and servo-params for engineers
 #   servo-panel-demo   the demonstration project
 #   libservopanel-dev  libraries, headers and the CMake package ServoPanel, for programs that embed the controls
 #
@@ -41,7 +41,7 @@ install(TARGETS ${libraries} EXPORT ServoPanelTargets
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT dev)
 install(EXPORT ServoPanelTargets NAMESPACE ServoPanel:: DESTINATION ${panel_package_folder} COMPONENT dev)
 
-set(header_folders src adapters hosts/check hosts/portable hosts/machine hosts/line_machine hosts/journal hosts/recording)
+set(header_folders src adapters hosts/check hosts/portable hosts/machine hosts/line_machine hosts/journal hosts/params hosts/recording)
 if(SERVOPANEL_QT)
     list(APPEND header_folders hosts/panel hosts/widgets)
 endif()
@@ -64,7 +64,7 @@ install(FILES "${PROJECT_BINARY_DIR}/ServoPanelConfig.cmake" "${PROJECT_BINARY_D
               "${PROJECT_SOURCE_DIR}/cmake/FindWmfLite.cmake"
     DESTINATION ${panel_package_folder} COMPONENT dev)
 
-install(TARGETS servo-replay servo-defs servo-machine servo-journal DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tools)
+install(TARGETS servo-replay servo-defs servo-machine servo-journal servo-params DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tools)
 install(FILES "${PROJECT_SOURCE_DIR}/packaging/broker/mosquitto.conf" "${PROJECT_SOURCE_DIR}/packaging/broker/acl"
     DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/servo-panel-tools/examples/broker COMPONENT tools)
 install(PROGRAMS "${PROJECT_SOURCE_DIR}/packaging/broker/make_certificates"
@@ -87,7 +87,7 @@ function(panel_packed result file)
 endfunction()
 file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/packed")
 
-set(tool_pages servo-replay servo-defs servo-machine servo-journal)
+set(tool_pages servo-replay servo-defs servo-machine servo-journal servo-params)
 foreach(program IN LISTS tool_pages)
     panel_packed(page "${packaging}/man/${program}.1")
     install(FILES "${page}" DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools)

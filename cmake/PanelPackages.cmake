@@ -37,7 +37,7 @@ set(CPACK_COMPONENT_TOOLS_DESCRIPTION "Engineer's tools for servo panels
  servo-replay plays scenarios on the controls without a screen and writes
  traces; servo-defs reads, writes and checks databases of definitions;
  servo-machine puts simulated machines on a broker; servo-journal shows what a
- panel has written.")
+ panel has written; servo-params keeps parameters in files.")
 
 set(CPACK_DEBIAN_DEMO_PACKAGE_NAME servo-panel-demo)
 set(CPACK_DEBIAN_DEMO_PACKAGE_SECTION misc)

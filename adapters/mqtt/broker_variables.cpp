@@ -233,6 +233,18 @@ std::string BrokerVariables::troubleOf(std::string_view machine) const
     return link_.isUp() ? std::string{} : "no connection to the broker";
 }
 
+const Description* BrokerVariables::description(std::string_view machine) const
+{
+    const MachineImage* const image = imageOf(machine);
+    return image ? image->description() : nullptr;
+}
+
+std::int64_t BrokerVariables::epoch(std::string_view machine) const
+{
+    const MachineImage* const image = imageOf(machine);
+    return image ? image->epoch() : 0;
+}
+
 std::vector<std::string> BrokerVariables::takeProtocolErrors() { return std::exchange(protocolErrors_, {}); }
 
 void BrokerVariables::WriteValue(std::string_view name, const basic::Variant& value)

@@ -86,6 +86,11 @@ public:
     // Why it is not, one sentence; empty when it is.
     std::string troubleOf(std::string_view machine) const;
 
+    // What the machine told of its variables: nullptr before that, and for a machine that is not ours. Until the next poll.
+    const Description* description(std::string_view machine) const;
+    // The controller's start, milliseconds since 1970; 0 before it has told it.
+    std::int64_t epoch(std::string_view machine) const;
+
     // Messages that did not follow the protocol since the last call, the latest few.
     std::vector<std::string> takeProtocolErrors();
 

@@ -1,0 +1,86 @@
+#include "params/broker_machines.h"
+
+#include "basic/error.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+
+namespace servopanel::params {
+
+namespace {
+// A controller that is there has answered in a fraction of it, over a slow line too.
+constexpr std::int64_t waitMilliseconds = 5000;
+constexpr int turnMilliseconds = 20;
+} // namespace
+
+BrokerMachines::BrokerMachines(
+    std::unique_ptr<mqtt::Link> link, std::string name, std::vector<std::string> machines, mqtt::Clock clock)
+    : link_{std::move(link)}
+    , clock_{clock}
+    , variables_{std::make_shared<mqtt::BrokerVariables>(
+          mqtt::BrokerVariablesSettings{.panel = std::move(name), .machines = std::move(machines)}, *link_,
+          clock)}
+{
+}
+
+template <class F>
+bool BrokerMachines::waitFor(F condition)
+{
+    const std::int64_t end = clock_() + waitMilliseconds;
+    // What came meanwhile may show that what we hold is old.
+    variables_->poll(0);
+    while (!condition()) {
+        if (clock_() >= end) return false;
+        variables_->poll(turnMilliseconds);
+    }
+    return true;
+}
+
+void BrokerMachines::failFor(const std::string& machine) const
+{
+    std::string text = "machine " + machine + ": ";
+    const std::string trouble = variables_->troubleOf(machine);
+    text.append(trouble.empty() ? "its description does not come" : trouble);
+    throw basic::Error{static_cast<std::int32_t>(mqtt::Outcome::NoConnection), "Process variables", text};
+}
+
+mqtt::Description BrokerMachines::describe(const std::string& machine)
+{
+    if (!waitFor([&] { return variables_->isLive(machine) && variables_->description(machine); }))
+        failFor(machine);
+    return *variables_->description(machine);
+}
+
+Snapshot BrokerMachines::read(const std::string& machine, const std::vector<int>& servos)
+{
+    const mqtt::Description description = describe(machine);
+    requireServos(machine, description, servos);
+    std::vector<std::string> names;
+    for (const int servo : servos)
+        for (std::string& name : variablesOf(machine, description, servo))
+            names.push_back(std::move(name));
+    // What the machine itself does not know will not become better by waiting.
+    const bool isKnown = waitFor([&] {
+        return variables_->isLive(machine)
+            && std::all_of(names.begin(), names.end(), [&](const std::string& name) {
+                   return variables_->standing(name).quality != mqtt::Quality::Stale;
+               });
+    });
+    if (!isKnown && !variables_->isLive(machine)) failFor(machine);
+
+    Snapshot snapshot;
+    snapshot.machine = machine;
+    snapshot.description = *variables_->description(machine);
+    snapshot.epoch = variables_->epoch(machine);
+    for (const std::string& name : names)
+        try {
+            snapshot.values.declare(name, variables_->ReadValue(name));
+        } catch (const basic::Error& error) {
+            // A limit that nobody knows is looked at by the controller.
+            if (parameterVariable(name)) snapshot.unreadable.insert_or_assign(name, error.description);
+        }
+    return snapshot;
+}
+
+} // namespace servopanel::params
