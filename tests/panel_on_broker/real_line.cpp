@@ -152,10 +152,16 @@ std::optional<double> RealLine::element(const std::string& variable, std::size_t
     return numbers(variable).at(i);
 }
 
+Variant RealLine::held(const std::string& variable)
+{
+    EXPECT_TRUE(until([&] { return onlooker->knows(variable); })) << variable;
+    return onlooker->held(variable);
+}
+
 std::vector<double> RealLine::numbers(const std::string& variable)
 {
     std::vector<double> numbers;
-    const Variant value = onlooker->held(variable);
+    const Variant value = held(variable);
     for (const Variant& element : value.get<basic::Array>()->elements)
         numbers.push_back(*element.get<double>());
     return numbers;

@@ -59,6 +59,8 @@ protected:
     bool until(const std::function<bool()>& condition);
     // Of an array, as far as the onlooker knows it: nothing for a while after a change.
     std::optional<double> element(const std::string& variable, std::size_t i);
+    // What the machine holds, as soon as the onlooker knows it.
+    Variant held(const std::string& variable);
     std::vector<double> numbers(const std::string& variable);
 
     TestProject project;
