@@ -403,6 +403,6 @@ void BrokerLink::drop(std::string_view reason) { impl_->drop(reason); }
 
 int BrokerLink::descriptor() const { return impl_->descriptor(); }
 
-const std::string& BrokerLink::trouble() const { return impl_->trouble(); }
+std::string BrokerLink::trouble() const { return impl_->trouble(); }
 
 } // namespace servopanel::mqtt

@@ -33,6 +33,7 @@ public:
     void setWill(std::string topic, std::string payload) override;
     void poll(int milliseconds) override;
     bool isUp() const override;
+    std::string trouble() const override;
     bool publish(const std::string& topic, std::string_view payload, Keep keep, int expireSeconds) override;
     bool isSending() const override;
     bool isOnTheWay() const override;
@@ -41,8 +42,6 @@ public:
     // For event loops: poll(0) when the descriptor can be read, or written while isSending(), and every 100 ms. It
     // changes with each connection; -1 while there is none.
     int descriptor() const;
-    // Why there is no connection, "" when there is one or none was tried.
-    const std::string& trouble() const;
 
 private:
     class Impl;

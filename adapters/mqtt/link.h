@@ -31,6 +31,8 @@ public:
     // connection and comes out here.
     virtual void poll(int milliseconds) = 0;
     virtual bool isUp() const = 0;
+    // Why there is no connection, one sentence; empty when there is one or none was tried.
+    virtual std::string trouble() const { return {}; }
 
     enum class Keep { No, Retained };
     // At most once. False when it was not given to the connection; where that is still up, no message may be like this

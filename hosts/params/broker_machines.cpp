@@ -16,11 +16,11 @@ constexpr int turnMilliseconds = 20;
 
 BrokerMachines::BrokerMachines(
     std::unique_ptr<mqtt::Link> link, std::string name, std::vector<std::string> machines, mqtt::Clock clock)
-    : link_{std::move(link)}
+    : name_{std::move(name)}
+    , link_{std::move(link)}
     , clock_{clock}
     , variables_{std::make_shared<mqtt::BrokerVariables>(
-          mqtt::BrokerVariablesSettings{.panel = std::move(name), .machines = std::move(machines)}, *link_,
-          clock)}
+          mqtt::BrokerVariablesSettings{.panel = name_, .machines = std::move(machines)}, *link_, clock)}
 {
 }
 
@@ -39,9 +39,11 @@ bool BrokerMachines::waitFor(F condition)
 
 void BrokerMachines::failFor(const std::string& machine) const
 {
-    std::string text = "machine " + machine + ": ";
-    const std::string trouble = variables_->troubleOf(machine);
-    text.append(trouble.empty() ? "its description does not come" : trouble);
+    std::string text = variables_->troubleOf(machine);
+    if (const std::string why = link_->trouble(); !why.empty()) text.append(" (").append(why).append(")");
+    if (text.empty())
+        text = "the values of machine " + machine + " do not come; does the broker know us by the name '"
+            + name_ + "' (--name)?";
     throw basic::Error{static_cast<std::int32_t>(mqtt::Outcome::NoConnection), "Process variables", text};
 }
 
@@ -61,13 +63,13 @@ Snapshot BrokerMachines::read(const std::string& machine, const std::vector<int>
         for (std::string& name : variablesOf(machine, description, servo))
             names.push_back(std::move(name));
     // What the machine itself does not know will not become better by waiting.
-    const bool isKnown = waitFor([&] {
-        return variables_->isLive(machine)
-            && std::all_of(names.begin(), names.end(), [&](const std::string& name) {
-                   return variables_->standing(name).quality != mqtt::Quality::Stale;
-               });
-    });
-    if (!isKnown && !variables_->isLive(machine)) failFor(machine);
+    const auto isOpen = [&](const std::string& name) {
+        return variables_->standing(name).quality == mqtt::Quality::Stale;
+    };
+    const bool isKnown = waitFor(
+        [&] { return variables_->isLive(machine) && std::none_of(names.begin(), names.end(), isOpen); });
+    if (!isKnown && (!variables_->isLive(machine) || std::all_of(names.begin(), names.end(), isOpen)))
+        failFor(machine);
 
     Snapshot snapshot;
     snapshot.machine = machine;

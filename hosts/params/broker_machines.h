@@ -23,7 +23,7 @@ public:
     mqtt::Description describe(const std::string& machine);
 
     // What these servos hold, all of it at one moment: waits until every value is known for certain. What is not after
-    // five seconds is among the unreadable ones. Errors: 462 when nothing is, 5 for an unknown servo.
+    // five seconds is among the unreadable ones. Errors: 462 when nothing is known, 5 for an unknown servo.
     Snapshot read(const std::string& machine, const std::vector<int>& servos);
 
     // For reads and writes. Wait for values by read before.
@@ -33,6 +33,8 @@ private:
     template <class F>
     bool waitFor(F condition);
     [[noreturn]] void failFor(const std::string& machine) const;
+
+    std::string name_;
 
     std::unique_ptr<mqtt::Link> link_;
     mqtt::Clock clock_;

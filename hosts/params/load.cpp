@@ -175,7 +175,7 @@ Status load(const CommandLine& line, const Surroundings& surroundings, ToolOutpu
                 });
             count > 0)
             notes.push_back(counted(static_cast<std::size_t>(count), "row", "rows")
-                + " to be written without a definition: the page does not show them");
+                + " to be written without a definition, which the page does not show");
     if (line.ask) askFor(rows, notes, surroundings);
     const std::size_t errors = output.errors.size();
     if (line.apply && has(rows, {End::Open})) apply(rows, line, targets, *machines, surroundings, output);

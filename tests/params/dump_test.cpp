@@ -83,12 +83,12 @@ TEST_F(ServoParamsDump, SaysWhatIsWrong)
     EXPECT_EQ(run({"dump", project(), "--machine", "M1", "--servo", "2", "--broker", "127.0.0.1"}), 2);
     EXPECT_TRUE(says("its servos are 1, 3")) << output.errors;
     EXPECT_EQ(run({"dump", project(), "--machine", "M2", "--broker", "127.0.0.1"}), 2);
-    EXPECT_TRUE(says("machine M2: ")) << output.errors;
+    EXPECT_TRUE(says("servo-params: machine M2 has never been connected to the broker\n")) << output.errors;
     EXPECT_EQ(run({"dump", project(), "--machine", "M1", "--language", "fr"}), 2);
     EXPECT_TRUE(says("the project has no language 'fr'")) << output.errors;
     brokerIsThere = false;
     EXPECT_EQ(run({"dump", project(), "--machine", "M1", "--broker", "127.0.0.1"}), 2);
-    EXPECT_TRUE(says("machine M1: no connection to the broker")) << output.errors;
+    EXPECT_TRUE(says("servo-params: no connection to the broker\n")) << output.errors;
     folder.file("project/project.json", "{\"title\": \"half");
     EXPECT_EQ(run({"dump", project(), "--machine", "M1"}), 2);
     EXPECT_TRUE(says("project.json: line 1: ")) << output.errors;
