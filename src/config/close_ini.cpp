@@ -32,16 +32,12 @@ std::vector<std::string> zeilen(basic::StatementTrap& trap, const IniSpeicher& s
 
 void MService::CloseIni()
 {
-    basic::StatementTrap trap{umfeld_.fehler, "CloseIni"};
     IniSpeicher& speicher = *speicher_;
 
     // 1. Nothing is open.
     if (!speicher.IniGeoeffnet) return;
 
-    // 2. The file is free for others, and for being replaced.
-    trap([&] { umfeld_.platform.files.closeText(); });
-
-    // 3. Write a changed cache back; whatever fails from here on is passed over in silence.
+    // 2. and 3. Write a changed cache back; whatever fails is passed over in silence.
     if (speicher.IniGeaendert) {
         basic::SilentSink schweigen;
         basic::StatementTrap still{schweigen, "CloseIni"};

@@ -32,7 +32,7 @@ struct IniSpeicher {
     std::int16_t IniSektionAnzahl = 0;
     basic::CheckedArray<IniEintrag, 10001> IniEintraege; // from 1, in file order
     std::int16_t IniEintragAnzahl = 0;
-    bool IniGeoeffnet = false;
+    bool IniGeoeffnet = false; // between OpenIni and CloseIni; the file itself is free once it was read
     bool IniGeaendert =
         false; // no procedure sets it; a host or a later procedure that changes the cache does
 };
@@ -47,7 +47,7 @@ public:
     // Loads a file; True when it was read completely. A file that is open already is given up: False, empty cache.
     // auflösen: the name is project-relative.
     bool OpenIni(std::string_view name, bool auflösen);
-    // Releases the file and, when the cache was changed, writes it back before.
+    // Ends the use of the cache and, when it was changed, writes it back before.
     void CloseIni();
 
     // The value of an entry of the open file, or the empty string, with a message to the operator when melden is set.

@@ -69,7 +69,7 @@ bool MService::OpenIni(std::string_view name, bool auflösen)
     speicher.IniSektionAnzahl = 0;
     speicher.IniEintragAnzahl = 0;
 
-    // 3. LEGACY: a second file while one is open gives up both.
+    // 3. LEGACY: a second file before CloseIni is not opened, and the first one is gone from the cache.
     if (speicher.IniGeoeffnet) {
         trap([&] { umfeld_.platform.files.closeText(); });
         return false;
@@ -94,9 +94,10 @@ bool MService::OpenIni(std::string_view name, bool auflösen)
         if (text.failure) throw *text.failure;
     });
 
-    // 5. The cache answers from now on, also with what was read before a failure.
+    // 5. The cache answers from now on, also with what was read before a failure; nothing needs the file any more.
     speicher.IniGeaendert = false;
     speicher.IniGeoeffnet = true;
+    trap([&] { umfeld_.platform.files.closeText(); });
     return vollständig;
 }
 

@@ -23,6 +23,7 @@ public:
     // Opens and reads a configuration file; error 53, 75 or 76 when it cannot be opened. One file at a time is in
     // use: closeText ends the use, and a host may keep the file to itself until then.
     virtual TextLines openText(std::string_view path) = 0;
+    // Comes once more for a file that is no longer in use, which is no error.
     virtual void closeText() = 0;
     // Replaces a text file by these lines, each ended by CR LF.
     virtual void writeText(std::string_view path, const std::vector<std::string>& lines) = 0;

@@ -67,7 +67,7 @@ TEST_F(OpenIni, TakesCommentsWithAnEqualsSignForEntries)
 
 TEST_F(OpenIni, TakesAnyLineWithBothBracketsForASection)
 {
-    file("a.ini", {"x=1 [A] y", "; [B]c]", "[C", "D]", "e=]"});
+    file("a.ini", {"x=1 [A] y", "; [B]c]", "[C", "[C=1", "a[=2", "D]", "e=]"});
     EXPECT_TRUE(open("a.ini"));
     ASSERT_EQ(speicher.IniSektionAnzahl, 2);
     EXPECT_EQ(speicher.IniSektionen[1].Name, "A");
@@ -105,16 +105,24 @@ TEST_F(OpenIni, OpensANameUnchangedWhenToldTo)
 {
     surround.world().texts["D:\\a.ini"] = {{"[A]"}, std::nullopt};
     EXPECT_TRUE(service.OpenIni("D:\\a.ini", false));
-    EXPECT_EQ(surround.world().log, Texts{"open D:\\a.ini"});
+    EXPECT_EQ(surround.world().log, (Texts{"open D:\\a.ini", "close"}));
 }
 
-TEST_F(OpenIni, KeepsTheFileUntilItIsClosed)
+TEST_F(OpenIni, LetsGoOfTheFileOnceItIsRead)
 {
     file("a.ini", {"[A]"});
     EXPECT_TRUE(open("a.ini"));
-    EXPECT_EQ(surround.world().log, (Texts{"create PathHelper", "path a.ini", "open P:\\a.ini"}));
-    service.CloseIni();
-    EXPECT_EQ(surround.world().log.back(), "close");
+    EXPECT_EQ(surround.world().log, (Texts{"create PathHelper", "path a.ini", "open P:\\a.ini", "close"}));
+}
+
+TEST_F(OpenIni, ReportsAFailedClosingAndCountsAsOpen)
+{
+    file("a.ini", {"[A]", "x=1"});
+    surround.world().fail("close");
+    EXPECT_TRUE(open("a.ini"));
+    EXPECT_TRUE(speicher.IniGeoeffnet);
+    EXPECT_EQ(find("A", "x"), "1");
+    EXPECT_EQ(reports(), (Reports{{1000, "OpenIni"}}));
 }
 
 TEST_F(OpenIni, GivesUpTheOpenFileInsteadOfOpeningASecondOne)
@@ -122,13 +130,16 @@ TEST_F(OpenIni, GivesUpTheOpenFileInsteadOfOpeningASecondOne)
     file("a.ini", {"[A]", "x=1"});
     file("b.ini", {"[B]", "y=2"});
     EXPECT_TRUE(open("a.ini"));
+    surround.world().log.clear();
     EXPECT_FALSE(open("b.ini"));
-    EXPECT_EQ(surround.world().log.back(), "close");
+    EXPECT_EQ(surround.world().log, (Texts{"path b.ini", "close"}));
     EXPECT_EQ(speicher.IniSektionAnzahl, 0);
     EXPECT_EQ(speicher.IniEintragAnzahl, 0);
     EXPECT_TRUE(speicher.IniGeoeffnet);
     EXPECT_EQ(speicher.IniDateiName, "P:\\b.ini");
     EXPECT_EQ(find("B", "y"), "");
+    // The first record is compared even when none counts.
+    EXPECT_EQ(find("A", "x"), "1");
     EXPECT_TRUE(reports().empty());
 
     service.CloseIni();
@@ -167,7 +178,6 @@ TEST_F(OpenIni, KeepsWhatWasReadBeforeAReadError)
     EXPECT_FALSE(open("a.ini"));
     EXPECT_EQ(find("A", "x"), "1");
     EXPECT_EQ(reports(), (Reports{{57, "OpenIni"}}));
-    service.CloseIni();
     EXPECT_EQ(surround.world().log.back(), "close");
 }
 

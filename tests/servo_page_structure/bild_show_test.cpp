@@ -22,10 +22,10 @@ protected:
 TEST_F(BildShow, ReadsTheFooterAndNumbersItsTexts)
 {
     EXPECT_EQ(footerUpTo(show(), "profile"),
-        "ini open Servo\\Servo.ini\n" + textNumber(1, 1101) + textNumber(2, 1102) + textNumber(3, 1103)
-            + textNumber(4, 1104) + textNumber(5, 1105) + textNumber(6, 1106) + textNumber(7, 1107)
-            + textNumber(8, 1108) + textNumber(9, 1109) + textNumber(10, 1110)
-            + "ini close\nread parameter<.maschinenanzahl> = 1\n" + textNumber(9, 10000));
+        "ini open Servo\\Servo.ini\nini close\n" + textNumber(1, 1101) + textNumber(2, 1102)
+            + textNumber(3, 1103) + textNumber(4, 1104) + textNumber(5, 1105) + textNumber(6, 1106)
+            + textNumber(7, 1107) + textNumber(8, 1108) + textNumber(9, 1109) + textNumber(10, 1110)
+            + "read parameter<.maschinenanzahl> = 1\n" + textNumber(9, 10000));
 }
 
 TEST_F(BildShow, SetsKeysOneToThreeAfterTheValues)
