@@ -20,8 +20,7 @@ void FehlerMelder::report(const basic::Error& error, std::string_view procedure)
     try {
         melden(error, procedure);
     } catch (...) {
-        // The display itself has failed, so there is nobody left to tell. The next report tries a new one.
-        zustand_.FehlerAnzeige.reset();
+        // There is no display, so there is nobody left to tell. The next report tries again.
     }
     meldet_ = false;
 }
@@ -38,8 +37,12 @@ void FehlerMelder::melden(const basic::Error& error, std::string_view procedure)
 
     // 3. Send it. The display may close itself, or be closed with a control, while it takes the report.
     const std::shared_ptr<platform::ErrorDisplay> anzeige = zustand_.FehlerAnzeige;
-    const std::string quelle = error.source.empty() ? platform_.surroundings.libraryName() : error.source;
-    anzeige->ErrMessage(error.number, quelle, error.description, text);
+    try {
+        const std::string quelle = error.source.empty() ? platform_.surroundings.libraryName() : error.source;
+        anzeige->ErrMessage(error.number, quelle, error.description, text);
+    } catch (...) {
+        // This report is lost. The display stays: it is there, and has to be closed at a control's end.
+    }
 
     // 4. Count it.
     if (zustand_.FehlerAnzahl < std::numeric_limits<std::int16_t>::max()) ++zustand_.FehlerAnzahl;

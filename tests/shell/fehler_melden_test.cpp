@@ -114,16 +114,39 @@ TEST_F(FehlerMelden, MakesANewDisplayAfterTheOldOneWasClosedAndKeepsCounting)
     EXPECT_EQ(zustand.FehlerAnzahl, 2);
 }
 
-TEST_F(FehlerMelden, GivesUpADisplayThatRefusesAndTriesANewOne)
+TEST_F(FehlerMelden, LosesOnlyTheReportThatTheDisplayRefuses)
 {
     objects.display->refuse = true;
     report();
-    EXPECT_EQ(zustand.FehlerAnzahl, 0);
-    objects.display = std::make_shared<NotedDisplay>();
-    report();
-    EXPECT_EQ(objects.asked, 2);
-    EXPECT_EQ(objects.display->lines.size(), 1U);
+    EXPECT_TRUE(objects.display->lines.empty());
     EXPECT_EQ(zustand.FehlerAnzahl, 1);
+    EXPECT_EQ(zustand.FehlerAnzeige, objects.display);
+
+    objects.display->refuse = false;
+    report();
+    EXPECT_EQ(objects.asked, 1);
+    EXPECT_EQ(objects.display->lines.size(), 1U);
+    EXPECT_EQ(zustand.FehlerAnzahl, 2);
+}
+
+TEST_F(FehlerMelden, ClosesADisplayThatHasRefusedItsOnlyReport)
+{
+    objects.display->refuse = true;
+    report();
+    display::fehlerAnzeigeSchliessen(trap, zustand);
+    EXPECT_EQ(objects.display->closed, 1);
+    EXPECT_TRUE(errors.reports.empty());
+}
+
+TEST_F(FehlerMelden, KeepsTheDisplayWhenTheLibrarysNameIsUnknown)
+{
+    surround.world.fail("libraryName", 1);
+    report();
+    EXPECT_TRUE(objects.display->lines.empty());
+    EXPECT_EQ(zustand.FehlerAnzahl, 1);
+    report();
+    EXPECT_EQ(objects.asked, 1);
+    EXPECT_EQ(objects.display->lines.size(), 1U);
 }
 
 TEST_F(FehlerMelden, TakesTheHostsValuesThroughTheLibrary)
