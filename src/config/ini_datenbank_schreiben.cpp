@@ -11,19 +11,18 @@ namespace servopanel::config {
 namespace {
 
 // Name and machine type of the row stay as they are. When its row is gone every statement fails for itself and nothing
-// is written. DEVIATION: a column that could not be read stays too, unless the operator has given it a value since; what
+// is written. DEVIATION: a column that could not be read stays too, until the operator has accepted a value for it; what
 // stands in for it would wipe out what the file holds.
 void zurückschreiben(basic::StatementTrap& trap, platform::RecordSet& sätze, const ParamDef& def)
 {
     trap([&] { sätze.moveTo(def.Lesezeichen); });
     trap([&] { sätze.edit(); });
-    if (!def.AbsMaxFehlt || def.AbsMax != 0.0) trap([&] { sätze.setField("abs_max", def.AbsMax); });
-    if (!def.AbsMinFehlt || def.AbsMin != 0.0) trap([&] { sätze.setField("abs_min", def.AbsMin); });
-    if (!def.OffsetFehlt || def.OffsetOderBitNr != 0)
-        trap([&] { sätze.setField("offset_or_bitno", def.OffsetOderBitNr); });
-    if (!def.MaxFehlt || def.Max != 0.0) trap([&] { sätze.setField("Max", def.Max); });
-    if (!def.MinFehlt || def.Min != 0.0) trap([&] { sätze.setField("Min", def.Min); });
-    if (!def.PassFehlt || def.Pass != gesperrt) trap([&] { sätze.setField("Pass", def.Pass); });
+    if (!def.AbsMaxFehlt) trap([&] { sätze.setField("abs_max", def.AbsMax); });
+    if (!def.AbsMinFehlt) trap([&] { sätze.setField("abs_min", def.AbsMin); });
+    if (!def.OffsetFehlt) trap([&] { sätze.setField("offset_or_bitno", def.OffsetOderBitNr); });
+    if (!def.MaxFehlt) trap([&] { sätze.setField("Max", def.Max); });
+    if (!def.MinFehlt) trap([&] { sätze.setField("Min", def.Min); });
+    if (!def.PassFehlt) trap([&] { sätze.setField("Pass", def.Pass); });
     trap([&] { sätze.update(); });
 }
 

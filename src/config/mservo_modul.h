@@ -21,7 +21,8 @@ struct ParamDef {
     double Max = 0;
     std::int16_t Pass = 0; // access level that the input asks for
 
-    // Columns of the row that could not be read; what stands in for them is not written back.
+    // Columns of the row that could not be read; what stands in for them is not written back. Whoever gives such a field
+    // a value of the operator's clears its mark.
     bool AbsMinFehlt = false;
     bool AbsMaxFehlt = false;
     bool MinFehlt = false;

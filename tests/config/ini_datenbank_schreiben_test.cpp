@@ -168,6 +168,73 @@ TEST_F(IniDatenbankSchreiben, ReportsAFileWithoutTheTableOnceAndClosesIt)
     EXPECT_EQ(surround.world().log.back(), "db close");
 }
 
+TEST_F(IniDatenbankSchreiben, ReportsAMissingEngineOnce)
+{
+    row("M1", "a", 1);
+    read();
+    surround.zustand.DBEngine.reset();
+    surround.world().fail("create DBEngine");
+    write();
+    EXPECT_EQ(reports(), (Reports{{1000, "INI_Datenbank_Schreiben"}}));
+    EXPECT_TRUE(surround.logged("db").empty());
+}
+
+TEST_F(IniDatenbankSchreiben, ReportsAFailedClosingAndHasWritten)
+{
+    row("M1", "a", 1);
+    read();
+    change(5);
+    surround.world().fail("db close");
+    write();
+    EXPECT_EQ(max(1), basic::Variant{5.0});
+    EXPECT_EQ(reports(), (Reports{{1000, "INI_Datenbank_Schreiben"}}));
+}
+
+// What stands in for an unreadable column would wipe out what the file holds.
+TEST_F(IniDatenbankSchreiben, LeavesAnUnreadableColumnAloneUntilItsMarkIsCleared)
+{
+    struct Column {
+        const char* name;
+        const char* stored;
+        bool config::ParamDef::*mark;
+        basic::Variant standIn;
+    };
+    const Column columns[]{
+        {"abs_max", "ABS_MAX", &config::ParamDef::AbsMaxFehlt, 0.0},
+        {"abs_min", "ABS_MIN", &config::ParamDef::AbsMinFehlt, 0.0},
+        {"offset_or_bitno", "OFFSET_OR_BITNO", &config::ParamDef::OffsetFehlt, std::int16_t{0}},
+        {"Max", "MAX", &config::ParamDef::MaxFehlt, 0.0},
+        {"Min", "MIN", &config::ParamDef::MinFehlt, 0.0},
+        {"Pass", "PASS", &config::ParamDef::PassFehlt, std::int16_t{32767}},
+    };
+    for (const Column& column : columns) {
+        table.rows.clear();
+        table.updates = 0;
+        row("M1", "a", 1).columns[column.stored] = "x";
+        read();
+        write();
+        EXPECT_EQ(table.rows[0].columns[column.stored], basic::Variant{"x"}) << column.name;
+        Texts others{"abs_max", "abs_min", "offset_or_bitno", "Max", "Min", "Pass"};
+        others.erase(std::find(others.begin(), others.end(), column.name));
+        EXPECT_EQ(surround.logged("set"), others) << column.name;
+        EXPECT_EQ(table.updates, 1) << column.name;
+
+        modul.ParamDefs()[0].*column.mark = false;
+        write();
+        EXPECT_EQ(table.rows[0].columns[column.stored], column.standIn) << column.name;
+    }
+}
+
+// A value alone is no sign of the operator's will.
+TEST_F(IniDatenbankSchreiben, WritesNothingIntoAMarkedColumn)
+{
+    row("M1", "a", 1).columns["MAX"] = "x";
+    read();
+    change(7);
+    write();
+    EXPECT_EQ(max(1), basic::Variant{"x"});
+}
+
 TEST_F(IniDatenbankSchreiben, WritesDespiteAWalkThatBreaksOff)
 {
     row("M1", "a", 1);

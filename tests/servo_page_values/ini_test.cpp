@@ -1,8 +1,11 @@
+#include "servo_page/servo_main.h"
 #include "servo_page_values/page.h"
+#include "support/lone.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 namespace servopanel::servo_page::tests {
 namespace {
@@ -160,6 +163,118 @@ TEST(IniSchreiben, LeavesColumnsThatCouldNotBeReadAsTheyAre)
     page.run("key 4\ntouch SollwertL 1\nini 1 2 3\n");
     // Read again for the next servo: the same columns are still unreadable, so nothing stands in for them.
     EXPECT_EQ(count(page.run("key 6\n"), "\"INI_Datenbank_Einlesen\""), 3U);
+}
+
+// Definition of setpoint 1 of which the columns Min, Max and Pass are as given.
+std::string firstDefinition(const std::string& columns)
+{
+    return levelFive() + "db Servo\\Servo.mdb M1 " + variable("_servo_para_") + " 0 0 1000 " + columns + "\n";
+}
+
+// Columns that are unreadable when the database is read anew.
+std::size_t unreadableColumns(Page& page)
+{
+    const std::size_t found = count(page.run("key 6\n"), "\"INI_Datenbank_Einlesen\"");
+    page.run("key 5\n");
+    return found;
+}
+
+// What the editor is given from then on.
+std::string offered(Page& page)
+{
+    page.run("key 4\n");
+    return beginning(page.run("touch SollwertL 1\n"),
+        {"put ServoMain.IniEingabe.0x68030004", "put ServoMain.IniEingabe.0x68030005",
+            "put ServoMain.IniEingabe.0x68030006"});
+}
+
+std::string offer(const std::string& least, const std::string& most, const std::string& level)
+{
+    return "put ServoMain.IniEingabe.0x68030004 = " + level + "\nput ServoMain.IniEingabe.0x68030005 = "
+        + most + "\nput ServoMain.IniEingabe.0x68030006 = " + least + "\n";
+}
+
+TEST(IniSchreiben, WritesAZeroThatFollowsAnotherValue)
+{
+    Page page{firstDefinition("\"low\" 99 3")};
+    page.run("key 4\ntouch SollwertL 1\nini 1 50 4\ntouch SollwertL 1\nini 0 50 4\n");
+    EXPECT_EQ(unreadableColumns(page), 0U);
+    EXPECT_EQ(offered(page), offer("0", "50", "4"));
+}
+
+// One changed number shows that the operator has accepted the editor, and so the 0 that it shows for the others.
+TEST(IniSchreiben, WritesTheColumnsThatTheOperatorAccepted)
+{
+    Page page{firstDefinition("\"low\" \"high\" 3")};
+    page.run("key 4\ntouch SollwertL 1\nini 0 0 4\n");
+    EXPECT_EQ(unreadableColumns(page), 0U);
+    EXPECT_EQ(offered(page), offer("0", "0", "4"));
+}
+
+TEST(IniSchreiben, LeavesTheColumnsOfACancelledEditorAsTheyAre)
+{
+    // OK without a change cannot be told from it.
+    for (const char* left : {"ini cancel", "ini 0 0 3"}) {
+        Page page{firstDefinition("\"low\" \"high\" 3")};
+        page.run(std::string{"key 4\ntouch SollwertL 1\n"} + left + "\n");
+        EXPECT_EQ(unreadableColumns(page), 2U) << left;
+    }
+}
+
+// The page alone, with one definition whose access level cannot be read: a host that delivers no touch to a locked
+// input would not let anybody near it.
+class UnreadableLevel {
+public:
+    UnreadableLevel(const std::string& family, std::int16_t field)
+    {
+        testing::World& world = page_.surround.world();
+        world.variables["Ch-1.intern<.passwort>"] = std::int16_t{5};
+        world.existing.insert("P:\\Servo\\Servo.mdb");
+        page_.surround.zustand.AktServo = 1;
+        page_.surround.zustand.ServoNr[1] = 3;
+        page_.surround.zustand.MaschinenBez = "M1";
+        table().rows.push_back({1,
+            {{"MACHINE_TYPE", "M1"}, {"VAR_NAME", variable(family)}, {"OFFSET_OR_BITNO", std::int16_t{0}},
+                {"ABS_MIN", 0.0}, {"ABS_MAX", 1000.0}, {"MIN", 1.0}, {"MAX", 99.0}, {"PASS", "all"}}});
+        page_.control.BildInit(1);
+        page_.control.IniLesen();
+        page_.control.Fußzeile_TasteClick(4);
+        page_.control.Sollwert_MouseDown(field, 1, 0, 0, 0);
+    }
+    basic::Variant& editor(const char* property) { return page_.fake("IniEingabe")->properties[property]; }
+    void leave() { page_.control.IniEingabe_EingabeFertig(); }
+    basic::Variant stored() { return table().rows[0].columns["PASS"]; }
+    // The member is not there when the page asks for it.
+    void lose(const char* property) { page_.fake("IniEingabe")->missing = {property}; }
+
+private:
+    testing::FakeTable& table() { return page_.surround.platform.tables["P:\\Servo\\Servo.mdb"]; }
+
+    testing::Lone<ServoMain> page_;
+};
+
+TEST(IniSchreiben, WritesAnUnreadableLevelOnceTheOperatorAcceptedOne)
+{
+    for (const auto& [family, field] :
+        {std::pair{"_servo_para_", std::int16_t{1}}, std::pair{"_servo_zeich_", std::int16_t{45}}}) {
+        UnreadableLevel edited{family, field};
+        ASSERT_EQ(edited.editor("PASS"), basic::Variant{std::int16_t{32767}});
+        edited.leave();
+        EXPECT_EQ(edited.stored(), basic::Variant{"all"}) << family;
+        edited.editor("PASS") = std::int16_t{4};
+        edited.leave();
+        EXPECT_EQ(edited.stored(), basic::Variant{std::int16_t{4}}) << family;
+    }
+}
+
+// Another changed number shows that the level was accepted, too, but it has to be there to be taken.
+TEST(IniSchreiben, WritesNoLevelThatTheEditorDidNotGive)
+{
+    UnreadableLevel edited{"_servo_para_", 1};
+    edited.editor("MIN") = 2.0;
+    edited.lose("PASS");
+    edited.leave();
+    EXPECT_EQ(edited.stored(), basic::Variant{"all"});
 }
 
 TEST(IniSchreiben, ReportsADatabaseThatRefusesUpdatesAndGoesOn)
