@@ -50,8 +50,8 @@ struct SeitenWahl {
 // What the operator is doing; all Booleans -1 and 0.
 struct Bearbeitung {
     basic::CheckedArray<bool, 50, 1> Marken; // by field number: changed or touched, not yet written
-    // By field number: the input shows a value of this servo, read from the machine or entered. What a failed read leaves
-    // standing may be another servo's and is never written.
+    // By field number, of drawing numbers by item: the input shows a value of this servo, read from the machine or entered.
+    // What a failed read leaves standing may be another servo's and is never written.
     basic::CheckedArray<bool, 50, 1> Gezeigt;
     std::int16_t Geaendert = 0; // there are changes not yet written
     std::int16_t Bestaetigen = 0; // keys 10 and 11 stand for confirm and cancel

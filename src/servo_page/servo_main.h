@@ -153,7 +153,8 @@ private:
     void sollwerteSchreiben(basic::StatementTrap& trap, std::string_view familie, FeldBereich felder);
     void schalterSchreiben(basic::StatementTrap& trap);
     void zeichnungenSchreiben(basic::StatementTrap& trap);
-    void nurGezeigtes(std::int16_t feld); // basic::Error when the input shows nothing of this servo
+    // basic::Error when the input, a field or a drawing item, shows nothing of this servo.
+    void nurGezeigtes(std::int16_t eingabe);
     double gezeigteZeichnung(std::int16_t feld);
     void sollwertDarstellen(basic::StatementTrap& trap, std::int16_t feld, bool frei, bool markenBehalten);
     void zeichnungDarstellen(basic::StatementTrap& trap, std::int16_t feld, bool frei, bool markenBehalten);

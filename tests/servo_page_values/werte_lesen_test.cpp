@@ -163,12 +163,28 @@ put ServoMain.SollwertR(24).21 = ""
 )"}}));
 }
 
-TEST(WerteLesen, DoesNotTakeAnEmptySwitchWordForZero)
+// A value that the machine holds and that is Empty is a value; only a failed read leaves the switches as they are.
+TEST(WerteLesen, ShowsAnEmptySwitchWordAsZero)
 {
     Page page;
     page.world().variables.set(variable("_servo_schalt_"), basic::Variant{});
-    EXPECT_EQ(holding(page.run("timer\n"), "put ServoMain.Schalter"), "");
-    EXPECT_EQ(page.state("ServoMain.SchalterR(33).0x68030000"), "4");
+    EXPECT_EQ(page.run("timer\n"),
+        "> timer\n" + refresh({}, {{"_servo_schalt_", "read " + variable("_servo_schalt_") + R"( = empty
+put ServoMain.SchalterL(31).0x68030000 = 0
+put ServoMain.SchalterL(32).0x68030000 = 0
+put ServoMain.SchalterR(33).0x68030000 = 0
+put ServoMain.SchalterR(34).0x68030000 = 0
+)"}}));
+}
+
+TEST(WerteLesen, ShowsAnEmptyFaultTextAsNone)
+{
+    Page page;
+    page.run("key 10\n");
+    page.world().variables.set(variable("_fetext_", "1"), basic::Variant{});
+    const std::string trace = page.run("timer\n");
+    EXPECT_EQ(holding(trace, "Fehlertext"), "put ServoMain.Fehlertext.Caption = \"\"\n");
+    EXPECT_EQ(holding(trace, "error "), "");
 }
 
 struct Word {

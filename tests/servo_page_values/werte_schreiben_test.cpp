@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <ostream>
 #include <string>
+#include <tuple>
 
 namespace servopanel::servo_page::tests {
 namespace {
@@ -67,6 +68,63 @@ TEST(WerteSchreiben, KeepsADrawingNumberOfWhichOnlyAPartWasEverShown)
     page.run("touch ZeichnungL 43\nmask 7\nfail none\n");
     EXPECT_EQ(beginning(page.run("key 10\n"), {"write " + variable("_servo_zeich_")}),
         "write " + variable("_servo_zeich_") + " = [123456789, 7000012]\n");
+}
+
+TEST(WerteSchreiben, KeepsADrawingNumberWhoseThirdPartWasOnlyTouched)
+{
+    Page page{"fail read " + variable("_servo_zeich_") + "\n"};
+    page.run("touch ZeichnungL 41\nmask 12\ntouch ZeichnungL 43\nmask 3\ntouch ZeichnungL 45\nmask cancel\n"
+             "fail none\n");
+    const std::string trace = page.run("key 10\n");
+    EXPECT_EQ(beginning(trace, {"write " + variable("_servo_zeich_")}),
+        "write " + variable("_servo_zeich_") + " = [123456789, 7000012]\n");
+    EXPECT_EQ(count(trace, "error 13 \"Ma WerteSchreiben\""), 1U);
+}
+
+// The operator has seen and confirmed the whole number, wherever the machine's is.
+TEST(WerteSchreiben, WritesADrawingNumberThatWasEnteredInFull)
+{
+    for (const auto& [half, item, written] :
+        {std::tuple{"L", 41, "[12030045, 7000012]"}, std::tuple{"R", 42, "[123456789, 12030045]"}}) {
+        Page page{"fail read " + variable("_servo_zeich_") + "\n"};
+        int part = item;
+        for (const char* number : {"12", "3", "45"}) {
+            page.run(std::string{"touch Zeichnung"} + half + " " + std::to_string(part) + "\nmask " + number
+                + "\n");
+            part += 2;
+        }
+        page.run("fail none\n");
+        const std::string trace = page.run("key 10\n");
+        EXPECT_EQ(beginning(trace, {"write " + variable("_servo_zeich_")}),
+            "write " + variable("_servo_zeich_") + " = " + written + "\n");
+        EXPECT_EQ(holding(trace, "error "), "");
+    }
+}
+
+// Another servo's parts stand there; a new servo has to be entered in full again.
+TEST(WerteSchreiben, ForgetsTheEnteredPartsWithTheirServo)
+{
+    const std::string zeich = variable("_servo_zeich_", {}, "5");
+    Page page{"fail read " + variable("_servo_zeich_") + "\nfail read " + zeich + "\n"};
+    page.run("touch ZeichnungL 41\nmask 12\ntouch ZeichnungL 43\nmask 3\nkey 11\nkey 6\n");
+    page.run("touch ZeichnungL 45\nmask 45\nfail none\n");
+    EXPECT_EQ(beginning(page.run("key 10\n"), {"write " + zeich}), "write " + zeich + " = [0, 0]\n");
+}
+
+// Empty is what the machine held, and the input shows it.
+TEST(WerteSchreiben, WritesAnEmptyValueAsItStands)
+{
+    Page page;
+    const basic::Variant held{
+        basic::Array{basic::VariantType::Variant, 0, {basic::Variant{}, 2.0, 3.0, 4.0}}};
+    page.world().variables.set(variable("_servo_para2_"), held);
+    page.run("timer\ntouch SollwertL 22\nmask 25\ntouch SollwertL 21\nmask cancel\n");
+    page.world().variables.set(
+        variable("_servo_para2_"), basic::Array{basic::VariantType::Variant, 0, {1.0, 2.0, 3.0, 4.0}});
+    const std::string trace = page.run("key 10\n");
+    EXPECT_EQ(holding(trace, "write " + variable("_servo_para2_")),
+        "write " + variable("_servo_para2_") + " = [empty, 25, 3, 4]\n");
+    EXPECT_EQ(holding(trace, "error "), "");
 }
 
 // Whatever state it stands in, nobody has seen the machine's.

@@ -39,7 +39,10 @@ void ServoMain::geändertFärben(basic::StatementTrap& trap)
     const std::int16_t item = zustand_.bearbeitung.AktiveZeichnung;
     if (!trap.condition([&] { return platform::Eingabemaske{kind("Eingabemaske")}.Offen(); })) return;
     if (istZeichnung(item))
-        trap([&] { platform::Textanzeige{kind(zeichnungName(item), item)}.Farbe(farben::Grün); });
+        trap([&] {
+            zustand_.bearbeitung.Gezeigt[item] = true;
+            platform::Textanzeige{kind(zeichnungName(item), item)}.Farbe(farben::Grün);
+        });
     else if (istSollwert(sollwert))
         trap([&] {
             zustand_.bearbeitung.Gezeigt[sollwert] = true;

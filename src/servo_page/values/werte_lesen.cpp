@@ -10,6 +10,8 @@
 #include "servo_page/values/gelesen.h"
 #include "servo_page/values/zeichnungsnummer.h"
 
+#include <optional>
+
 namespace servopanel::servo_page {
 
 void ServoMain::WerteLesen(bool nurAuffrischen)
@@ -91,13 +93,13 @@ void ServoMain::grenzenLesen(
 
 void ServoMain::schalterLesen(basic::StatementTrap& trap)
 {
-    basic::Variant wort;
+    std::optional<basic::Variant> wort;
     trap([&] { wort = display::ReadValue(module_.umfeld, servoVariable(familien::Schalter)); });
     for (std::int16_t feld = 31; feld <= 34; ++feld) {
         if (zustand_.bearbeitung.Marken[feld]) continue;
         trap([&] {
             platform::Schalter{kind(schalterName(feld), feld)}.Zustand(
-                gelesenesWort(wort) & bitGewicht(feld));
+                basic::toInt32(gelesen(wort)) & bitGewicht(feld));
             zustand_.bearbeitung.Gezeigt[feld] = true;
         });
     }
@@ -115,13 +117,13 @@ void ServoMain::zeichnungenLesen(basic::StatementTrap& trap)
             const ZeichnungsTeile zerlegt =
                 zeichnungZerlegen(basic::toDouble(basic::element(nummern, feld - 41)));
             teile = basic::doubles({zerlegt.begin(), zerlegt.end()});
-            zustand_.bearbeitung.Gezeigt[feld] = true;
         });
         for (const std::int16_t item : zeichnungsItems(feld)) {
             trap([&] {
                 const basic::Variant& teil = basic::element(teile, zeichnungsTeil(item));
                 platform::Textanzeige{kind(zeichnungName(item), item)}.Text(
                     basic::Format(teil, zeichnungsMuster(item)));
+                zustand_.bearbeitung.Gezeigt[item] = true;
             });
         }
     }
@@ -142,7 +144,7 @@ void ServoMain::diagnoseLesen(basic::StatementTrap& trap)
         });
     }
 
-    basic::Variant fehlertext;
+    std::optional<basic::Variant> fehlertext;
     trap(
         [&] { fehlertext = display::ReadValue(module_.umfeld, servoVariable(familien::Fehlertext, seite)); });
     trap([&] { platform::Label{kind("Fehlertext")}.Caption(basic::toText(gelesen(fehlertext))); });

@@ -50,7 +50,7 @@ void ServoMain::sollwerteSchreiben(basic::StatementTrap& trap, std::string_view 
         trap([&] {
             nurGezeigtes(feld);
             const basic::Variant wert = platform::Sollwert{kind(sollwertName(feld), feld)}.Wert();
-            basic::setElement(werte, feld - felder.erstes, gelesen(wert));
+            basic::setElement(werte, feld - felder.erstes, wert);
         });
     }
     trap([&] {
@@ -87,10 +87,7 @@ void ServoMain::zeichnungenSchreiben(basic::StatementTrap& trap)
     trap([&] { nummern = display::ReadValue(module_.umfeld, servoVariable(familien::Zeichnung)); });
     for (std::int16_t feld = 41; feld <= 42; ++feld) {
         if (!zustand_.bearbeitung.Marken[feld]) continue;
-        trap([&] {
-            nurGezeigtes(feld);
-            basic::setElement(nummern, feld - 41, gezeigteZeichnung(feld));
-        });
+        trap([&] { basic::setElement(nummern, feld - 41, gezeigteZeichnung(feld)); });
     }
     trap([&] {
         const basic::Variant& ganz = geleseneFamilie(nummern);
@@ -100,16 +97,17 @@ void ServoMain::zeichnungenSchreiben(basic::StatementTrap& trap)
 
 // DEVIATION: a touched input that shows nothing of this servo keeps the machine's value instead of passing on what it
 // happens to show.
-void ServoMain::nurGezeigtes(std::int16_t feld)
+void ServoMain::nurGezeigtes(std::int16_t eingabe)
 {
-    if (!zustand_.bearbeitung.Gezeigt[feld]) basic::raise(basic::ErrorNumber::TypeMismatch);
+    if (!zustand_.bearbeitung.Gezeigt[eingabe]) basic::raise(basic::ErrorNumber::TypeMismatch);
 }
 
-// The number that the three items of field 41 or 42 show.
+// The number that the three items of field 41 or 42 show. One that stands there from another servo spoils it all.
 double ServoMain::gezeigteZeichnung(std::int16_t feld)
 {
     ZeichnungsTeile teile{};
     for (const std::int16_t item : zeichnungsItems(feld)) {
+        nurGezeigtes(item);
         teile[static_cast<std::size_t>(zeichnungsTeil(item))] =
             basic::Val(platform::Textanzeige{kind(zeichnungName(item), item)}.Text());
     }
