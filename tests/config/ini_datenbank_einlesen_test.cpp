@@ -121,6 +121,25 @@ TEST_F(IniDatenbankEinlesen, ReportsADatabaseThatCannotBeOpenedOnce)
     EXPECT_EQ(reports(), (Reports{{3024, "INI_Datenbank_Einlesen"}}));
 }
 
+TEST_F(IniDatenbankEinlesen, ReportsAMissingEngineOnceAndAsksForItAgain)
+{
+    row("M1", "a", 1);
+    surround.world().fail("create DBEngine", 1);
+    EXPECT_EQ(read(), 0);
+    EXPECT_EQ(reports(), (Reports{{1000, "INI_Datenbank_Einlesen"}}));
+    EXPECT_TRUE(surround.logged("db").empty());
+    EXPECT_EQ(read(), 1);
+    EXPECT_EQ(reports().size(), 1U);
+}
+
+TEST_F(IniDatenbankEinlesen, ReportsAFailedClosingAndKeepsWhatItRead)
+{
+    row("M1", "a", 1);
+    surround.world().fail("db close");
+    EXPECT_EQ(read(), 1);
+    EXPECT_EQ(reports(), (Reports{{1000, "INI_Datenbank_Einlesen"}}));
+}
+
 TEST_F(IniDatenbankEinlesen, TellsTheOperatorAboutAMissingFileToo)
 {
     surround.world().existing.clear();

@@ -124,12 +124,23 @@ TEST_F(LoadIniString, IsEmptyWhenAbsentOrEmptyWithAMessageOnlyWhenAsked)
     EXPECT_EQ(shown().size(), 2U);
 }
 
-TEST_F(LoadIniString, IsEmptyAfterAFailedLookUp)
+TEST_F(LoadIniString, IsEmptyAfterAFailedLookUpAndTellsTheOperatorWhenAsked)
 {
     entry("ws");
     surround.world().fail("profile P:\\Parameter\\Program.ini");
     EXPECT_EQ(load(false), "");
     EXPECT_EQ(reports(), (Reports{{1000, "LoadIniString"}}));
+    EXPECT_TRUE(shown().empty());
+    EXPECT_EQ(load(true), "");
+    EXPECT_EQ(reports().size(), 2U);
+    EXPECT_EQ(shown(), notFound);
+}
+
+TEST_F(LoadIniString, TakesANameUnchangedWhenToldTo)
+{
+    surround.world().profiles["D:\\x.ini"]["[S] e"] = "TRUE";
+    EXPECT_EQ(service.LoadIniString("S", "e", "D:\\x.ini", false, true), "TRUE");
+    EXPECT_EQ(surround.world().log, Texts{"profile D:\\x.ini"});
 }
 
 TEST_F(LoadIniBoolean, KnowsTrueAndFalseInAnyCase)
@@ -166,6 +177,17 @@ TEST_F(LoadIniBoolean, ReportsUnderItsOwnName)
     surround.world().fail("profile P:\\Parameter\\Program.ini");
     EXPECT_FALSE(load(false));
     EXPECT_EQ(reports(), (Reports{{1000, "LoadIniBoolean"}}));
+    EXPECT_TRUE(shown().empty());
+    EXPECT_FALSE(load(true));
+    EXPECT_EQ(reports().size(), 2U);
+    EXPECT_EQ(shown(), notFound);
+}
+
+TEST_F(LoadIniBoolean, TakesANameUnchangedWhenToldTo)
+{
+    surround.world().profiles["D:\\x.ini"]["[S] e"] = "TRUE";
+    EXPECT_TRUE(service.LoadIniBoolean("S", "e", "D:\\x.ini", false, true));
+    EXPECT_EQ(surround.world().log, Texts{"profile D:\\x.ini"});
 }
 
 } // namespace

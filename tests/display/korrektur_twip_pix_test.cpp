@@ -63,6 +63,12 @@ TEST_F(KorrekturTwipPix, ReportsADesignValueOf0AndGivesZeroInEitherDirection)
     EXPECT_EQ(surround.reports().size(), 3U);
 }
 
+TEST_F(KorrekturTwipPix, ReportsEachDirectionOfADesignWithoutPixels)
+{
+    EXPECT_EQ(global.KorrekturTwipPix(100, true, 0, 0), 0);
+    EXPECT_EQ(surround.reports(), (Reports{{11, "KorrekturTwipPix"}, {11, "KorrekturTwipPix"}}));
+}
+
 TEST_F(KorrekturTwipPix, ReportsAResultBeyond16BitsAndGivesZero)
 {
     EXPECT_EQ(global.KorrekturTwipPix(32767, true, 15, 15), 32760);

@@ -42,6 +42,14 @@ TEST_F(LadeBild, ResolvesTheNameAgainForTheMessage)
     EXPECT_TRUE(surround.reports().empty());
 }
 
+TEST_F(LadeBild, TellsAboutAPictureWithoutAPathToo)
+{
+    surround.world().fail("create PathHelper");
+    EXPECT_EQ(global.LadeBild("a.bmp"), nullptr);
+    EXPECT_EQ(surround.platform.shown, Texts{"Picture '' can not be loaded !"});
+    EXPECT_TRUE(surround.reports().empty());
+}
+
 TEST_F(LadeBild, StaysSilentWhenEvenTheMessageFails)
 {
     surround.world().fail("message");

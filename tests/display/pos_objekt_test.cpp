@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace {
 
 using namespace servopanel;
@@ -76,6 +78,54 @@ TEST_F(PosObjekt, CountsPixelsOf12TwipsBySquaringThem)
     label.properties["HEIGHT"] = 1000.0F; // 750 twips in steps of 9.6: 78
     global.PosObjekt(label, {});
     EXPECT_EQ(label.puts().front(), "Height = 936");
+}
+
+TEST_F(PosObjekt, CountsEachDirectionInItsOwnPixels)
+{
+    panel(1024, 0.8F, 0.75F);
+    surround.zustand.TwipsProPixelX = 12; // steps of 9.6
+    label.properties["WIDTH"] = 1510.0F;
+    global.PosObjekt(label, {});
+    EXPECT_EQ(label.puts(), (Texts{"Height = 225", "Left = 144", "Top = 45", "Width = 1500"}));
+}
+
+TEST_F(PosObjekt, ScalesForAPanelOfAnotherWidthThanTheDesignOnly)
+{
+    panel(1024, 0.8F, 0.75F);
+    global.PosObjekt(label, {.schriftAnpassen = true, .entwurfsBreite = 1024});
+    EXPECT_EQ(label.puts(), Texts{"Font.Size = 12"});
+    label.crossings.clear();
+    panel(1280, 1.0F, 1.0F);
+    global.PosObjekt(label, {.entwurfsBreite = 1024});
+    EXPECT_EQ(label.puts(), (Texts{"Height = 300", "Left = 150", "Top = 75", "Width = 1500"}));
+}
+
+TEST_F(PosObjekt, TakesTheSmallestFontFromItsCaller)
+{
+    panel(800, 0.625F, 0.5859375F); // 12 points become 7.03
+    for (const auto& [smallest, size] : {std::pair{7, "Font.Size = 7"}, std::pair{10, "Font.Size = 10"}}) {
+        label.crossings.clear();
+        label.properties["FONT.SIZE"] = 12.0F;
+        global.PosObjekt(label,
+            {.höhe = 1,
+                .links = 1,
+                .oben = 1,
+                .breite = 1,
+                .schriftAnpassen = true,
+                .kleinsteSchrift = static_cast<std::int16_t>(smallest)});
+        EXPECT_EQ(label.puts().front(), size);
+    }
+}
+
+TEST_F(PosObjekt, TakesTheDesignsTwipsOfEachDirectionFromItsCaller)
+{
+    panel(1024, 0.8F, 0.75F);
+    FakeControl other{"Label"};
+    other.properties = label.properties;
+    global.PosObjekt(label, {.entwurfTwipsX = 12}); // steps of 18.75: 6.4 and 64
+    EXPECT_EQ(label.puts(), (Texts{"Height = 225", "Left = 90", "Top = 45", "Width = 960"}));
+    global.PosObjekt(other, {.entwurfTwipsY = 12}); // 12 and 3
+    EXPECT_EQ(other.puts(), (Texts{"Height = 180", "Left = 120", "Top = 45", "Width = 1200"}));
 }
 
 TEST_F(PosObjekt, ScalesTheFontButNotBelowTheSmallest)

@@ -52,6 +52,21 @@ TEST_F(ServoEreignisse, PassALanguageToTheVisibleChildOnly)
         "put ServoMenu.SpracheGeandert = 1\n");
 }
 
+// The servo is not forgotten on the way to the menu.
+TEST_F(ServoEreignisse, BringThePageOverTheMenuWhenTheControlIsShownAgain)
+{
+    pageOpened();
+    run("key! 11");
+    run("show");
+    EXPECT_EQ(replay.lines({"put ServoMain.Visible", "put ServoMenu.Visible", "put ServoMain.BildShow",
+                  "put ServoMenu.BildShow"}),
+        "put ServoMain.BildShow = true\nput ServoMain.Visible = true\n");
+    // Both are visible now, so both are told.
+    run("language 2");
+    EXPECT_EQ(replay.lines({"put ServoMain.SpracheGeandert", "put ServoMenu.SpracheGeandert"}),
+        "put ServoMain.SpracheGeandert = 2\nput ServoMenu.SpracheGeandert = 2\n");
+}
+
 TEST_F(ServoEreignisse, LeaveBothChildrenInvisibleUntilOneIsReady)
 {
     run(menuProject(2));

@@ -201,13 +201,39 @@ TEST_F(UserControlInitialize, UsesAMissingEntryAsServoNumberMinusOne)
     EXPECT_NE(replay.lines("read Ch1.M1_T_servo_-1<.mM1_servopassiv_-1> failed"), "");
 }
 
-TEST_F(UserControlInitialize, ReportsTheFiftyFirstServo)
+TEST_F(UserControlInitialize, TakesFiftyServos)
+{
+    run(menuProject(50));
+    run("create");
+    EXPECT_EQ(replay.lines("error"), "");
+    run("show");
+    EXPECT_EQ(
+        replay.lines("put ServoMenu.ScrollBar.0x68030002"), "put ServoMenu.ScrollBar.0x68030002 = 26\n");
+}
+
+// Its number, its second diagnosis page, its picture and the test of that; it is counted all the same.
+TEST_F(UserControlInitialize, ReportsTheFiftyFirstServoAndReadsNothingOfIt)
 {
     run(menuProject(51));
     run("create");
-    const std::string errors = replay.lines("error");
+    const std::string outside = "error 9 \"UserControl_Initialize\" \"Subscript out of range\"\n";
+    EXPECT_EQ(replay.lines("error"), outside + outside + outside + outside);
+    EXPECT_EQ(replay.lines({"profile Parameter\\Program.ini [1Machine] Diag2Servo51",
+                  "profile Parameter\\Program.ini [1Machine] ServoPic51"}),
+        "");
+    run("show");
     EXPECT_EQ(
-        errors.substr(0, errors.find('\n')), "error 9 \"UserControl_Initialize\" \"Subscript out of range\"");
+        replay.lines("put ServoMenu.ScrollBar.0x68030002"), "put ServoMenu.ScrollBar.0x68030002 = 27\n");
+}
+
+TEST_F(UserControlInitialize, AsksForNoEntryWithAMessage)
+{
+    created(programIni("Servo1=1\n", ""));
+    EXPECT_EQ(replay.lines({"profile Parameter\\Program.ini [Project] ServoWithMenu",
+                  "profile Parameter\\Program.ini [1Machine] Servo2"}),
+        "profile Parameter\\Program.ini [1Machine] Servo2 = \"\"\n"
+        "profile Parameter\\Program.ini [Project] ServoWithMenu = \"\"\n");
+    EXPECT_EQ(replay.lines("message \"File"), "");
 }
 
 TEST_F(UserControlInitialize, PutsTheMachineIntoFileNamesOnlyByOption)
@@ -218,20 +244,104 @@ TEST_F(UserControlInitialize, PutsTheMachineIntoFileNamesOnlyByOption)
     EXPECT_EQ(replay.lines("picture Servo\\Servo_"), "picture Servo\\Servo_M1_1_1280.gif\n");
 }
 
-// Each variable of the start in turn: its failure is reported once and nothing else is lost.
+TEST_F(UserControlInitialize, TakesTheMachineOutOfFileNamesWithoutTheOption)
+{
+    run(menuProject(1) + programIni("Servo1=1\n", "ServoWithMenu=TRUE\nServoWithMachineType=1\n"));
+    run("create\nterminate");
+    run(programIni("Servo1=1\n") + "create\nshow");
+    EXPECT_EQ(replay.lines("picture Servo\\Servo_"), "picture Servo\\Servo_1_1280.gif\n");
+}
+
+TEST_F(UserControlInitialize, StartsACountdownThatCannotBeReadAtOne)
+{
+    created("var parameter<.mit_navi> = true\nvar Ch-1.intern<.navi_password_countdown> = 7\n"
+            "fail read Ch-1.intern<.navi_password_countdown>\n");
+    EXPECT_EQ(replay.lines({"write Ch-1.intern<.navi", "error"}),
+        "error -2147467259 \"UserControl_Initialize\" \"Variable 'Ch-1.intern<.navi_password_countdown>' "
+        "cannot be read\"\nwrite Ch-1.intern<.navi_password_countdown> = 1\n");
+}
+
+// Only three panel sizes have a height; the factor stays 0 and the scaled heights with it.
+TEST_F(UserControlInitialize, GivesAPanelOfAnotherWidthNoHeight)
+{
+    created("var parameter<.aufloesung> = 900\n");
+    EXPECT_EQ(replay.lines({"put Servo.", "put Header"}),
+        "put Servo.Height = 0\nput Servo.Width = 13500\nput Header.Height = 0\nput Header.Left = 0\n"
+        "put Header.Top = 0\nput Header.Width = 13500\n");
+    EXPECT_EQ(replay.lines("error").find("UserControl_Initialize"), std::string::npos);
+}
+
+namespace {
+
+// Reports of the start among the errors of a trace.
+std::size_t reportsOfTheStart(const std::string& errors)
+{
+    std::size_t found = 0;
+    for (std::size_t at = errors.find("\"UserControl_Initialize\""); at != std::string::npos;
+         at = errors.find("\"UserControl_Initialize\"", at + 1))
+        ++found;
+    return found;
+}
+
+} // namespace
+
+// Each variable of the start in turn: its failure and what depends on it is reported, and nothing else is lost.
 TEST_F(UserControlInitialize, GoesOnAfterEachFailure)
 {
-    const std::string variables[]{"Ch-1.intern<.aktuelle_maschine>", "parameter<.maschinenbez_1>",
-        "parameter<.servo_anzahl_1>", "parameter<.mit_navi>", "Ch-1.intern<.passwort>",
-        "Ch-1.intern<.servo_zeiger>"};
-    for (const std::string& variable : variables) {
+    struct Row {
+        const char* variable;
+        std::size_t reports;
+    };
+    // Without the number of the machine its designation and its servos are unknown, too; without a designation each
+    // servo's flag.
+    const Row rows[]{{"Ch-1.intern<.aktuelle_maschine>", 3}, {"parameter<.maschinenbez_1>", 3},
+        {"parameter<.servo_anzahl_1>", 1}, {"parameter<.mit_navi>", 1}, {"Ch-1.intern<.passwort>", 1},
+        {"Ch-1.intern<.servo_zeiger>", 1}};
+    for (const Row& row : rows) {
         recording::Replay panel;
-        panel.run(menuProject(2) + "fail read " + variable + "\n");
+        panel.run(menuProject(2) + "fail read " + row.variable + "\n");
         panel.run("create");
-        const std::string errors = panel.lines("error");
-        EXPECT_NE(errors.find("\"UserControl_Initialize\""), std::string::npos) << variable;
-        EXPECT_EQ(panel.lines("put ServoMenu.BildInit"), "put ServoMenu.BildInit = true\n") << variable;
+        EXPECT_EQ(reportsOfTheStart(panel.lines("error")), row.reports) << row.variable;
+        EXPECT_EQ(panel.lines("put ServoMenu.BildInit"), "put ServoMenu.BildInit = true\n") << row.variable;
     }
+}
+
+TEST_F(UserControlInitialize, BuildsNamesFromZeroWhenTheMachineIsUnknown)
+{
+    created("fail read Ch-1.intern<.aktuelle_maschine>\n");
+    EXPECT_EQ(replay.lines({"read Ch-1.intern<.akt", "read parameter<.masch", "read parameter<.servo",
+                  "read parameter<.mit", "profile"}),
+        "read Ch-1.intern<.aktuelle_maschine> failed\n"
+        "read parameter<.maschinenbez_0> failed\n"
+        "read parameter<.servo_anzahl_0> failed\n"
+        "read parameter<.mit_navi> = false\n"
+        "profile Parameter\\Program.ini [Project] ServoWithMachineType = \"\"\n"
+        "profile Parameter\\Program.ini [Project] ServoWithFault = \"\"\n"
+        "profile Parameter\\Program.ini [Project] ServoWithMenu = \"TRUE\"\n");
+}
+
+// The shared state outlives its control, so what cannot be read is as it was.
+TEST_F(UserControlInitialize, KeepsTheValuesOfTheControlBeforeWhenTheyCannotBeRead)
+{
+    run(standardProject);
+    run("var Ch-1.intern<.servo_zeiger> = 2\ncreate\nterminate");
+    run("fail read Ch-1.intern<.servo_zeiger>\nfail read parameter<.maschinenbez_1>\n"
+        "fail read parameter<.servo_anzahl_1>\ncreate");
+    EXPECT_EQ(replay.lines({"read Ch1", "put ServoMain.BildInit"}),
+        "read Ch1.M1_T_servo_3<.mM1_servopassiv_3> = false\nread Ch1.M1_T_servo_5<.mM1_servopassiv_5> = "
+        "false\n"
+        "read Ch1.M1_T_servo_7<.mM1_servopassiv_7> = false\nput ServoMain.BildInit = true\n");
+    run("show");
+    EXPECT_EQ(replay.lines("write Ch-1.intern<.servo_zeiger>"), "write Ch-1.intern<.servo_zeiger> = 2\n");
+}
+
+TEST_F(UserControlInitialize, KeepsTheAccessLevelOfTheControlBeforeWhenItCannotBeRead)
+{
+    run(standardProject);
+    run("create\nterminate");
+    run("fail read Ch-1.intern<.passwort>\ncreate\nshow");
+    EXPECT_EQ(replay.lines("call ServoMenu.Fußzeile.0x68030007(3"),
+        "call ServoMenu.Fußzeile.0x68030007(3, \"Standard\\F_Pass_2_1280.gif\")\n");
 }
 
 } // namespace servopanel::testing
