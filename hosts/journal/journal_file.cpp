@@ -77,6 +77,9 @@ std::string JournalFile::open()
     if (isInPlace()) return {};
     file_ = {};
     lock_ = {};
+    std::error_code code;
+    if (!fs::is_directory(settings_.folder, code))
+        return problemOf(settings_.folder, code ? portable::reasonText(code) : "it is no folder");
     const fs::path lock = settings_.folder / "journal.lock";
     lock_ = opened(lock, O_RDWR | O_CREAT);
     if (!lock_.isOpen()) return failed(lock);

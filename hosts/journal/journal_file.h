@@ -38,6 +38,8 @@ public:
     // when all is well.
     std::string append(const std::vector<std::string>& lines);
 
+    const std::filesystem::path& folder() const { return settings_.folder; }
+
     // Lines that were found torn at the end of the file, since the start.
     int tornLines() const { return torn_; }
 

@@ -69,6 +69,15 @@ JournaledVariables::JournaledVariables(
 {
 }
 
+void JournaledVariables::open() noexcept
+try {
+    append({});
+} catch (const basic::Error& error) {
+    tell(error.description);
+} catch (const std::exception& error) {
+    tell(error.what());
+}
+
 Variant JournaledVariables::ReadValue(std::string_view name)
 {
     Variant value = inner_->ReadValue(name);
@@ -156,7 +165,7 @@ void JournaledVariables::append(const std::vector<std::string>& lines)
 void JournaledVariables::tell(std::string_view problem) noexcept
 try {
     if (std::exchange(troubled_, true)) return;
-    context_.trouble(std::string{"The journal of writes cannot be written: "}.append(problem));
+    context_.trouble(std::string{problem});
 } catch (const basic::Error&) {
 } catch (const std::exception&) {
 }

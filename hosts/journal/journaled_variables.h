@@ -20,7 +20,7 @@ std::int64_t systemTime(); // ms since 1970, UTC
 struct JournalContext {
     std::function<std::string()> panel; // its name
     std::function<std::int16_t()> level; // the user's
-    // Takes a sentence when the journal begins to fail, and not again before it has worked in between.
+    // Takes why the journal cannot be kept when it begins to fail, and not again before it has worked in between.
     std::function<void(const std::string&)> trouble;
     std::function<std::int64_t()> now = systemTime;
 };
@@ -32,6 +32,9 @@ public:
     // The file lives at least as long.
     JournaledVariables(
         std::shared_ptr<platform::ProcessVarAccess> inner, JournalFile& file, JournalContext context);
+
+    // Whether writes can be kept is told at once, and not only with the first of them.
+    void open() noexcept;
 
     basic::Variant ReadValue(std::string_view name) override;
     void WriteValue(std::string_view name, const basic::Variant& value) override;

@@ -75,6 +75,7 @@ enum class PanelText {
     NoScreen, // before its number; this and the following stand in the list of reports
     NoFile, // behind the file's name
     NoTrace, // before the file's name
+    NoJournal, // before the file's name and the reason
     ReadAnewLater,
     NotReadAnew,
 };

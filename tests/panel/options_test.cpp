@@ -31,6 +31,18 @@ TEST(ParseOptions, SaysWhatIsWrong)
     EXPECT_EQ(parseOptions({"a", "--colour", "x"}).problem, "unknown option --colour");
 }
 
+TEST(ParseOptions, APanelHasANameAndAJournal)
+{
+    EXPECT_EQ(parseOptions({"demo"}).settings.name, nameOfComputer());
+    EXPECT_EQ(parseOptions({"demo"}).settings.journal, "");
+    const Options options = parseOptions({"demo", "--journal", "/srv/journal", "--name=north"});
+    EXPECT_EQ(options.problem, "");
+    EXPECT_EQ(options.settings.journal, "/srv/journal");
+    EXPECT_EQ(options.settings.name, "north");
+    EXPECT_EQ(parseOptions({"demo", "--journal="}).problem, "--journal takes a folder, not ''");
+    EXPECT_EQ(parseOptions({"demo", "--name="}).problem, "--name takes the name of this panel, not ''");
+}
+
 TEST(ParseOptions, HelpNeedsNoProject)
 {
     EXPECT_TRUE(parseOptions({"--help"}).help);

@@ -14,6 +14,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 namespace servopanel::testing {
 
 using basic::Variant;
@@ -37,7 +39,9 @@ constexpr int refreshMs = 700; // the page has refreshed its values once meanwhi
 // The page of servo 3, over variables that fail as a test wishes.
 class ServoPageTest : public ::testing::Test {
 protected:
-    explicit ServoPageTest(int resolution = 1280)
+    // adjust: of the settings that the panel is made with.
+    explicit ServoPageTest(
+        int resolution = 1280, const std::function<void(panel::PanelSettings&)>& adjust = {})
     {
         panel::PanelSettings settings = project_.settings();
         settings.resolution = resolution;
@@ -45,6 +49,7 @@ protected:
             flaky_ = std::make_shared<FlakyVariables>(std::move(inner));
             return flaky_;
         };
+        if (adjust) adjust(settings);
         panel_ = std::make_unique<Panel>(settings);
         reader_ = std::make_unique<MessageReader>(*panel_);
         panel_->window().show();

@@ -1,7 +1,10 @@
 // A project that is changed while the panel runs.
 #include "panel/program/session.h"
 
+#include "journal/journal_reader.h"
 #include "panel/program/reload_request.h"
+#include "portable/temporary_folder.h"
+#include "support/full_disk.h"
 #include "support/standard_project.h"
 #include "test_project.h"
 
@@ -99,6 +102,36 @@ TEST_F(SessionTest, ComesBackToTheServoWithItsValues)
     ASSERT_TRUE(reloads());
     EXPECT_EQ(session_->panel().shownPart()->className(), "ServoMain");
     EXPECT_EQ(*session_->panel().variables().find(setpoints), written);
+}
+
+TEST_F(SessionTest, TheJournalGoesOn)
+{
+    session_.reset();
+    const servopanel::tests::TemporaryFolder folder;
+    panel::PanelSettings settings = project_.settings();
+    settings.journal = folder.path();
+    start(settings);
+    const auto confirm = [&](const char* number) {
+        hands_->input("SollwertL", 1);
+        hands_->type(number);
+        hands_->ok();
+        hands_->footerKey(10);
+    };
+    hands_->menuKey(1);
+    {
+        // What waits while the disk is full survives the panel.
+        const servopanel::testing::FullDisk full;
+        confirm("42.5");
+        ASSERT_TRUE(reloads());
+    }
+    confirm("43.5");
+    const journal::Journal journal = journal::readJournal(folder.path());
+    EXPECT_TRUE(journal.problems.empty());
+    std::string changes;
+    for (const journal::Entry& entry : journal.entries)
+        if (entry.variable == setpoints) changes.append(entry.newValue.dump()).append(" ");
+    EXPECT_EQ(changes, "42.5 43.5 ");
+    EXPECT_FALSE(isReported("another program is writing"));
 }
 
 TEST_F(SessionTest, WaitsUntilChangedValuesAreConfirmed)

@@ -38,8 +38,8 @@ public:
     {
         panel::PanelSettings settings = project.settings();
         settings.resolution = 1280;
+        settings.name = name;
         settings.broker = panel::BrokerSettings{
-            .panel = name,
             .viewing = viewing,
             .makeLink =
                 [this, address, client = "panel-" + name] {

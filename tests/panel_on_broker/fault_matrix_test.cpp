@@ -1,8 +1,5 @@
 // Everything that can go wrong between a panel and its machine, while values are read, edited, confirmed and left.
-#include "line_machine/controller.h"
-#include "line_machine/machine_description.h"
-#include "mqtt/test_net.h"
-#include "panel/servo_page_test.h"
+#include "panel_on_broker/panel_on_broker.h"
 
 #include <algorithm>
 #include <functional>
@@ -14,84 +11,6 @@
 namespace servopanel::testing {
 
 namespace {
-
-constexpr int stepMs =
-    50; // of the panel; three times as many pass for machine and broker, for the sake of time
-constexpr double entered = 42.5;
-
-class PanelOnBroker {
-public:
-    PanelOnBroker()
-    {
-        net.others = [this] { controller->poll(0); };
-        machine::ProjectFile::load(project.file("project.json")).declareVariables(store);
-        controller = std::make_unique<line_machine::Controller>(
-            line_machine::ControllerSettings{.machine = "M1", .epoch = 1'700'000'000'000, .faults = true},
-            line_machine::describeMachine(store, "M1"), store, machineLink, [this] { return net.now; });
-        controller->poll(0);
-        panel::PanelSettings settings = project.settings();
-        settings.resolution = 1280;
-        settings.broker = panel::BrokerSettings{.panel = "P1",
-            .makeLink =
-                [this] {
-                    auto made = std::make_unique<TestLink>(net);
-                    link = made.get();
-                    return made;
-                },
-            .clock = [this] { return net.now; }};
-        panel = std::make_unique<Panel>(settings);
-        reader = std::make_unique<MessageReader>(*panel);
-        panel->window().show();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&panel->window()));
-        panel->openServo();
-        hands = std::make_unique<Operator>(*panel);
-        hands->menuKey(1);
-        wait(refreshMs);
-    }
-
-    // Lets time pass for the machine, the broker and the panel.
-    void wait(int milliseconds)
-    {
-        for (int passed = 0; passed < milliseconds; passed += stepMs) {
-            net.now += 3 * stepMs;
-            controller->poll(0);
-            QTest::qWait(stepMs);
-        }
-    }
-
-    panel::Child& child(std::string_view name, std::int16_t index)
-    {
-        return panel->shownPart()->require<panel::Child>(name, index);
-    }
-    bool isMaskOpen()
-    {
-        return panel->shownPart()->require<panel::EingabemaskeChild>("Eingabemaske").isOpen();
-    }
-    void change()
-    {
-        hands->input("SollwertL", 1);
-        hands->type("42.5");
-        hands->ok();
-    }
-    std::string answer() { return panel->answers().text().toStdString(); }
-    std::vector<double> machineHolds(const std::string& name)
-    {
-        std::vector<double> numbers;
-        for (const Variant& element : store.find(name)->get<basic::Array>()->elements)
-            numbers.push_back(*element.get<double>());
-        return numbers;
-    }
-
-    TestProject project{standardProject};
-    TestNet net;
-    machine::VariableStore store;
-    TestLink machineLink{net};
-    std::unique_ptr<line_machine::Controller> controller;
-    TestLink* link = nullptr; // the panel's
-    std::unique_ptr<Panel> panel;
-    std::unique_ptr<MessageReader> reader;
-    std::unique_ptr<Operator> hands;
-};
 
 struct Fault {
     std::string name;

@@ -2,8 +2,6 @@
 
 #include "mqtt/broker_link.h"
 
-#include <QSysInfo>
-
 #include <charconv>
 #include <memory>
 #include <variant>
@@ -48,8 +46,11 @@ void take(Options& options, const std::string& name, const std::string& value)
     } else if (name == "--tour") {
         options.tour = value;
     } else if (name == "--name") {
-        options.name = value;
-        if (value.empty()) fail("the name of this panel on the broker");
+        options.settings.name = value;
+        if (value.empty()) fail("the name of this panel");
+    } else if (name == "--journal") {
+        options.settings.journal = value;
+        if (value.empty()) fail("a folder");
     } else if (mqtt::BrokerOptions::knows(name)) {
         options.broker.set(name, value);
     } else {
@@ -64,10 +65,9 @@ void takeBroker(Options& options)
         options.problem = *problem;
         return;
     }
-    options.settings.broker = BrokerSettings{.panel = options.name,
-        .viewing = options.viewing,
+    options.settings.broker = BrokerSettings{.viewing = options.viewing,
         .makeLink = [address = std::get<mqtt::BrokerAddress>(address),
-                        client = "panel-" + options.name]() -> std::unique_ptr<mqtt::Link> {
+                        client = "panel-" + options.settings.name]() -> std::unique_ptr<mqtt::Link> {
             return std::make_unique<mqtt::BrokerLink>(
                 mqtt::BrokerLinkSettings{.address = address, .client = client});
         }};
@@ -78,7 +78,6 @@ void takeBroker(Options& options)
 Options parseOptions(const std::vector<std::string>& arguments)
 {
     Options options;
-    options.name = QSysInfo::machineHostName().toStdString();
     for (std::size_t i = 0; i < arguments.size() && options.problem.empty(); ++i) {
         const std::string& argument = arguments[i];
         if (argument == "--help" || argument == "-h") {
@@ -131,10 +130,11 @@ std::string helpText()
            "  --state FOLDER               keep language and servo there and come back to them after a "
            "restart or "
            "a power cut\n"
+           "  --journal FOLDER             keep every write to the machines there, for servo-journal\n"
            "  --broker ADDRESS             the machines are on the broker at HOST[:PORT] or unix:/PATH, not "
            "in the\n"
            "                               panel itself\n"
-           "  --name NAME                  of this panel, its own among all panels of the broker; otherwise "
+           "  --name NAME                  of this panel, its own among all panels of the line; otherwise "
            "the\n"
            "                               computer's\n"
            "  --view-only                  with --broker: shows everything and writes nothing\n"

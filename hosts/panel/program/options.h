@@ -12,7 +12,6 @@ namespace servopanel::panel {
 // What the command line asks for.
 struct Options {
     PanelSettings settings;
-    std::string name; // of this panel on a broker
     mqtt::BrokerOptions broker;
     bool viewing = false; // write nothing
     bool help = false;

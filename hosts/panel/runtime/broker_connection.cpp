@@ -14,12 +14,12 @@ namespace {
 constexpr int periodMilliseconds = 50;
 } // namespace
 
-BrokerConnection::BrokerConnection(const BrokerSettings& settings)
+BrokerConnection::BrokerConnection(const BrokerSettings& settings, const std::string& panel)
     : link_{settings.makeLink()}
     , clock_{settings.clock}
     , machines_{std::make_shared<mqtt::BrokerVariables>(
-          mqtt::BrokerVariablesSettings{.panel = settings.panel, .machines = {}, .viewing = settings.viewing},
-          *link_, settings.clock)}
+          mqtt::BrokerVariablesSettings{.panel = panel, .machines = {}, .viewing = settings.viewing}, *link_,
+          settings.clock)}
 {
 }
 

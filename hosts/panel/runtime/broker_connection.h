@@ -17,7 +17,6 @@ namespace servopanel::panel {
 
 // Where the machines are, when they are not in the panel itself.
 struct BrokerSettings {
-    std::string panel; // name of this panel, its own among all panels of the broker
     bool viewing = false; // it shows everything and writes nothing
     std::function<std::unique_ptr<mqtt::Link>()> makeLink; // throws basic::Error when there can be none
     mqtt::Clock clock = mqtt::steadyClock();
@@ -27,7 +26,8 @@ struct BrokerSettings {
 // thread of the panel.
 class BrokerConnection {
 public:
-    explicit BrokerConnection(const BrokerSettings& settings);
+    // panel: its name, which no other panel of the broker has.
+    BrokerConnection(const BrokerSettings& settings, const std::string& panel);
 
     // own: what describes this panel and stays with it.
     std::shared_ptr<platform::ProcessVarAccess> variables(std::shared_ptr<platform::ProcessVarAccess> own);

@@ -4,6 +4,8 @@
 #include "panel/look/qt_text.h"
 #include "panel/look/touch_size.h"
 
+#include <QSysInfo>
+
 #include <system_error>
 
 namespace servopanel::panel {
@@ -44,6 +46,8 @@ portable::PathMapping mapping(const PanelSettings& settings)
 
 } // namespace
 
+std::string nameOfComputer() { return QSysInfo::machineHostName().toStdString(); }
+
 machine::ProjectFile Panel::loadProject(const std::filesystem::path& folder)
 {
     std::error_code code; // of links that lead in a circle, or folders that are closed to us
@@ -61,7 +65,8 @@ Panel::Panel(PanelSettings settings)
     , file_{settings_.file ? *settings_.file : loadProject(settings_.project)}
     , mapping_{mapping(settings_)}
     , languages_{settings_.project, file_}
-    , connection_{settings_.broker ? std::make_unique<BrokerConnection>(*settings_.broker) : nullptr}
+    , connection_{settings_.broker ? std::make_unique<BrokerConnection>(*settings_.broker, settings_.name)
+                                   : nullptr}
     , watched_{std::make_shared<WatchedVariables>(wayToTheMachine())}
     , headerWriter_{*watched_, languages_, [this](PanelText text) { return word(text); }}
     , window_{stageSize(settings_.resolution.value_or(file_.resolution)), settings_.zoom}
@@ -99,6 +104,7 @@ Panel::Panel(PanelSettings settings)
     placeErrorKey();
     placeAnswers();
     noteProblems();
+    if (journal_) journal_->open();
     if (file_.machine && settings_.simulate && !connection_) {
         machine_ = std::make_unique<MachineRunner>(*file_.machine, *variables_);
         for (const machine::Problem& problem : machine_->problems())

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "jet/jet_engine.h"
+#include "journal/journal_file.h"
+#include "journal/journaled_variables.h"
 #include "machine/project_file.h"
 #include "machine/variable_store.h"
 #include "panel/form/control_host.h"
@@ -35,6 +37,7 @@ struct Held {
     machine::ProjectFile file;
     std::shared_ptr<machine::VariableStore> variables;
     Choices choices;
+    std::shared_ptr<journal::JournalFile> journal; // with what could not be written yet
 };
 
 // What a program around the panel does itself or wants to know; each may be empty.
@@ -45,6 +48,9 @@ struct Outside {
     std::function<void(const ErrorEntry& report)> reported;
 };
 
+// What this computer is called.
+std::string nameOfComputer();
+
 struct PanelSettings {
     std::filesystem::path project;
     std::optional<machine::ProjectFile> file; // read already; otherwise the one in the folder
@@ -54,6 +60,8 @@ struct PanelSettings {
     std::filesystem::path trace; // file for everything that crosses the library's border; empty: none
     std::filesystem::path
         state; // folder for what the operator chose, kept over a restart; empty: nothing is kept
+    std::string name = nameOfComputer(); // of this panel, its own among all of the line
+    std::filesystem::path journal; // folder for a record of all writes to the machines; empty: none
     std::shared_ptr<const Held> before; // of the panel that this one takes the place of
     std::filesystem::path temporary; // where scaled pictures are kept; empty: the system's temporary folder
     PanelWindow::Zoom zoom = PanelWindow::Zoom::None;
@@ -157,6 +165,7 @@ public:
 
 private:
     std::shared_ptr<platform::ProcessVarAccess> wayToTheMachine();
+    std::shared_ptr<platform::ProcessVarAccess> journaled(std::shared_ptr<platform::ProcessVarAccess> way);
     MakeDatabase makeDatabase();
     Trends::Clocks trendClocks();
     void applySettings();
@@ -189,6 +198,8 @@ private:
     Languages languages_;
     std::shared_ptr<machine::VariableStore> variables_ = std::make_shared<machine::VariableStore>();
     std::unique_ptr<BrokerConnection> connection_; // nullptr: the machines are in the panel itself
+    std::shared_ptr<journal::JournalFile> journalFile_; // nullptr like the following: no journal is kept
+    std::shared_ptr<journal::JournaledVariables> journal_;
     std::shared_ptr<WatchedVariables> watched_;
     std::optional<RememberedChoices> remembered_;
     machine::VariableStore::ListenerId choiceListener_ = 0;

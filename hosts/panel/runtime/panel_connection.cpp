@@ -1,4 +1,4 @@
-// The panel's machines, when they are on a broker.
+// The way to the panel's machines, which may be on a broker.
 #include "basic/conversions.h"
 #include "panel/runtime/panel.h"
 #include "panel/runtime/panel_variables.h"
@@ -16,7 +16,29 @@ std::shared_ptr<platform::ProcessVarAccess> Panel::wayToTheMachine()
 {
     std::shared_ptr<platform::ProcessVarAccess> way = variables_;
     if (connection_) way = connection_->variables(std::move(way));
-    return settings_.wrapVariables ? settings_.wrapVariables(std::move(way)) : way;
+    if (settings_.wrapVariables) way = settings_.wrapVariables(std::move(way));
+    return settings_.journal.empty() ? way : journaled(std::move(way));
+}
+
+// Outside of all others, because they may lead to another machine than the panel's own or refuse a write themselves.
+std::shared_ptr<platform::ProcessVarAccess> Panel::journaled(std::shared_ptr<platform::ProcessVarAccess> way)
+{
+    // A panel that takes another one's place goes on with its journal; nobody else can come in between.
+    if (settings_.before && settings_.before->journal
+        && settings_.before->journal->folder() == settings_.journal)
+        journalFile_ = settings_.before->journal;
+    else
+        journalFile_ =
+            std::make_shared<journal::JournalFile>(journal::JournalFileSettings{.folder = settings_.journal});
+    journal_ = std::make_shared<journal::JournaledVariables>(std::move(way), *journalFile_,
+        journal::JournalContext{.panel = [this] { return settings_.name; },
+            .level = [this] { return number(levelVariable); },
+            .trouble =
+                [this](const std::string& reason) {
+                    note(word(PanelText::NoJournal).toStdString().append(" ").append(reason));
+                },
+            .now = [this] { return std::int64_t{now().toMSecsSinceEpoch()}; }});
+    return journal_;
 }
 
 void Panel::startConnection()

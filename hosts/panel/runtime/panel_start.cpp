@@ -63,7 +63,7 @@ void Panel::rememberChoices()
 
 std::shared_ptr<const Held> Panel::hold()
 {
-    return std::make_shared<const Held>(Held{file_, variables_, choices()});
+    return std::make_shared<const Held>(Held{file_, variables_, choices(), journalFile_});
 }
 
 std::int16_t Panel::number(std::string_view variable)
