@@ -1,7 +1,6 @@
 #include "journal/entry_list.h"
 
 #include "basic/text.h"
-#include "journal/time_text.h"
 #include "portable/csv.h"
 
 #include <algorithm>
@@ -44,14 +43,6 @@ std::string elementText(const Entry& entry)
     return entry.element == wholeValue ? std::string{"all"} : std::to_string(entry.element);
 }
 
-// A text in quotes, so that an empty one is told from none.
-std::string shownValue(const Json& value)
-{
-    if (value.is_null()) return "-";
-    if (!value.is_string()) return shownText(valueText(value));
-    return std::string{"\""}.append(shownText(value.get<std::string>())).append("\"");
-}
-
 std::string endText(const Entry& entry)
 {
     std::string text{nameOf(entry.result)};
@@ -62,8 +53,8 @@ std::string endText(const Entry& entry)
 
 Cells shownCells(const Entry& entry)
 {
-    return {timeText(entry.time), shownText(entry.panel), std::to_string(entry.level),
-        entry.machine.empty() ? "-" : shownText(entry.machine),
+    return {std::to_string(entry.write), timeText(entry.time), shownText(entry.panel),
+        std::to_string(entry.level), entry.machine.empty() ? "-" : shownText(entry.machine),
         entry.servo ? std::to_string(*entry.servo) : std::string{"-"}, shownText(entry.variable),
         elementText(entry), shownValue(entry.oldValue), shownValue(entry.newValue), endText(entry)};
 }
@@ -89,10 +80,20 @@ portable::CsvCell valueCell(const Json& value)
 
 } // namespace
 
+std::string shownValue(const Json& value)
+{
+    if (value.is_null()) return "-";
+    if (!value.is_string()) return shownText(valueText(value));
+    return std::string{"\""}.append(shownText(value.get<std::string>())).append("\"");
+}
+
 bool Filter::admits(const Entry& entry) const
 {
     if (since && entry.time < *since) return false;
     if (before && entry.time >= *before) return false;
+    if (write && entry.write != *write) return false;
+    if (within && (entry.time < within->begin || entry.time >= within->end)) return false;
+    if (element && entry.element != *element) return false;
     if (servo && entry.servo != servo) return false;
     if (machine && entry.machine != *machine) return false;
     if (panel && entry.panel != *panel) return false;
@@ -103,8 +104,8 @@ bool Filter::admits(const Entry& entry) const
 
 std::string tableOf(const std::vector<Entry>& entries)
 {
-    std::vector<Cells> lines{
-        {"time", "panel", "level", "machine", "servo", "variable", "element", "old", "new", "result"}};
+    std::vector<Cells> lines{{"write", "time", "panel", "level", "machine", "servo", "variable", "element",
+        "old", "new", "result"}};
     for (const Entry& entry : entries)
         lines.push_back(shownCells(entry));
     std::vector<std::size_t> widths(lines.front().size());
@@ -123,17 +124,18 @@ std::string tableOf(const std::vector<Entry>& entries)
 
 std::string csvOf(const std::vector<Entry>& entries)
 {
-    std::string csv = portable::csvLine({"time", "panel", "level", "machine", "servo", "variable", "element",
-        "old", "new", "result", "number", "text"});
+    std::string csv = portable::csvLine({"write", "time", "panel", "level", "machine", "servo", "variable",
+        "element", "old", "new", "result", "number", "text"});
     for (const Entry& entry : entries) {
         const auto orNothing = [](bool is, int number) {
             return is ? portable::CsvCell{std::to_string(number)} : portable::CsvCell{};
         };
-        csv += portable::csvLine({timeText(entry.time), textCell(entry.panel), std::to_string(entry.level),
-            textCell(entry.machine), orNothing(entry.servo.has_value(), entry.servo.value_or(0)),
-            textCell(entry.variable), std::to_string(entry.element), valueCell(entry.oldValue),
-            valueCell(entry.newValue), std::string{nameOf(entry.result)},
-            orNothing(entry.number != 0, entry.number), textCell(entry.text)});
+        csv += portable::csvLine({std::to_string(entry.write), timeText(entry.time), textCell(entry.panel),
+            std::to_string(entry.level), textCell(entry.machine),
+            orNothing(entry.servo.has_value(), entry.servo.value_or(0)), textCell(entry.variable),
+            std::to_string(entry.element), valueCell(entry.oldValue), valueCell(entry.newValue),
+            std::string{nameOf(entry.result)}, orNothing(entry.number != 0, entry.number),
+            textCell(entry.text)});
     }
     return csv;
 }

@@ -7,7 +7,8 @@ int main(int count, char** arguments)
 try {
     using servopanel::journal::Status;
     servopanel::journal::ToolOutput output;
-    const Status status = servopanel::journal::runTool({arguments + 1, arguments + count}, output);
+    const Status status = servopanel::journal::runTool(
+        {arguments + 1, arguments + count}, servopanel::journal::ownSurroundings(), output);
     const bool written = std::fwrite(output.text.data(), 1, output.text.size(), stdout) == output.text.size()
         && std::fflush(stdout) == 0;
     std::fputs(output.errors.c_str(), stderr);

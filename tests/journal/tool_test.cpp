@@ -19,7 +19,7 @@ protected:
     int runAlone(const std::vector<std::string>& arguments)
     {
         output = {};
-        return static_cast<int>(journal::runTool(arguments, output));
+        return static_cast<int>(journal::runTool(arguments, {}, output));
     }
     // The times of the entries that the options leave, as minutes.
     std::string minutes(const std::vector<std::string>& options)
@@ -29,7 +29,7 @@ protected:
         EXPECT_EQ(run(arguments), 0) << output.errors;
         std::string minutes;
         for (const portable::CsvLine& line : portable::parseCsv(output.text))
-            if (line.number > 1) minutes.append(line.cells[0]->substr(14, 2)).append(" ");
+            if (line.number > 1) minutes.append(line.cells[1]->substr(14, 2)).append(" ");
         return minutes;
     }
 
@@ -58,13 +58,17 @@ TEST_F(ServoJournal, ShowsATable)
     EXPECT_EQ(run({}), 0);
     EXPECT_EQ(output.errors, "");
     EXPECT_EQ(output.text,
-        "time                      panel  level  machine  servo  variable                             element"
+        "write  time                      panel  level  machine  servo  variable                             "
+        "element"
         "  old      new  result\n"
-        "2026-11-22T01:19:05.250Z  P1     3      M1       3      Ch1.M1_T_servo_3<.mM1_servo_para_3>  1      "
+        "1      2026-11-22T01:19:05.250Z  P1     3      M1       3      Ch1.M1_T_servo_3<.mM1_servo_para_3>  "
+        "1      "
         "  35.5     36   done\n"
-        "2026-11-22T01:20:05.250Z  P1     3      M1       3      Ch1.M1_T_servo_3<.mM1_servo_para_3>  0      "
+        "2      2026-11-22T01:20:05.250Z  P1     3      M1       3      Ch1.M1_T_servo_3<.mM1_servo_para_3>  "
+        "0      "
         "  20       99   refused 6: the value is out of range\n"
-        "2026-11-22T01:21:05.250Z  P1     3      M2       12     Ch1.M2_T_servo_12<.mM2_fetext_12>    all    "
+        "3      2026-11-22T01:21:05.250Z  P1     3      M2       12     Ch1.M2_T_servo_12<.mM2_fetext_12>    "
+        "all    "
         "  \"ready\"  \"\"   unknown 2110: no answer\n");
 }
 
@@ -78,6 +82,7 @@ TEST_F(ServoJournal, LeavesOutWhatNobodyAskedFor)
     EXPECT_EQ(minutes({"--since", "2026-11-22", "--until", "2026-11-22"}), "19 20 21 ");
     EXPECT_EQ(minutes({"--until", "2026-11-21"}), "");
     EXPECT_EQ(minutes({"--servo", "3"}), "19 20 ");
+    EXPECT_EQ(minutes({"--element", "1"}), "19 ");
     EXPECT_EQ(minutes({"--machine", "M2"}), "21 ");
     EXPECT_EQ(minutes({"--machine", "m2"}), "");
     EXPECT_EQ(minutes({"--panel", "P1"}), "19 20 21 ");
@@ -96,17 +101,17 @@ TEST_F(ServoJournal, WritesCsvThatOthersRead)
     variables.WriteValue(text, "");
     change(1, -36);
     EXPECT_EQ(run({"--csv"}), 0);
-    const std::string start = "2026-11-22T01:19:05.250Z,P1,3,M2,12,Ch1.M2_T_servo_12<.mM2_fetext_12>,-1,,";
+    const std::string start = ",2026-11-22T01:19:05.250Z,P1,3,M2,12,Ch1.M2_T_servo_12<.mM2_fetext_12>,-1,,";
     EXPECT_EQ(output.text,
-        "time,panel,level,machine,servo,variable,element,old,new,result,number,text\n" + start
-            + "\"a;b \"\"c\"\"\nd, e\",done,,\n" + start + "'=1+1,done,,\n" + start + "\"\",done,,\n"
-            + "2026-11-22T01:19:05.250Z,P1,3,M1,3," + para + ",1,35.5,-36,done,,\n");
+        "write,time,panel,level,machine,servo,variable,element,old,new,result,number,text\n1" + start
+            + "\"a;b \"\"c\"\"\nd, e\",done,,\n2" + start + "'=1+1,done,,\n3" + start + "\"\",done,,\n"
+            + "4,2026-11-22T01:19:05.250Z,P1,3,M1,3," + para + ",1,35.5,-36,done,,\n");
     const std::vector<portable::CsvLine> lines = portable::parseCsv(output.text);
     ASSERT_EQ(lines.size(), 5U);
-    EXPECT_EQ(lines[1].cells[8], "a;b \"c\"\nd, e");
-    EXPECT_EQ(portable::withFormula(*lines[2].cells[8]), "=1+1");
-    EXPECT_EQ(lines[3].cells[8], "");
-    EXPECT_FALSE(lines[3].cells[7]);
+    EXPECT_EQ(lines[1].cells[9], "a;b \"c\"\nd, e");
+    EXPECT_EQ(portable::withFormula(*lines[2].cells[9]), "=1+1");
+    EXPECT_EQ(lines[3].cells[9], "");
+    EXPECT_FALSE(lines[3].cells[8]);
 }
 
 TEST_F(ServoJournal, KeepsControlCharactersFromTheTerminal)
@@ -137,6 +142,7 @@ TEST_F(ServoJournal, SaysWhatIsWrongWithTheCommandLine)
     const std::pair<std::vector<std::string>, std::string> rows[]{{{"--since"}, "--since needs a value"},
         {{"--since", "noon"}, "'noon' is no time such as 2026-11-22 or 2026-11-22T01:19"},
         {{"--servo", "3x"}, "'3x' is no number of a servo"},
+        {{"--element", "-"}, "'-' is no number of an element"},
         {{"--result", "open"}, "'open' is no result; they are done, refused and unknown"},
         {{"--color"}, "unknown option --color"}, {{"other"}, "only one folder can be read: other"}};
     for (const auto& [arguments, problem] : rows) {
