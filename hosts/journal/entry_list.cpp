@@ -2,10 +2,9 @@
 
 #include "basic/text.h"
 #include "portable/csv.h"
+#include "portable/text_table.h"
 
-#include <algorithm>
-#include <cstddef>
-#include <string_view>
+#include <utility>
 
 namespace servopanel::journal {
 
@@ -47,23 +46,16 @@ std::string endText(const Entry& entry)
 {
     std::string text{nameOf(entry.result)};
     if (entry.number != 0) text.append(" ").append(std::to_string(entry.number));
-    if (!entry.text.empty()) text.append(": ").append(shownText(entry.text));
+    if (!entry.text.empty()) text.append(": ").append(entry.text);
     return text;
 }
 
-Cells shownCells(const Entry& entry)
+Cells cellsOf(const Entry& entry)
 {
-    return {std::to_string(entry.write), timeText(entry.time), shownText(entry.panel),
-        std::to_string(entry.level), entry.machine.empty() ? "-" : shownText(entry.machine),
-        entry.servo ? std::to_string(*entry.servo) : std::string{"-"}, shownText(entry.variable),
-        elementText(entry), shownValue(entry.oldValue), shownValue(entry.newValue), endText(entry)};
-}
-
-// Characters of UTF-8, as a terminal counts most of them.
-std::size_t widthOf(std::string_view text)
-{
-    return static_cast<std::size_t>(std::count_if(
-        text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+    return {std::to_string(entry.write), timeText(entry.time), entry.panel, std::to_string(entry.level),
+        entry.machine.empty() ? "-" : entry.machine,
+        entry.servo ? std::to_string(*entry.servo) : std::string{"-"}, entry.variable, elementText(entry),
+        shownValue(entry.oldValue), shownValue(entry.newValue), endText(entry)};
 }
 
 portable::CsvCell textCell(const std::string& text)
@@ -107,19 +99,8 @@ std::string tableOf(const std::vector<Entry>& entries)
     std::vector<Cells> lines{{"write", "time", "panel", "level", "machine", "servo", "variable", "element",
         "old", "new", "result"}};
     for (const Entry& entry : entries)
-        lines.push_back(shownCells(entry));
-    std::vector<std::size_t> widths(lines.front().size());
-    for (const Cells& line : lines)
-        for (std::size_t i = 0; i < line.size(); ++i)
-            widths[i] = std::max(widths[i], widthOf(line[i]));
-
-    std::string table;
-    for (const Cells& line : lines) {
-        for (std::size_t i = 0; i + 1 < line.size(); ++i)
-            table.append(line[i]).append(widths[i] - widthOf(line[i]) + 2, ' ');
-        table.append(line.back()).append("\n");
-    }
-    return table;
+        lines.push_back(cellsOf(entry));
+    return portable::tableOf(std::move(lines));
 }
 
 std::string csvOf(const std::vector<Entry>& entries)

@@ -5,6 +5,7 @@
 #include "machine/servo_families.h"
 #include "machine/variable_conversion.h"
 #include "mqtt/outcome.h"
+#include "portable/csv.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -41,7 +42,10 @@ std::string severalWrites(const std::vector<Entry>& entries)
         if (last && isSameWrite(*last, entry)) continue;
         last = &entry;
         if (++named > mostNamed) return text.append("\n  and more");
-        text.append("\n  --undo ").append(nameOf(entry)).append("  ").append(entry.variable);
+        text.append("\n  --undo ")
+            .append(nameOf(entry))
+            .append("  ")
+            .append(portable::shownText(entry.variable));
     }
     return text;
 }
@@ -131,8 +135,8 @@ std::string shownPlan(const UndoPlan& plan)
 {
     const Entry& first = plan.entries.front();
     std::string text{"Write "};
-    text.append(nameOf(first)).append(" of panel ").append(first.panel).append(" to ");
-    text.append(plan.variable).append(":\n");
+    text.append(nameOf(first)).append(" of panel ").append(portable::shownText(first.panel)).append(" to ");
+    text.append(portable::shownText(plan.variable)).append(":\n");
     for (const Entry& entry : plan.entries)
         text.append("  ")
             .append(shownElement(entry))

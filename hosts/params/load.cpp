@@ -107,7 +107,10 @@ public:
             journal::JournalContext{
                 .panel = [name = line.name.empty() ? around.computer : line.name] { return name; },
                 .level = [level = line.level] { return level; },
-                .trouble = [&output](const std::string& problem) { tell(output, problem); },
+                .trouble =
+                    [&output](const std::string& problem) {
+                        tell(output, "the writes are not in the journal: " + problem);
+                    },
                 .now = around.now});
     }
 
