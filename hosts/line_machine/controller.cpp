@@ -14,6 +14,17 @@ namespace {
 constexpr std::size_t mostSeen = 1000;
 constexpr std::size_t mostProtocolErrors = 20;
 
+// What the names of all variables begin with.
+std::string commonStart(const mqtt::Description& description)
+{
+    if (description.variables().empty()) return {};
+    std::string start = description.variables().front().name;
+    for (const mqtt::VariableDescription& variable : description.variables())
+        while (!variable.name.starts_with(start))
+            start.pop_back();
+    return start;
+}
+
 } // namespace
 
 Controller::Controller(ControllerSettings settings, mqtt::Description description,
@@ -24,9 +35,12 @@ Controller::Controller(ControllerSettings settings, mqtt::Description descriptio
     , link_{link}
     , clock_{std::move(clock)}
 {
-    listener_ = store_.addListener([this](const machine::VariableStore::Write& write) {
-        if (const auto variable = description_.indexOf(write.name)) variables_[*variable].changed = true;
-    });
+    listener_ = store_.addListener(
+        [this, start = commonStart(description_)](const machine::VariableStore::Write& write) {
+            // The store may hold all machines of a line, and most of what is written is of others.
+            if (!std::string_view{write.name}.starts_with(start)) return;
+            if (const auto variable = description_.indexOf(write.name)) variables_[*variable].changed = true;
+        });
     begin(settings_.epoch);
     std::vector<std::string> subscriptions{topic("state"), mqtt::topicFilter(settings_.machine, "cmd", true),
         mqtt::topicFilter(settings_.machine, "get", true)};
@@ -154,9 +168,10 @@ void Controller::sendDue()
 
 void Controller::sendDue(Variable& variable, std::size_t index)
 {
+    // Asked for each variable of each machine at each turn.
+    if (!variable.changed && !variable.requested) return;
     const std::int64_t now = clock_();
-    if (!(variable.changed || variable.requested) || now - variable.sentAt < settings_.valueMilliseconds)
-        return;
+    if (now - variable.sentAt < settings_.valueMilliseconds) return;
     if (std::exchange(variable.requested, false)) owesHeartbeat_ = true;
     variable.sentAt = now;
     if (std::exchange(variable.changed, false)) {

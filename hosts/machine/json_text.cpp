@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <unordered_set>
 #include <utility>
 
 namespace servopanel::machine {
@@ -36,9 +37,11 @@ public:
 
     bool key(std::string& name) override
     {
-        if (open_.back().value.contains(name))
+        Open& open = open_.back();
+        open.isNew = open.names.insert(name).second;
+        if (!open.isNew)
             problems_.push_back({file_, path() + "/" + name, "is there twice; the last one counts"});
-        open_.back().key = std::move(name);
+        open.key = std::move(name);
         return true;
     }
 
@@ -57,6 +60,9 @@ private:
     struct Open {
         Json value;
         std::string key; // of the member that is being read
+        bool isNew = true; // it has not been there before
+        std::unordered_set<std::string>
+            names; // of all members: the document itself would look at each of them in turn
     };
 
     // Without what the parser puts before it: "[...] parse error at line 3, column 5: REASON" or "[...] REASON".
@@ -83,7 +89,7 @@ private:
 
     bool open(Json value)
     {
-        open_.push_back({std::move(value), {}});
+        open_.push_back({std::move(value), {}, true, {}});
         return true;
     }
 
@@ -98,10 +104,12 @@ private:
     {
         if (open_.empty())
             root_ = std::move(value);
-        else if (open_.back().value.is_array())
-            open_.back().value.push_back(std::move(value));
+        else if (Open& outer = open_.back(); outer.value.is_array())
+            outer.value.push_back(std::move(value));
+        else if (outer.isNew)
+            outer.value.get_ref<Json::object_t&>().emplace_back(outer.key, std::move(value));
         else
-            open_.back().value[open_.back().key] = std::move(value);
+            outer.value[outer.key] = std::move(value);
         return true;
     }
 
