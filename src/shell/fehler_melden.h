@@ -12,7 +12,8 @@
 namespace servopanel::shell {
 
 // Passes every error report to the error display of the HMI installation, which is made at the first report and again
-// when it was closed. Never throws. A report that arises while one is being passed on, or that finds no display, is lost.
+// when it was closed. Never throws. A report that arises while one is being passed on, that finds no display, or that the
+// display refuses, is lost.
 class FehlerMelder final : public basic::ErrorSink {
 public:
     FehlerMelder(const platform::LibraryPlatform& platform, display::GemeinsamerZustand& zustand);
