@@ -4,27 +4,15 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <string_view>
 
 namespace {
 
 using namespace servopanel;
+using servopanel::testing::FakeErrorDisplay;
 using servopanel::testing::Reports;
 
-class Display final : public platform::ErrorDisplay {
-public:
-    void ErrMessage(std::int32_t, std::string_view, std::string_view, std::string_view) override { }
-    void CloseMe() override
-    {
-        ++closings;
-        if (fails) basic::raise(basic::ErrorNumber::ObjectNotSet);
-    }
-    int closings = 0;
-    bool fails = false;
-};
-
 struct FehlerAnzeigeSchliessen : ::testing::Test {
-    std::shared_ptr<Display> anzeige = std::make_shared<Display>();
+    std::shared_ptr<FakeErrorDisplay> anzeige = std::make_shared<FakeErrorDisplay>();
     display::GemeinsamerZustand zustand;
     servopanel::testing::ErrorList errors;
     basic::StatementTrap trap{errors, "Terminate"};

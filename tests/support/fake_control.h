@@ -5,6 +5,7 @@
 #include "basic/text.h"
 #include "platform/control.h"
 
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -44,6 +45,7 @@ public:
         note("put", member, args, value);
         require(member);
         properties[basic::upperCase(member.name)] = value;
+        afterPut();
     }
     void putRef(const platform::Member& member, platform::Args args, const basic::Variant& object) override
     {
@@ -70,6 +72,7 @@ public:
     std::set<std::string> missing; // members that the control does not have, in upper case
     basic::Variant result; // of every call
     std::vector<Crossing> crossings;
+    std::function<void()> afterPut = [] {}; // what comes in while a property is set
 
 private:
     void note(

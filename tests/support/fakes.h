@@ -5,6 +5,7 @@
 #include "display/umfeld.h"
 
 #include <algorithm>
+#include <functional>
 #include <limits>
 #include <map>
 #include <memory>
@@ -221,6 +222,18 @@ private:
     std::map<std::string, FakeTable>& tables_;
 };
 
+class FakeErrorDisplay final : public platform::ErrorDisplay {
+public:
+    void ErrMessage(std::int32_t, std::string_view, std::string_view, std::string_view) override { }
+    void CloseMe() override
+    {
+        ++closings;
+        if (fails) basic::raise(basic::ErrorNumber::ObjectNotSet);
+    }
+    int closings = 0;
+    bool fails = false;
+};
+
 // The surroundings as the library is given them.
 class FakePlatform final : public platform::LateObjects,
                            public platform::Messages,
@@ -234,6 +247,7 @@ public:
     std::shared_ptr<platform::DBEngine> engine; // another one than that over the tables
     std::vector<std::string> shown; // texts of message boxes
     std::map<std::string, std::vector<std::string>> written; // files that were replaced
+    std::function<void()> loading = [] {}; // what comes in while a picture is loaded
 
     platform::LibraryPlatform library() { return {*this, *this, *this, *this, *this, *this}; }
 
@@ -317,6 +331,7 @@ public:
     basic::ObjectRef load(std::string_view path) override
     {
         world.access("picture " + std::string{path});
+        loading();
         const auto found = world.pictures.find(std::string{path});
         if (found == world.pictures.end()) basic::raise(basic::ErrorNumber::FileNotFound);
         return found->second;

@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace servopanel::testing {
 
@@ -16,6 +17,9 @@ template <class C>
 class Lone final : public platform::Form, public platform::Surface, public platform::Owner {
 public:
     bool failing = false;
+    int failingLines = 0; // so many lines cannot be drawn
+    std::vector<std::string> drawn; // every line: "MainBereich(1) 0 15 9015 615 12632256 38"
+    std::function<float()> width = [] { return 0.0F; }; // of every text
     std::function<void()> raised = [] {};
 
     Surround surround;
@@ -43,10 +47,20 @@ public:
         return fake(std::string{id.name});
     }
     void load(platform::ChildId) override { }
-    float textWidth(platform::ChildId, std::string_view) override { return 0; }
+    float textWidth(platform::ChildId, std::string_view) override { return width(); }
     basic::Variant get(const platform::Member&) override { return {}; }
     void put(const platform::Member&, const basic::Variant&) override { }
-    void line(platform::ChildId, float, float, float, float, std::int32_t, std::int16_t) override { }
+    void line(platform::ChildId target, float x1, float y1, float x2, float y2, std::int32_t colour,
+        std::int16_t flags) override
+    {
+        if (failingLines-- > 0) basic::raise(basic::ErrorNumber::ObjectNotSet);
+        std::string text{target.name};
+        text += "(" + std::to_string(target.index) + ")";
+        for (const basic::Variant& part : {basic::Variant{x1}, basic::Variant{y1}, basic::Variant{x2},
+                 basic::Variant{y2}, basic::Variant{colour}, basic::Variant{flags}})
+            text += " " + basic::toText(part);
+        drawn.push_back(text);
+    }
     void clear(platform::ChildId) override { }
     void refresh(platform::ChildId) override { }
     void bitBlt(
