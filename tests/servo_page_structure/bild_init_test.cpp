@@ -1,6 +1,8 @@
 #include "page_test.h"
 
 #include "platform/ids.h"
+#include "servo_page/servo_main.h"
+#include "support/lone.h"
 
 namespace servopanel::testing {
 
@@ -14,6 +16,15 @@ protected:
         run("var Ch-1.intern<.servo_zeiger> = 1\n");
         run(more);
         return run("create\n");
+    }
+    // A second BildInit of the same page.
+    void again()
+    {
+        replay.host()
+            .servo()
+            ->form()
+            .find({"ServoMain"})
+            ->put(platform::names::BildInit, {}, std::int16_t{-1});
     }
 };
 
@@ -221,7 +232,7 @@ TEST_F(BildInit, ReportsEveryElementThatExistsAlreadyWhenItRunsTwice)
 {
     const std::size_t loaded = count(create(), "\nload ");
     run("");
-    replay.host().servo()->form().find({"ServoMain"})->put(platform::names::BildInit, {}, std::int16_t{-1});
+    again();
     EXPECT_EQ(count(lines("error 360 \"Ma BildInit Let\""), "\n"), loaded);
     EXPECT_NE(lines("put ServoMain.DetailBox.Picture"), "") << "it runs to its end";
 }
@@ -232,6 +243,47 @@ TEST_F(BildInit, StartsAnewForAControlCreatedAgain)
     const std::string again = run("terminate\ncreate\n");
     EXPECT_EQ(lines("error "), "");
     EXPECT_TRUE(contains(again, "load ServoMain.SollwertR(24)\n"));
+}
+
+TEST_F(BildInit, ForgetsChangesThatWaitToBeWritten)
+{
+    show();
+    run("touch SollwertL 1\nmask 7\n");
+    again();
+    run("key! 10\n");
+    EXPECT_EQ(lines("write "), "");
+    EXPECT_EQ(state("DetailBox.Visible"), "true");
+}
+
+TEST_F(BildInit, EndsTheConfirmMode)
+{
+    show();
+    run("touch SchalterL 31\n");
+    again();
+    EXPECT_TRUE(contains(run("key! 11\n"), "raise ServoMain.MenuAnzeigen()\n"));
+}
+
+TEST_F(BildInit, EndsTheEditingOfDefinitions)
+{
+    show("var Ch-1.intern<.passwort> = 5\n");
+    run("key 4\n");
+    again();
+    run("touch SollwertL 1\n");
+    EXPECT_EQ(
+        lines("put ServoMain.Eingabemaske.0x68030000"), "put ServoMain.Eingabemaske.0x68030000 = true\n");
+    EXPECT_EQ(lines("put ServoMain.IniEingabe.0x68030009"), "");
+}
+
+TEST(BildInitAlone, LeavesAPageReadOnlyWhosePermissionCannotBeRead)
+{
+    Lone<servo_page::ServoMain> page;
+    page.surround.world().fail("create PathHelper");
+    page.control.BildInit(1);
+    page.surround.platform.shown.clear();
+    page.fake("Eingabemaske")->crossings.clear();
+    page.control.Sollwert_MouseDown(5, 1, 0, 0, 0);
+    EXPECT_EQ(page.surround.platform.shown.size(), 1U);
+    EXPECT_TRUE(page.fake("Eingabemaske")->crossings.empty());
 }
 
 } // namespace

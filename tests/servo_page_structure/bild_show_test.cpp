@@ -139,6 +139,17 @@ TEST_F(BildShow, ReadsTheFooterAgainEachTime)
     EXPECT_TRUE(contains(trace, "raise ServoMain.JetztAnzeigen()\n"));
 }
 
+TEST_F(BildShow, ShowsNoEngineOnAKeyFourWithoutAPictureInTheFooter)
+{
+    const std::string trace = show("var Ch-1.intern<.passwort> = 5\n"
+                                   "file Servo\\Servo.ini\n[Machine1]\nF4=TRUE\n[Footer]\nF3=Pw\nend\n");
+    EXPECT_TRUE(contains(trace,
+        "message \"Section [Footer] or Entry 'F4' in file '<project>\\Servo\\Servo.ini' not found\"\n"));
+    // Choosing the servo has shown it already.
+    EXPECT_EQ(count(trace, picture(4, "Standard\\F_engine_1280.gif")), 1U);
+    EXPECT_FALSE(contains(afterBinding(trace), "0x68030007(4,"));
+}
+
 class UserControlTerminate : public PageTest { };
 
 TEST_F(UserControlTerminate, StopsTheTimer)

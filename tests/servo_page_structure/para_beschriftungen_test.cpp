@@ -113,6 +113,41 @@ TEST_F(ParaBeschriftungen, HaveFilesOfTheMachinesTypeInProjectsThatTellThem)
     EXPECT_NE(lines("profile Servo\\Servo_M1_3.ini [Parameter] 1Col"), "");
 }
 
+TEST_F(ParaBeschriftungen, TellOfAMissingAlignmentAndOfAMissingHeight)
+{
+    layout("1Col=ws\n1X=1500\n");
+    const std::string found = captionLines(1);
+    EXPECT_EQ(found.substr(found.find("profile Servo\\Servo_3.ini [Parameter] 1Ali")),
+        "profile Servo\\Servo_3.ini [Parameter] 1Ali = \"\"\n"
+        "message \"File 'Servo\\Servo_3.ini' or Section [Parameter] or Entry '1Ali' not found\"\n"
+        "profile Servo\\Servo_3.ini [Parameter] 1X = \"1500\"\n"
+        "put ServoMain.ParaBeschriftung(1).Left = 1500\n"
+        "profile Servo\\Servo_3.ini [Parameter] 1Y = \"\"\n"
+        "message \"File 'Servo\\Servo_3.ini' or Section [Parameter] or Entry '1Y' not found\"\n"
+        "put ServoMain.ParaBeschriftung(1).Top = -1\n"
+        "put ServoMain.ParaBeschriftung(1).Visible = true\n");
+}
+
+TEST_F(ParaBeschriftungen, StandAtTheirScaledRightEdge)
+{
+    // 1500 twips times 5/8, less the five characters as wide as they are on this panel.
+    layout("1Col=ws\n1Ali=1\n1X=1500\n1Y=300\n", "var parameter<.aufloesung> = 800\n");
+    EXPECT_EQ(
+        lines("put ServoMain.ParaBeschriftung(1).Left"), "put ServoMain.ParaBeschriftung(1).Left = 412.5\n");
+}
+
+TEST_F(ParaBeschriftungen, AreNeitherLookedUpNorShownForAServoOutsideTheList)
+{
+    show();
+    run("key! 5\n");
+    EXPECT_EQ(lines({"profile Servo", "put ServoMain.ParaBeschriftung("}),
+        "put ServoMain.ParaBeschriftung(0).Visible = false\n"
+        "put ServoMain.ParaBeschriftung(1).Visible = false\n"
+        "put ServoMain.ParaBeschriftung(2).Visible = false\n");
+    // Text and colour of each caption, after the two statements of the picture itself.
+    EXPECT_EQ(count(lines("error 9 \"Ma SeiteUmschalten\""), "\n"), 6U);
+}
+
 } // namespace
 
 } // namespace servopanel::testing

@@ -1,5 +1,11 @@
 #include "page_test.h"
 
+#include "servo_page/servo_main.h"
+#include "support/lone.h"
+
+#include <algorithm>
+#include <ostream>
+
 namespace servopanel::testing {
 
 namespace {
@@ -149,6 +155,101 @@ TEST_F(AdressenUmschaltenRows, GiveDrawingNumbersACaptionAndTwoPoints)
     EXPECT_EQ(state("BeschriftungL(41).28"), "\"@Servo.M1.Servo3.35\"");
     EXPECT_EQ(state("PunktL(43).28"), "\"@Servo.M1.Servo3.37\"");
     EXPECT_EQ(state("PunktL(45).28"), "\"@Servo.M1.Servo3.39\"");
+}
+
+TEST_F(AdressenUmschaltenRows, BreakACaptionAtABlankAtItsEnd)
+{
+    caption("Feeder speed ;mm");
+    EXPECT_EQ(state("BeschriftungL(1).28"), "\"Feeder speed\"");
+    EXPECT_EQ(state("BeschriftungL2(1).28"), "\"\"");
+    EXPECT_EQ(visible("BeschriftungL2(1)"), "true");
+    EXPECT_EQ(state("BeschriftungL(1).Top"), "15");
+}
+
+struct CaptionWidth {
+    const char* name;
+    const char* text;
+    const char* panel;
+    const char* twoLines;
+};
+void PrintTo(const CaptionWidth& row, std::ostream* out) { *out << row.name; }
+
+class CaptionWidths : public AdressenUmschaltenRows, public ::testing::WithParamInterface<CaptionWidth> { };
+
+TEST_P(CaptionWidths, DecideWhetherACaptionIsBroken)
+{
+    caption(GetParam().text, GetParam().panel);
+    EXPECT_EQ(visible("BeschriftungL2(1)"), GetParam().twoLines);
+}
+
+// Each character has seven pixels; the screen gives their twips.
+const CaptionWidth captionWidths[] = {
+    {"below_585_twips", "ab cd", "screen 16.7 15\n", "false"},
+    {"above_585_twips", "ab cd", "screen 16.75 15\n", "true"},
+    {"below_360_twips", "a b", "var parameter<.aufloesung> = 800\nscreen 17.1 15\n", "false"},
+    {"above_360_twips", "a b", "var parameter<.aufloesung> = 800\nscreen 17.2 15\n", "true"},
+    {"525_twips_on_1024", "ab cd", "var parameter<.aufloesung> = 1024\n", "false"},
+    {"630_twips_on_1024", "abc de", "var parameter<.aufloesung> = 1024\n", "true"},
+};
+INSTANTIATE_TEST_SUITE_P(Panels, CaptionWidths, ::testing::ValuesIn(captionWidths),
+    [](const auto& row) { return std::string{row.param.name}; });
+
+TEST_F(AdressenUmschaltenRows, StandCaptionsWhereTheyAreScaledToOnPanelsOf1024Pixels)
+{
+    show("var parameter<.aufloesung> = 1024\n");
+    EXPECT_EQ(state("BeschriftungL(1).Left"), "75");
+}
+
+TEST_F(AdressenUmschaltenRows, FollowTheLanguageByTheirOwnTexts)
+{
+    show("db Servo\\Servo.mdb empty\n");
+    for (const auto& [name, text] :
+        {std::pair{"BeschriftungL(31)", 25}, {"BeschriftungL(32)", 26}, {"BeschriftungR(33)", 27},
+            {"BeschriftungR(34)", 28}, {"BeschriftungL(41)", 35}, {"BeschriftungR(42)", 36},
+            {"PunktL(43)", 37}, {"PunktR(44)", 38}, {"PunktL(45)", 39}, {"PunktR(46)", 40}})
+        EXPECT_EQ(state(std::string{name} + ".28"), "\"@Servo.M1.Servo3." + std::to_string(text) + "\"")
+            << name;
+}
+
+// A row alone, with a text that could be broken.
+class CaptionAlone : public ::testing::Test {
+protected:
+    CaptionAlone()
+    {
+        page.surround.zustand.MaschinenBez = "M1";
+        page.surround.zustand.AktServo = 1;
+        page.surround.zustand.ServoNr[1] = 3;
+        page.control.BildInit(1);
+        page.surround.errors.reports.clear();
+        page.fake("VWLanguage")->result = "a b;mm";
+        for (const char* name : {"BeschriftungL", "BeschriftungL2", "EinheitL"})
+            page.fake(name)->crossings.clear();
+    }
+    std::ptrdiff_t puts(const std::string& control, const std::string& line)
+    {
+        const Texts lines = page.fake(control)->puts();
+        return std::count(lines.begin(), lines.end(), line);
+    }
+
+    Lone<servo_page::ServoMain> page;
+};
+
+TEST_F(CaptionAlone, StaysInOneLineAtExactlyItsWidth)
+{
+    page.width = [] { return 585.0F; };
+    page.control.AdressenUmschalten(true);
+    EXPECT_EQ(puts("BeschriftungL", "Text = a b"), 12);
+    EXPECT_EQ(puts("BeschriftungL2", "Visible = False"), 12);
+}
+
+TEST_F(CaptionAlone, StaysAsItWasWhenItsWidthCannotBeMeasured)
+{
+    page.width = []() -> float { basic::raise(basic::ErrorNumber::ObjectNotSet); };
+    page.control.AdressenUmschalten(true);
+    EXPECT_EQ(puts("BeschriftungL", "Text = a b"), 0);
+    EXPECT_EQ(page.fake("BeschriftungL2")->puts(), Texts{});
+    EXPECT_EQ(puts("EinheitL", "Text = mm"), 12);
+    EXPECT_EQ(page.surround.reports(), (Reports{24, {91, "Ma AdressenUmschalten"}}));
 }
 
 } // namespace

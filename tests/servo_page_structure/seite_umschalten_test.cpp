@@ -236,6 +236,41 @@ TEST_F(SeiteUmschalten, GoesOnWithoutAPicture)
     EXPECT_EQ(lines("error "), "");
 }
 
+TEST_F(SeiteUmschalten, ShowsThePictureOfTheServosVariant)
+{
+    show("file Parameter\\Program.ini\n[Project]\n[1Machine]\nServo1=3\nServoPic1=2\nend\n"
+         "var parameter<.servo_anzahl_1> = 1\npicture Servo\\Servo_3_2_1280.gif 10 10\n");
+    EXPECT_EQ(lines("put ServoMain.ParaPic.Picture"),
+        "put ServoMain.ParaPic.Picture = <picture Servo\\Servo_3_2_1280.gif>\n");
+}
+
+// The picture caches go by servo number and end at 50.
+TEST_F(SeiteUmschalten, KeepsThePictureOfBeforeForAServoNumberWithoutAPlaceForOne)
+{
+    show("file Parameter\\Program.ini\n[Project]\n[1Machine]\nServo1=60\nend\n"
+         "var parameter<.servo_anzahl_1> = 1\nvar Ch1.M1_T_servo_60<.mM1_servopassiv_60> = false\n");
+    EXPECT_EQ(count(lines("error 9 \"Ma SeiteUmschalten\""), "\n"), 2U);
+    EXPECT_EQ(lines("error 9 \"BildLaden\""), "");
+    EXPECT_EQ(lines({"put ServoMain.ParaPic.Picture", "picture Servo\\Servo_60"}), "");
+    EXPECT_NE(lines("profile Servo\\Servo_60.ini [Parameter] 1Col"), "") << "it goes on";
+}
+
+TEST_F(SeiteUmschalten, HasNoNextServoBeyondTheLast)
+{
+    const std::string trace = show("var Ch-1.intern<.servo_zeiger> = 4\n");
+    EXPECT_TRUE(contains(trace, empty(6)));
+    EXPECT_FALSE(contains(trace, enable(6, true)));
+}
+
+TEST_F(SeiteUmschalten, HasNoDiagnosisKeysOnTheSecondPageOfAServoWithoutOne)
+{
+    show("var Ch-1.intern<.servo_zeiger> = 2\n");
+    run("key 10\n");
+    EXPECT_EQ(keys(run("key! 8\n")),
+        up() + down() + noEngine() + noDiagnosis() + picture(10, "Servo\\Servo_1280.gif") + enable(10, true)
+            + picture(11, "Standard\\F_Exit_1280.gif") + enable(11, true));
+}
+
 } // namespace
 
 } // namespace servopanel::testing

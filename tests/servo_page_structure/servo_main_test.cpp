@@ -1,6 +1,8 @@
 #include "basic/error.h"
 #include "page_test.h"
+#include "servo_page/servo_main.h"
 #include "servo_page/structure/form.h"
+#include "support/lone.h"
 
 #include <set>
 #include <utility>
@@ -32,6 +34,15 @@ TEST_F(ServoMainEntries, LetAScenarioChangeTheModifiedFlag)
     // A modified flag that is not True confirms nothing and writes nothing, but it is not the way to the diagnosis.
     EXPECT_EQ(lines("write"), "");
     EXPECT_EQ(state("DetailBox.Visible"), "false");
+}
+
+TEST(ServoMainAlone, KeepsTheNumbersThatWerePut)
+{
+    Lone<servo_page::ServoMain> page;
+    page.control.BildInit(7);
+    page.control.BildShow(3);
+    EXPECT_EQ(page.control.BildInit(), 7);
+    EXPECT_EQ(page.control.BildShow(), 3);
 }
 
 TEST(ServoMainForm, HoldsEachChildOnceBelowWhatLiesOnIt)

@@ -1,5 +1,7 @@
 #include "page_test.h"
 
+#include "basic/error.h"
+
 namespace servopanel::testing {
 
 namespace {
@@ -34,6 +36,29 @@ TEST_F(SpracheGeandert, LeavesValuesAndPlaceOfTheAreaAlone)
     run("language 2\n");
     EXPECT_EQ(lines("read "), "");
     EXPECT_EQ(lines("put ServoMain.MainBereich(1).Top"), "");
+}
+
+// The text of setpoint 2 and that of the second diagnosis line.
+TEST_F(SpracheGeandert, KeepsTheTextThatCannotBeFetchedAndNoOther)
+{
+    show();
+    replay.host().world().lookUpText = [](std::string_view key) -> std::string {
+        if (key == "Servo.M1.Servo3.2" || key == "Servo.M1.Servo3.42")
+            basic::raise(basic::ErrorNumber::InvalidProcedureCall);
+        return "New;V";
+    };
+    run("language 2\n");
+    EXPECT_EQ(count(lines("error 5 \"Ma AdressenUmschalten\""), "\n"), 1U);
+    EXPECT_EQ(state("BeschriftungL(1).28"), "\"New\"");
+    EXPECT_EQ(state("BeschriftungL(2).28"), "\"Speed of the feeder while the line is\"");
+    EXPECT_EQ(state("EinheitL(2).28"), "\"mm/s\"");
+    EXPECT_EQ(state("SollwertL(2).Visible"), "true");
+
+    run("key! 10\n");
+    EXPECT_EQ(count(lines("error 5 \"Ma AdressenUmschalten\""), "\n"), 2U);
+    EXPECT_EQ(state("Beschriftung(101).28"), "\"New\"");
+    EXPECT_EQ(state("Beschriftung(102).28"), "\"\"");
+    EXPECT_EQ(state("Beschriftung(103).28"), "\"New\"");
 }
 
 } // namespace

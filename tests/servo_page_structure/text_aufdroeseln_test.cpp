@@ -63,6 +63,16 @@ TEST_F(TextAufdroeseln, DoesNotTakeTheHalvesOfAPairForOne)
     EXPECT_EQ(split("a\u00A3b\u00BBc"), "\"a\u00A3b\u00BBc\" \"\"");
 }
 
+TEST_F(TextAufdroeseln, SplitsAtAPairBehindASemicolonInTheFirstPlace)
+{
+    EXPECT_EQ(split(";a\u00A3\u00BBb"), "\";a\" \"b\"");
+}
+
+TEST_F(TextAufdroeseln, SplitsAtTheFullWidthSemicolonBehindASemicolonInTheFirstPlace)
+{
+    EXPECT_EQ(split(";a\uFF1Bb"), "\";a\" \"b\"");
+}
+
 } // namespace
 
 } // namespace servopanel::testing

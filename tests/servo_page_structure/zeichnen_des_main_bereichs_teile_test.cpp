@@ -1,5 +1,8 @@
 #include "page_test.h"
 
+#include "servo_page/servo_main.h"
+#include "support/lone.h"
+
 namespace servopanel::testing {
 
 namespace {
@@ -67,6 +70,51 @@ TEST_F(ZeichnenDesMainBereichsTeile, MeasuresInPixelsOfTheScreen)
     // 45 twips snap to 36 and 675 to 630 on this screen, whose pixels have 12 twips.
     EXPECT_EQ(
         half(1).substr(0, half(1).find('\n')), "line ServoMain.MainBereich(1) (0,12)-(8451,582) C0C0C0 38");
+}
+
+class MainBereichsBand : public ::testing::Test {
+protected:
+    MainBereichsBand()
+    {
+        page.surround.zustand.TwipsProPixelY = 15;
+        page.fake("MainBereich")->properties["WIDTH"] = 9015.0F;
+    }
+    // Between 45 and 675 twips.
+    void draw(bool withLine)
+    {
+        page.control.ZeichnenDesMainBereichsTeile({"MainBereich", 1}, 45, 675, withLine);
+    }
+
+    const std::string box = "MainBereich(1) 0 15 9015 615 12632256 38";
+    const std::string line = "MainBereich(1) 0 630 9015 630 13948116 6";
+    const Report lost{91, "Ma ZeichnenDesMainBereichsTeile"};
+    const Report overflow{6, "Ma ZeichnenDesMainBereichsTeile"};
+    Lone<servo_page::ServoMain> page;
+};
+
+TEST_F(MainBereichsBand, HasItsLineOnRequest)
+{
+    draw(false);
+    EXPECT_EQ(page.drawn, Texts{box});
+    page.drawn.clear();
+    draw(true);
+    EXPECT_EQ(page.drawn, (Texts{box, line}));
+}
+
+TEST_F(MainBereichsBand, HasItsLineEvenWhenTheBoxCannotBeDrawn)
+{
+    page.failingLines = 1;
+    draw(true);
+    EXPECT_EQ(page.drawn, Texts{line});
+    EXPECT_EQ(page.surround.reports(), Reports{lost});
+}
+
+TEST_F(MainBereichsBand, IsNotDrawnAtPlacesBeyondSinglePrecision)
+{
+    page.surround.zustand.TwipsProPixelY = 3e38F;
+    draw(true);
+    EXPECT_EQ(page.drawn, Texts{});
+    EXPECT_EQ(page.surround.reports(), (Reports{overflow, overflow}));
 }
 
 } // namespace
