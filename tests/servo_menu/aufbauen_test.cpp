@@ -264,4 +264,21 @@ TEST_F(Aufbauen, GivesUpAServoNumberOutsideTheCaches)
         "put ServoMenu.BildIm(2).Picture = <picture C:\\Temp\\Velmora\\Servo\\Servo_2_1280.gif>\n");
 }
 
+TEST_F(Aufbauen, BuildsNothingWhenTheListOffsetOverflows)
+{
+    shown(menuProject(2));
+    run("scroll 16385");
+    EXPECT_EQ(replay.lines("error 6 \"Me Aufbauen\""), "error 6 \"Me Aufbauen\" \"Overflow\"\n");
+    EXPECT_EQ(replay.lines("put"), "");
+    EXPECT_EQ(visibleKeys(), "11000000");
+}
+
+TEST_F(Aufbauen, AsksForAPictureOnceEvenWhenItsCopyCannotBeLoaded)
+{
+    shown(menuProject(1) + "fail load C:\\Temp\\Velmora\\Servo\\Servo_1_1280.gif 1\n");
+    run("scroll 1");
+    EXPECT_EQ(replay.lines({"exists", "picture", "save"}), "");
+    EXPECT_EQ(replay.lines("put ServoMenu.BildIm(1).Picture"), "put ServoMenu.BildIm(1).Picture = <none>\n");
+}
+
 } // namespace servopanel::testing

@@ -143,4 +143,36 @@ TEST_F(MenuBildInit, GoesOnWithoutItsBackground)
         "put ServoMenu.TempPicZiel.Width = 8940\n");
 }
 
+TEST_F(MenuBildInit, GivesTheKeysOfTheLastRowAndTheCaptionsTheirSize)
+{
+    run(menuProject(3));
+    run("create");
+    EXPECT_EQ(replay.lines({"put ServoMenu.BildIm(7).Top", "put ServoMenu.Beschriftung(1).Height",
+                  "put ServoMenu.Beschriftung(1).Width"}),
+        "put ServoMenu.Beschriftung(1).Height = 420\n"
+        "put ServoMenu.Beschriftung(1).Width = 7305\n"
+        "put ServoMenu.BildIm(7).Top = 10875\n");
+}
+
+TEST_F(MenuBildInit, NamesTextsPicturesAndCopiesAfterTheLibraryButNotTheBackground)
+{
+    run("library Drives\n" + menuProject(1)
+        + "picture Drives\\Drives_1_1280.gif 487 146\n"
+          "file Drives\\Drives.ini\n[Machine1]\nF1=TRUE\n[Footer]\nF1=a\nF3=b\nend\n"
+          "text Drives.M1.Drives1.0 = Lift\n");
+    run("create");
+    EXPECT_EQ(replay.lines("picture"), "picture Servo\\ServoMenu_1280.bmp\n");
+    run("show");
+    // The caption is written before the menu shows itself and with the first build.
+    EXPECT_EQ(replay.lines({"exists Drives", "picture Drives", "mkdir", "save",
+                  "put ServoMenu.Beschriftung(1).Caption = \"Lift\""}),
+        "put ServoMenu.Beschriftung(1).Caption = \"Lift\"\n"
+        "put ServoMenu.Beschriftung(1).Caption = \"Lift\"\n"
+        "exists Drives\\Drives_S_1_1280.gif no\n"
+        "picture Drives\\Drives_1_1280.gif\n"
+        "mkdir C:\\Temp\\Velmora\n"
+        "mkdir C:\\Temp\\Velmora\\Drives\n"
+        "save ServoMenu.TempPicZiel C:\\Temp\\Velmora\\Drives\\Drives_1_1280.gif\n");
+}
+
 } // namespace servopanel::testing

@@ -105,4 +105,24 @@ TEST_F(MenuBildShow, AsksForTheFooterPictureOfAKeyInUseWithAMessage)
         "message \"Section [Footer] or Entry 'F2' in file '<project>\\Servo\\Servo.ini' not found\"\n");
 }
 
+TEST_F(MenuBildShow, TrimsThePicturesOfTheFooterAndLeavesKeysWithoutOne)
+{
+    shown(menuProject(1)
+        + "file Servo\\Servo.ini\n[Machine1]\nF1=TRUE\nF2=TRUE\nF9=TRUE\n[Footer]\n"
+          "F1=  Standard\\Help.gif  \nF2=   \nF3=Standard\\Pw\nF9=\nend\n");
+    EXPECT_EQ(replay.lines({"call ServoMenu.Fußzeile.0x68030007", "call ServoMenu.Fußzeile.0x68030004",
+                  "read parameter<.maschinenanzahl>"}),
+        "call ServoMenu.Fußzeile.0x68030007(1, \"Standard\\Help.gif\")\n"
+        "call ServoMenu.Fußzeile.0x68030004(1, true)\n"
+        "call ServoMenu.Fußzeile.0x68030007(11, \"Standard\\F_Exit_1280.gif\")\n"
+        "call ServoMenu.Fußzeile.0x68030004(11, true)\n");
+}
+
+TEST_F(MenuBildShow, AsksForThePictureOfKeyThreeThoughItIsOff)
+{
+    shown(menuProject(1) + "file Servo\\Servo.ini\n[Machine1]\nF1=FALSE\nF3=FALSE\n[Footer]\nF1=x\nend\n");
+    EXPECT_EQ(replay.lines("message"),
+        "message \"Section [Footer] or Entry 'F3' in file '<project>\\Servo\\Servo.ini' not found\"\n");
+}
+
 } // namespace servopanel::testing

@@ -4,7 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
+#include <memory>
+#include <ostream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -76,5 +79,86 @@ TEST(MenuChoice, LeavesTheServoNumberInAktServoUntilTheShellReplacesIt)
     menu.control.TasteGedrueckt(2, false);
     EXPECT_EQ(seen, std::vector<std::int16_t>{17});
 }
+
+TEST(MenuTerminate, ClosesAnErrorDisplayThatGotReportsAndLetsItGo)
+{
+    Lone<servo_menu::ServoMenu> menu;
+    const auto display = std::make_shared<FakeErrorDisplay>();
+    display->fails = true;
+    menu.surround.zustand.FehlerAnzeige = display;
+    menu.control.terminate();
+    EXPECT_EQ(display->closings, 0);
+    menu.surround.zustand.FehlerAnzahl = 1;
+    menu.control.terminate();
+    EXPECT_EQ(display->closings, 1);
+    EXPECT_EQ(menu.surround.zustand.FehlerAnzeige, nullptr);
+    EXPECT_EQ(menu.surround.reports(), (Reports{{91, "Me UserControl_Terminate"}}));
+}
+
+TEST(MenuFooter, ForgetsTheServoAs16Bits)
+{
+    Lone<servo_menu::ServoMenu> menu;
+    menu.control.Fußzeile_TasteClick(11);
+    EXPECT_EQ(menu.surround.world().variables["Ch-1.intern<.servo_zeiger>"], basic::Variant{std::int16_t{0}});
+    EXPECT_EQ(menu.surround.logged("screen"), Texts{"1011"}); // machine 0
+}
+
+// A newer position comes in while the picture of the first key is loaded.
+TEST(MenuAufbauen, SavesNothingForAPageThatIsGivenUp)
+{
+    Lone<servo_menu::ServoMenu> menu;
+    menu.surround.zustand.ServoAnzahl = 1;
+    menu.surround.zustand.ServoNr[1] = 1;
+    menu.surround.world().pictures["P:\\\\_1_.gif"] = nullptr;
+    bool once = true;
+    menu.surround.platform.loading = [&] {
+        if (!std::exchange(once, false)) return;
+        menu.fake("ScrollBar")->properties["POSITION"] = std::int16_t{2};
+        menu.control.ScrollBar_NeuePos(2);
+    };
+    menu.control.ScrollBar_NeuePos(1);
+    EXPECT_FALSE(once);
+    EXPECT_EQ(menu.surround.logged("mkdir"), Texts{});
+    EXPECT_EQ(menu.surround.logged("save"), Texts{});
+    EXPECT_EQ(menu.surround.zustand.menüBilder.geladen[1], display::wahr);
+    EXPECT_EQ(menu.surround.zustand.menüBilder.bild[1], nullptr);
+}
+
+// Each statement is lost for itself: while no child answers, a procedure reports as often as it asks one of them.
+struct Losses {
+    const char* name;
+    std::function<void(servo_menu::ServoMenu&)> call;
+    const char* procedure;
+    int reports;
+};
+void PrintTo(const Losses& row, std::ostream* out) { *out << row.name; }
+
+class MenuLosses : public ::testing::TestWithParam<Losses> { };
+
+TEST_P(MenuLosses, CostOneStatementEach)
+{
+    const Losses& row = GetParam();
+    Lone<servo_menu::ServoMenu> menu;
+    menu.surround.zustand.ServoNr[1] = 1;
+    menu.failing = true;
+    row.call(menu.control);
+    const Reports& reports = menu.surround.reports();
+    EXPECT_EQ(std::count_if(reports.begin(), reports.end(),
+                  [&](const Report& report) { return report.procedure == row.procedure; }),
+        row.reports);
+}
+
+const auto build = [](servo_menu::ServoMenu& m) { m.BildInit(1); };
+
+const Losses losses[] = {
+    {"building", build, "Me BildInit Let", 55},
+    {"fonts", build, "Ma TextFontsAendern", 36},
+    {"captions", [](auto& m) { m.TextAusgabe(); }, "Me TextAusgabe", 8},
+    {"keys_beyond_the_list", [](auto& m) { m.Aufbauen(); }, "Me Aufbauen", 8},
+    {"withdrawal", [](auto& m) { m.FußzeileFreigabe(false); }, "Me FußzeileFreigabe", 30},
+    {"drawing", [](auto& m) { m.TasteZeichnen(1, true); }, "Me TasteZeichnen", 4},
+};
+INSTANTIATE_TEST_SUITE_P(Procedures, MenuLosses, ::testing::ValuesIn(losses),
+    [](const auto& row) { return std::string{row.param.name}; });
 
 } // namespace servopanel::testing

@@ -27,4 +27,14 @@ TEST_F(MenuSprache, AsksForTextsOfEmptyKeysToo)
     EXPECT_NE(replay.lines("text Servo.M1.Servo0.0"), "");
 }
 
+TEST_F(MenuSprache, LeavesTheTextsOfAPageThatIsGivenUpToTheNextBuild)
+{
+    run(menuProject(10));
+    run("create\non pump scroll 2\non pump language 2");
+    run("show");
+    // Servo 10 stands on a key at position 2 only.
+    EXPECT_EQ(replay.lines("text Servo.M1.Servo10.0"), "text Servo.M1.Servo10.0 = \"Drive 10\"\n");
+    EXPECT_NE(replay.lines("put ServoMenu.Überschrift.Font.Weight"), "");
+}
+
 } // namespace servopanel::testing

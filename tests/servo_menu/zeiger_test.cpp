@@ -37,6 +37,10 @@ TEST_F(MenuZeiger, FindsTheKeyUnderThePointWithItsEdges)
     EXPECT_EQ(pressedKey("500 5100"), 0); // between two rows
     EXPECT_EQ(pressedKey("9150 3000"), 0); // between the columns
     EXPECT_EQ(pressedKey("500 8100"), 5);
+    EXPECT_EQ(pressedKey("105 10844"), 0);
+    EXPECT_EQ(pressedKey("105 10845"), 7);
+    EXPECT_EQ(pressedKey("105 13590"), 7);
+    EXPECT_EQ(pressedKey("105 13591"), 0);
 }
 
 TEST_F(MenuZeiger, UsesTheWidthOfTheRightColumnOnSmallPanels)
@@ -153,6 +157,35 @@ TEST_F(MenuZeiger, TakesPointsOnCaptionsAndPicturesAsPointsOfTheMenu)
     run("menudown BildIm 6 10 10\nmenumove BildIm 6 20 20\nmenumove Beschriftung 1 0 0\nmenuup BildIm 6 20 "
         "20");
     EXPECT_EQ(replay.lines("raise"), "");
+}
+
+TEST_F(MenuZeiger, ForgetsThePressedKeyWhereverThePointerComesUp)
+{
+    shown(menuProject(8));
+    run("down 200 2400");
+    // On key 3: key 1 stays sunken.
+    EXPECT_EQ(run("up 200 5200"), "> up 200 5200\n");
+    run("up 200 2400");
+    EXPECT_EQ(replay.lines("raise"), "");
+    EXPECT_EQ(replay.lines("put"),
+        "put ServoMenu.Beschriftung(1).Left = 960\n"
+        "put ServoMenu.Beschriftung(1).Top = 2370\n"
+        "put ServoMenu.BildIm(1).Left = 135\n"
+        "put ServoMenu.BildIm(1).Top = 2370\n");
+}
+
+TEST_F(MenuZeiger, ChoosesByCaptionsAndByPicturesAlone)
+{
+    for (const auto& [array, key] : {std::pair{"Beschriftung", "4"}, std::pair{"BildIm", "6"}}) {
+        recording::Replay menu;
+        menu.run(menuProject(8));
+        menu.run("create\nshow");
+        const std::string element = std::string{array}.append(" ").append(key);
+        menu.run(
+            "menudown " + element + " 10 10\nmenumove " + element + " 20 20\nmenuup " + element + " 20 20");
+        EXPECT_EQ(
+            menu.lines("raise ServoMenu"), std::string{"raise ServoMenu.ServoBildAufrufen("} + key + ")\n");
+    }
 }
 
 class MenuFußzeile : public MenuZeiger { };
