@@ -1,3 +1,4 @@
+#include "servo_page_values/lone_page.h"
 #include "servo_page_values/page.h"
 
 #include <gtest/gtest.h>
@@ -85,6 +86,42 @@ TEST(EingabeDarstellen, KeepsLockedFieldsGreyWhenTheMaskCloses)
     Page page{definition("_servo_para_", 0, 3) + definition("_servo_para_", 4, 2)};
     page.run("touch SollwertL 5\n");
     EXPECT_TRUE(holds(page.run("mask 55\n"), inputs({1}, {5})));
+}
+
+class EingabeDarstellenAlone : public testing::LonePage {
+protected:
+    // Draws the inputs while this array lacks a member: so many statements fail, each for itself.
+    void drawWithout(const std::string& control, const std::string& member, std::size_t lost)
+    {
+        for (const char* child : {"SollwertL", "EinheitL", "ZeichnungR", "BeschriftungR"})
+            forget(child);
+        page.fake(control)->missing = {basic::upperCase(member)};
+        page.control.EingabeDarstellen(false);
+        EXPECT_EQ(reports(), testing::Reports(lost, {438, "Ma EingabeDarstellen"}));
+    }
+};
+
+TEST_F(EingabeDarstellenAlone, ColoursSetpointsThatCannotBeSwitched)
+{
+    drawWithout("SollwertL", "Enabled", 12);
+    EXPECT_EQ(puts("SollwertL", "Vordergrund = 0"), 12);
+    EXPECT_EQ(puts("EinheitL", "Farbe = 0"), 12);
+}
+
+TEST_F(EingabeDarstellenAlone, SwitchesSetpointsWhoseColourCannotBeRead)
+{
+    drawWithout("SollwertL", "Vordergrund", 12);
+    EXPECT_EQ(puts("SollwertL", "Enabled = True"), 12);
+    EXPECT_EQ(puts("SollwertL", "Vordergrund"), 0);
+    EXPECT_EQ(puts("EinheitL", "Farbe = 0"), 12);
+}
+
+TEST_F(EingabeDarstellenAlone, SwitchesADrawingNumberWhoseColourCannotBeRead)
+{
+    drawWithout("ZeichnungR", "Farbe", 3);
+    EXPECT_EQ(puts("ZeichnungR", "Enabled = True"), 3);
+    // Twelve setpoints, two switches and the drawing number.
+    EXPECT_EQ(puts("BeschriftungR", "Farbe = 0"), 15);
 }
 
 } // namespace

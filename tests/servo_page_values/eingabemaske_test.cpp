@@ -134,5 +134,14 @@ TEST(Eingabemaske, KeepsItsTargetThroughARefresh)
     EXPECT_EQ(page.state("ServoMain.SollwertL(5).8"), "55");
 }
 
+TEST(Eingabemaske, KeepsAskingForAnyModifiedFlagButZero)
+{
+    Page page;
+    page.run("touch SollwertL 5\npoke modified 1\n");
+    EXPECT_EQ(page.run("mask cancel\n"), "> mask cancel\n" + closed + inputs() + confirmKeys());
+    // Asking has made the flag a plain True: key 10 writes.
+    EXPECT_EQ(count(page.run("key 10\n"), "write " + variable("_servoaender_") + " = 1"), 1U);
+}
+
 } // namespace
 } // namespace servopanel::servo_page::tests

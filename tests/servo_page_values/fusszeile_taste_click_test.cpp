@@ -1,3 +1,4 @@
+#include "servo_page_values/lone_page.h"
 #include "servo_page_values/page.h"
 
 #include <gtest/gtest.h>
@@ -292,6 +293,43 @@ TEST(Fußzeile_TasteClick, OpensNoScreenBeyond16BitsButForgetsTheServo)
             + " = 0\nerror 6 \"Ma Fußzeile_TasteClick\" \"Overflow\"\n");
     EXPECT_EQ(page.run("key! 9\n"),
         "> key! 9\nwrite " + pointer + " = 0\nerror 6 \"Ma Fußzeile_TasteClick\" \"Overflow\"\n");
+}
+
+TEST(Fußzeile_TasteClick, Key11OnlyRebuildsWhenTheFlagIsSetButNotTrue)
+{
+    Page page;
+    page.run("touch SollwertL 5\nmask 55\npoke modified 1\n");
+    // The one read is that of the page's rebuilding.
+    EXPECT_EQ(count(page.run("key 11\n"), "read " + variable("_servo_para_") + " = "), 1U);
+    // Confirm mode is over.
+    EXPECT_EQ(count(page.run("key 11\n"), "raise ServoMain.MenuAnzeigen()"), 1U);
+}
+
+TEST(Fußzeile_TasteClick, Key10WritesNothingOfAnyServoOutsideTheList)
+{
+    Page page;
+    page.run("key! 5\npoke modified -1\n");
+    const std::string trace = page.run("key! 10\n");
+    EXPECT_EQ(holding(trace, "write Ch1."), "");
+    EXPECT_EQ(count(trace, "error 9 \"Ma Fußzeile_TasteClick\""), 1U);
+}
+
+class FußzeileTasteClickAlone : public testing::LonePage { };
+
+TEST_F(FußzeileTasteClickAlone, Key4DoesNothingWhenTheEditorCannotBeAsked)
+{
+    page.fake("IniEingabe")->missing = {"OFFEN"};
+    forget("Fußzeile");
+    page.control.Fußzeile_TasteClick(4);
+    EXPECT_TRUE(page.fake("Fußzeile")->crossings.empty());
+    EXPECT_EQ(reports(), (testing::Reports{{438, "Ma Fußzeile_TasteClick"}}));
+}
+
+TEST_F(FußzeileTasteClickAlone, Key31ForgetsTheServoAs16Bits)
+{
+    page.control.Fußzeile_TasteClick(31);
+    EXPECT_EQ(page.surround.world().variables[pointer], basic::Variant{std::int16_t{0}});
+    EXPECT_EQ(page.surround.logged("screen"), testing::Texts{"1031"}); // machine 0
 }
 
 } // namespace

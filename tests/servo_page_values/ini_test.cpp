@@ -1,4 +1,5 @@
 #include "servo_page/servo_main.h"
+#include "servo_page_values/lone_page.h"
 #include "servo_page_values/page.h"
 #include "support/lone.h"
 
@@ -284,6 +285,71 @@ TEST(IniSchreiben, ReportsADatabaseThatRefusesUpdatesAndGoesOn)
     const std::string trace = page.run("ini 1 2 3\n");
     EXPECT_EQ(count(trace, "\"INI_Datenbank_Schreiben\""), 1U);
     EXPECT_NE(trace.find(released()), std::string::npos);
+}
+
+TEST(IniSchreiben, WritesEvenWhenNoFieldCanBeLookedUp)
+{
+    Page page{levelFive() + definitions(3)};
+    // There is no servo before the first.
+    page.run("key! 5\nkey! 4\ntouch SollwertL 1\n");
+    const std::string trace = page.run("ini 1 2 3\n");
+    EXPECT_EQ(count(trace, "error 9 \"Ma IniSchreiben\""), 30U);
+    EXPECT_EQ(count(trace, "db update "), 30U);
+    EXPECT_EQ(count(trace, "db close\n"), 1U);
+}
+
+TEST(IniEingabe, ChangesTheAccessLevelOfTheRightDrawingNumberAlone)
+{
+    Page page{levelFive() + definitions(3)};
+    page.run("key 4\ntouch ZeichnungR 44\n");
+    EXPECT_EQ(holding(page.run("ini 2 50 4\n"), ").17 ="), R"(put ServoMain.ZeichnungR(42).17 = 12632256
+put ServoMain.ZeichnungR(44).17 = 12632256
+put ServoMain.ZeichnungR(46).17 = 12632256
+)");
+    EXPECT_EQ(holding(page.run("touch ZeichnungR 42\n"), "IniEingabe.0x68030004"),
+        "put ServoMain.IniEingabe.0x68030004 = 4\n");
+    page.run("ini cancel\n");
+    EXPECT_EQ(holding(page.run("touch ZeichnungL 41\n"), "IniEingabe.0x68030004"),
+        "put ServoMain.IniEingabe.0x68030004 = 3\n");
+}
+
+class IniEingabeAlone : public testing::LonePage {
+protected:
+    // Opens the editor for setpoint 5.
+    IniEingabeAlone()
+    {
+        page.control.Fußzeile_TasteClick(4);
+        touch(5);
+        forget("IniEingabe");
+    }
+};
+
+TEST_F(IniEingabeAlone, GivesLowerLimitUpperLimitAndLevelInThisOrder)
+{
+    page.control.IniEingabe_EingabeFertig();
+    testing::Texts read;
+    for (const testing::Crossing& crossing : page.fake("IniEingabe")->crossings)
+        if (crossing.verb == "get") read.emplace_back(crossing.member.name);
+    EXPECT_EQ(read, (testing::Texts{"Min", "Max", "Pass"}));
+}
+
+TEST_F(IniEingabeAlone, LosesOnlyTheValueThatCannotBeRead)
+{
+    const auto editor = page.fake("IniEingabe");
+    editor->properties["MIN"] = 7.0;
+    editor->properties["MAX"] = 50.0;
+    editor->properties["PASS"] = std::int16_t{3};
+    editor->missing = {"MIN"};
+    page.control.IniEingabe_EingabeFertig();
+    const testing::Report lost{438, "Ma IniEingabe_EingabeFertig"};
+    EXPECT_EQ(std::count(reports().begin(), reports().end(), lost), 1);
+
+    editor->missing.clear();
+    forget("IniEingabe");
+    touch(5);
+    EXPECT_EQ(puts("IniEingabe"),
+        (testing::Texts{"Pass = 3", "Max = 50", "Min = 0", "Top = 2235", "Left = 11810", "Offen = True",
+            "Visible = True"}));
 }
 
 } // namespace

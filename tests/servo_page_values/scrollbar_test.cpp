@@ -1,8 +1,10 @@
+#include "servo_page_values/lone_page.h"
 #include "servo_page_values/page.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 namespace servopanel::servo_page::tests {
 namespace {
@@ -50,6 +52,44 @@ TEST(ScrollBar_NeuePos, KnowsTheEndOfTheList)
     EXPECT_EQ(holding(page.run(rebuilt), "MainBereich(1).Top"), "put ServoMain.MainBereich(1).Top = 0\n");
     page.run("pagescroll 2\n");
     EXPECT_EQ(holding(page.run(rebuilt), "MainBereich(1).Top"), "");
+}
+
+using testing::Texts;
+
+class ScrollBarAlone : public testing::LonePage {
+protected:
+    // Moves the bar, builds the same page anew and gives where that puts the two halves.
+    Texts rebuiltAt(std::int16_t position)
+    {
+        page.fake("ScrollBar")->properties["POSITION"] = position;
+        page.control.ScrollBar_NeuePos(position);
+        forget("MainBereich");
+        page.control.AdressenUmschalten(false);
+        return puts("MainBereich");
+    }
+};
+
+TEST_F(ScrollBarAlone, IsAtTheEndOfTheListOnlyBeyondItsLength)
+{
+    page.fake("ScrollBar")->properties["SEITE"] = std::int16_t{5};
+    page.fake("ScrollBar")->properties["ANZAHL"] = std::int16_t{9};
+    EXPECT_EQ(rebuiltAt(4), (Texts{"Top = 0", "Top = 0"}));
+    EXPECT_EQ(rebuiltAt(5), Texts{});
+    EXPECT_EQ(rebuiltAt(4), (Texts{"Top = 0", "Top = 0"}));
+}
+
+TEST_F(ScrollBarAlone, ServesAMoveThatArrivesWhileOneRuns)
+{
+    forget("MainBereich");
+    bool once = true;
+    page.fake("MainBereich")->afterPut = [&] {
+        if (std::exchange(once, false)) page.control.ScrollBar_NeuePos(21);
+    };
+    page.control.ScrollBar_NeuePos(11);
+    EXPECT_EQ(puts("MainBereich"), (Texts{"Top = -150", "Top = -300", "Top = -300", "Top = -300"}));
+    forget("MainBereich");
+    page.control.ScrollBar_NeuePos(1);
+    EXPECT_EQ(puts("MainBereich"), (Texts{"Top = 0", "Top = 0"}));
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "servo_page_values/lone_page.h"
 #include "servo_page_values/page.h"
 
 #include <gtest/gtest.h>
@@ -234,6 +235,61 @@ TEST(DefinitionBearbeiten, IgnoresATouchWhileTheEditorIsOpen)
     EditorPage page;
     page.run("touch SollwertL 5\n");
     EXPECT_EQ(page.run("touch SchalterL 31\n"), "> touch SchalterL 31\n");
+}
+
+TEST(DefinitionBearbeiten, OnlyTellsAUserWithoutPermission)
+{
+    Page page{"input 0\n" + levelFive()};
+    page.run("key 4\n");
+    for (const char* touch : {"touch SollwertL 5", "touch SchalterL 31", "touch ZeichnungR 44"})
+        EXPECT_EQ(page.run(std::string{touch} + "\n"),
+            std::string{"> "} + touch
+                + "\ntext Standard.15000 = \"No permission\"\nmessage \"No permission\"\n");
+}
+
+class SollwertMouseDownAlone : public testing::LonePage { };
+
+TEST_F(SollwertMouseDownAlone, OpensTheMaskWhenTheEditorCannotBeAsked)
+{
+    page.fake("IniEingabe")->missing = {"OFFEN"};
+    touch(5);
+    EXPECT_EQ(puts("Eingabemaske", "Offen = True"), 1);
+    EXPECT_EQ(reports(), (testing::Reports{{438, "Ma Sollwert_MouseDown"}}));
+}
+
+TEST_F(SollwertMouseDownAlone, IgnoresATouchUnderAnOpenMaskWithoutAskingTheEditor)
+{
+    page.fake("IniEingabe")->missing = {"OFFEN"};
+    page.fake("Eingabemaske")->properties["OFFEN"] = true;
+    forget("Eingabemaske");
+    touch(5);
+    EXPECT_TRUE(puts("Eingabemaske").empty());
+    EXPECT_TRUE(reports().empty());
+}
+
+TEST_F(SollwertMouseDownAlone, OpensTheMaskWithoutATargetForANumberThatIsNoField)
+{
+    forget("Eingabemaske");
+    forget("SollwertL");
+    touch(30);
+    EXPECT_EQ(puts("Eingabemaske"),
+        (testing::Texts{"Top = 2235", "Left = 3210", "Offen = True", "Visible = True"}));
+    for (const testing::Crossing& crossing : page.fake("Eingabemaske")->crossings)
+        EXPECT_NE(crossing.verb, "putRef");
+    EXPECT_EQ(puts("SollwertL"), testing::Texts(12, "Enabled = False"));
+}
+
+TEST_F(SollwertMouseDownAlone, OpensNoEditorForANumberThatIsNoField)
+{
+    page.control.Fußzeile_TasteClick(4);
+    for (const int field : {25, 30, 35, 40, 47, 0}) {
+        forget("IniEingabe");
+        forget("Fußzeile");
+        touch(static_cast<std::int16_t>(field));
+        EXPECT_TRUE(puts("IniEingabe").empty()) << field;
+        EXPECT_TRUE(page.fake("Fußzeile")->crossings.empty()) << field;
+    }
+    EXPECT_TRUE(reports().empty());
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "servo_page_values/lone_page.h"
 #include "servo_page_values/page.h"
 
 #include "basic/variant.h"
@@ -339,6 +340,45 @@ TEST(WerteLesen, ReadsNothingWhenTheServoIsOutsideTheList)
     EXPECT_EQ(count(trace, "error 9 \"Ma WerteLesen\" \"Subscript out of range\"\n"), 8U);
     EXPECT_EQ(count(trace, "error 13 \"Ma WerteLesen\" \"Type mismatch\"\n"), 84U);
 }
+
+TEST(WerteLesen, TurnsAFaultTextThatIsANumberIntoText)
+{
+    Page page;
+    page.run("var " + variable("_fetext_", "1") + " = 17\n");
+    EXPECT_GE(count(page.run("key 10\n"), "put ServoMain.Fehlertext.Caption = \"17\"\n"), 1U);
+}
+
+struct LostControl {
+    const char* name;
+    const char* control;
+    const char* member; // that this array does not have
+    int elements;
+    const char* other; // array that has it
+};
+void PrintTo(const LostControl& row, std::ostream* out) { *out << row.name; }
+
+class WerteLesenLost : public testing::LonePage, public ::testing::WithParamInterface<LostControl> { };
+
+TEST_P(WerteLesenLost, UpdatesAllControlsButThoseThatFail)
+{
+    const LostControl& lost = GetParam();
+    for (const char* control : {"SollwertL", lost.other})
+        forget(control);
+    page.fake(lost.control)->missing = {basic::upperCase(lost.member)};
+    page.control.WerteLesen(true);
+    EXPECT_EQ(reports(), testing::Reports(static_cast<std::size_t>(lost.elements), {438, "Ma WerteLesen"}));
+    EXPECT_EQ(puts(lost.other, lost.member), lost.elements);
+    EXPECT_EQ(puts("SollwertL", "Untergrenze"), 12);
+    EXPECT_EQ(puts("SollwertL", "Obergrenze"), 12);
+}
+
+const LostControl lostControls[] = {
+    {"setpoints", "SollwertL", "Wert", 12, "SollwertR"},
+    {"switches", "SchalterL", "Zustand", 2, "SchalterR"},
+    {"drawing_number", "ZeichnungL", "Text", 3, "ZeichnungR"},
+};
+INSTANTIATE_TEST_SUITE_P(Arrays, WerteLesenLost, ::testing::ValuesIn(lostControls),
+    [](const auto& row) { return std::string{row.param.name}; });
 
 } // namespace
 } // namespace servopanel::servo_page::tests

@@ -1,3 +1,4 @@
+#include "servo_page_values/lone_page.h"
 #include "servo_page_values/page.h"
 
 #include "basic/variant.h"
@@ -8,6 +9,7 @@
 #include <ostream>
 #include <string>
 #include <tuple>
+#include <utility>
 
 namespace servopanel::servo_page::tests {
 namespace {
@@ -441,6 +443,49 @@ TEST(WerteSchreiben, TurnsTheFieldBlackAgain)
     EXPECT_EQ(page.state("ServoMain.SollwertL(5).-513"), "32768");
     page.run("key 10\n");
     EXPECT_EQ(page.state("ServoMain.SollwertL(5).-513"), "0");
+}
+
+TEST(WerteSchreiben, WritesTheSwitchWordIn32BitsAndADrawingNumberAsDouble)
+{
+    Page page;
+    const basic::Array numbers{
+        basic::VariantType::Variant, 0, {std::int32_t{123456789}, std::int32_t{7000012}}};
+    page.world().variables.set(variable("_servo_schalt_"), std::int16_t{5});
+    page.world().variables.set(variable("_servo_zeich_"), numbers);
+    page.run("touch ZeichnungL 41\nmask 12\nkey 10\n");
+    EXPECT_EQ(*page.world().variables.find(variable("_servo_schalt_")), basic::Variant{std::int32_t{5}});
+    // What was not edited goes back as it came.
+    EXPECT_EQ(*page.world().variables.find(variable("_servo_zeich_")),
+        (basic::Variant{basic::Array{basic::VariantType::Variant, 0, {12456789.0, std::int32_t{7000012}}}}));
+}
+
+class WerteSchreibenAlone : public testing::LonePage {
+protected:
+    // Marks setpoint 5 and switch 31.
+    WerteSchreibenAlone()
+    {
+        page.control.WerteLesen(true);
+        touch(5);
+        page.control.Eingabemaske_EingabeAenderung();
+        page.fake("Eingabemaske")->properties["OFFEN"] = false;
+        touch(31);
+        page.surround.errors.reports.clear();
+    }
+    // How many setpoints and switches of the left half a refresh shows: all that are not marked.
+    std::pair<std::ptrdiff_t, std::ptrdiff_t> refreshed()
+    {
+        forget("SollwertL");
+        forget("SchalterL");
+        page.control.WerteLesen(true);
+        return {puts("SollwertL", "Wert"), puts("SchalterL", "Zustand")};
+    }
+};
+
+TEST_F(WerteSchreibenAlone, ClearsTheMarksItself)
+{
+    EXPECT_EQ(refreshed(), (std::pair<std::ptrdiff_t, std::ptrdiff_t>{11, 1}));
+    page.control.WerteSchreiben();
+    EXPECT_EQ(refreshed(), (std::pair<std::ptrdiff_t, std::ptrdiff_t>{12, 2}));
 }
 
 } // namespace
