@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <ostream>
 #include <string>
@@ -486,6 +487,20 @@ TEST_F(WerteSchreibenAlone, ClearsTheMarksItself)
     EXPECT_EQ(refreshed(), (std::pair<std::ptrdiff_t, std::ptrdiff_t>{11, 1}));
     page.control.WerteSchreiben();
     EXPECT_EQ(refreshed(), (std::pair<std::ptrdiff_t, std::ptrdiff_t>{12, 2}));
+}
+
+// A setpoint keeps the machine's element; of a switch nobody can tell any more that it was on.
+TEST_F(WerteSchreibenAlone, LosesWhatCannotBeReadFromItsControl)
+{
+    auto& variables = page.surround.world().variables;
+    const basic::Variant setpoints = variables[variable("_servo_para_")];
+    page.fake("SollwertL")->missing = {"WERT"};
+    page.fake("SchalterL")->missing = {"ZUSTAND"};
+    page.control.WerteSchreiben();
+    const testing::Report lost{438, "Ma WerteSchreiben"};
+    EXPECT_EQ(std::count(reports().begin(), reports().end(), lost), 2);
+    EXPECT_EQ(variables[variable("_servo_para_")], setpoints);
+    EXPECT_EQ(variables[variable("_servo_schalt_")], basic::Variant{std::int32_t{4}});
 }
 
 } // namespace
