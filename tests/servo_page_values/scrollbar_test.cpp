@@ -83,7 +83,10 @@ TEST_F(ScrollBarAlone, ServesAMoveThatArrivesWhileOneRuns)
     forget("MainBereich");
     bool once = true;
     page.fake("MainBereich")->afterPut = [&] {
-        if (std::exchange(once, false)) page.control.ScrollBar_NeuePos(21);
+        if (!std::exchange(once, false)) return;
+        page.control.ScrollBar_NeuePos(21);
+        // It is only noted: the running move has set the first half so far.
+        EXPECT_EQ(puts("MainBereich"), Texts{"Top = -150"});
     };
     page.control.ScrollBar_NeuePos(11);
     EXPECT_EQ(puts("MainBereich"), (Texts{"Top = -150", "Top = -300", "Top = -300", "Top = -300"}));
