@@ -329,6 +329,17 @@ TEST_F(MaskTest, AValueOutsideTheTargetsLimitsIsRefused)
     EXPECT_EQ(input().Wert(), Variant{12.5});
 }
 
+TEST_F(MaskTest, ALimitThatChangedSinceItOpenedCounts)
+{
+    open(control("SollwertL", 5));
+    tap("9");
+    input().Obergrenze("8");
+    QTest::mouseClick(&mask().okKey(), Qt::LeftButton);
+    EXPECT_TRUE(log().empty());
+    EXPECT_TRUE(mask().refusing());
+    EXPECT_EQ(input().Wert(), Variant{12.5});
+}
+
 TEST_F(MaskTest, ALimitThatIsNoNumberAcceptsNothing)
 {
     const Variant before = input().Wert();

@@ -178,6 +178,45 @@ TEST_F(ForeignValuesTest, ALimitThatIsNothingIsNotTakenForTheFormerOne)
     EXPECT_EQ(mask().remark(), "Limits cannot be read: no input");
 }
 
+TEST_F(ForeignValuesTest, AnOpenMaskFollowsTheLimitsOfTheMachine)
+{
+    const Variant before = element(setpoints, 0);
+    hands_->input("SollwertL", 1);
+    hands_->type("80");
+    machineSets("Ch1.M1_T_servo_3<.mM1_servo_para_ob_3>", 0, 50);
+    hands_->wait(refreshMs);
+    EXPECT_EQ(mask().limits(), "Min 0   …   Max 50");
+    EXPECT_EQ(mask().shown(), "80 mm");
+    hands_->ok();
+    EXPECT_TRUE(mask().isVisible());
+    EXPECT_EQ(mask().remark(), "Too large: at most 50");
+
+    machineSets("Ch1.M1_T_servo_3<.mM1_servo_para_ob_3>", 0, 90);
+    hands_->wait(refreshMs);
+    EXPECT_FALSE(mask().refusing());
+    hands_->ok();
+    EXPECT_FALSE(mask().isVisible());
+    EXPECT_EQ(element(setpoints, 0), before);
+    hands_->footerKey(10);
+    EXPECT_EQ(element(setpoints, 0), Variant{80.0});
+}
+
+TEST_F(ForeignValuesTest, AnOpenMaskWhoseLimitsAreLostAcceptsNothingUntilTheyAreBack)
+{
+    hands_->input("SollwertL", 1);
+    hands_->type("20");
+    machineSets("Ch1.M1_T_servo_3<.mM1_servo_para_ob_3>", 0, std::numeric_limits<double>::quiet_NaN());
+    hands_->wait(refreshMs);
+    EXPECT_EQ(mask().remark(), "Limits cannot be read: no input");
+    hands_->ok();
+    EXPECT_TRUE(mask().isVisible());
+
+    machineSets("Ch1.M1_T_servo_3<.mM1_servo_para_ob_3>", 0, 100);
+    hands_->wait(refreshMs);
+    hands_->ok();
+    EXPECT_FALSE(mask().isVisible());
+}
+
 TEST_F(ForeignValuesTest, AnAnswerNamesWhatWasSetBackBesideTheChange)
 {
     change("SollwertL", 1, "42.5");

@@ -32,7 +32,7 @@ protected:
 
     void start(double value, std::optional<double> lower, std::optional<double> upper)
     {
-        mask_.start({"Draw", "%", servopanel::basic::decimal(value), lower, upper});
+        mask_.start({"Draw", "%", servopanel::basic::decimal(value), {lower, upper}});
     }
     void tap(const QString& label)
     {
@@ -123,7 +123,7 @@ TEST_F(InputMaskTest, ShowsTheLimitsWhileItRefuses)
 TEST_F(InputMaskTest, WritesNumbersLikeThePageAndTakesACommaForAPoint)
 {
     language_ = "de";
-    mask_.start({"Draw", "%", "0.35", -2.5, 2.0});
+    mask_.start({"Draw", "%", "0.35", {-2.5, 2.0}});
     EXPECT_EQ(mask_.pad().key(".")->text(), ".");
     EXPECT_EQ(mask_.shown(), "0.35 %");
     EXPECT_EQ(mask_.limits(), "Min -2.5   …   Max 2");
@@ -136,7 +136,7 @@ TEST_F(InputMaskTest, WritesNumbersLikeThePageAndTakesACommaForAPoint)
 // A number of the page has as many digits as it shows, whatever lies behind them.
 TEST_F(InputMaskTest, LeavingTheTextOfThePageChangesNothing)
 {
-    mask_.start({"Draw", "%", "0.1", {}, {}});
+    mask_.start({"Draw", "%", "0.1", {}});
     mask_.accept();
     EXPECT_EQ(accepted_, 0.1);
     EXPECT_FALSE(changed_);

@@ -12,7 +12,8 @@ namespace {
 NumberEntry started(double value, std::optional<double> lower = {}, std::optional<double> upper = {})
 {
     NumberEntry entry;
-    entry.start(servopanel::basic::decimal(value), lower, upper);
+    entry.start(servopanel::basic::decimal(value));
+    entry.setLimits(lower, upper);
     return entry;
 }
 

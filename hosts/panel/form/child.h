@@ -49,6 +49,8 @@ public:
 
     // The operator has chosen another language.
     virtual void languageChanged() { }
+    // The machine's values have been read and shown anew, or are known to be old.
+    virtual void valuesShown() { }
     // For controls that show a value of the machine: how far it is the machine's.
     virtual void setValueState(ValueState) { }
     // What they show of it.

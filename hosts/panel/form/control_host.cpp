@@ -205,6 +205,9 @@ void ControlHost::showValueStates()
         const std::optional<ValueSource> source = valueSource(key.first, key.second);
         if (source) child->setValueState(inputState(key, *source));
     }
+    // Only now: they may ask for the states of the others.
+    for (const auto& [key, child] : children_)
+        child->valuesShown();
 }
 
 // While an input waits to be written or was touched, the library leaves it as it is, whatever the machine says by then. So

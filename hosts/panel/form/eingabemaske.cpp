@@ -68,22 +68,36 @@ void EingabemaskeChild::setOpen(bool open)
     const Beside beside = field();
     task.title = beside.caption;
     task.unit = beside.unit;
-    task.limitsState = beside.limits;
     if (beside.value == ValueState::Unknown)
         task.number.clear();
     else
         task.number = presentNumber(*target_);
     task.isOld = beside.value == ValueState::Stale;
-    bool isBroken = false;
-    task.lower = limit(*target_, VWSVarInIds::Untergrenze, isBroken);
-    task.upper = limit(*target_, VWSVarInIds::Obergrenze, isBroken);
-    if (isBroken) task.limitsState = ValueState::Unknown;
+    task.limits = limits(beside);
     mask().start(task);
+}
+
+MaskLimits EingabemaskeChild::limits(const Beside& beside) const
+{
+    bool isBroken = false;
+    MaskLimits limits;
+    limits.lower = limit(*target_, VWSVarInIds::Untergrenze, isBroken);
+    limits.upper = limit(*target_, VWSVarInIds::Obergrenze, isBroken);
+    limits.state = isBroken ? ValueState::Unknown : beside.limits;
+    return limits;
+}
+
+void EingabemaskeChild::valuesShown()
+{
+    if (open_ && target_ && viewOrNull() != nullptr) mask().setLimits(limits(field()));
 }
 
 void EingabemaskeChild::accepted(double value, bool changed)
 {
     if (!open_ || !target_) return;
+    // The last word is the machine's.
+    mask().setLimits(limits(field()));
+    if (!mask().check()) return;
     services().operation("mask " + basic::decimal(value));
     if (changed) {
         if (auto* input = dynamic_cast<VWSVarIn*>(target_.get()))

@@ -6,12 +6,14 @@
 
 namespace servopanel::panel {
 
-// Numeric input mask, class Eingabemaske. It edits the value of its target within the target's own limits and reports
+// Numeric input mask, class Eingabemaske. It edits the value of its target within the target's own limits, as they are by
+// then, and reports
 // a changed value once, when it is accepted, right before it reports that it is done.
 class EingabemaskeChild : public Child {
 public:
     EingabemaskeChild(QWidget* parent, Services& services, FindBeside findBeside);
     void languageChanged() override;
+    void valuesShown() override;
 
     InputMask& mask() { return static_cast<InputMask&>(view()); }
     bool isOpen() const { return open_; }
@@ -19,6 +21,7 @@ public:
 private:
     void setOpen(bool open);
     Beside field() const;
+    MaskLimits limits(const Beside& beside) const;
     void accepted(double value, bool changed);
     void cancelled();
 

@@ -61,9 +61,10 @@ void DefinitionEditor::setField(const QString& caption, const QString& unit)
 
 void DefinitionEditor::start(const Definition& definition)
 {
-    entries_[Least].start(basic::decimal(definition.least), {}, {});
-    entries_[Most].start(basic::decimal(definition.most), {}, {});
-    entries_[Level].start(basic::decimal(std::int32_t{definition.level}), 0.0, highestLevel);
+    entries_[Least].start(basic::decimal(definition.least));
+    entries_[Most].start(basic::decimal(definition.most));
+    entries_[Level].start(basic::decimal(std::int32_t{definition.level}));
+    entries_[Level].setLimits(0.0, highestLevel);
     choose(Least);
     languageChanged();
     setFocus();

@@ -47,15 +47,28 @@ void InputMask::start(const MaskTask& task)
     setField(task.title, task.unit);
     first_ = task.number;
     isOld_ = task.isOld && !first_.empty();
-    limitsState_ = task.limitsState;
-    const bool isBounded = limitsState_ != ValueState::Unknown;
-    entry_.start(task.number, isBounded ? task.lower : std::nullopt, isBounded ? task.upper : std::nullopt);
-    // Without limits there is nothing that could be entered.
-    pad_->workOn(isBounded ? &entry_ : nullptr);
-    ok_->setOn(isBounded);
+    limits_ = task.limits;
+    entry_.start(task.number);
+    applyLimits();
     languageChanged();
-    tell(isBounded ? NumberEntry::Verdict::Fine : NumberEntry::Verdict::LimitsUnknown);
     setFocus();
+}
+
+void InputMask::setLimits(const MaskLimits& limits)
+{
+    if (limits == limits_) return;
+    limits_ = limits;
+    applyLimits();
+}
+
+void InputMask::applyLimits()
+{
+    const MaskLimits known = isBounded() ? limits_ : MaskLimits{};
+    entry_.setLimits(known.lower, known.upper);
+    // Without limits there is nothing that could be entered.
+    pad_->workOn(isBounded() ? &entry_ : nullptr);
+    ok_->setOn(isBounded());
+    tell(isBounded() ? NumberEntry::Verdict::Fine : NumberEntry::Verdict::LimitsUnknown);
 }
 
 void InputMask::setField(const QString& caption, const QString& unit)
@@ -86,7 +99,7 @@ QString InputMask::shown() const
 
 QString InputMask::limits() const
 {
-    if (limitsState_ == ValueState::Unknown)
+    if (!isBounded())
         return words_(PanelText::Lowest) + QStringLiteral(" –   …   ") + words_(PanelText::Highest)
             + QStringLiteral(" –");
     QString text;
@@ -108,15 +121,16 @@ QString InputMask::remark() const
     }
 }
 
+bool InputMask::check()
+{
+    const NumberEntry::Verdict verdict = isBounded() ? entry_.verdict() : NumberEntry::Verdict::LimitsUnknown;
+    if (verdict != NumberEntry::Verdict::Fine) tell(verdict);
+    return verdict == NumberEntry::Verdict::Fine;
+}
+
 void InputMask::accept()
 {
-    const bool isBounded = limitsState_ != ValueState::Unknown;
-    const NumberEntry::Verdict verdict = isBounded ? entry_.verdict() : NumberEntry::Verdict::LimitsUnknown;
-    if (verdict != NumberEntry::Verdict::Fine) {
-        tell(verdict);
-        return;
-    }
-    if (accepted_) accepted_(*entry_.value(), entry_.changed());
+    if (check() && accepted_) accepted_(*entry_.value(), entry_.changed());
 }
 
 void InputMask::cancel()

@@ -7,16 +7,22 @@
 
 namespace servopanel::panel {
 
+// What a number must keep; a limit that is missing does not limit.
+struct MaskLimits {
+    std::optional<double> lower;
+    std::optional<double> upper;
+    // How far they are those of the machine. With unknown ones nothing is accepted: the numbers at hand are those of
+    // something else, and nobody may enter a value without bounds.
+    ValueState state = ValueState::Fresh;
+    friend bool operator==(const MaskLimits&, const MaskLimits&) = default;
+};
+
 // What the mask shows and checks while it is open.
 struct MaskTask {
     QString title; // caption of the field, may be empty
     QString unit;
     std::string number = "0"; // as the page shows it; empty: it is not known
-    std::optional<double> lower;
-    std::optional<double> upper;
-    // How far the limits are those of the machine. With unknown ones nothing is accepted: the numbers at hand are those of
-    // something else, and nobody may enter a value without bounds.
-    ValueState limitsState = ValueState::Fresh;
+    MaskLimits limits;
     bool isOld = false; // the number is the last one known, the machine may hold another by now
 };
 
@@ -33,7 +39,11 @@ public:
     // Shows its words anew, after the language has changed; caption and unit of the field are brought by setField.
     void languageChanged();
     void setField(const QString& caption, const QString& unit);
+    // The machine may set other limits while the mask is open; what is typed stays.
+    void setLimits(const MaskLimits& limits);
 
+    // Whether the number keeps the limits. If not, it says so until the next key.
+    bool check();
     void accept();
     void cancel();
     KeyPad& pad() { return *pad_; }
@@ -42,7 +52,7 @@ public:
     // What stands in the display with its unit, the limits below it, and why a value was refused or that it is old.
     QString shown() const;
     QString limits() const;
-    bool limitsAreDoubtful() const { return limitsState_ != ValueState::Fresh; }
+    bool limitsAreDoubtful() const { return limits_.state != ValueState::Fresh; }
     QString remark() const;
     // Whether it still shows an old number.
     bool showsOld() const { return isOld_ && entry_.text() == first_; }
@@ -55,6 +65,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    bool isBounded() const { return limits_.state != ValueState::Unknown; }
+    void applyLimits();
     void tell(NumberEntry::Verdict verdict);
     void layOut();
     void paintValue(QPainter& painter) const;
@@ -71,7 +83,7 @@ private:
     KeyPad* pad_;
     TouchKey* cancel_;
     TouchKey* ok_;
-    ValueState limitsState_ = ValueState::Fresh;
+    MaskLimits limits_;
     std::function<void(double, bool)> accepted_;
     std::function<void()> cancelled_;
     NumberEntry::Verdict verdict_ = NumberEntry::Verdict::Fine;

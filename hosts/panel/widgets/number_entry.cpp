@@ -26,15 +26,21 @@ int decimalsOf(const std::optional<double>& limit) { return limit ? decimalsOf(b
 
 } // namespace
 
-void NumberEntry::start(const std::string& number, std::optional<double> lower, std::optional<double> upper)
+void NumberEntry::start(const std::string& number)
 {
     text_ = number;
     first_ = value();
-    lower_ = lower;
-    upper_ = upper;
-    decimals_ = std::max({decimalsOf(text_), decimalsOf(lower), decimalsOf(upper)});
+    firstDecimals_ = decimalsOf(text_);
     fresh_ = true;
     keepsSign_ = false;
+    setLimits({}, {});
+}
+
+void NumberEntry::setLimits(std::optional<double> lower, std::optional<double> upper)
+{
+    lower_ = lower;
+    upper_ = upper;
+    decimals_ = std::max({firstDecimals_, decimalsOf(lower), decimalsOf(upper)});
 }
 
 bool NumberEntry::hasExponent() const { return text_.find('E') != std::string::npos; }

@@ -11,9 +11,11 @@ public:
     // NoSign: only of a sign that the limits do not allow. LimitsUnknown: only of a mask whose limits could not be read.
     enum class Verdict { Fine, NoNumber, TooSmall, TooLarge, NoSign, LimitsUnknown };
 
-    // The number as it is written elsewhere, with "." as its point; empty: there is none. Limits that are missing do not
-    // limit. The first digit replaces the number that is there at first.
-    void start(const std::string& number, std::optional<double> lower, std::optional<double> upper);
+    // The number as it is written elsewhere, with "." as its point; empty: there is none. The first digit replaces the
+    // number that is there at first. Nothing limits it yet.
+    void start(const std::string& number);
+    // Limits that are missing do not limit.
+    void setLimits(std::optional<double> lower, std::optional<double> upper);
 
     void digit(int digit); // 0..9
     void point(); // once; whoever types a comma means the same
@@ -39,6 +41,7 @@ private:
     bool hasExponent() const; // "1E-05": very small and very large numbers
     std::string text_;
     std::optional<double> first_;
+    int firstDecimals_ = 0;
     int decimals_ = 0; // of the value at the start and of its limits
     std::optional<double> lower_;
     std::optional<double> upper_;
