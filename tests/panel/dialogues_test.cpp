@@ -8,6 +8,7 @@
 #include "panel/form/header.h"
 #include "panel/form/ini_eingabe.h"
 #include "panel/form/schalter.h"
+#include "panel/form/vws_index.h"
 #include "panel/form/vws_var.h"
 #include "platform/ids.h"
 #include "support/standard_project.h"
@@ -105,6 +106,24 @@ TEST_F(DialoguesTest, TheDefinitionEditorSaysWhatItEdits)
     EXPECT_TRUE(editor().rowKey(panel::DefinitionEditor::Most).value().endsWith(" Grad"));
     hands_->editorCancel();
     EXPECT_FALSE(field("SollwertL", 1).isBeingEdited());
+}
+
+TEST_F(DialoguesTest, TheMaskFramesThePartOfADrawingNumberThatItEdits)
+{
+    const auto part = [this](std::int16_t item) -> panel::TextView& {
+        return dynamic_cast<panel::TextView&>(control<panel::VWSIndex>("ZeichnungL", item).view());
+    };
+    hands_->input("ZeichnungL", 43);
+    EXPECT_TRUE(part(43).isBeingEdited());
+    EXPECT_FALSE(part(41).isBeingEdited());
+    hands_->cancel();
+    EXPECT_FALSE(part(43).isBeingEdited());
+    // Limits are those of the whole number.
+    hands_->footerKey(4);
+    hands_->input("ZeichnungL", 43);
+    EXPECT_TRUE(part(41).isBeingEdited() && part(43).isBeingEdited() && part(45).isBeingEdited());
+    hands_->editorCancel();
+    EXPECT_FALSE(part(41).isBeingEdited() || part(43).isBeingEdited() || part(45).isBeingEdited());
 }
 
 TEST_F(DialoguesTest, TheHeaderSaysThatATouchChangesLimits)

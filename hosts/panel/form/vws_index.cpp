@@ -73,6 +73,14 @@ void VWSIndex::lookChanged()
     text().setChanged(isChanged());
     const bool opaque = backStyle_ != 0 && !(framed && ground_ == normalGround);
     text().setBackground(opaque ? std::optional{fromLibrary(ground_)} : std::nullopt);
+    // The mask works on an input that nobody sees instead; a colour alone does not show everybody where.
+    text().setBeingEdited(edited_ || (framed && ground_ == litUpGround));
+}
+
+void VWSIndex::setBeingEdited(bool edited)
+{
+    edited_ = edited;
+    if (viewOrNull() != nullptr) applyLook();
 }
 
 bool VWSIndex::isChanged() const { return borderStyle_ != 0 && ink_ == changedInk; }

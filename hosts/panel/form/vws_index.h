@@ -12,6 +12,7 @@ public:
     void languageChanged() override;
     // A drawing number part; captions are never changed.
     bool isChanged() const override;
+    void setBeingEdited(bool edited) override;
 
     // What stands on the screen.
     const QString& shown() { return text().text(); }
@@ -22,6 +23,7 @@ private:
 
     std::string value_;
     std::string fontClass_;
+    bool edited_ = false;
 };
 
 } // namespace servopanel::panel
