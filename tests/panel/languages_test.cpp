@@ -102,6 +102,34 @@ TEST_F(LanguagesTest, TheTextsOfThePageFollowTheChoice)
     EXPECT_EQ(shown("BeschriftungL", 1), "Start");
 }
 
+// The machine of this project has fewer servos than the menu has keys: it cannot even be scrolled.
+TEST_F(LanguagesTest, TheMenuComesBackInTheLanguageThatWasChosenOnAPage)
+{
+    project_.write("Texts/zh.txt", "Servo.M1.Servo3.0 = 送料\n");
+    openFirstServo();
+    hands_->language(chinese);
+    hands_->footerKey(11);
+    ASSERT_EQ(panel_->shownPart()->className(), "ServoMenu");
+    EXPECT_EQ(shown("Beschriftung", 1), "送料");
+    hands_->language(english);
+    EXPECT_EQ(shown("Beschriftung", 1), "Feeder");
+}
+
+TEST_F(LanguagesTest, AMenuInTheRightLanguageIsToldNoOther)
+{
+    openFirstServo();
+    hands_->language(chinese);
+    hands_->language(english);
+    std::vector<std::string> log;
+    dynamic_cast<panel::HeaderChild&>(*panel_->servo()->find("Header"))
+        .setRaise([&](std::string_view event, auto) {
+            log.emplace_back(event);
+            return true;
+        });
+    hands_->footerKey(11);
+    EXPECT_TRUE(log.empty());
+}
+
 TEST_F(LanguagesTest, TheDirectionFollowsOnTheScreenAndInTheVariable)
 {
     openFirstServo();

@@ -11,7 +11,7 @@ HeaderChild::HeaderChild(QWidget* parent, Services& panel, HeaderSource& source)
         [this](int number) {
             if (number == source_.language() || !source_.isFree()) return;
             source_.chooseLanguage(number);
-            raise("SpracheGeandert", {basic::Variant{static_cast<std::int16_t>(number)}});
+            reportLanguage();
         },
         [&panel](PanelText text) { return panel.word(text); });
     bar().setClock([this] { return source_.now(); });
@@ -25,6 +25,11 @@ HeaderChild::~HeaderChild()
     bar().setTexts({});
     bar().setArrangedHandler({});
     bar().setClock([] { return QDateTime{}; });
+}
+
+void HeaderChild::reportLanguage()
+{
+    raise("SpracheGeandert", {basic::Variant{static_cast<std::int16_t>(source_.language())}});
 }
 
 void HeaderChild::languageChanged()

@@ -27,6 +27,8 @@ public:
     // The bar may outlive this for a moment and asks nothing any more.
     ~HeaderChild() override;
     void languageChanged() override;
+    // Reports the panel's language as if it were chosen again, for a part that came by none.
+    void reportLanguage();
 
     HeaderBar& bar() { return static_cast<HeaderBar&>(view()); }
 

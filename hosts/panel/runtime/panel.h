@@ -176,6 +176,8 @@ private:
     void setVariable(std::string_view name, const basic::Variant& value);
     void applyLanguage();
     void retranslate();
+    void followMenuLanguage(std::string_view event);
+    void tellMenuLanguage();
     std::string title();
     void noteProblems();
     void startTrace();
@@ -230,6 +232,7 @@ private:
 
     FormSurroundings forms_;
     std::unique_ptr<ControlHost> servo_;
+    std::optional<int> menuLanguage_; // in which the names in the menu are, nothing before it is built
     std::int16_t otherScreen_ = 0;
 };
 

@@ -3,6 +3,7 @@
 #include "panel/look/qt_text.h"
 #include "panel/runtime/panel.h"
 #include "panel/runtime/panel_variables.h"
+#include "platform/ids.h"
 
 namespace servopanel::panel {
 
@@ -57,6 +58,26 @@ void Panel::retranslate()
     errors_.languageChanged();
     confirms_.languageChanged(shownPart());
     window_.stage().update();
+}
+
+// The library tells a new language to the visible part only, and a menu that was built before would come back with the names
+// of the old one.
+void Panel::followMenuLanguage(std::string_view event)
+{
+    const ControlHost* const part = shownPart();
+    if (part == nullptr || part->className() != platform::classes::ServoMenu) return;
+    const bool isToBeTold = menuLanguage_ && *menuLanguage_ != languages_.current();
+    if (isToBeTold && event != "SpracheGeandert")
+        gate_.later([this] { tellMenuLanguage(); });
+    else
+        menuLanguage_ = languages_.current();
+}
+
+void Panel::tellMenuLanguage()
+{
+    const ControlHost* const part = shownPart();
+    if (part == nullptr || part->className() != platform::classes::ServoMenu) return;
+    if (auto* header = dynamic_cast<HeaderChild*>(servo_->find("Header"))) header->reportLanguage();
 }
 
 HeaderTexts Panel::headerTexts() { return headerWriter_.write(toQt(title()), shownPart()); }

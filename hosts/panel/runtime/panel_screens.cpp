@@ -43,6 +43,8 @@ void Panel::openServo()
     if (auto* page = dynamic_cast<ControlHost*>(servo_->find("ServoMain"))) trends_.watch(*page);
     operation("show");
     servo_->show();
+    menuLanguage_.reset();
+    followMenuLanguage("Show");
     // What was read while the control was being made found no displays yet.
     showValueStates();
     if (settings_.outside.servoOpened) settings_.outside.servoOpened(*servo_);

@@ -87,6 +87,7 @@ void Panel::eventEnds(ControlHost& form, std::string_view event, platform::Args 
     edits_.eventEnds(!hasOpenEdit());
     // The library has brought its texts in the new language only now.
     if (event == "SpracheGeandert") retranslate();
+    followMenuLanguage(event);
     ControlHost* part = shownPart();
     if (part == nullptr || part->className() != platform::classes::ServoMain) {
         answers_.dismiss();
