@@ -17,6 +17,7 @@ namespace {
 
 constexpr std::size_t mostProtocolErrors = 20;
 constexpr int millisecondsPerSecond = 1000;
+constexpr int turnMilliseconds = 50; // of somebody who waits for an answer
 constexpr auto invalidCall = static_cast<std::int32_t>(basic::ErrorNumber::InvalidProcedureCall);
 
 [[noreturn]] void fail(Outcome outcome, std::string_view name, std::string_view reason)
@@ -245,6 +246,16 @@ std::int64_t BrokerVariables::epoch(std::string_view machine) const
     return image ? image->epoch() : 0;
 }
 
+bool BrokerVariables::hasValues(std::string_view machine) const
+{
+    const MachineImage* const image = imageOf(machine);
+    if (!image || !image->description()) return false;
+    const std::size_t count = image->description()->variables().size();
+    for (std::size_t variable = 0; variable < count; ++variable)
+        if (!image->held(variable)) return false;
+    return true;
+}
+
 std::vector<std::string> BrokerVariables::takeProtocolErrors() { return std::exchange(protocolErrors_, {}); }
 
 void BrokerVariables::WriteValue(std::string_view name, const basic::Variant& value)
@@ -313,10 +324,17 @@ void BrokerVariables::waitForAnswer(std::int64_t until)
 {
     const std::int64_t links = brokenLinks_;
     while (!answer_ && brokenLinks_ == links && link_.isUp()) {
-        const std::int64_t left = until - clock_();
-        if (left <= 0) return;
-        poll(static_cast<int>(left));
+        if (clock_() >= until) return;
+        pollWhileWaiting(until);
     }
+}
+
+// In short turns, so that whoever waits with it has his.
+void BrokerVariables::pollWhileWaiting(std::int64_t until)
+{
+    const std::int64_t left = until - clock_();
+    poll(static_cast<int>(settings_.waiting ? std::min<std::int64_t>(left, turnMilliseconds) : left));
+    if (settings_.waiting) settings_.waiting();
 }
 
 std::optional<basic::Variant> BrokerVariables::readAgain(
@@ -333,7 +351,7 @@ std::optional<basic::Variant> BrokerVariables::readAgain(
         return held && held->time > deadline && !place.image->trouble(place.variable, clock_());
     };
     while (!answer_ && !isFinal() && link_.isUp() && clock_() < until)
-        poll(static_cast<int>(until - clock_()));
+        pollWhileWaiting(until);
     if (!isFinal()) return {};
     return place.image->held(place.variable)->value;
 }

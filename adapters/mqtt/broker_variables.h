@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -24,6 +25,8 @@ struct BrokerVariablesSettings {
     int answerMilliseconds = 1000; // what a write takes at most
     int heartbeatMilliseconds = 1500; // after so long without one all values are stale
     int snapshotMilliseconds = 1000; // between two requests for lost values
+    // Called again and again while a write waits for its answer. It must not come back here; may be empty.
+    std::function<void()> waiting = {};
 };
 
 // The process variables of machines behind a broker. A read is answered from a local image; a write waits for the
@@ -90,6 +93,8 @@ public:
     const Description* description(std::string_view machine) const;
     // The controller's start, milliseconds since 1970; 0 before it has told it.
     std::int64_t epoch(std::string_view machine) const;
+    // Whether the machine has sent every variable that it describes, good or not.
+    bool hasValues(std::string_view machine) const;
 
     // Messages that did not follow the protocol since the last call, the latest few.
     std::vector<std::string> takeProtocolErrors();
@@ -111,6 +116,7 @@ private:
     void askForLost();
     void send(const Place& place, const VariableDescription& description, const basic::Variant& value);
     void waitForAnswer(std::int64_t until);
+    void pollWhileWaiting(std::int64_t until);
     std::optional<basic::Variant> readAgain(
         const Place& place, const std::string& name, std::int64_t deadline, std::int64_t until);
     void conclude(const Place& place, const VariableDescription& description, const basic::Variant& value);
