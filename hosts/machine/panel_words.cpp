@@ -49,6 +49,7 @@ constexpr std::array words{
         PanelText::LinkPartly, "Panel.LinkPartly", "Werte fehlen", "Values missing", "قيم ناقصة", "数值缺失"},
     PanelWord{
         PanelText::LinkBad, "Panel.LinkBad", "Keine Verbindung", "No connection", "لا يوجد اتصال", "无连接"},
+    PanelWord{PanelText::Writing, "Panel.Writing", "Wird geschrieben", "Writing", "جارٍ الكتابة", "正在写入"},
     PanelWord{PanelText::Written, "Panel.Written",
         "Geschrieben, Werte:", "Written, values:", "كُتبت، عدد القيم:", "已写入，数值个数："},
     PanelWord{

@@ -37,6 +37,7 @@ enum class PanelText {
     LinkGood,
     LinkPartly, // some of the values that are shown could not be read
     LinkBad,
+    Writing, // while the answer is awaited
     Written, // before the number of values
     NotWritten, // before the field and the reason
     RefusedUnreadable, // behind the caption of a field, like the other reasons

@@ -355,6 +355,17 @@ std::vector<State> makeStates()
         touchAndLeave(hands, panel);
         hands.input("SollwertL", 2);
     }));
+    all.push_back(state("confirm-no-link", [](Operator& hands, Panel& panel) {
+        hands.menuKey(fullest);
+        changeSeveral(hands);
+        panel.setLink({false, "The controller does not answer"});
+        hands.footerKey(10);
+    }));
+    all.push_back(state("confirm-writing", [](Operator& hands, Panel& panel) {
+        hands.menuKey(fullest);
+        changeSeveral(hands);
+        panel.answers().showBusy(panel.word(panel::PanelText::Writing));
+    }));
     return all;
 }
 

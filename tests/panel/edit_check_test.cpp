@@ -2,6 +2,9 @@
 #include "servo_page_test.h"
 
 #include "basic/conversions.h"
+#include "mqtt/outcome.h"
+#include "panel/form/fusszeile.h"
+#include "panel/form/ini_eingabe.h"
 
 namespace servopanel::testing {
 
@@ -24,6 +27,10 @@ protected:
         return *panel_->variables().find(name)->get<basic::Array>()->elements[element].get<double>();
     }
     bool isMaskOpen() { return dynamic_cast<panel::EingabemaskeChild&>(child("Eingabemaske")).isOpen(); }
+    panel::TouchKey& confirmKey()
+    {
+        return panel_->shownPart()->require<panel::FußzeileChild>("Fußzeile").bar().key(10);
+    }
     bool isReported(const std::string& text)
     {
         for (const panel::ErrorEntry& entry : panel_->errors().entries())
@@ -213,6 +220,347 @@ TEST_F(EditCheckTest, AnEditBeginsAnewWhenThePageDoes)
     hands_->footerKey(10);
     EXPECT_EQ(answer(), "Written, values: 1");
     EXPECT_EQ(held(setpoints, 0), 42.5);
+}
+
+TEST_F(EditCheckTest, WhatIsEnteredOverAnOldNumberIsAChangeEvenIfItIsTheSame)
+{
+    change("SollwertL", 1, "42.5");
+    hands_->input("SollwertL", 21);
+    hands_->cancel();
+    const std::string shown = text("SollwertL", 21).text().toStdString();
+    machineSets(secondSetpoints, 0, 33);
+    hands_->wait(refreshMs);
+    change("SollwertL", 21, shown);
+    EXPECT_TRUE(child("SollwertL", 21).isChanged());
+    hands_->footerKey(10);
+    EXPECT_EQ(answer(), "Not written: Servo.M1.Servo3.21: changed at the machine meanwhile (33)");
+    hands_->wait(readingMs);
+    hands_->footerKey(10);
+    EXPECT_EQ(answer(), "Written, values: 2");
+    EXPECT_EQ(std::to_string(held(secondSetpoints, 0)), std::to_string(std::stod(shown)));
+}
+
+TEST_F(EditCheckTest, TheConfirmKeyShowsThatItCannotActOverABadLink)
+{
+    panel_->setLink({false, "The controller does not answer"});
+    EXPECT_FALSE(confirmKey().isHeldBack()); // nothing waits: it leads to the diagnosis
+    panel_->setLink({true, {}});
+    hands_->wait(refreshMs);
+    change("SollwertL", 1, "42.5");
+    EXPECT_FALSE(confirmKey().isHeldBack());
+    const auto corner = [&] {
+        const QImage whole = confirmKey().grab().toImage().convertToFormat(QImage::Format_Grayscale8);
+        const int side = whole.height() / 3;
+        return whole.copy(whole.width() - side - 4, 3, side, side);
+    };
+    const auto darkest = [](const QImage& image) {
+        int least = 255;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                least = std::min(least, image.pixelColor(x, y).lightness());
+        return least;
+    };
+    EXPECT_GT(darkest(corner()), 150);
+    panel_->setLink({false, "The controller does not answer"});
+    EXPECT_TRUE(confirmKey().isHeldBack());
+    EXPECT_LT(darkest(corner()), 80); // a sign where nothing was
+    hands_->footerKey(10);
+    EXPECT_EQ(answer(), "Not written: Start position: No connection");
+    EXPECT_TRUE(confirmKey().isHeldBack());
+    panel_->setLink({true, {}});
+    EXPECT_FALSE(confirmKey().isHeldBack());
+    panel_->setLink({false, "The controller does not answer"});
+    hands_->footerKey(11);
+    EXPECT_FALSE(confirmKey().isHeldBack());
+}
+
+TEST_F(EditCheckTest, WhatCannotBeReadHoldsTheRestUpOnlyOnce)
+{
+    const double before = held(secondSetpoints, 0);
+    const double untouched = held(setpoints, 1);
+    change("SollwertL", 1, "42.5");
+    change("SollwertR", 11, "43");
+    change("SollwertL", 21, "12");
+    flaky_->unreadable.insert(setpoints);
+    hands_->footerKey(10);
+    EXPECT_EQ(answer(), "Not written: Start position: cannot be read (+1)");
+    EXPECT_EQ(held(secondSetpoints, 0), before);
+    hands_->footerKey(10); // nobody reads as fast as that
+    EXPECT_EQ(held(secondSetpoints, 0), before);
+    hands_->wait(readingMs);
+    hands_->footerKey(10);
+    EXPECT_EQ(answer(), "Not written: Start position: cannot be read (+1). Written, values: 1");
+    EXPECT_EQ(held(secondSetpoints, 0), 12);
+    EXPECT_FALSE(child("SollwertL", 21).isChanged());
+
+    // What was not written waits on.
+    EXPECT_TRUE(child("SollwertL", 1).isChanged());
+    EXPECT_TRUE(child("SollwertR", 11).isChanged());
+    EXPECT_EQ(text("SollwertL", 1).text(), "42.5");
+    EXPECT_FALSE(isMaskOpen());
+    EXPECT_TRUE(panel_->answers().isVisible());
+    flaky_->unreadable.clear();
+    hands_->wait(refreshMs);
+    EXPECT_EQ(text("SollwertL", 1).text(), "42.5");
+    hands_->footerKey(10);
+    EXPECT_EQ(answer(), "Written, values: 2");
+    EXPECT_EQ(held(setpoints, 0), 42.5);
+    EXPECT_EQ(held(setpoints, 10), 43);
+    EXPECT_EQ(held(setpoints, 1), untouched);
+    EXPECT_FALSE(child("SollwertL", 1).isChanged());
+}
+
+// What the machine changed while nobody could read it is told before it is overwritten.
+TEST_F(EditCheckTest, WhatWaitsOnIsComparedWithWhatItsEditBeganFrom)
+{
+    change("SollwertL", 1, "42.5");
+    change("SollwertL", 21, "12");
+    flaky_->unreadable.insert(setpoints);
+    hands_->footerKey(10);
+    hands_->wait(readingMs);
+    hands_->footerKey(10);
+    machineSets(setpoints, 0, 40.25);
+    machineSets(secondSetpoints, 0, 33); // that edit is over
+    flaky_->unreadable.clear();
+    hands_->wait(refreshMs);
+    hands_->footerKey(10);
+    EXPECT_EQ(answer(), "Not written: Start position: changed at the machine meanwhile (40.25)");
+    EXPECT_EQ(held(setpoints, 0), 40.25);
+}
+
+TEST_F(EditCheckTest, EachConfirmIsHeldUpByItself)
+{
+    change("SollwertL", 1, "42.5");
+    change("SollwertL", 21, "12");
+    flaky_->unreadable.insert(setpoints);
+    hands_->footerKey(10);
+    hands_->wait(readingMs);
+    hands_->footerKey(10);
+    EXPECT_EQ(held(secondSetpoints, 0), 12);
+    hands_->wait(readingMs);
+    change("SollwertL", 21, "13");
+    hands_->footerKey(10);
+    EXPECT_EQ(answer(), "Not written: Start position: cannot be read");
+    EXPECT_EQ(held(secondSetpoints, 0), 12);
+}
+
+// Over a connection that is about to be found broken there is no rest that could be written.
+TEST_F(EditCheckTest, WithoutAConnectionNothingIsConfirmedHoweverOften)
+{
+    const double before = held(setpoints, 0);
+    change("SollwertL", 1, "42.5");
+    change("SollwertL", 21, "12");
+    flaky_->number = static_cast<std::int32_t>(mqtt::Outcome::NoConnection);
+    flaky_->unreadable.insert(secondSetpoints);
+    for (int i = 0; i < 3; ++i) {
+        hands_->footerKey(10);
+        EXPECT_EQ(answer(), "Not written: Servo.M1.Servo3.21: No connection");
+        hands_->wait(readingMs);
+    }
+    EXPECT_EQ(held(setpoints, 0), before);
+}
+
+TEST_F(EditCheckTest, WhatWasToldOfAnEditSaysNothingOfTheNext)
+{
+    change("SollwertL", 1, "42.5");
+    machineSets(setpoints, 0, 40.25);
+    hands_->footerKey(10);
+    hands_->footerKey(11);
+    machineSets(setpoints, 0, 1.5);
+    hands_->wait(readingMs);
+    change("SollwertL", 1, "42.5");
+    machineSets(setpoints, 0, 40.25);
+    hands_->footerKey(10);
+    EXPECT_EQ(answer(), "Not written: Start position: changed at the machine meanwhile (40.25)");
+    EXPECT_EQ(held(setpoints, 0), 40.25);
+}
+
+TEST_F(EditCheckTest, LimitsAndLevelsAreChangedWhateverIsKnownOfTheMachine)
+{
+    panel_->setLevel(5);
+    panel_->openServo();
+    hands_->footerKey(4);
+    panel_->setLink({false, "The controller does not answer"});
+    hands_->input("SollwertL", 1);
+    EXPECT_TRUE(dynamic_cast<panel::IniEingabeChild&>(child("IniEingabe")).isOpen());
+    hands_->editorCancel();
+}
+
+// What stands on the strip since then is said in the words of its own time.
+TEST_F(EditCheckTest, ARefusedTouchTakesThePlaceOfAnAnswer)
+{
+    change("SollwertL", 1, "42.5");
+    hands_->footerKey(10);
+    EXPECT_EQ(answer(), "Written, values: 1");
+    panel_->setLink({false, "The controller does not answer"});
+    hands_->input("SollwertL", 1);
+    EXPECT_EQ(answer(), "Cannot be changed: Start position: No connection");
+    panel_->chooseLanguage(1);
+    EXPECT_NE(answer(), "Written, values: 1");
+}
+
+TEST_F(EditCheckTest, WhereNothingElseIsLeftNothingIsConfirmed)
+{
+    int announced = 0;
+    flaky_->written = [&](std::string_view name) { announced += name == changedFlag ? 1 : 0; };
+    change("SollwertL", 21, "12");
+    flaky_->unreadable.insert(secondSetpoints);
+    for (int i = 0; i < 3; ++i) {
+        hands_->footerKey(10);
+        EXPECT_EQ(answer(), "Not written: Servo.M1.Servo3.21: cannot be read");
+        hands_->wait(readingMs);
+    }
+    EXPECT_EQ(announced, 0);
+    EXPECT_TRUE(child("SollwertL", 21).isChanged());
+}
+
+// Each is confirmed in the knowledge of it.
+TEST_F(EditCheckTest, OfSeveralThatCannotBeReadEachIsTold)
+{
+    change("SollwertL", 1, "42.5");
+    hands_->input("SchalterL", 31);
+    change("ZeichnungL", 43, "7");
+    const bool turned = basic::toBoolean(child("SchalterL", 31).get(platform::ids::Schalter::Zustand, {}));
+    const Variant word = *panel_->variables().find(switches);
+    flaky_->unreadable = {switches, drawings};
+    hands_->footerKey(10);
+    const std::string first = answer();
+    hands_->wait(readingMs);
+    hands_->footerKey(10);
+    const std::string second = answer();
+    EXPECT_NE(first, second);
+    EXPECT_EQ(held(setpoints, 0), 1.5);
+    hands_->wait(readingMs);
+    hands_->footerKey(10);
+    EXPECT_EQ(held(setpoints, 0), 42.5);
+    EXPECT_TRUE(child("SchalterL", 31).isChanged());
+    EXPECT_TRUE(child("ZeichnungL", 43).isChanged());
+    EXPECT_FALSE(child("ZeichnungL", 41).isChanged());
+    EXPECT_EQ(basic::toBoolean(child("SchalterL", 31).get(platform::ids::Schalter::Zustand, {})), turned);
+    EXPECT_EQ(*panel_->variables().find(switches), word);
+    EXPECT_EQ(text("ZeichnungL", 43).text(), "07");
+
+    flaky_->unreadable.clear();
+    hands_->wait(refreshMs);
+    hands_->footerKey(10);
+    EXPECT_EQ(answer(), "Written, values: 2");
+    EXPECT_EQ((basic::toInt32(*panel_->variables().find(switches)) & 1) != 0, turned);
+}
+
+TEST_F(EditCheckTest, WhatCanBeReadAgainIsHeldUpAnewWhenItFailsOnceMore)
+{
+    change("SollwertL", 1, "42.5");
+    change("SollwertL", 21, "12");
+    flaky_->unreadable.insert(secondSetpoints);
+    hands_->footerKey(10);
+    hands_->wait(readingMs);
+    machineSets(setpoints, 0, 40.25); // something else stands in the way by now
+    flaky_->unreadable.clear();
+    hands_->footerKey(10);
+    EXPECT_NE(answer().find("(40.25)"), std::string::npos) << answer();
+    flaky_->unreadable.insert(secondSetpoints);
+    hands_->wait(readingMs);
+    hands_->footerKey(10);
+    EXPECT_EQ(answer(), "Not written: Servo.M1.Servo3.21: cannot be read");
+    EXPECT_EQ(held(setpoints, 0), 40.25);
+}
+
+TEST_F(EditCheckTest, AChangeThatWasNotAnnouncedWaitsOn)
+{
+    change("SollwertL", 1, "42.5");
+    flaky_->unwritable.insert(changedFlag);
+    hands_->footerKey(10);
+    EXPECT_EQ(answer(), "Not written: Change not announced: refused by the controller. Written, values: 1");
+    EXPECT_TRUE(child("SollwertL", 1).isChanged());
+    flaky_->unwritable.clear();
+    bool isAnnounced = false;
+    flaky_->written = [&](std::string_view name) { isAnnounced = isAnnounced || name == changedFlag; };
+    hands_->footerKey(10);
+    EXPECT_TRUE(isAnnounced);
+    EXPECT_FALSE(child("SollwertL", 1).isChanged());
+}
+
+TEST_F(EditCheckTest, AnUnannouncedChangeIsNotForgottenByARefusal)
+{
+    change("SollwertL", 1, "42.5");
+    flaky_->unwritable.insert(changedFlag);
+    hands_->footerKey(10);
+    flaky_->unwritable.insert(setpoints);
+    hands_->footerKey(10);
+    EXPECT_EQ(answer(), "Not written: Start position: refused by the controller. Change not announced");
+    EXPECT_TRUE(child("SollwertL", 1).isChanged());
+    hands_->footerKey(11); // discarded
+    change("SollwertL", 21, "12");
+    flaky_->unwritable.insert(secondSetpoints);
+    hands_->footerKey(10);
+    EXPECT_EQ(answer(), "Not written: Servo.M1.Servo3.21: refused by the controller");
+}
+
+TEST_F(EditCheckTest, ARefusalBehindTheMaskIsSeenAfterwards)
+{
+    panel_->answers().setLeastTime(100);
+    hands_->input("SollwertL", 1);
+    ASSERT_TRUE(isMaskOpen());
+    panel_->setLink({false, "The controller does not answer"});
+    hands_->input("SchalterL", 31);
+    EXPECT_FALSE(panel_->answers().isVisible());
+    hands_->wait(200);
+    hands_->cancel();
+    EXPECT_TRUE(panel_->answers().isVisible());
+    EXPECT_NE(answer().find("Cannot be changed"), std::string::npos) << answer();
+    hands_->wait(200);
+    hands_->input("BeschriftungL", 2); // a touch that means nothing
+    EXPECT_FALSE(panel_->answers().isVisible());
+}
+
+TEST(WatchedVariablesTest, WhatCouldNotBeReadAtLastIsNotWritten)
+{
+    auto store = std::make_shared<machine::VariableStore>();
+    store->declare(setpoints, basic::doubles({1, 2}));
+    const auto flaky = std::make_shared<FlakyVariables>(store);
+    panel::WatchedVariables watched{flaky};
+    watched.ReadValue(setpoints);
+    flaky->unreadable.insert(setpoints);
+    EXPECT_THROW(watched.ReadValue(setpoints), basic::Error);
+    flaky->unreadable.clear();
+    EXPECT_THROW(watched.WriteValue(setpoints, basic::doubles({3, 2})), basic::Error);
+    EXPECT_EQ(*store->find(setpoints), basic::doubles({1, 2}));
+    ASSERT_EQ(watched.writes().size(), 1U);
+    EXPECT_EQ(panel::reasonOf(watched.writes().front().error, false), panel::RefusalReason::NotReadable);
+    watched.ReadValue(setpoints);
+    watched.WriteValue(setpoints, basic::doubles({3, 2}));
+    EXPECT_EQ(*store->find(setpoints), basic::doubles({3, 2}));
+}
+
+TEST(LockedPanelTest, TheSystemsOwnMessageComesWhateverIsKnownOfTheMachine)
+{
+    TestProject project{standardProject};
+    std::string file;
+    {
+        std::ifstream in{project.file("project.json")};
+        file.assign(std::istreambuf_iterator<char>{in}, {});
+    }
+    const std::string permission = R"("input": -1)";
+    ASSERT_NE(file.find(permission), std::string::npos);
+    project.write("project.json", file.replace(file.find(permission), permission.size(), R"("input": 0)"));
+    Panel panel{project.settings()};
+    panel.window().show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&panel.window()));
+    panel.openServo();
+    Operator hands{panel};
+    {
+        const MessageReader reader{panel};
+        hands.menuKey(1);
+        hands.wait(refreshMs);
+    }
+    panel.setLink({false, "The controller does not answer"});
+    const MessageReader reader{panel};
+    hands.input("SollwertL", 1);
+    hands.input("SchalterL", 31);
+    ASSERT_EQ(reader.texts().size(), 2U);
+    EXPECT_EQ(reader.texts()[0], panel.text("Standard.15000"));
+    EXPECT_EQ(panel.answers().text(), "");
+    EXPECT_FALSE(panel.shownPart()->require<panel::Child>("SchalterL", 31).isChanged());
 }
 
 } // namespace servopanel::testing

@@ -261,3 +261,20 @@ TEST_F(InputMaskTest, KeysLieInsideTheMaskAndDoNotOverlapOnAnyPanel)
         EXPECT_GE(mask_.pad().key("5")->width(), 45) << size.width();
     }
 }
+
+// Nobody knows whether the machine still holds it.
+TEST_F(InputMaskTest, ANumberEnteredOverAnOldOneIsAChangeAndTheOldOneLeftAloneIsNone)
+{
+    MaskTask task{"Draw", "%", "5", {0.0, 10.0}};
+    task.isOld = true;
+    mask_.start(task);
+    QTest::mouseClick(&mask_.okKey(), Qt::LeftButton);
+    EXPECT_EQ(accepted_, 5.0);
+    EXPECT_FALSE(changed_);
+    mask_.start(task);
+    EXPECT_TRUE(mask_.showsOld());
+    tap("5");
+    EXPECT_FALSE(mask_.showsOld());
+    QTest::mouseClick(&mask_.okKey(), Qt::LeftButton);
+    EXPECT_TRUE(changed_);
+}

@@ -23,7 +23,10 @@ public:
     // adjust: of the settings that the panel is made with.
     explicit PanelOnBroker(const std::function<void(panel::PanelSettings&)>& adjust = {})
     {
-        net.others = [this] { controller->poll(0); };
+        net.others = [this] {
+            if (meanwhile) meanwhile();
+            controller->poll(0);
+        };
         machine::ProjectFile::load(project.file("project.json")).declareVariables(store);
         controller = std::make_unique<line_machine::Controller>(
             line_machine::ControllerSettings{.machine = "M1", .epoch = 1'700'000'000'000, .faults = true},
@@ -84,6 +87,10 @@ public:
         return numbers;
     }
 
+    // Commands that the machine has got since the start.
+    std::size_t commands() const { return controller->seen().size(); }
+
+    std::function<void()> meanwhile; // what happens while the panel waits, before the machine has its turn
     TestProject project{standardProject};
     TestNet net;
     machine::VariableStore store;

@@ -97,7 +97,11 @@ void EingabemaskeChild::accepted(double value, bool changed)
     if (!open_ || !target_) return;
     // The last word is the machine's.
     mask().setLimits(limits(field()));
-    if (!mask().check()) return;
+    if (mask().check()) take(value, changed);
+}
+
+void EingabemaskeChild::take(double value, bool changed)
+{
     services().operation("mask " + basic::decimal(value));
     if (changed) {
         if (auto* input = dynamic_cast<VWSVarIn*>(target_.get()))

@@ -17,12 +17,18 @@ public:
 
     InputMask& mask() { return static_cast<InputMask&>(view()); }
     bool isOpen() const { return open_; }
+    // Into the target, as another value that the operator has accepted before; nothing while it is not open.
+    void enter(double value)
+    {
+        if (open_ && target_) take(value, true);
+    }
 
 private:
     void setOpen(bool open);
     Beside field() const;
     MaskLimits limits(const Beside& beside) const;
     void accepted(double value, bool changed);
+    void take(double value, bool changed);
     void cancelled();
 
     FindBeside findBeside_;

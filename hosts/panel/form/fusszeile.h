@@ -20,6 +20,9 @@ public:
     // The operator presses a key, on the screen or on the keyboard; nothing happens while it is off.
     void press(int key);
 
+    // Whether what a key stands for cannot be done now, though the page offers it.
+    void setHeldBack(int key, bool heldBack) { bar().key(key).setHeldBack(heldBack); }
+
     // Whether the page has given a key another colour than the usual one, because what it stands for is active.
     bool isActive(int key) const;
 

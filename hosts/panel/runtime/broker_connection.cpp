@@ -12,14 +12,16 @@ namespace servopanel::panel {
 namespace {
 // Values come a few times a second, and whoever writes polls by itself.
 constexpr int periodMilliseconds = 50;
+constexpr int slowMilliseconds = 200; // what nobody takes for a panel that hangs
 } // namespace
 
 BrokerConnection::BrokerConnection(const BrokerSettings& settings, const std::string& panel)
     : link_{settings.makeLink()}
     , clock_{settings.clock}
     , machines_{std::make_shared<mqtt::BrokerVariables>(
-          mqtt::BrokerVariablesSettings{.panel = panel, .machines = {}, .viewing = settings.viewing}, *link_,
-          settings.clock)}
+          mqtt::BrokerVariablesSettings{
+              .panel = panel, .machines = {}, .viewing = settings.viewing, .waiting = [this] { waits(); }},
+          *link_, settings.clock)}
 {
 }
 
@@ -49,7 +51,7 @@ bool BrokerConnection::show(const std::string& machine)
 void BrokerConnection::waitFor(std::string_view machine, int milliseconds)
 {
     const std::int64_t end = clock_() + milliseconds;
-    while (!machines_->isLive(machine) && clock_() < end)
+    while (!(machines_->isLive(machine) && machines_->hasValues(machine)) && clock_() < end)
         poll(periodMilliseconds);
 }
 
@@ -75,6 +77,15 @@ void BrokerConnection::confirmBegins()
 {
     using Scope = mqtt::BrokerVariables::ConfirmScope;
     confirm_ = std::unique_ptr<Scope>{new Scope{machines_->confirm()}};
+    confirmBegan_ = clock_();
+    isSlow_ = false;
+}
+
+void BrokerConnection::waits()
+{
+    if (!confirm_ || isSlow_ || clock_() - confirmBegan_ < slowMilliseconds) return;
+    isSlow_ = true;
+    if (slow_) slow_();
 }
 
 } // namespace servopanel::panel

@@ -28,6 +28,8 @@ class BrokerConnection {
 public:
     // panel: its name, which no other panel of the broker has.
     BrokerConnection(const BrokerSettings& settings, const std::string& panel);
+    BrokerConnection(const BrokerConnection&) = delete;
+    BrokerConnection& operator=(const BrokerConnection&) = delete;
 
     // own: what describes this panel and stays with it.
     std::shared_ptr<platform::ProcessVarAccess> variables(std::shared_ptr<platform::ProcessVarAccess> own);
@@ -39,7 +41,8 @@ public:
     // not show. False when it does so already.
     bool show(const std::string& machine);
 
-    // For a start with values on the screen: polls until the machine is there, so many milliseconds at most.
+    // For a start with values on the screen: polls until the machine is there and has sent all its variables, so many
+    // milliseconds at most.
     void waitFor(std::string_view machine, int milliseconds);
 
     // What keeps the shown machine's values from being good, one sentence for the list of reports; empty: nothing.
@@ -48,18 +51,25 @@ public:
     std::vector<std::string> takeProblems();
 
     void setLevel(std::int16_t level) { machines_->setLevel(level); }
+    // Called once in a confirm that takes so long that the operator has to be told. It must not let events run: the
+    // library is in the middle of writing.
+    void setSlowHandler(std::function<void()> slow) { slow_ = std::move(slow); }
     // The confirm key is about to act, and has acted.
     void confirmBegins();
     void confirmEnds() { confirm_.reset(); }
 
 private:
     void poll(int milliseconds);
+    void waits();
 
     std::unique_ptr<mqtt::Link> link_;
     mqtt::Clock clock_;
     std::shared_ptr<mqtt::BrokerVariables> machines_;
     std::string shown_; // designation
     std::unique_ptr<mqtt::BrokerVariables::ConfirmScope> confirm_;
+    std::int64_t confirmBegan_ = 0;
+    bool isSlow_ = false; // the present confirm, and it was told
+    std::function<void()> slow_;
     std::vector<std::string> problems_;
     QTimer timer_;
 };

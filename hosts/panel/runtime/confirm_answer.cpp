@@ -5,7 +5,7 @@
 namespace servopanel::panel {
 
 std::optional<ConfirmAnswer> judgeConfirm(
-    const WatchedVariables& variables, const std::vector<std::string_view>& changed)
+    const WatchedVariables& variables, const std::vector<std::string_view>& changed, bool wasUntold)
 {
     const std::vector<WatchedVariables::Write>& writes = variables.writes();
     const auto writeOf = [&](std::string_view family) {
@@ -18,9 +18,10 @@ std::optional<ConfirmAnswer> judgeConfirm(
 
     ConfirmAnswer answer;
     const auto refuse = [&](const WatchedVariables::Write& write) {
-        if (!write.problem.empty())
-            answer.refusals.push_back(
-                {write.family, write.variable, reasonOf(write.error, false), write.problem, -1});
+        if (write.problem.empty()) return;
+        const RefusalReason reason = reasonOf(write.error, false);
+        answer.refusals.push_back(
+            {write.family, write.variable, reason, write.problem, -1, isUnsent(reason)});
     };
     for (const WatchedVariables::Write& write : writes)
         if (write.problem.empty()) answer.written += write.changes;
@@ -32,11 +33,17 @@ std::optional<ConfirmAnswer> judgeConfirm(
         // What could not be read is not written either, so that nothing is overwritten unseen.
         const WatchedVariables::Read* const read = variables.latest(family);
         answer.refusals.push_back(read == nullptr
-                ? Refusal{family, {}, RefusalReason::NotReadable, {}, -1}
-                : Refusal{family, read->variable, reasonOf(read->error, true), read->problem, -1});
+                ? Refusal{family, {}, RefusalReason::NotReadable, {}, -1, true}
+                : Refusal{family, read->variable, reasonOf(read->error, true), read->problem, -1, true});
     }
-    // Where nothing was written there was nothing to tell.
-    if (answer.written > 0 || answer.refusals.empty()) refuse(*told);
+    // Where nothing can have been written there was nothing to tell.
+    const bool mayBeWritten = wasUntold || answer.written > 0 || answer.refusals.empty()
+        || std::any_of(answer.refusals.begin(), answer.refusals.end(), [](const Refusal& refusal) {
+               return refusal.reason == RefusalReason::NoAnswer
+                   || refusal.reason == RefusalReason::NoAnswerButWritten;
+           });
+    answer.isUntold = mayBeWritten && !told->problem.empty();
+    if (answer.isUntold) refuse(*told);
     return answer;
 }
 

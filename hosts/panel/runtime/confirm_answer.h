@@ -17,6 +17,7 @@ struct Refusal {
     RefusalReason reason = RefusalReason::Other;
     std::string description; // the error's own words
     int element = -1; // of the family; -1: all that were changed
+    bool isUnsent = false; // nothing has left the panel, for a reason that may pass by itself
 };
 
 // What became of a confirmed change.
@@ -24,11 +25,13 @@ struct ConfirmAnswer {
     int written = 0; // values of the machine that are others now
     std::vector<Refusal>
         refusals; // one of a family that was not written, or one of each value that was not taken
+    // The machine may hold new values and does not know that it is to take them over.
+    bool isUntold = false;
 };
 
-// Judges one press of the confirm key. changed: the families of the fields that waited to be written. Nothing when the
-// key did not confirm anything.
+// Judges one press of the confirm key. changed: the families of the fields that waited to be written. wasUntold: of the
+// confirm before, whose changes still wait. Nothing when the key did not confirm anything.
 std::optional<ConfirmAnswer> judgeConfirm(
-    const WatchedVariables& variables, const std::vector<std::string_view>& changed);
+    const WatchedVariables& variables, const std::vector<std::string_view>& changed, bool wasUntold);
 
 } // namespace servopanel::panel

@@ -39,7 +39,9 @@ void ConfirmAnswers::keyEnds(ControlHost& page, bool hasLink)
     for (const Field& field : changed_)
         if (std::find(families.begin(), families.end(), field.source.family) == families.end())
             families.push_back(field.source.family);
-    answer_ = judgeConfirm(variables_, families);
+    wasUntold_ = isUntold_;
+    answer_ = judgeConfirm(variables_, families, wasUntold_);
+    isUntold_ = answer_ && answer_->isUntold;
     if (!answer_) {
         strip_.dismiss();
         return;
@@ -79,6 +81,21 @@ void ConfirmAnswers::findNotTaken()
                 {write.family, write.variable, RefusalReason::NotTaken, {}, field.source.element});
         }
     }
+}
+
+std::vector<ValueSource> ConfirmAnswers::waiting() const
+{
+    std::vector<ValueSource> waiting;
+    if (!answer_) return waiting;
+    for (const Field& field : changed_) {
+        const auto refusal = std::find_if(answer_->refusals.begin(), answer_->refusals.end(),
+            [&](const Refusal& each) { return each.family == field.source.family; });
+        const bool isWritten = wasUntold_ || refusal == answer_->refusals.end()
+            || refusal->reason == RefusalReason::NoAnswerButWritten;
+        if ((isWritten && answer_->isUntold) || (refusal != answer_->refusals.end() && refusal->isUnsent))
+            waiting.push_back(field.source);
+    }
+    return waiting;
 }
 
 void ConfirmAnswers::languageChanged(ControlHost* page)
@@ -129,12 +146,15 @@ QString ConfirmAnswers::reason(ControlHost& page) const
 {
     if (answer_->refusals.empty()) return overwritten(page);
     const Refusal& first = answer_->refusals.front();
-    qsizetype further = -1;
+    const bool isUntoldBesides = answer_->isUntold && first.family != families::changedFlag;
+    qsizetype further = isUntoldBesides ? -2 : -1;
     for (const Refusal& refusal : answer_->refusals)
         further += concerned(page, refusal).size();
     QString reason =
         concerned(page, first).value(0) + QStringLiteral(": ") + reasonWord(first.reason, words_);
     if (further > 0) reason += QStringLiteral(" (+%1)").arg(further);
+    // Whatever the machine holds: it goes on with what it had before.
+    if (isUntoldBesides) reason += QStringLiteral(". ") + words_(PanelText::NotTold);
     if (answer_->written > 0) reason += QStringLiteral(". ") + written();
     if (!overwritten_.empty()) reason += QStringLiteral(". ") + overwritten(page);
     return reason;

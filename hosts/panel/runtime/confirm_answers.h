@@ -24,6 +24,11 @@ public:
     void keyBegins(ControlHost& page);
     // It has acted. hasLink: whether there was a way to the machine at all.
     void keyEnds(ControlHost& page, bool hasLink);
+    // Whether that was a confirm.
+    bool hasAnswer() const { return answer_.has_value(); }
+    // What the confirm was to write and what is to wait on: it was not sent, or the machine was not told to take it over.
+    // Of other refusals the page shows what the machine holds instead.
+    std::vector<ValueSource> waiting() const;
     // Another answer stands on the strip.
     void forget() { answer_.reset(); }
     // Words and captions are others now.
@@ -59,6 +64,8 @@ private:
     std::function<void(const QString&)> note_;
     std::vector<Field> changed_;
     std::optional<ConfirmAnswer> answer_;
+    bool isUntold_ = false; // what the machine holds of a confirm that still waits
+    bool wasUntold_ = false; // likewise before the present key
     std::vector<Overwritten> overwritten_;
 };
 

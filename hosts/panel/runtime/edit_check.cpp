@@ -42,7 +42,7 @@ EditCheck::EditCheck(WatchedVariables& variables, AnswerStrip& strip, PanelWords
 
 bool EditCheck::admits(ControlHost& page, platform::ChildId id, std::string_view event, platform::Args args)
 {
-    if (page.className() != platform::classes::ServoMain) return true;
+    if (page.className() != platform::classes::ServoMain || isRepeating_) return true;
     if (event == "TasteClick")
         return args.empty() || basic::toInt16(args[0]) != confirmKey || mayConfirm(page);
     if (event != "MouseDown" && event != "SchalterGedrückt") return true;
@@ -56,10 +56,30 @@ void EditCheck::eventEnds(bool isOver)
     if (!isOver) return;
     beginnings_.clear();
     told_.reset();
+    knownUnreadable_.clear();
+}
+
+void EditCheck::confirmEnds(const std::vector<ValueSource>& waiting)
+{
+    std::erase_if(beginnings_, [&](const auto& each) {
+        const ValueSource source{each.first.first, each.first.second};
+        return std::find(waiting.begin(), waiting.end(), source) == waiting.end();
+    });
+    // What the panel itself has written is no change by somebody else.
+    for (const WatchedVariables::Write& write : variables_.writes()) {
+        const bool isDone =
+            write.problem.empty() || reasonOf(write.error, false) == RefusalReason::NoAnswerButWritten;
+        for (auto& [place, beginning] : beginnings_)
+            if (isDone && beginning.variable == write.variable)
+                beginning.held = elementValue({place.first, place.second}, write.value);
+    }
+    told_.reset();
+    knownUnreadable_.clear();
 }
 
 bool EditCheck::mayEdit(ControlHost& page, platform::ChildId id, const ValueSource& source)
 {
+    if (isLocked_) return true;
     const bool isGood = variables_.state(source) == ValueState::Fresh;
     if (isGood && !isViewing_) {
         begin(page, id, source);
@@ -115,67 +135,96 @@ bool EditCheck::mayConfirm(ControlHost& page)
     const bool isAnyChanged =
         std::any_of(fields.begin(), fields.end(), [](const Field& field) { return field.isChanged; });
     if (!isAnyChanged) return true;
-    QString first;
-    int count = 0;
+    struct Found {
+        const Field* field;
+        Obstacle obstacle;
+    };
+    std::vector<Found> found;
+    bool isAnyReadable = false; // of the changed ones
     for (const Field& field : fields) {
-        const std::optional<Obstacle> found = obstacle(field);
-        if (!found) continue;
-        const QString line = field.caption + QStringLiteral(": ") + found->word;
-        if (++count == 1) {
-            first = line;
-            tell({field.source.family, field.source.element}, *found);
-        }
-        note_(line + QStringLiteral(" – ") + QString::fromStdString(found->details));
+        std::optional<Obstacle> each = obstacle(field);
+        isAnyReadable = isAnyReadable || (field.isChanged && (!each || each->unreadable.empty()));
+        if (each) found.push_back({&field, std::move(*each)});
     }
-    if (count == 0) return true;
-    if (count > 1) first += QStringLiteral(" (+%1)").arg(count - 1);
-    strip_.showRefused(words_(PanelText::NotWritten), first);
+    // Where nothing is left to be written there is nothing to confirm without the rest.
+    if (isAnyReadable)
+        std::erase_if(
+            found, [&](const Found& each) { return knownUnreadable_.count(each.obstacle.unreadable) > 0; });
+    if (found.empty()) return true;
+    const auto line = [](const Found& each) {
+        return each.field->caption + QStringLiteral(": ") + each.obstacle.word;
+    };
+    for (const Found& each : found)
+        note_(line(each) + QStringLiteral(" – ") + QString::fromStdString(each.obstacle.details));
+    const Found& first = found.front();
+    tell({first.field->source.family, first.field->source.element}, first.obstacle);
+    QString reason = line(first);
+    if (found.size() > 1) reason += QStringLiteral(" (+%1)").arg(found.size() - 1);
+    strip_.showRefused(words_(PanelText::NotWritten), reason);
     return false;
 }
 
 std::optional<EditCheck::Obstacle> EditCheck::obstacle(const Field& field)
 {
-    const auto because = [&](RefusalReason reason, std::string details) -> std::optional<Obstacle> {
-        // What is not to be written need not be known.
-        if (!field.isChanged) return {};
-        return Obstacle{reasonWord(reason, words_), std::move(details), {}};
-    };
     const WatchedVariables::Read* const read = variables_.latest(field.source.family);
-    if (read == nullptr) return because(RefusalReason::NotReadable, {});
-    if (!variables_.linkIsGood()) return because(RefusalReason::NoLink, read->variable);
+    if (read == nullptr) return unreadable(field, {}, RefusalReason::NotReadable, {});
+    if (!variables_.linkIsGood()) return unreadable(field, {}, RefusalReason::NoLink, read->variable);
     Beginning now{read->variable, {}};
     try {
         now.held = elementValue(field.source, variables_.look(read->variable));
     } catch (const basic::Error& error) {
-        return because(reasonOf(error.number, true), error.description);
+        const RefusalReason reason = reasonOf(error.number, true);
+        // Without a connection there is nothing that could be confirmed.
+        const bool isAlone = reason != RefusalReason::NoLink;
+        return unreadable(field, isAlone ? read->variable : std::string{}, reason, error.description);
     }
+    knownUnreadable_.erase(read->variable);
     const Place place{field.source.family, field.source.element};
     const auto beginning = beginnings_.find(place);
     if (beginning == beginnings_.end() || beginning->second.variable != read->variable) return {};
     if (isSame(beginning->second.held, now.held)) return {};
-    if (isTold(place, now) && told_->since.elapsed() >= readingMilliseconds) {
+    if (isKnown(place, now)) {
         beginning->second = now;
         return {};
     }
     QString word = reasonWord(RefusalReason::ChangedMeanwhile, words_);
     if (now.held) word += QStringLiteral(" (") + valueText(basic::Variant{*now.held}) + u')';
-    return Obstacle{word, read->variable, now};
+    return Obstacle{word, read->variable, now, {}};
 }
 
-bool EditCheck::isTold(const Place& place, const Beginning& now) const
+// variable: empty when not it alone is unreadable.
+std::optional<EditCheck::Obstacle> EditCheck::unreadable(
+    const Field& field, const std::string& variable, RefusalReason reason, const std::string& details)
+{
+    // What is not to be written need not be known.
+    if (!field.isChanged) return {};
+    if (!variable.empty() && isKnown({}, {variable, {}})) knownUnreadable_.insert(variable);
+    return Obstacle{reasonWord(reason, words_), details, {}, variable};
+}
+
+bool EditCheck::isTold(const std::optional<Place>& place, const Beginning& now) const
 {
     return told_ && told_->place == place && told_->now.variable == now.variable
         && isSame(told_->now.held, now.held);
 }
 
+bool EditCheck::isKnown(const std::optional<Place>& place, const Beginning& now) const
+{
+    return isTold(place, now) && told_->since.elapsed() >= readingMilliseconds;
+}
+
 void EditCheck::tell(const Place& place, const Obstacle& obstacle)
 {
-    if (!obstacle.now) {
+    const bool isUnreadable = !obstacle.unreadable.empty();
+    if (!obstacle.now && !isUnreadable) {
         told_.reset();
-    } else if (!isTold(place, *obstacle.now)) {
-        told_ = Told{place, *obstacle.now, {}};
-        told_->since.start();
+        return;
     }
+    const std::optional<Place> of = isUnreadable ? std::nullopt : std::optional{place};
+    const Beginning now = isUnreadable ? Beginning{obstacle.unreadable, {}} : *obstacle.now;
+    if (isTold(of, now)) return;
+    told_ = Told{of, now, {}};
+    told_->since.start();
 }
 
 bool EditCheck::isUnchanged(std::string_view variable, const basic::Variant& value) const

@@ -10,6 +10,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -19,8 +20,8 @@ namespace servopanel::panel {
 // Keeps the operator from working on numbers that are not the machine's: an input whose variable is not good is not
 // edited, and a change is confirmed only while every variable that it concerns is good and the machine holds what the edit
 // began from. Otherwise the strip says why not, and everything entered stays as it is. Where the machine holds another
-// value by now, a further press confirms in the knowledge of it: of the one that the strip names, and not before it can
-// have been read.
+// value by now, or some of what was changed cannot be read and therefore not be written, a further press confirms in the
+// knowledge of it: of the one that the strip names, and not before it can have been read.
 class EditCheck {
 public:
     // note: a line for the list of reports.
@@ -29,11 +30,18 @@ public:
 
     // A panel that only shows edits nothing.
     void setViewing() { isViewing_ = true; }
+    // A panel without the permission for inputs. The page itself says so, whatever is known of the machine.
+    void setLocked() { isLocked_ = true; }
 
     // Whether an event may enter the page.
     bool admits(ControlHost& page, platform::ChildId id, std::string_view event, platform::Args args);
+    // A confirm is over. waiting: what is still to be written; these edits go on, and all others have ended.
+    void confirmEnds(const std::vector<ValueSource>& waiting);
     // Its procedure is over. isOver: nothing is changed, and nothing is open to be changed.
     void eventEnds(bool isOver);
+
+    // While edits of the operator are made once more in his stead, whatever is known of the machine.
+    void setRepeating(bool isRepeating) { isRepeating_ = isRepeating; }
 
 private:
     // What the machine held when the operator began to edit, as far as the input showed it.
@@ -53,10 +61,11 @@ private:
         QString word;
         std::string details; // of the variable, for the list of reports
         std::optional<Beginning> now; // when the machine holds another value
+        std::string unreadable; // the variable, when it alone cannot be read
     };
-    // The obstacle that the strip names.
+    // The obstacle that the strip names: another value of one field, or a variable with all its fields.
     struct Told {
-        Place place;
+        std::optional<Place> place;
         Beginning now;
         QElapsedTimer since;
     };
@@ -66,7 +75,11 @@ private:
     void begin(ControlHost& page, platform::ChildId id, const ValueSource& source);
     std::vector<Field> fieldsOf(ControlHost& page) const;
     std::optional<Obstacle> obstacle(const Field& field);
-    bool isTold(const Place& place, const Beginning& now) const;
+    std::optional<Obstacle> unreadable(
+        const Field& field, const std::string& variable, RefusalReason reason, const std::string& details);
+    bool isTold(const std::optional<Place>& place, const Beginning& now) const;
+    // Whether it was told long enough ago to have been read.
+    bool isKnown(const std::optional<Place>& place, const Beginning& now) const;
     void tell(const Place& place, const Obstacle& obstacle);
     // Whether a variable still holds what was found when the confirm was admitted.
     bool isUnchanged(std::string_view variable, const basic::Variant& value) const;
@@ -76,8 +89,11 @@ private:
     PanelWords words_;
     std::function<void(const QString&)> note_;
     bool isViewing_ = false;
+    bool isLocked_ = false;
+    bool isRepeating_ = false;
     std::map<Place, Beginning> beginnings_;
     std::optional<Told> told_;
+    std::set<std::string> knownUnreadable_; // the operator wants the rest to be written without them
 };
 
 } // namespace servopanel::panel

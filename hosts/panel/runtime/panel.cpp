@@ -91,6 +91,7 @@ Panel::Panel(PanelSettings settings)
 {
     errors_.setAddedHandler(settings_.outside.reported);
     applySettings();
+    if (file_.input == 0) edits_.setLocked();
     stateDiagonal(window_.stage(), file_.diagonalInches.value_or(usualDiagonal(window_.stage().width())));
     watched_->setChangeHandler([this] { showValueStates(); });
     watched_->setObserver([this](std::string_view name, const Variant* value) { trends_.seen(name, value); });

@@ -15,6 +15,7 @@
 #include "panel/runtime/machine_runner.h"
 #include "panel/runtime/panel_services.h"
 #include "panel/runtime/remembered_choices.h"
+#include "panel/runtime/waiting_edits.h"
 #include "panel/runtime/watched_variables.h"
 #include "panel/trends/trends.h"
 #include "panel/widgets/answer_strip.h"
@@ -186,6 +187,10 @@ private:
     void placeErrorKey();
     void placeAnswers();
     void showValueStates();
+    void showConfirmKey();
+    void keepWaiting(ControlHost& page);
+    // Whether an input of the part waits to be confirmed.
+    static bool hasChange(ControlHost& part);
     // Whether an input is open or waits to be confirmed.
     bool hasOpenEdit();
     void startConnection();
@@ -214,6 +219,7 @@ private:
     InputGuard guard_;
     EditCheck edits_;
     ConfirmAnswers confirms_;
+    WaitingEdits edited_;
     Trends trends_;
     std::unique_ptr<MachineRunner> machine_;
     PictureCache pictureCache_;

@@ -44,6 +44,7 @@ std::shared_ptr<platform::ProcessVarAccess> Panel::journaled(std::shared_ptr<pla
 void Panel::startConnection()
 {
     if (settings_.broker->viewing) edits_.setViewing();
+    connection_->setSlowHandler([this] { answers_.showBusy(word(PanelText::Writing)); });
     connection_->setLevel(number(levelVariable));
     showMachine();
     connection_->start([this] { followConnection(); });

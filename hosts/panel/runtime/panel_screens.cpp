@@ -128,9 +128,13 @@ bool Panel::hasUnfinishedInput() { return gate_.isBusy() || gate_.isClosed() || 
 bool Panel::hasOpenEdit()
 {
     ControlHost* part = shownPart();
-    if (part == nullptr) return false;
-    bool changed = isEntering(*part);
-    part->forEach(
+    return part != nullptr && (isEntering(*part) || hasChange(*part));
+}
+
+bool Panel::hasChange(ControlHost& part)
+{
+    bool changed = false;
+    part.forEach(
         [&](std::string_view, std::int16_t, Child& child) { changed = changed || child.isChanged(); });
     return changed;
 }

@@ -1,5 +1,6 @@
 // What is known of the machine's values, and what an operator's events come to.
 #include "basic/conversions.h"
+#include "panel/form/fusszeile.h"
 #include "panel/form/ini_eingabe.h"
 #include "panel/form/schalter.h"
 #include "panel/runtime/panel.h"
@@ -11,11 +12,14 @@ using basic::Variant;
 
 namespace {
 
-// Confirm and discard; with no change waiting the keys mean something else, and no switch waits either.
+constexpr int confirmKey = 10;
+constexpr int discardKey = 11;
+
+// With no change waiting the keys mean something else, and no switch waits either.
 bool endsEdit(platform::Args args)
 {
-    const std::int16_t key = args.empty() ? std::int16_t{0} : basic::toInt16(args[0]);
-    return key == 10 || key == 11;
+    const int key = args.empty() ? 0 : basic::toInt16(args[0]);
+    return key == confirmKey || key == discardKey;
 }
 
 // A switch is told the end of an edit by its new state alone, which does not come while the machine is silent.
@@ -51,6 +55,18 @@ Services::FamilyRead Panel::familyRead(std::string_view family)
 void Panel::showValueStates()
 {
     if (servo_) servo_->showValueStates();
+    showConfirmKey();
+}
+
+// It confirms nothing that could not be written, and shows so before anybody relies on it.
+void Panel::showConfirmKey()
+{
+    ControlHost* const part = shownPart();
+    if (part == nullptr) return;
+    auto* const footer = dynamic_cast<FußzeileChild*>(part->find("Fußzeile"));
+    if (footer == nullptr || footer->viewOrNull() == nullptr) return;
+    const bool isViewing = settings_.broker && settings_.broker->viewing;
+    footer->setHeldBack(confirmKey, (isViewing || !watched_->linkIsGood()) && hasChange(*part));
 }
 
 void Panel::mirror(std::string_view variable, const Variant& value)
@@ -74,7 +90,19 @@ void Panel::eventBegins(ControlHost& form, std::string_view event, platform::Arg
 {
     if (event != "TasteClick") return;
     confirms_.keyBegins(form);
+    edited_.keyBegins(form);
     if (connection_) connection_->confirmBegins();
+}
+
+// What the confirm has not brought to an end waits on.
+void Panel::keepWaiting(ControlHost& page)
+{
+    const std::vector<ValueSource> waiting = confirms_.waiting();
+    edits_.confirmEnds(waiting);
+    if (waiting.empty()) return;
+    edits_.setRepeating(true);
+    edited_.repeat(page, waiting);
+    edits_.setRepeating(false);
 }
 
 void Panel::eventEnds(ControlHost& form, std::string_view event, platform::Args args)
@@ -83,7 +111,12 @@ void Panel::eventEnds(ControlHost& form, std::string_view event, platform::Args 
     if (event == "TasteClick" && endsEdit(args)) settleSwitches(form);
     // The library has put into the displays what it read.
     showValueStates();
-    if (event == "TasteClick") confirms_.keyEnds(form, link_.good);
+    if (event == "TasteClick") {
+        confirms_.keyEnds(form, link_.good);
+        if (confirms_.hasAnswer()) keepWaiting(form);
+    }
+    // What a write has found out of the connection is shown at once. The answer tells of each write by itself.
+    if (event == "TasteClick" && connection_) followConnection();
     edits_.eventEnds(!hasOpenEdit());
     // The library has brought its texts in the new language only now.
     if (event == "SpracheGeandert") retranslate();

@@ -39,6 +39,12 @@ bool isUnknown(RefusalReason reason)
         || reason == RefusalReason::NoAnswerNotWritten;
 }
 
+bool isUnsent(RefusalReason reason)
+{
+    return reason == RefusalReason::NotReadable || reason == RefusalReason::Old
+        || reason == RefusalReason::NoLink || reason == RefusalReason::NotSent;
+}
+
 QString reasonWord(RefusalReason reason, const PanelWords& words)
 {
     switch (reason) {

@@ -37,6 +37,9 @@ RefusalReason reasonOf(std::int32_t error, bool wasReading);
 // Whether nobody knows what the machine holds, or will.
 bool isUnknown(RefusalReason reason);
 
+// Whether a write never left the panel, for a reason that may pass by itself.
+bool isUnsent(RefusalReason reason);
+
 // What stands behind a field's caption.
 QString reasonWord(RefusalReason reason, const PanelWords& words);
 

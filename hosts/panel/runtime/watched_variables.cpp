@@ -14,6 +14,7 @@ namespace {
 
 constexpr auto noConnection = static_cast<std::int32_t>(mqtt::Outcome::NoConnection);
 constexpr auto changedMeanwhile = static_cast<std::int32_t>(mqtt::Outcome::ChangedMeanwhile);
+constexpr auto notReadable = static_cast<std::int32_t>(mqtt::Outcome::Bad);
 constexpr unsigned switchBits = 0xF; // the rest of the word is not the panel's
 
 bool isOneValue(std::string_view family)
@@ -152,6 +153,12 @@ void WatchedVariables::WriteValue(std::string_view name, const basic::Variant& v
             std::string description{"'"};
             description.append(name).append("': no connection, not written");
             throw basic::Error{noConnection, {}, std::move(description)};
+        }
+        // Nor where the values that go along with the changed ones are not the machine's.
+        if (read != reads_.end() && !isOfNow(read->second)) {
+            std::string description{"'"};
+            description.append(name).append("': it could not be read, not written");
+            throw basic::Error{notReadable, {}, std::move(description)};
         }
         // Writing may take a while, and others write too.
         if (writeCheck_ && !writeCheck_(name, write.before)) {

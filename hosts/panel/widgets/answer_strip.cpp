@@ -22,6 +22,12 @@ AnswerStrip::AnswerStrip(QWidget* parent)
     hide();
 }
 
+void AnswerStrip::showBusy(const QString& text)
+{
+    begin(Kind::Busy, text, {});
+    repaint();
+}
+
 void AnswerStrip::showWritten(const QString& text) { begin(Kind::Written, text, {}); }
 void AnswerStrip::showWarned(const QString& text, const QString& reason)
 {
@@ -53,13 +59,15 @@ void AnswerStrip::retranslate(const QString& text, const QString& reason)
 
 void AnswerStrip::touched()
 {
-    if (due_ && kind_ != Kind::Written && since_.elapsed() >= leastMs_) dismiss();
+    if (due_ && !covered_ && waitsForTouch() && since_.elapsed() >= leastMs_) dismiss();
 }
 
 void AnswerStrip::setCovered(bool covered)
 {
     if (covered_ == covered) return;
     covered_ = covered;
+    // What could not be read meanwhile is read from now on.
+    if (!covered_ && due_ && waitsForTouch()) since_.start();
     adapt();
 }
 
@@ -89,8 +97,8 @@ void AnswerStrip::paintEvent(QPaintEvent*)
     QPainter painter{this};
     painter.setRenderHint(QPainter::Antialiasing);
     const QColor edge = kind_ == Kind::Refused ? colours::refuse
-        : kind_ == Kind::Warned                ? colours::ink
-                                               : colours::accept;
+        : kind_ == Kind::Written               ? colours::accept
+                                               : colours::ink;
     painter.setPen(QPen{edge, 2});
     painter.setBrush(kind_ == Kind::Warned ? mix(colours::warn, colours::sheet, 0.6) : colours::sheet);
     painter.drawRoundedRect(QRectF{rect()}.adjusted(1, 1, -1, -1), 4, 4);
@@ -103,6 +111,8 @@ void AnswerStrip::paintEvent(QPaintEvent*)
         drawCross(painter, mirroredIn(*this, sign), edge);
     else if (kind_ == Kind::Warned)
         drawWarning(painter, mirroredIn(*this, sign), edge);
+    else if (kind_ == Kind::Busy)
+        drawDots(painter, mirroredIn(*this, sign), edge);
     else
         drawTick(painter, mirroredIn(*this, sign), edge);
 

@@ -7,23 +7,28 @@
 
 namespace servopanel::panel {
 
-// Says what became of a confirmed change, without stopping anybody: written, for some seconds; refused, or written
-// with something to know about it, until the first touch after these seconds. A sign of its own shape tells them apart.
+// Says what becomes of a confirmed change, without stopping anybody: that it is being written; then written, for some
+// seconds; refused, or written with something to know about it, until the first touch after these seconds. A sign of its
+// own shape tells them apart.
 class AnswerStrip : public QWidget {
 public:
     explicit AnswerStrip(QWidget* parent);
 
+    // It is being written, until the next answer. On the screen when this returns: nothing is painted meanwhile.
+    void showBusy(const QString& text);
     void showWritten(const QString& text);
     // Written, and reason is what the operator has to know about it.
     void showWarned(const QString& text, const QString& reason);
     void showRefused(const QString& text, const QString& reason);
     // The operator has touched something.
     void touched();
-    // While something lies over its place it is not seen; afterwards it comes back if it still has something to say.
+    // While something lies over its place it is not seen; afterwards it comes back if it still has something to say. The
+    // time of a refusal or a warning begins anew then.
     void setCovered(bool covered);
     void dismiss();
 
     bool isRefusal() const { return kind_ == Kind::Refused; }
+    bool isBusy() const { return due_ && kind_ == Kind::Busy; }
     bool isWarning() const { return kind_ == Kind::Warned; }
     // Whether its time is not over, seen or covered.
     bool isDue() const { return due_; }
@@ -40,9 +45,10 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
-    enum class Kind { Written, Warned, Refused };
+    enum class Kind { Busy, Written, Warned, Refused };
     void begin(Kind kind, const QString& text, const QString& reason);
     void adapt();
+    bool waitsForTouch() const { return kind_ == Kind::Warned || kind_ == Kind::Refused; }
 
     QString text_;
     QString reason_;

@@ -130,7 +130,8 @@ bool InputMask::check()
 
 void InputMask::accept()
 {
-    if (check() && accepted_) accepted_(*entry_.value(), entry_.changed());
+    if (!check() || !accepted_) return;
+    accepted_(*entry_.value(), entry_.changed() || (isOld_ && entry_.isEntered()));
 }
 
 void InputMask::cancel()

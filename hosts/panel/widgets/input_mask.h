@@ -32,7 +32,8 @@ class InputMask : public Sheet {
 public:
     InputMask(QWidget* parent, PanelWords words);
 
-    // accepted: the value and whether it differs from the one at the start.
+    // accepted: the value and whether it differs from the one at the start. An old number at the start may not be the
+    // machine's: whatever is entered then is a change.
     void setHandlers(
         std::function<void(double value, bool changed)> accepted, std::function<void()> cancelled);
     void start(const MaskTask& task);
@@ -55,7 +56,7 @@ public:
     bool limitsAreDoubtful() const { return limits_.state != ValueState::Fresh; }
     QString remark() const;
     // Whether it still shows an old number.
-    bool showsOld() const { return isOld_ && entry_.text() == first_; }
+    bool showsOld() const { return isOld_ && !entry_.isEntered() && entry_.text() == first_; }
     bool refusing() const { return verdict_ != NumberEntry::Verdict::Fine; }
 
 protected:

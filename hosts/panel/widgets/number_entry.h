@@ -33,6 +33,7 @@ public:
     std::optional<double> value() const;
     Verdict verdict() const;
     bool changed() const; // a number, and another one than at the start
+    bool isEntered() const { return !fresh_; } // something was typed or stepped, the same number may be
     const std::optional<double>& lower() const { return lower_; }
     const std::optional<double>& upper() const { return upper_; }
 
@@ -45,7 +46,7 @@ private:
     int decimals_ = 0; // of the value at the start and of its limits
     std::optional<double> lower_;
     std::optional<double> upper_;
-    bool fresh_ = true;
+    bool fresh_ = true; // nothing was typed; a sign waits for its digits
     bool keepsSign_ = false; // the sign was chosen for a number that is still to come
 };
 

@@ -4,6 +4,7 @@
 #include "panel/look/contrast.h"
 #include "panel/look/fonts.h"
 #include "panel/look/mirroring.h"
+#include "panel/widgets/value_marks.h"
 
 #include <QEvent>
 #include <QMouseEvent>
@@ -156,8 +157,16 @@ void TouchKey::setSign(bool sign)
     update();
 }
 
+void TouchKey::setHeldBack(bool heldBack)
+{
+    if (heldBack_ == heldBack) return;
+    heldBack_ = heldBack;
+    update();
+}
+
 QColor TouchKey::face() const
 {
+    if (isHeldBack()) return down_ ? colours::keyOff.darker(110) : colours::keyOff;
     if (!on_) return role_ == Role::Dark ? colours::bar : colours::keyOff;
     QColor face = colours::key;
     if (role_ == Role::Accept) face = colours::accept;
@@ -173,6 +182,7 @@ QColor TouchKey::face() const
 QColor TouchKey::ink() const
 {
     if (isSign()) return colours::ink;
+    if (isHeldBack()) return colours::lockedInk;
     if (!on_) return role_ == Role::Dark ? colours::faintInk : colours::lockedInk;
     if (chosen_ || role_ == Role::Accept || role_ == Role::Dark || role_ == Role::Alarm)
         return colours::barInk;
@@ -205,15 +215,17 @@ void TouchKey::paintEvent(QPaintEvent*)
     const QRectF frame = QRectF{rect()}.adjusted(1, 1, -1, -1);
     const QColor filling = face();
     QLinearGradient shade{frame.topLeft(), frame.bottomLeft()};
-    shade.setColorAt(0, down_ || !on_ ? filling : filling.lighter(104));
-    shade.setColorAt(1, down_ || !on_ ? filling : filling.darker(107));
+    const bool isFlat = down_ || !on_ || isHeldBack();
+    shade.setColorAt(0, isFlat ? filling : filling.lighter(104));
+    shade.setColorAt(1, isFlat ? filling : filling.darker(107));
     painter.setBrush(shade);
     painter.setPen(isSign() ? QPen{Qt::NoPen} : QPen{on_ ? colours::border : colours::faintBorder, 1});
     painter.drawRoundedRect(frame, 4, 4);
 
     const int shift = down_ ? 1 : 0;
     QRect inside = rect().adjusted(4, 3, -4, -3).translated(shift, shift);
-    if (!on_ && !isSign() && !picture().isNull()) painter.setOpacity(offOpacity);
+    const bool isFaded = isHeldBack() || (!on_ && !isSign());
+    if (isFaded && !picture().isNull()) painter.setOpacity(offOpacity);
 
     const int corner = corner_.isEmpty() ? 0 : scaled(0.16, height(), 9, 14);
     const int textPixels = textPixels_ != 0 ? textPixels_ : scaled(0.42, height(), 9, 26);
@@ -244,6 +256,15 @@ void TouchKey::paintEvent(QPaintEvent*)
         painter.drawText(
             inside.adjusted(1, 0, -1, 0), static_cast<int>(leading(*this) | Qt::AlignTop), corner_);
     }
+    if (isHeldBack()) paintWarning(painter, inside);
+}
+
+// Opposite to its name, large enough to be told from it.
+void TouchKey::paintWarning(QPainter& painter, const QRect& inside) const
+{
+    const int side = scaled(0.3, height(), 14, 28);
+    drawWarning(
+        painter, mirroredIn(*this, {inside.right() + 1 - side, inside.top(), side, side}), colours::ink);
 }
 
 } // namespace servopanel::panel

@@ -37,6 +37,9 @@ public:
     // While it is off it is no key that waits for better times but only shows something, such as the access level.
     void setSign(bool sign);
     bool isSign() const { return !on_ && sign_; }
+    // It looks as if it were off and has a warning sign: what it stands for cannot be done now, and a touch says why.
+    void setHeldBack(bool heldBack);
+    bool isHeldBack() const { return on_ && heldBack_; }
     void setRepeating(bool repeating) { repeating_ = repeating; }
     void setChosen(bool chosen); // the chosen one of several keys
     void setTextPixels(int pixels) { textPixels_ = pixels; }
@@ -60,6 +63,7 @@ private:
     void act();
     void letGo();
     void paintValue(QPainter& painter, const QRect& place, int pixels) const;
+    void paintWarning(QPainter& painter, const QRect& inside) const;
     QColor face() const;
     QColor ink() const;
 
@@ -80,6 +84,7 @@ private:
     bool chosen_ = false;
     bool blankWhileOff_ = false;
     bool sign_ = false;
+    bool heldBack_ = false;
 };
 
 } // namespace servopanel::panel

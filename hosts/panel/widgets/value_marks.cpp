@@ -65,6 +65,15 @@ void drawWarning(QPainter& painter, const QRect& place, const QColor& ink)
     painter.drawPoint(at(place, 0.5, 0.77));
 }
 
+void drawDots(QPainter& painter, const QRect& place, const QColor& ink)
+{
+    const double radius = std::max(1.5, place.height() / 9.0);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ink);
+    for (const double x : {0.16, 0.5, 0.84})
+        painter.drawEllipse(at(place, x, 0.5), radius, radius);
+}
+
 void drawPadlock(QPainter& painter, const QRect& place, const QColor& ink)
 {
     painter.setBrush(Qt::NoBrush);

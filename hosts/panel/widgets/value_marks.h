@@ -33,6 +33,8 @@ void drawTick(QPainter& painter, const QRect& place, const QColor& ink);
 void drawCross(QPainter& painter, const QRect& place, const QColor& ink);
 // A triangle with an exclamation mark.
 void drawWarning(QPainter& painter, const QRect& place, const QColor& ink);
+// Three dots in a row: something goes on.
+void drawDots(QPainter& painter, const QRect& place, const QColor& ink);
 void drawPadlock(QPainter& painter, const QRect& place, const QColor& ink);
 
 } // namespace servopanel::panel
