@@ -39,7 +39,7 @@ TEST_F(RealLine, ABrokerThatDiesWithinAConfirmWritesNothingLate)
     };
     const std::string told = panel->confirm();
     EXPECT_TRUE(told.starts_with("Unclear whether written: ")) << told;
-    EXPECT_TRUE(told.ends_with("(+3). Written, values: 1")) << told;
+    EXPECT_TRUE(told.ends_with("(+2). Change not announced. Written, values: 1")) << told;
     EXPECT_EQ(commands, 2) << "nothing is sent after a write that nobody answered";
 
     ASSERT_TRUE(broker.start());
