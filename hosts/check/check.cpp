@@ -118,6 +118,10 @@ std::string otherwiseNamed(const fs::path& folder)
     return {};
 }
 
+constexpr const char* servosNotSeen =
+    "the servos were not looked at, because the panel finds none: once it does, more may "
+    "be found\n";
+
 // What follows from the part that was not read is told by nobody: only that it was not read helps.
 Report notWhole(Findings& findings)
 {
@@ -165,7 +169,7 @@ Report checkProject(const fs::path& folder, const PictureReader& readPicture, co
 
     const bool isGood = findings.count() == 0;
     return {isGood ? Report::Result::Good : Report::Result::Findings,
-        findings.text() + summary(project, asked, findings)};
+        findings.text() + (asked.servos.empty() ? servosNotSeen : "") + summary(project, asked, findings)};
 }
 
 } // namespace servopanel::check

@@ -1,6 +1,7 @@
 #include "check/definitions_check.h"
 
 #include "basic/error.h"
+#include "check/hidden_items.h"
 #include "check/problems.h"
 #include "jet/disk_file.h"
 #include "jet/file_kind.h"
@@ -54,6 +55,7 @@ void checkDefinitions(const CheckedProject& project, Asked& asked, Findings& fin
         const std::vector<jet::DefinitionRow> rows = jet::loadDefinitions(*file).rows;
         add(jet::findingsOfRows(rows), findings);
         if (!asked.servos.empty()) add(jet::findingsOfServos(rows, asked.servos), findings);
+        checkHiddenItems(project, asked, rows, findings);
         std::map<std::string, std::size_t> counts;
         for (const jet::DefinitionRow& row : rows)
             ++counts[jet::plainText(row.machineType)];

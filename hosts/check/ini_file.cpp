@@ -23,7 +23,7 @@ constexpr const char* notRead = "; what it is to say has its default";
 std::string iniName(std::string_view name) { return basic::upperCase(portable::trimBlanks(name)); }
 
 std::optional<IniFile> IniFile::load(
-    const std::filesystem::path& file, const std::string& name, Findings& findings)
+    const std::filesystem::path& file, const std::string& name, Reader reader, Findings& findings)
 {
     try {
         const portable::FileBytes content = portable::readFile(file, name);
@@ -39,7 +39,9 @@ std::optional<IniFile> IniFile::load(
             return std::nullopt;
         }
         IniFile ini;
-        ini.read(portable::decodeLines(content.bytes), name, findings);
+        const std::vector<std::string> lines = portable::decodeLines(content.bytes);
+        ini.read(lines, name, findings);
+        if (reader == Reader::Library) misread(lines, name, findings);
         return ini;
     } catch (const basic::Error& error) {
         findings.add(name, 0, shownReason(error.description, name) + notRead);
@@ -79,6 +81,27 @@ void IniFile::read(const std::vector<std::string>& lines, const std::string& nam
         else if (!isSecond)
             addEntry({number, sections_.back(), lines[i].substr(0, equals), lines[i].substr(equals + 1)},
                 name, findings);
+    }
+}
+
+// Lines that people take for a comment or an entry, and the library for something else.
+void IniFile::misread(const std::vector<std::string>& lines, const std::string& name, Findings& findings)
+{
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        const std::string_view line = portable::trimBlanks(lines[i]);
+        if (line.empty() || line.front() == '[') continue;
+        const bool isComment = line.front() == ';';
+        const bool isHead =
+            line.find('[') != std::string_view::npos && line.find(']') != std::string_view::npos;
+        const bool isEntry =
+            line.find('[') == std::string_view::npos && line.find('=') != std::string_view::npos;
+        const int number = static_cast<int>(i) + 1;
+        if (isHead)
+            findings.add(name, number,
+                "\"[\" and \"]\" make this line the head of a section in this file, and the entries below "
+                "count to it");
+        else if (isComment && isEntry)
+            findings.add(name, number, "this file knows no comments: the \"=\" makes this line an entry");
     }
 }
 

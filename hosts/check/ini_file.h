@@ -16,6 +16,10 @@ namespace servopanel::check {
 // An INI file with the lines that its entries stand in.
 class IniFile {
 public:
+    // Who reads a file. The library itself knows neither comments nor blanks: every line with "[" and "]" is the head of a
+    // section, every other one with "=" an entry.
+    enum class Reader { System, Library };
+
     struct Entry {
         int line = 0;
         std::string section; // as written, without the brackets
@@ -27,7 +31,7 @@ public:
     // file's name for them. Nothing when it cannot be read, which is a finding too; nobody can be shown an INI file of
     // more than 1 MB.
     static std::optional<IniFile> load(
-        const std::filesystem::path& file, const std::string& name, Findings& findings);
+        const std::filesystem::path& file, const std::string& name, Reader reader, Findings& findings);
 
     const std::vector<Entry>& entries() const { return entries_; }
     // Without regard to case and to blanks around names; the first one. nullptr when there is none.
@@ -37,6 +41,7 @@ public:
 
 private:
     void read(const std::vector<std::string>& lines, const std::string& name, Findings& findings);
+    static void misread(const std::vector<std::string>& lines, const std::string& name, Findings& findings);
     void addEntry(Entry entry, const std::string& name, Findings& findings);
 
     std::vector<std::string> sections_;

@@ -264,7 +264,10 @@ void readIniFiles(CheckedProject& project, Findings& findings)
             const std::string leaf = file->path().filename().string();
             if (basic::upperCase(file->path().extension().string()) != ".INI") continue;
             const std::string name = place->filename().string() + '/' + leaf;
-            project.inis[basic::upperCase(name)] = {name, IniFile::load(file->path(), name, findings)};
+            const bool isFooter = basic::upperCase(name) == basic::upperCase(footerFile);
+            project.inis[basic::upperCase(name)] = {name,
+                IniFile::load(file->path(), name,
+                    isFooter ? IniFile::Reader::Library : IniFile::Reader::System, findings)};
         }
     }
     for (const auto& [key, ini] : project.inis)

@@ -76,6 +76,9 @@ public:
             for (const machine::Problem& problem : loaded.texts.problems())
                 findings_.add(
                     loaded.file, lineOf(problem), shownReason(problem.reason, project.folder / loaded.file));
+            // What a full disk or a broken copy leaves.
+            if (!loaded.isRead && loaded.texts.problems().empty())
+                findings_.add(loaded.file, 0, "has no texts: the operator sees the keys of texts instead");
             languages_.push_back(std::move(loaded));
         }
         unusedFiles(project, codes);

@@ -40,7 +40,6 @@ std::optional<double> numberOf(const Variant* value)
     try {
         if (value != nullptr) return basic::toDouble(*value);
     } catch (const basic::Error&) {
-        // The library says so where it reads it.
     }
     return std::nullopt;
 }
@@ -60,6 +59,7 @@ public:
             if (!asked_.variableNames.contains(variable.name)) continue;
             elements(variable.name, variable.value);
             faultText(variable.name, variable.value);
+            switchWord(variable.name, variable.value);
             if (variable.name.find(passiveFamily) != std::string::npos)
                 passive(variable.name, variable.value);
         }
@@ -108,6 +108,14 @@ private:
         add(name, "is no text: the operator reads the number as the fault");
     }
 
+    void switchWord(const std::string& name, const Variant& value)
+    {
+        if (machine::familyOf(name) == families::switches && value.holds<bool>())
+            add(name,
+                "must be a whole number, whose lowest four bits are the switches: true switches on all of "
+                "them");
+    }
+
     void passive(const std::string& name, const Variant& value)
     {
         const std::size_t end = name.find(servoPart);
@@ -121,11 +129,20 @@ private:
         if (isFlag && number == 0) ++servos.active;
     }
 
+    // Nothing is said of a variable that there is not: whoever misses it says so.
+    void noNumber(std::string_view name, const char* meaning)
+    {
+        if (valueOf(name) != nullptr) add(std::string{name}, std::string{"is no number: "} + meaning);
+    }
+
     // What the panel begins with.
     void shownMachine()
     {
         const std::optional<double> machine = numberOf(valueOf(machineVariable));
-        if (!machine) return;
+        if (!machine) {
+            noNumber(machineVariable, "the panel finds no servos");
+            return;
+        }
         if (*machine < 1 || *machine > static_cast<double>(asked_.machines)) {
             add(std::string{machineVariable},
                 "must be from 1 to " + std::to_string(asked_.machines)
@@ -136,6 +153,7 @@ private:
         bez.append(basic::decimal(basic::roundToInt32(*machine))).append(">");
         const Variant* const name = valueOf(bez);
         const std::optional<double> servo = numberOf(valueOf(servoVariable));
+        if (!servo) noNumber(servoVariable, "the panel reports it at each start and begins without it");
         if (!servo || name == nullptr || name->holds<basic::Array>()) return;
         int count = 0;
         for (const jet::ServoName& each : asked_.servos)
