@@ -54,7 +54,7 @@ TEST_P(WidgetsTest, EveryKeyOfTheMaskIsLargeEnoughForAFinger)
 {
     auto* mask = new InputMask{&stage_, english};
     mask->setGeometry(10, 10, across(5400), down(6900));
-    mask->start({"Draw", "%", "1", -2.0, 2.0});
+    mask->start({"Draw", "%", "1", {-2.0, 2.0}});
     mask->show();
     ASSERT_EQ(keysOf(*mask).size(), 18);
     for (const TouchKey* key : keysOf(*mask))
@@ -173,7 +173,7 @@ TEST_P(WidgetsTest, AHeldStepKeyGoesFasterAfterAWhile)
 {
     auto* mask = new InputMask{&stage_, english};
     mask->setGeometry(10, 10, across(5400), down(6900));
-    mask->start({"Speed", "", "100", 0.0, 1000.0});
+    mask->start({"Speed", "", "100", {0.0, 1000.0}});
     mask->show();
     TouchKey* up = mask->pad().key("▲");
     QTest::mousePress(up, Qt::LeftButton);
