@@ -1,5 +1,7 @@
 #include "machine/json_text.h"
 
+#include "machine/json_mistake.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -48,10 +50,10 @@ public:
     bool parse_error(
         std::size_t position, const std::string&, const nlohmann::detail::exception& error) override
     {
-        const std::string_view read =
-            text_.substr(0, std::min(position == 0 ? 0 : position - 1, text_.size()));
-        const auto line = 1 + std::count(read.begin(), read.end(), '\n');
-        problems_.push_back({file_, "line " + std::to_string(line), reason(error.what())});
+        JsonMistake mistake = jsonMistake(text_, position, error.what());
+        const std::string_view before = text_.substr(0, mistake.at);
+        const auto line = 1 + std::count(before.begin(), before.end(), '\n');
+        problems_.push_back({file_, "line " + std::to_string(line), std::move(mistake.reason)});
         keepWhatIsComplete();
         return false;
     }
@@ -64,18 +66,6 @@ private:
         std::unordered_set<std::string>
             names; // of all members: the document itself would look at each of them in turn
     };
-
-    // Without what the parser puts before it: "[...] parse error at line 3, column 5: REASON" or "[...] REASON".
-    static std::string reason(std::string_view what)
-    {
-        for (const std::string_view start : {"[", "parse error at line "}) {
-            const std::string_view end = start == "[" ? "] " : ": ";
-            const std::size_t found =
-                what.substr(0, start.size()) == start ? what.find(end) : std::string_view::npos;
-            if (found != std::string_view::npos) what.remove_prefix(found + end.size());
-        }
-        return std::string{what};
-    }
 
     std::string path() const
     {

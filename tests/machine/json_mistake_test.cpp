@@ -1,0 +1,54 @@
+// What is wrong with the signs of a JSON text, in the words of those who write it by hand.
+#include "machine/json_text.h"
+
+#include <gtest/gtest.h>
+
+namespace servopanel::machine {
+
+namespace {
+
+struct Case {
+    std::string text;
+    std::string problem; // "line 2: reason"
+};
+
+class JsonMistakeTest : public ::testing::TestWithParam<Case> { };
+
+} // namespace
+
+TEST_P(JsonMistakeTest, IsNamedWithItsLine)
+{
+    std::vector<Problem> problems;
+    readJson(GetParam().text, "project.json", problems);
+    ASSERT_EQ(problems.size(), 1U);
+    EXPECT_EQ(problems[0].place + ": " + problems[0].reason, GetParam().problem) << GetParam().text;
+}
+
+INSTANTIATE_TEST_SUITE_P(Mistakes, JsonMistakeTest,
+    ::testing::Values(
+        // The comma belongs to the line before that at which a parser stops.
+        Case{"{\n \"level\": 5\n\n \"input\": -1\n}", "line 2: a comma is missing behind 5"},
+        Case{"{\n \"title\": \"a \\\" b\"\n \"input\": -1\n}",
+            "line 2: a comma is missing behind \"a \\\" b\""},
+        Case{"{\n \"a\": [1,\n 2\n 3]\n}", "line 3: a comma is missing behind 2"},
+        Case{"{\n \"a\": [{\"b\": 1}\n {\"b\": 2}]\n}", "line 2: a comma is missing behind \"}\""},
+        Case{"{\n \"a\": true\n \"b\": 2\n}", "line 2: a comma is missing behind true"},
+        Case{"{\n \"a\": 1,\n}", "line 2: there is a comma too many before \"}\""},
+        Case{"{\n \"a\": [1,\n 2,\n ]\n}", "line 3: there is a comma too many before \"]\""},
+        Case{"{\n \"a\": [1, , 2]}",
+            "line 2: \",\" is no value: that is a number, a text in quotes, true, false, a list or an "
+            "object"},
+        Case{"{\n \"a\" 1\n}", "line 2: a colon is missing behind \"a\""},
+        Case{"{\n \"a\": 1,\n b: 2\n}", "line 3: b stands where a name in quotes belongs"},
+        Case{"{\n \"a\": yes\n}",
+            "line 2: yes is no value: that is a number, a text in quotes, true, false, a list or an object"},
+        Case{"{\n \"a\": \"b\n \"c\": 1\n}", "line 2: a text has no closing quote (\")"},
+        Case{"{\n \"a\": \"b", "line 2: a text has no closing quote (\")"},
+        Case{"{\n \"a\": \"C:\\Temp\"\n}", "line 2: a backslash within a text is written twice (\\\\)"},
+        Case{"{\n \"a\": \"\xFC\"\n}", "line 2: is not in UTF-8; save the file as UTF-8"},
+        Case{"{\n \"a\": [1, 2}\n}", "line 2: \"}\" closes what another bracket has opened"},
+        Case{"{\n \"a\": {\n  \"b\": 1\n\n", "line 3: the file breaks off here: a \"}\" or \"]\" is missing"},
+        Case{"{\n}\n}\n", "line 3: \"}\" stands behind the end of the project"},
+        Case{"", "line 1: the file is empty"}, Case{" \n ", "line 1: the file is empty"}));
+
+} // namespace servopanel::machine
