@@ -66,6 +66,7 @@ struct Asked {
     std::vector<jet::ServoName> servos;
     std::size_t wholeServos = 0; // those of which nothing failed that was asked for
     std::size_t machines = 0;
+    std::vector<std::string> machinesWithoutServos; // designations of those of which the panel finds none
     std::vector<LibraryError> errors; // reports of the library that nothing else explains
     std::map<std::string, FileError> fileErrors; // by file; the first of each
     std::set<std::string> brokenFiles; // pictures and definitions that were found to be so

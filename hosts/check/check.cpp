@@ -118,16 +118,51 @@ std::string otherwiseNamed(const fs::path& folder)
     return {};
 }
 
-constexpr const char* servosNotSeen =
-    "the servos were not looked at, because the panel finds none: once it does, more may "
-    "be found\n";
-
-// What follows from the part that was not read is told by nobody: only that it was not read helps.
-Report notWhole(Findings& findings)
+// What a list of servos that the panel cannot use keeps from being found.
+std::string servosNotSeen(const Asked& asked)
 {
+    if (asked.machinesWithoutServos.empty()) return {};
+    std::string text = "the servos were not looked at";
+    if (!asked.servos.empty()) text += " as the panel shows them";
+    text += ", because " + std::string{asked.servos.empty() ? "the panel" : "it"} + " finds none of machine "
+        + listed(asked.machinesWithoutServos);
+    if (!asked.servos.empty()) text += "; those that variables and definitions name were looked at";
+    return text + ": once it does, more may be found\n";
+}
+
+// Every text file counts as a language: nobody knows which ones the rest of the project lists.
+void takeLanguagesOfFolder(CheckedProject& project)
+{
+    std::set<std::string> codes;
+    for (const auto& language : project.file.languages)
+        codes.insert(language.code);
+    std::error_code code;
+    for (fs::directory_iterator file{project.folder / "Texts", code}, end; !code && file != end;
+         file.increment(code))
+        if (const fs::path name = file->path().filename(); name.extension() == ".txt")
+            codes.insert(name.stem().string());
+    project.file.languages.clear();
+    for (const std::string& each : codes)
+        project.file.languages.push_back({0, each, each, false, {}, false});
+}
+
+// Looks at all files that can be looked at without a description that is whole. What only follows from the part that
+// was not read is told by nobody: that it was not read is what helps.
+Report notWhole(
+    CheckedProject& project, const PictureReader& readPicture, const Computer& computer, Findings& findings)
+{
+    Asked asked;
+    takeLanguagesOfFolder(project);
+    checkFooterFile(project, machinesOfFooterFile(project), findings);
+    checkEntriesAlone(project, findings);
+    checkTextFiles(project, findings);
+    checkDefinitions(project, asked, findings);
+    checkAllPictures(project, asked, readPicture, findings);
+    checkLetterCase(project, findings);
+    checkPlaces(project, computer, findings);
     findings.tellFirst("project.json");
     std::string text = findings.text();
-    text += "the rest was not looked at: project.json cannot be read to its end\n";
+    text += "servos, pages and variables were not looked at: project.json cannot be read to its end\n";
     text += counted(findings.count(), "finding") + " in " + counted(findings.files(), "file") + '\n';
     return {Report::Result::Findings, std::move(text)};
 }
@@ -151,7 +186,7 @@ Report checkProject(const fs::path& folder, const PictureReader& readPicture, co
     Asked asked;
     CheckedProject project = load(folder, file, findings);
     readIniFiles(project, findings);
-    if (!project.file.isWhole) return notWhole(findings);
+    if (!project.file.isWhole) return notWhole(project, readPicture, computer, findings);
     walkThrough(project, asked, findings);
     checkFooterFile(project, asked.machines, findings);
     checkEntries(project, asked, findings);
@@ -163,13 +198,14 @@ Report checkProject(const fs::path& folder, const PictureReader& readPicture, co
     checkTexts(project, asked, unasked, findings);
     checkDefinitions(project, asked, findings);
     checkPictures(project, asked, readPicture, findings);
+    if (!asked.machinesWithoutServos.empty()) checkAllPictures(project, asked, readPicture, findings);
     checkLetterCase(project, findings);
     checkPlaces(project, computer, findings);
     checkReports(asked, findings);
 
     const bool isGood = findings.count() == 0;
     return {isGood ? Report::Result::Good : Report::Result::Findings,
-        findings.text() + (asked.servos.empty() ? servosNotSeen : "") + summary(project, asked, findings)};
+        findings.text() + servosNotSeen(asked) + summary(project, asked, findings)};
 }
 
 } // namespace servopanel::check

@@ -21,6 +21,8 @@ namespace fs = std::filesystem;
 constexpr const char* programFile = "Parameter/Program.ini";
 constexpr const char* footerFile = "Servo/Servo.ini";
 constexpr int footerKeys = 10;
+constexpr const char* noProgram = "no such file: the panel finds no servos";
+constexpr const char* readByNobody = " is read by nobody; it may be misspelt";
 
 enum class Value { Switch, Number, Colour };
 
@@ -130,15 +132,24 @@ void checkEntry(
 // A servo twice in the list of a machine.
 void checkServoList(const std::string& file, const IniFile& ini, Findings& findings)
 {
-    std::map<std::pair<std::string, std::string>, int> lines; // section and number
+    std::map<std::pair<std::string, int>, int> lines; // section and number
     for (const IniFile::Entry& entry : ini.entries()) {
-        if (!isServoEntry(entry.name) || !isServoNumber(valueOf(entry))) continue;
-        const auto [first, isNew] = lines.try_emplace({iniName(entry.section), valueOf(entry)}, entry.line);
+        const std::optional<int> servo = servoNumber(valueOf(entry));
+        if (!isServoEntry(entry.name) || !servo) continue;
+        const auto [first, isNew] = lines.try_emplace({iniName(entry.section), *servo}, entry.line);
         if (!isNew)
             findings.add(file, entry.line,
-                nameOf(entry) + " is servo " + valueOf(entry) + ", as in line "
+                nameOf(entry) + " is servo " + std::to_string(*servo) + ", as in line "
                     + std::to_string(first->second) + ": the menu has two keys for one servo");
     }
+}
+
+// section: in capitals.
+bool listsServos(const IniFile& ini, const std::string& section)
+{
+    return std::any_of(ini.entries().begin(), ini.entries().end(), [&](const IniFile::Entry& entry) {
+        return iniName(entry.section) == section && isServoEntry(entry.name);
+    });
 }
 
 using EntriesRead = std::set<std::pair<std::string, std::string>>; // section and entry, in capitals
@@ -154,7 +165,7 @@ bool isExcused(const IniFile& ini, const IniFile::Entry& entry, const EntriesRea
     std::string list{servoEntry};
     list += name.substr(name.find_last_not_of("0123456789") + 1);
     const IniFile::Entry* const servo = ini.find(entry.section, list);
-    const bool leadsToNone = servo == nullptr || !isServoNumber(valueOf(*servo));
+    const bool leadsToNone = servo == nullptr || !servoNumber(valueOf(*servo));
     return leadsToNone && read.contains({iniName(entry.section), list});
 }
 
@@ -199,7 +210,7 @@ private:
         const bool isSection =
             section == "FOOTER" || (machine && *machine >= 1 && *machine <= static_cast<int>(machines));
         if (!isSection || !keyNumber || *keyNumber < 1 || *keyNumber > footerKeys)
-            findings_.add(name_, entry.line, nameOf(entry) + " is read by nobody; it may be misspelt");
+            findings_.add(name_, entry.line, nameOf(entry) + readByNobody);
         else if (portable::trimBlanks(entry.name) != entry.name)
             findings_.add(name_, entry.line,
                 nameOf(entry) + " has blanks beside its name: the library does not find it");
@@ -240,10 +251,10 @@ private:
 
 } // namespace
 
-bool isServoNumber(std::string_view value)
+std::optional<int> servoNumber(std::string_view value)
 {
     const std::optional<int> number = wholeNumber(value);
-    return number && *number >= 1 && *number <= mostServos;
+    return number && *number >= 1 && *number <= mostServos ? number : std::nullopt;
 }
 
 bool isServoEntry(std::string_view entry) { return withoutNumbers(iniName(entry)) == servoEntry; }
@@ -283,6 +294,31 @@ void checkFooterFile(const CheckedProject& project, std::size_t machines, Findin
         FooterCheck{*ini, findings}.run(machines);
 }
 
+std::size_t machinesOfFooterFile(const CheckedProject& project)
+{
+    const CheckedProject::Ini* const ini = iniOf(project, footerFile);
+    std::size_t machines = 0;
+    while (ini != nullptr && ini->content
+        && ini->content->lineOfSection("Machine" + std::to_string(machines + 1)) > 0)
+        ++machines;
+    return machines;
+}
+
+void checkEntriesAlone(const CheckedProject& project, Findings& findings)
+{
+    if (iniOf(project, programFile) == nullptr) findings.add(programFile, 0, noProgram);
+    for (const auto& [key, ini] : project.inis) {
+        if (!ini.content || key == basic::upperCase(footerFile)) continue;
+        for (const IniFile::Entry& entry : ini.content->entries()) {
+            const std::string name = iniName(entry.name);
+            if (ruleOf(name) == nullptr)
+                findings.add(ini.name, entry.line, nameOf(entry) + readByNobody);
+            else
+                checkEntry(ini.name, entry, name, findings);
+        }
+    }
+}
+
 void checkEntries(const CheckedProject& project, const Asked& asked, Findings& findings)
 {
     std::set<std::string> missingFiles;
@@ -302,14 +338,22 @@ void checkEntries(const CheckedProject& project, const Asked& asked, Findings& f
             continue;
         }
         if (mayBeMissing) continue;
+        if (rule->name == servoEntry && !listsServos(*ini->content, section)) {
+            findings.add(ini->name, ini->content->lineOfSection(section),
+                askedEntry.name.substr(0, askedEntry.name.find(']') + 1)
+                    + " lists no servos: the panel finds none");
+            continue;
+        }
         findings.add({ini->name, ini->content->lineOfSection(section),
             askedEntry.name + " is missing: " + rule->missing, {}, askedEntry.view});
     }
     for (const std::string& file : missingFiles)
-        findings.add(file, 0, "no such file: the panel finds no servos");
+        findings.add(file, 0, noProgram);
     // Which files and entries are wanted says the list of servos.
-    const CheckedProject::Ini* const program = iniOf(project, programFile);
-    if (program == nullptr || !program->content) return;
+    if (!asked.machinesWithoutServos.empty()) {
+        checkEntriesAlone(project, findings);
+        return;
+    }
     for (const auto& [key, ini] : project.inis) {
         if (!ini.content || key == basic::upperCase(footerFile)) continue;
         const auto first = asked.entries.begin();
@@ -326,7 +370,7 @@ void checkEntries(const CheckedProject& project, const Asked& asked, Findings& f
         for (const IniFile::Entry& entry : ini.content->entries())
             if (!read.contains({iniName(entry.section), iniName(entry.name)})
                 && !isExcused(*ini.content, entry, read))
-                findings.add(ini.name, entry.line, nameOf(entry) + " is read by nobody; it may be misspelt");
+                findings.add(ini.name, entry.line, nameOf(entry) + readByNobody);
     }
 }
 

@@ -5,6 +5,7 @@
 #include "check/project.h"
 
 #include <cstddef>
+#include <optional>
 #include <string_view>
 
 namespace servopanel::check {
@@ -12,16 +13,23 @@ namespace servopanel::check {
 // Reads every INI file of the project.
 void readIniFiles(CheckedProject& project, Findings& findings);
 
+// How many machines the footer keys are for: sections Machine1, Machine2 and so on.
+std::size_t machinesOfFooterFile(const CheckedProject& project);
+
 // The footer keys, Servo\Servo.ini, which the library reads by rules of its own.
 void checkFooterFile(const CheckedProject& project, std::size_t machines, Findings& findings);
 
-// Whether the entry of a list of servos leads to one: a number from 1 to 50.
-bool isServoNumber(std::string_view value);
+// The servo to which the entry of a list of servos leads: a number from 1 to 50, however it is written. Nothing for any
+// other value.
+std::optional<int> servoNumber(std::string_view value);
 // Whether this is such an entry: "Servo3".
 bool isServoEntry(std::string_view entry);
 
 // Whether an entry is TRUE or FALSE: "ServoWithFault", "Diag2Servo3".
 bool isSwitch(std::string_view entry);
+
+// Entries whose name or value nobody can use, when it is not known which ones the library looks up.
+void checkEntriesAlone(const CheckedProject& project, Findings& findings);
 
 // Entries that the library looked up and that are missing or no such value, and entries that nobody looked up.
 void checkEntries(const CheckedProject& project, const Asked& asked, Findings& findings);

@@ -1,5 +1,7 @@
 #include "check/pictures_check.h"
 
+#include "basic/text.h"
+
 #include <cstdlib>
 #include <map>
 #include <optional>
@@ -31,10 +33,18 @@ bool fits(const PictureLook& picture, const Places& places)
         || (std::abs(picture.width - places.width) <= 1 && std::abs(picture.height - places.height) <= 1);
 }
 
+constexpr const char* notShown = ": it is not shown, and the panel says so";
+
+bool isPictureName(const fs::path& name)
+{
+    const std::string extension = basic::upperCase(name.extension().string());
+    return extension == ".GIF" || extension == ".BMP" || extension == ".WMF" || extension == ".PNG"
+        || extension == ".JPG";
+}
+
 // What is wrong with a picture, and what it means; "" when nothing is.
 std::string mistakeOf(const std::optional<fs::path>& file, const Places& places, const PictureReader& read)
 {
-    constexpr const char* notShown = ": it is not shown, and the panel says so";
     if (!file) return std::string{"no such picture"} + notShown;
     std::error_code code;
     if (!fs::is_regular_file(*file, code)) return std::string{"is no file"} + notShown;
@@ -77,6 +87,39 @@ void checkPictures(const CheckedProject& project, Asked& asked, const PictureRea
         const std::string shown = forAllResolutions(name, project.resolutions);
         for (const std::string& view : places.views)
             findings.add({shown, 0, mistake, shown == name ? std::set<int>{} : places.resolutions, view});
+    }
+}
+
+namespace {
+
+// Whether somebody asked for a picture of a folder; those that are missing are told one by one then.
+bool hasPictureOf(const Asked& asked, const std::string& folder)
+{
+    const auto first = asked.pictures.lower_bound(folder + '/');
+    return first != asked.pictures.end() && first->first.starts_with(folder + '/');
+}
+
+} // namespace
+
+void checkAllPictures(
+    const CheckedProject& project, const Asked& asked, const PictureReader& read, Findings& findings)
+{
+    for (const char* const folder : {"Servo", "Standard"}) {
+        const std::optional<fs::path> place = project.mapping.find(folder);
+        std::error_code code;
+        if (!place || !fs::is_directory(*place, code)) {
+            if (!hasPictureOf(asked, folder))
+                findings.add(folder, 0,
+                    std::string{place ? "is no folder" : "no such folder"} + ": its pictures are missing");
+            continue;
+        }
+        for (fs::directory_iterator file{*place, code}, end; !code && file != end; file.increment(code)) {
+            const std::string leaf = file->path().filename().string();
+            const std::string name = folder + ('/' + leaf);
+            if (!isPictureName(file->path()) || asked.pictures.contains(name)) continue;
+            const std::string mistake = mistakeOf(file->path(), {}, read);
+            if (!mistake.empty()) findings.add(name, 0, mistake);
+        }
     }
 }
 

@@ -16,4 +16,9 @@ std::set<int> resolutionsOf(const CheckedProject& project);
 void checkPictures(
     const CheckedProject& project, Asked& asked, const PictureReader& read, Findings& findings);
 
+// Where nobody knows which pictures are wanted: those in Servo and Standard that cannot be shown, and what folder there
+// is none of. Those that were asked for are left out.
+void checkAllPictures(
+    const CheckedProject& project, const Asked& asked, const PictureReader& read, Findings& findings);
+
 } // namespace servopanel::check

@@ -227,4 +227,14 @@ void checkTexts(const CheckedProject& project, const Asked& asked, const Unasked
     TextsCheck{project, asked, unasked, findings}.run();
 }
 
+void checkTextFiles(const CheckedProject& project, Findings& findings)
+{
+    if (project.file.languages.empty())
+        findings.add(
+            "Texts", 0, "there is no file of texts: the operator sees the keys of texts instead of texts");
+    const Asked nothing;
+    const Unasked nobody;
+    TextsCheck{project, nothing, nobody, findings}.run();
+}
+
 } // namespace servopanel::check

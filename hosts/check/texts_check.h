@@ -12,4 +12,7 @@ namespace servopanel::check {
 void checkTexts(
     const CheckedProject& project, const Asked& asked, const Unasked& unasked, Findings& findings);
 
+// Only what the files say by themselves and beside each other, when it is not known which texts are asked for.
+void checkTextFiles(const CheckedProject& project, Findings& findings);
+
 } // namespace servopanel::check

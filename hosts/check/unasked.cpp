@@ -102,7 +102,7 @@ Unasked::Unasked(const CheckedProject& project, const Asked& asked)
 
 bool Unasked::text(const std::string& key) const
 {
-    if (key.starts_with(panelPrefix)) return !panelKeys_.contains(key);
+    if (key.starts_with(panelPrefix)) return !panelKeys_.empty() && !panelKeys_.contains(key);
     return isSure_ && !textKeys_.contains(builtAs(withoutDesignation(key, designations_)));
 }
 

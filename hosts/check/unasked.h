@@ -15,6 +15,8 @@ namespace servopanel::check {
 // built in the same way was; what is left is misspelt.
 class Unasked {
 public:
+    // Where nothing is known, nothing is misspelt.
+    Unasked() = default;
     Unasked(const CheckedProject& project, const Asked& asked);
 
     bool text(const std::string& key) const;

@@ -4,6 +4,7 @@
 #include "basic/error.h"
 #include "basic/text.h"
 #include "check/look_around.h"
+#include "check/supposed_program.h"
 #include "check/watch.h"
 #include "platform/ids.h"
 #include "recording/memory/memory_host.h"
@@ -68,6 +69,7 @@ struct Start {
     bool mayEnter = true;
     bool allOptions = false; // whatever the project says
     bool changesValues = false; // on every page; what is written is the same at every resolution
+    const SupposedProgram* supposed = nullptr; // for a machine whose servos the project does not list
 };
 
 // One start of the panel, with a library and a memory of its own: pictures are asked for anew.
@@ -88,6 +90,7 @@ public:
         watch_.set("Ch-1.intern<.servo_zeiger>", std::int16_t{0});
         watch_.set("Ch-1.intern<.passwort>", start.level);
         watch_.set("Ch-1.param_client<.arabisch>", start.rightToLeft);
+        if (start.supposed != nullptr) watch_.suppose(*start.supposed);
         if (start.allOptions) {
             watch_.set("parameter<.mit_navi>", true);
             watch_.switchAllOptionsOn();
@@ -101,10 +104,21 @@ public:
     Visit& operator=(const Visit&) = delete;
     ~Visit() { host_.discardControls(); }
 
+    // Without a servo there is nothing to go through, and why is among the findings.
+    bool findsServos() const { return !watch_.servos().empty(); }
+
+    std::string machineName()
+    {
+        const Variant* const variable =
+            host_.world().variables.find(std::string{designation} + decimal(start_.machine) + ">");
+        const std::string name = variable == nullptr ? std::string{} : textOf(*variable);
+        return name.empty() ? decimal(start_.machine) : name;
+    }
+
     // Menu and all servos with all their pages.
     void wholeMachine()
     {
-        if (hasNoServo()) return;
+        if (!findsServos()) return;
         if (isShown(menu)) wholeMenu();
         if (!isShown(page)) return;
         for (std::int16_t place = 1; place <= mostServos; ++place) {
@@ -117,7 +131,7 @@ public:
     // The first view and the first page: what depends on the access level.
     void firstPages()
     {
-        if (hasNoServo()) return;
+        if (!findsServos()) return;
         look(isShown(menu) ? "the menu of machine " + machineName() : servoView(1));
         openFirstServo();
         if (isShown(page)) look(servoView(1));
@@ -126,7 +140,7 @@ public:
     // A touch by somebody whose input is not permitted.
     void refusedTouch()
     {
-        if (hasNoServo()) return;
+        if (!findsServos()) return;
         openFirstServo();
         if (!isShown(page)) return;
         setView(servoView(1));
@@ -136,7 +150,7 @@ public:
     // The keys that lead to other screens, each from a start of its own.
     void leave(std::int16_t key, bool fromMenu)
     {
-        if (hasNoServo()) return;
+        if (!findsServos()) return;
         if (!fromMenu) openFirstServo();
         const std::string_view part = isShown(menu) ? menu : page;
         if (!isShown(part)) return;
@@ -145,17 +159,6 @@ public:
     }
 
 private:
-    // There is nothing to go through then, and why is among the findings.
-    bool hasNoServo() const { return watch_.servos().empty(); }
-
-    std::string machineName()
-    {
-        const Variant* const variable =
-            host_.world().variables.find(std::string{designation} + decimal(start_.machine) + ">");
-        const std::string name = variable == nullptr ? std::string{} : textOf(*variable);
-        return name.empty() ? decimal(start_.machine) : name;
-    }
-
     // The servo at a place of the list of active ones.
     std::string servoNumber(std::int16_t place)
     {
@@ -312,16 +315,57 @@ const Variant* valueOf(const CheckedProject& project, const std::string& name)
 
 // What would be asked for if everything that a project may switch on were on. What is missing for that is no finding.
 void walkWithAllOptions(
-    const CheckedProject& project, KeptDefinitions& definitions, std::int16_t machine, Asked& asked)
+    const CheckedProject& project, KeptDefinitions& definitions, Start start, Asked& asked)
 {
     Asked wanted;
     Findings ignored;
-    Start start{machine, *project.resolutions.begin(), highestLevel};
     start.allOptions = true;
     start.changesValues = true;
     Visit{project, definitions, start, wanted, ignored}.wholeMachine();
     asked.textKeys.merge(wanted.textKeys);
     asked.variableNames.merge(wanted.variableNames);
+}
+
+// A machine from every start that shows something else.
+void walkMachine(const CheckedProject& project, KeptDefinitions& definitions, std::int16_t machine,
+    bool anyRightToLeft, Asked& asked, Findings& findings)
+{
+    Start service{machine, *project.resolutions.begin(), highestLevel};
+    std::optional<SupposedProgram> supposed;
+    {
+        const std::size_t known = asked.errors.size();
+        Visit first{project, definitions, service, asked, findings};
+        if (!first.findsServos()) {
+            asked.errors.resize(known); // what the library says of a page without a servo follows from that
+            const std::string name = first.machineName();
+            asked.machinesWithoutServos.push_back(name);
+            service.supposed = &supposed.emplace(project, name);
+        }
+    }
+    const auto visit = [&](const Start& start) {
+        return Visit{project, definitions, start, asked, findings};
+    };
+    for (const int resolution : project.resolutions) {
+        Start start = service;
+        start.resolution = resolution;
+        start.changesValues = resolution == service.resolution;
+        visit(start).wholeMachine();
+        start.changesValues = false;
+        for (start.level = 0; start.level < highestLevel; ++start.level)
+            visit(start).firstPages();
+    }
+    if (anyRightToLeft) {
+        Start start = service;
+        start.rightToLeft = true;
+        visit(start).wholeMachine();
+    }
+    for (const std::int16_t key : {keys::machine, keys::leave, keys::hardware})
+        for (const bool fromMenu : {true, false})
+            visit(service).leave(key, fromMenu);
+    Start locked = service;
+    locked.mayEnter = false;
+    visit(locked).refusedTouch();
+    walkWithAllOptions(project, definitions, service, asked);
 }
 
 } // namespace
@@ -346,24 +390,7 @@ void walkThrough(const CheckedProject& project, Asked& asked, Findings& findings
             findings.add("project.json", project.lineOfVariable(servos),
                 "variable \"" + servos + "\" must be from 1 to " + decimal(mostServos)
                     + ", the number of servos: the menu shows none or not all");
-        for (const int resolution : project.resolutions) {
-            Start service{machine, resolution, highestLevel};
-            service.changesValues = resolution == *project.resolutions.begin();
-            Visit{project, definitions, service, asked, findings}.wholeMachine();
-            for (std::int16_t level = 0; level < highestLevel; ++level)
-                Visit{project, definitions, {machine, resolution, level}, asked, findings}.firstPages();
-        }
-        const Start service{machine, *project.resolutions.begin(), highestLevel};
-        if (anyRightToLeft)
-            Visit{project, definitions, {machine, service.resolution, highestLevel, true}, asked, findings}
-                .wholeMachine();
-        for (const std::int16_t key : {keys::machine, keys::leave, keys::hardware})
-            for (const bool fromMenu : {true, false})
-                Visit{project, definitions, service, asked, findings}.leave(key, fromMenu);
-        Visit{
-            project, definitions, {machine, service.resolution, highestLevel, false, false}, asked, findings}
-            .refusedTouch();
-        walkWithAllOptions(project, definitions, machine, asked);
+        walkMachine(project, definitions, machine, anyRightToLeft, asked, findings);
     }
 }
 

@@ -17,6 +17,8 @@ namespace {
 using basic::Variant;
 
 constexpr std::string_view passiveFamily = "_servopassiv_";
+constexpr std::string_view servoCount = "parameter<.servo_anzahl_";
+constexpr std::string_view programFile = "PARAMETER/PROGRAM.INI";
 constexpr char markStart = '\x02';
 constexpr char markEnd = '\x03';
 
@@ -175,19 +177,41 @@ Variant Watch::read(std::string_view name)
     noteVariable(lastVariable_);
     if (const std::string_view family = machine::familyOf(name); !family.empty())
         familyVariables_[family] = lastVariable_;
-    const bool isFlag = name.find(passiveFamily) != std::string_view::npos;
-    if (isFlag && listed_.empty()) return true; // it is left out; what comes of its number says nothing
-    if (isFlag) servos_.push_back(listed_);
+    if (supposed_ != nullptr && name.starts_with(servoCount))
+        return static_cast<std::int16_t>(supposed_->servos().size());
+    if (name.find(passiveFamily) != std::string_view::npos) return readFlag(lastVariable_);
     if (store_.find(name) == nullptr) {
         last_ = Access::MissingVariable;
         variableFinding(lastVariable_, "is missing: the panel reports it and shows nothing of it");
         return store_.ReadValue(name); // fails as in the panel
     }
     last_ = Access::Variable;
+    return host_.world().variables.read(name);
+}
+
+// Counts the servo among those that are shown by the library's own rule.
+Variant Watch::readFlag(const std::string& name)
+{
+    if (!listed_) return true; // it is left out; what comes of its number says nothing
+    const auto count = [this] {
+        try {
+            if (basic::equalsBoolean(lastFlag_, false)) servos_.push_back(std::to_string(*listed_));
+        } catch (const basic::Error&) {
+            // Neither true nor false: it is not shown.
+        }
+    };
+    if (store_.find(name) == nullptr) {
+        count();
+        last_ = Access::MissingVariable;
+        variableFinding(name, "is missing: the panel reports it and shows nothing of it");
+        return store_.ReadValue(name); // fails as in the panel
+    }
+    last_ = Access::Variable;
+    lastFlag_ = host_.world().variables.read(name);
     // A servo that is switched off now may be wanted tomorrow: all of them are looked at.
-    const Variant value = host_.world().variables.read(name);
-    if (isFlag && value.holds<bool>()) return false;
-    return value;
+    if (lastFlag_.holds<bool>()) lastFlag_ = false;
+    count();
+    return lastFlag_;
 }
 
 void Watch::write(std::string_view name, const Variant& value)
@@ -284,14 +308,21 @@ std::optional<std::string> Watch::text(
     last_ = Access::Other;
     const std::optional<std::string> name = relative(file);
     if (!name) return std::nullopt;
-    asked_.entries.try_emplace({*name, iniName(section), iniName(entry)},
-        AskedEntry{'[' + std::string{section} + "] " + std::string{entry}, view_});
+    const bool isSupposed = supposed_ != nullptr && basic::upperCase(*name) == programFile;
+    if (!isSupposed)
+        asked_.entries.try_emplace({*name, iniName(section), iniName(entry)},
+            AskedEntry{'[' + std::string{section} + "] " + std::string{entry}, view_});
     if (allOptions_ && isSwitch(entry)) return "TRUE";
+    if (isSupposed) {
+        const std::optional<std::string> value = supposed_->entry(entry);
+        if (isServoEntry(entry)) listed_ = value ? servoNumber(*value) : std::nullopt;
+        return value;
+    }
     // A file that is no INI file has no entries; looking for them would take minutes.
     const auto ini = project_.inis.find(basic::upperCase(*name));
     if (ini != project_.inis.end() && !ini->second.content) return std::nullopt;
     std::optional<std::string> value = inner_.profile.text(file, section, entry);
-    if (isServoEntry(entry)) listed_ = value && isServoNumber(*value) ? *value : std::string{};
+    if (isServoEntry(entry)) listed_ = value ? servoNumber(*value) : std::nullopt;
     return value;
 }
 

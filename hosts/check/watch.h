@@ -4,6 +4,7 @@
 #include "check/finding.h"
 #include "check/kept_definitions.h"
 #include "check/project.h"
+#include "check/supposed_program.h"
 #include "machine/variable_store.h"
 #include "platform/library_platform.h"
 #include "recording/memory/memory_host.h"
@@ -38,6 +39,9 @@ public:
 
     // From now on every option of Program.ini is switched on, so that what is asked for because of one is asked for.
     void switchAllOptionsOn() { allOptions_ = true; }
+
+    // From now on the machine's servos are these, whatever Program.ini says of them; they live as long as the watch.
+    void suppose(const SupposedProgram& program) { supposed_ = &program; }
 
     // Gives a variable another start value; one that the project does not have stays missing.
     void set(std::string_view name, const basic::Variant& value);
@@ -81,6 +85,7 @@ private:
     void save(platform::Control& box, std::string_view path) override { inner_.pictures.save(box, path); }
 
     basic::Variant read(std::string_view name);
+    basic::Variant readFlag(const std::string& name);
     void write(std::string_view name, const basic::Variant& value);
     void noteError(std::int32_t number, std::string_view description, std::string_view procedure);
     void variableFinding(const std::string& name, const std::string& what);
@@ -99,11 +104,13 @@ private:
     std::string view_;
     int resolution_ = 0;
     bool allOptions_ = false;
+    const SupposedProgram* supposed_ = nullptr;
     Access last_ = Access::None;
     std::string lastVariable_;
     std::string lastFile_; // below the project's folder
     std::map<std::string_view, std::string> familyVariables_;
-    std::string listed_; // number in the list of servos that the library has come to; "" when it is none
+    std::optional<int> listed_; // the servo in the list that the library has come to
+    basic::Variant lastFlag_; // by which a servo goes whose own cannot be read
     std::vector<std::string> servos_;
     std::set<std::string> troubled_; // views
 };

@@ -108,13 +108,4 @@ TEST(FooterFile, KnowsNoComments)
     EXPECT_TRUE(has(copy, "Servo/Servo.ini", ";F1=no", "this file knows no comments"));
 }
 
-// What belongs to the servos cannot be found then, and the report must not sound as if it were good.
-TEST(NoList, OfServosIsSaidToHideTheRest)
-{
-    const ProjectCopy copy;
-    copy.remove("Parameter/Program.ini");
-    EXPECT_NE(found(copy).find("\nthe servos were not looked at"), std::string::npos);
-    EXPECT_EQ(found(ProjectCopy{}).find("the servos were not looked at"), std::string::npos);
-}
-
 } // namespace servopanel::check::tests
