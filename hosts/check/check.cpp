@@ -49,7 +49,8 @@ CheckedProject load(const fs::path& folder, const fs::path& file, Findings& find
         std::string what = isPath ? problem.place.substr(1) + ": " : std::string{};
         what += shownReason(problem.reason, file);
         // Some say already what becomes of it.
-        if (what.find(';') == std::string::npos) what += ": the panel goes on without it";
+        if (what.find(';') == std::string::npos)
+            what += isPath ? ": the panel goes on without it" : ": the panel goes on without what follows";
         findings.add("project.json", isPath ? project.lines.line(problem.place) : lineOf(problem), what);
     }
     project.resolutions = resolutionsOf(project);

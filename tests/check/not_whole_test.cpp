@@ -23,8 +23,8 @@ TEST(BrokenDescription, HidesNothingThatNeedsNoneOfIt)
     const auto at = [&](const std::string& file, const std::string& text) {
         return file + ':' + std::to_string(copy.line(file, text)) + ": ";
     };
-    const std::string first =
-        at("project.json", "\"level\": 5") + "a comma is missing behind 5: the panel goes on without it\n";
+    const std::string first = at("project.json", "\"level\": 5")
+        + "a comma is missing behind 5: the panel goes on without what follows\n";
     EXPECT_EQ(report.text.rfind(first, 0), 0U) << report.text;
     for (const std::string& finding : {at("Texts/de.txt", "Servo1.2 - x") + "no \"=\"",
              std::string{"Texts/zh.txt: \"Servo.M1.Servo5.3\" is missing here"},
