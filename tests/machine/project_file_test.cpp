@@ -221,8 +221,7 @@ TEST(ProjectFile, NamesTheLineWhereItBreaksOffAndKeepsWhatStandsBefore)
     EXPECT_EQ(project.variables[0].name, "a");
     ASSERT_EQ(project.problems.size(), 1U);
     EXPECT_EQ(project.problems[0].place, "line 5");
-    EXPECT_EQ(project.problems[0].reason, "a comma is missing behind 2");
-        << project.problems[0].reason;
+    EXPECT_EQ(project.problems[0].reason, "a comma or \"]\" is missing behind 2");
     EXPECT_EQ(project.problems[0].reason.find("json.exception"), std::string::npos);
 }
 
