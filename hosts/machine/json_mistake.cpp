@@ -87,8 +87,8 @@ JsonMistake jsonMistake(std::string_view text, std::size_t read, std::string_vie
         return {begin,
             here() + " is no value: that is a number, a text in quotes, true, false, a list or an object"};
     if (isClosing) return {begin, here() + " closes what another bracket has opened"};
-    if (says("expected '}'") || says("expected ']'"))
-        return {before, "a comma is missing behind " + behind()};
+    if (says("expected '}'")) return {before, "a comma is missing behind " + behind()};
+    if (says("expected ']'")) return {before, "a comma or \"]\" is missing behind " + behind()};
     return {begin, plainReason(message)};
 }
 
