@@ -130,8 +130,9 @@ public:
         will_ = std::move(payload);
     }
 
-    void poll(int milliseconds)
+    void poll(int wanted)
     {
+        const int milliseconds = std::max(wanted, 0); // below 0 the system waits for ever
         dropWhatFailed();
         if (!client_ && clock_() >= nextTry_) connect();
         if (!client_) {

@@ -332,7 +332,8 @@ void BrokerVariables::waitForAnswer(std::int64_t until)
 // In short turns, so that whoever waits with it has his.
 void BrokerVariables::pollWhileWaiting(std::int64_t until)
 {
-    const std::int64_t left = until - clock_();
+    // The time may be over since it was last looked at, and nobody wakes who waits for less than nothing.
+    const std::int64_t left = std::max<std::int64_t>(until - clock_(), 0);
     poll(static_cast<int>(settings_.waiting ? std::min<std::int64_t>(left, turnMilliseconds) : left));
     if (settings_.waiting) settings_.waiting();
 }

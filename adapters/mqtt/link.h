@@ -27,8 +27,8 @@ public:
     // What the broker says, retained, when this client is gone without a goodbye. From the next connection on.
     virtual void setWill(std::string topic, std::string payload) = 0;
 
-    // Does what there is to do, and waits for at most so long when there is nothing. What the receiver throws ends the
-    // connection and comes out here.
+    // Does what there is to do, and waits for at most so long when there is nothing; not at all for 0 and less. What the
+    // receiver throws ends the connection and comes out here.
     virtual void poll(int milliseconds) = 0;
     virtual bool isUp() const = 0;
     // Why there is no connection, one sentence; empty when there is one or none was tried.

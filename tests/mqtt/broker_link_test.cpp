@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstdint>
 #include <ctime>
 #include <functional>
@@ -115,6 +116,27 @@ TEST_F(BrokerLinks, TakeOtherSubscriptionsWithoutWaiting)
     EXPECT_EQ(after.messages, (std::vector<std::string>{"to/b=2"}));
     EXPECT_TRUE(before.messages.empty());
     EXPECT_TRUE(after.downs.empty());
+}
+
+namespace {
+volatile std::sig_atomic_t waitedForEver = 0;
+}
+
+TEST_F(BrokerLinks, DoNotWaitForLessThanNothing)
+{
+    Client silent{broker.address(), "a", {"to/a"}};
+    silent.link.poll(-20); // while there is no connection, too
+    ASSERT_TRUE(until([&] { return silent.link.isUp(); }, {&silent.link}));
+    constexpr unsigned mostSeconds = 5; // of a test that fails
+    struct sigaction before { };
+    struct sigaction wake { };
+    wake.sa_handler = [](int) { waitedForEver = 1; };
+    ASSERT_EQ(::sigaction(SIGALRM, &wake, &before), 0);
+    ::alarm(mostSeconds);
+    silent.link.poll(-20);
+    ::alarm(0);
+    ::sigaction(SIGALRM, &before, nullptr);
+    EXPECT_EQ(waitedForEver, 0) << "nothing comes that would have ended the waiting";
 }
 
 TEST_F(BrokerLinks, TellTheWillOfWhoeverIsGone)

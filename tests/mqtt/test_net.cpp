@@ -49,6 +49,7 @@ void TestLink::setWill(std::string topic, std::string payload)
 
 void TestLink::poll(int milliseconds)
 {
+    shortestWait = std::min(shortestWait, milliseconds);
     if (!up_ && reachable) {
         up_ = true;
         connectedWill_ = {willTopic_, will_};

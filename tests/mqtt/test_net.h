@@ -48,6 +48,7 @@ public:
     bool refusesMessages = false; // which are at fault themselves
     bool stuck = false; // takes messages and sends none
     std::vector<std::string> published; // topics
+    int shortestWait = 0; // that poll was called with, milliseconds
 
 private:
     struct Message {

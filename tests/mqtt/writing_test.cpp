@@ -298,6 +298,26 @@ TEST_F(Writing, ASlowMachineIsInTimeOrTooLate)
     EXPECT_EQ(held(), (std::vector<double>{7, 5, 5})) << "nothing is done after the deadline";
 }
 
+TEST_F(Writing, AProcessThatStandsStillWaitsNoLongerThanItsTime)
+{
+    // Whenever the panel looks at its clock, time has passed.
+    std::int64_t looks = 0;
+    TestLink link{net};
+    mqtt::BrokerVariables slow{
+        {.panel = "P2", .machines = {"M1"}}, link, [&] { return net.now += ++looks % 31; }};
+    slow.setLevel(5);
+    for (int i = 0; i < 50; ++i)
+        slow.poll(10);
+    controller.orderFault(R"({"fault":"silent","times":1000})");
+    for (int i = 0; i < 100; ++i) {
+        EXPECT_NE(outcomeOf([&] { slow.WriteValue(flag, std::int16_t{1}); }), Outcome::Done);
+        for (int turn = 0; turn < 20; ++turn)
+            slow.poll(10);
+    }
+    EXPECT_GT(controller.seen().size(), 50U) << "most of them were sent and waited for";
+    EXPECT_EQ(link.shortestWait, 0);
+}
+
 TEST_F(Writing, OneCommandAtATime)
 {
     controller.orderFault(R"({"fault":"slow","milliseconds":2000})");
