@@ -119,7 +119,6 @@ if(SERVOPANEL_QT)
     install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples/embed"
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libservopanel-dev/examples COMPONENT dev)
     install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs" DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/servo-panel COMPONENT panel)
-    install(FILES "${PROJECT_SOURCE_DIR}/README.md" DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/servo-panel COMPONENT panel)
 endif()
 
 include(PanelPackages)

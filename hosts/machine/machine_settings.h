@@ -8,7 +8,7 @@
 
 namespace servopanel::machine {
 
-// How the simulated machine moves: the member "machine" of project.json, described in demo/README.md. Members that a
+// How the simulated machine moves: the member "machine" of project.json, described in docs/simulated-machine.md. Members that a
 // kind of value does not use keep their defaults.
 
 // A place among the diagnosis values of a servo: page 1 or 2, element 0..39.
@@ -72,6 +72,7 @@ struct ServoRule {
     std::string machine; // designation, as in the names of its variables
     int servo = 0;
     std::string name; // for people
+    std::string place; // of this rule in project.json: "/machine/servos/2"
     std::vector<ValueRule> values;
     std::vector<FaultRule> faults;
 };

@@ -19,7 +19,7 @@ class VariableStore;
 // project's resolution.
 inline constexpr std::string_view resolutionVariable = "parameter<.aufloesung>";
 
-// project.json, the description of an HMI project (see demo/README.md). What is missing or wrong is among the problems
+// project.json, the description of an HMI project (see docs/engineer.md). What is missing or wrong is among the problems
 // and keeps its default; everything else is taken, of a file that breaks off what stands before the break.
 struct ProjectFile {
     struct Language {
