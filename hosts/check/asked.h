@@ -31,6 +31,7 @@ struct Places {
 // A language text that an operator sees.
 struct ShownText {
     bool isNeeded = false; // an empty text leaves an input or a key without its name
+    bool isOfItem = false; // which is shown as far as it is defined
     std::vector<std::string> views;
 };
 
@@ -64,12 +65,21 @@ struct Asked {
     std::map<std::int16_t, std::string> screens; // other screens, and where their key is
     std::set<std::string> troubled; // variables that are among the findings
     std::vector<jet::ServoName> servos;
+    std::vector<jet::ServoName> unshownServos; // whose flag is neither true nor false; nobody comes to them
     std::size_t wholeServos = 0; // those of which nothing failed that was asked for
     std::size_t machines = 0;
+    std::set<std::string> openMachines; // of whose items none is defined, so that all of them are shown
+    std::set<std::int16_t> skippedMachines; // that nobody went through, because of their designation
     std::vector<std::string> machinesWithoutServos; // designations of those of which the panel finds none
     std::vector<LibraryError> errors; // reports of the library that nothing else explains
     std::map<std::string, FileError> fileErrors; // by file; the first of each
     std::set<std::string> brokenFiles; // pictures and definitions that were found to be so
+
+    // Whether everything was gone through that the project lists, so that what nobody asked for is superfluous.
+    bool isWhole() const
+    {
+        return machinesWithoutServos.empty() && skippedMachines.empty() && unshownServos.empty();
+    }
 };
 
 } // namespace servopanel::check

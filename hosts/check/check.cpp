@@ -4,17 +4,17 @@
 #include "basic/text.h"
 #include "check/asked.h"
 #include "check/definitions_check.h"
+#include "check/designations_check.h"
 #include "check/ini_files.h"
 #include "check/pictures_check.h"
 #include "check/places_check.h"
 #include "check/problems.h"
 #include "check/project.h"
+#include "check/simulation_check.h"
 #include "check/texts_check.h"
 #include "check/unasked.h"
 #include "check/values_check.h"
 #include "check/walk.h"
-#include "machine/simulated_machine.h"
-#include "machine/variable_store.h"
 #include "portable/text_reading.h"
 
 #include <system_error>
@@ -70,19 +70,6 @@ void checkScreens(const CheckedProject& project, const Asked& asked, Findings& f
                 {}, view});
 }
 
-void checkSimulation(const CheckedProject& project, const Asked& asked, Findings& findings)
-{
-    if (!project.file.machine) return;
-    machine::VariableStore store;
-    project.file.declareVariables(store);
-    machine::SimulatedMachine machine{*project.file.machine, store};
-    machine.step(machine.periodSeconds());
-    for (const machine::Problem& problem : machine.problems())
-        if (!asked.troubled.contains(problem.place))
-            findings.add("project.json", project.lines.line("/machine"),
-                "machine: " + problem.place + ": " + problem.reason + ": this value stands still");
-}
-
 // What the library reported on the way and nothing above explains. The operator meets it in the list of reports.
 void checkReports(const Asked& asked, Findings& findings)
 {
@@ -117,6 +104,16 @@ std::string otherwiseNamed(const fs::path& folder)
             return ", but '" + name + "', which must be named in small letters";
     }
     return {};
+}
+
+std::string machinesNotSeen(const Asked& asked)
+{
+    std::vector<std::string> numbers;
+    for (const std::int16_t machine : asked.skippedMachines)
+        numbers.push_back(std::to_string(machine));
+    if (numbers.empty()) return {};
+    return "what belongs to machine " + listed(numbers)
+        + " was not looked at, because of the designation: once it is mended, more may be found\n";
 }
 
 // What a list of servos that the panel cannot use keeps from being found.
@@ -188,6 +185,7 @@ Report checkProject(const fs::path& folder, const PictureReader& readPicture, co
     CheckedProject project = load(folder, file, findings);
     readIniFiles(project, findings);
     if (!project.file.isWhole) return notWhole(project, readPicture, computer, findings);
+    checkDesignations(project, asked, findings);
     walkThrough(project, asked, findings);
     checkFooterFile(project, asked.machines, findings);
     checkEntries(project, asked, findings);
@@ -196,8 +194,8 @@ Report checkProject(const fs::path& folder, const PictureReader& readPicture, co
     checkSimulation(project, asked, findings);
     const Unasked unasked{project, asked};
     checkVariables(project, unasked, findings);
-    checkTexts(project, asked, unasked, findings);
     checkDefinitions(project, asked, findings);
+    checkTexts(project, asked, unasked, findings);
     checkPictures(project, asked, readPicture, findings);
     if (!asked.machinesWithoutServos.empty()) checkAllPictures(project, asked, readPicture, findings);
     checkLetterCase(project, findings);
@@ -206,7 +204,7 @@ Report checkProject(const fs::path& folder, const PictureReader& readPicture, co
 
     const bool isGood = findings.count() == 0;
     return {isGood ? Report::Result::Good : Report::Result::Findings,
-        findings.text() + servosNotSeen(asked) + summary(project, asked, findings)};
+        findings.text() + machinesNotSeen(asked) + servosNotSeen(asked) + summary(project, asked, findings)};
 }
 
 } // namespace servopanel::check

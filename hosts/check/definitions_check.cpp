@@ -44,6 +44,7 @@ void requireDatabase(const std::filesystem::path& file)
 
 void checkDefinitions(const CheckedProject& project, Asked& asked, Findings& findings)
 {
+    asked.openMachines = jet::machinesWithoutRows({}, asked.servos);
     const std::optional<std::filesystem::path> file = project.mapping.find(databaseName);
     if (!file) {
         asked.brokenFiles.insert(databaseName);
@@ -53,8 +54,13 @@ void checkDefinitions(const CheckedProject& project, Asked& asked, Findings& fin
     try {
         requireDatabase(*file);
         const std::vector<jet::DefinitionRow> rows = jet::loadDefinitions(*file).rows;
+        asked.openMachines = jet::machinesWithoutRows(rows, asked.servos);
         add(jet::findingsOfRows(rows), findings);
-        if (!asked.servos.empty()) add(jet::findingsOfServos(rows, asked.servos), findings);
+        if (!asked.servos.empty() && asked.skippedMachines.empty()) {
+            std::vector<jet::ServoName> servos = asked.servos;
+            servos.insert(servos.end(), asked.unshownServos.begin(), asked.unshownServos.end());
+            add(jet::findingsOfServos(rows, servos), findings);
+        }
         checkHiddenItems(project, asked, rows, findings);
         std::map<std::string, std::size_t> counts;
         for (const jet::DefinitionRow& row : rows)

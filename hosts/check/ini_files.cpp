@@ -285,6 +285,23 @@ void readIniFiles(CheckedProject& project, Findings& findings)
         if (ini.content) checkServoList(ini.name, *ini.content, findings);
 }
 
+std::vector<FooterPicture> footerPictures(const CheckedProject& project)
+{
+    std::vector<FooterPicture> pictures;
+    const CheckedProject::Ini* const ini = iniOf(project, footerFile);
+    if (ini == nullptr || !ini->content) return pictures;
+    for (int key = 1; key <= footerKeys; ++key) {
+        const IniFile::Entry* const entry = ini->content->find("Footer", "F" + std::to_string(key));
+        if (entry == nullptr || portable::trimBlanks(entry->value).empty()) continue;
+        std::string beginning = entry->value;
+        std::replace(beginning.begin(), beginning.end(), '\\', '/');
+        beginning.resize(std::min(beginning.size(), beginning.rfind('.')));
+        pictures.push_back(
+            {ini->name, entry->line, nameOf(*entry) + " is \"" + entry->value + '"', std::move(beginning)});
+    }
+    return pictures;
+}
+
 void checkFooterFile(const CheckedProject& project, std::size_t machines, Findings& findings)
 {
     const CheckedProject::Ini* const ini = iniOf(project, footerFile);
@@ -350,7 +367,7 @@ void checkEntries(const CheckedProject& project, const Asked& asked, Findings& f
     for (const std::string& file : missingFiles)
         findings.add(file, 0, noProgram);
     // Which files and entries are wanted says the list of servos.
-    if (!asked.machinesWithoutServos.empty()) {
+    if (!asked.isWhole()) {
         checkEntriesAlone(project, findings);
         return;
     }

@@ -6,7 +6,9 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace servopanel::check {
 
@@ -15,6 +17,15 @@ void readIniFiles(CheckedProject& project, Findings& findings);
 
 // How many machines the footer keys are for: sections Machine1, Machine2 and so on.
 std::size_t machinesOfFooterFile(const CheckedProject& project);
+
+// The pictures of a footer key, which are named by their beginning: "Standard\\Pw" for "Standard\\Pw3_1280.gif".
+struct FooterPicture {
+    std::string file; // in which the key's entry stands
+    int line = 0;
+    std::string entry; // "[Footer] F3 is "Standard\Pw""
+    std::string beginning; // with slashes, without an extension
+};
+std::vector<FooterPicture> footerPictures(const CheckedProject& project);
 
 // The footer keys, Servo\Servo.ini, which the library reads by rules of its own.
 void checkFooterFile(const CheckedProject& project, std::size_t machines, Findings& findings);

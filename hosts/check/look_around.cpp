@@ -30,12 +30,14 @@ std::string textOf(recording::MemoryControl& control)
     return {};
 }
 
+// The name of an input.
+bool isOfItem(platform::ChildId id) { return id.name == "BeschriftungL" || id.name == "BeschriftungR"; }
+
 // Whether an operator cannot do without this text. Lines of the diagnosis, signs between the parts of a drawing number
 // and captions in the picture may be left empty.
 bool isNeeded(const std::string& part, platform::ChildId id)
 {
-    return part == classes::ServoMenu || id.name == "Überschrift" || id.name == "BeschriftungL"
-        || id.name == "BeschriftungR";
+    return part == classes::ServoMenu || id.name == "Überschrift" || isOfItem(id);
 }
 
 std::optional<double> limitOf(const basic::Variant& text)
@@ -72,6 +74,7 @@ void LookAround::text(const std::string& part, platform::ChildId id, const std::
     if (key.empty()) return;
     ShownText& shown = asked_.texts[key];
     shown.isNeeded = shown.isNeeded || isNeeded(part, id);
+    shown.isOfItem = shown.isOfItem || isOfItem(id);
     if (std::find(shown.views.begin(), shown.views.end(), watch_.view()) == shown.views.end())
         shown.views.push_back(watch_.view());
 }

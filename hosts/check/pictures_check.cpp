@@ -1,11 +1,15 @@
 #include "check/pictures_check.h"
 
 #include "basic/text.h"
+#include "check/ini_files.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <map>
 #include <optional>
+#include <string_view>
 #include <system_error>
+#include <vector>
 
 namespace servopanel::check {
 
@@ -58,6 +62,38 @@ std::string mistakeOf(const std::optional<fs::path>& file, const Places& places,
 
 } // namespace
 
+namespace {
+
+// Whether this is a picture of a footer key: behind the beginning stand an access level and a resolution.
+bool isOf(const std::string& name, const FooterPicture& picture)
+{
+    if (!basic::upperCase(name).starts_with(basic::upperCase(picture.beginning))) return false;
+    const std::string_view rest = std::string_view{name}.substr(picture.beginning.size());
+    return rest.substr(0, rest.find('.')).find_first_not_of("0123456789_") == std::string_view::npos;
+}
+
+// Entries for footer keys of which no picture is there at all, in a folder that there is: the entry is wrong then.
+std::vector<FooterPicture> wrongFooterPictures(const CheckedProject& project, const Asked& asked)
+{
+    std::vector<FooterPicture> wrong;
+    for (const FooterPicture& picture : footerPictures(project)) {
+        std::error_code code;
+        const auto folder = project.mapping.find(picture.beginning.substr(0, picture.beginning.find('/')));
+        if (!folder || !fs::is_directory(*folder, code)) continue;
+        bool isAsked = false;
+        bool isThere = false;
+        for (const auto& [name, places] : asked.pictures) {
+            if (!isOf(name, picture)) continue;
+            isAsked = true;
+            isThere = isThere || project.mapping.find(name).has_value();
+        }
+        if (isAsked && !isThere) wrong.push_back(picture);
+    }
+    return wrong;
+}
+
+} // namespace
+
 std::set<int> resolutionsOf(const CheckedProject& project)
 {
     std::set<int> result{project.file.resolution};
@@ -80,7 +116,17 @@ std::set<int> resolutionsOf(const CheckedProject& project)
 
 void checkPictures(const CheckedProject& project, Asked& asked, const PictureReader& read, Findings& findings)
 {
+    const std::vector<FooterPicture> wrong = wrongFooterPictures(project, asked);
+    for (const FooterPicture& picture : wrong)
+        findings.add(picture.file, picture.line,
+            picture.entry + ", and there is no picture whose name begins so: the key stays without one");
     for (const auto& [name, places] : asked.pictures) {
+        const bool isTold = std::any_of(wrong.begin(), wrong.end(),
+            [&name = name](const FooterPicture& picture) { return isOf(name, picture); });
+        if (isTold) {
+            asked.brokenFiles.insert(name);
+            continue;
+        }
         const std::string mistake = mistakeOf(project.mapping.find(name), places, read);
         if (mistake.empty()) continue;
         asked.brokenFiles.insert(name);

@@ -24,7 +24,8 @@ void checkRoom(const fs::path& folder, const std::string& name, const Computer& 
 {
     const std::optional<std::uintmax_t> left = computer.freeBytes(folder);
     if (left && *left < leastRoom)
-        findings.add(name, 0, "its disk is full, " + std::to_string(*left / 1000) + " kB are left" + means);
+        findings.add(
+            name, 0, "little room is left on its disk, " + std::to_string(*left / 1000) + " kB" + means);
 }
 
 // The next folder above that is there: the panel makes what is missing below it.
@@ -80,6 +81,11 @@ void checkPlaces(const CheckedProject& project, const Computer& computer, Findin
     const std::string mistake = computer.writeMistake(*folder);
     if (!mistake.empty()) findings.add(definitionFolder, 0, mistake + noDefinitions);
     checkRoom(*folder, definitionFolder, computer, noDefinitions, findings);
+    constexpr const char* lockFile = "Servo/Servo.ldb";
+    if (const std::optional<fs::path> lock = project.mapping.find(lockFile))
+        findings.add(definitionFolder + ('/' + lock->filename().string()), 0,
+            std::string{"is the lock file of a program that has the definitions open, or was left by one"}
+                + noDefinitions);
 }
 
 void checkLetterCase(const CheckedProject& project, Findings& findings)

@@ -190,7 +190,15 @@ private:
     bool isNeeded(const std::string& key) const
     {
         const auto shown = asked_.texts.find(key);
-        return shown != asked_.texts.end() && shown->second.isNeeded;
+        return shown != asked_.texts.end() && shown->second.isNeeded && !isOfOpenItem(key, shown->second);
+    }
+
+    // An item that is shown only because nothing is defined, which is told already.
+    bool isOfOpenItem(const std::string& key, const ShownText& shown) const
+    {
+        return shown.isOfItem
+            && std::any_of(asked_.openMachines.begin(), asked_.openMachines.end(),
+                [&](const std::string& machine) { return key.starts_with("Servo." + machine + '.'); });
     }
 
     // Texts that are shown and that no language has.
@@ -202,7 +210,7 @@ private:
         if (files.empty()) return;
         std::vector<Lack> lacks;
         for (const auto& [key, shown] : asked_.texts)
-            if (!keys.contains(key))
+            if (!keys.contains(key) && !isOfOpenItem(key, shown))
                 lacks.push_back({key,
                     (files.size() == 1 ? "is missing" : "is missing in all languages")
                         + std::string{": the operator sees the key"},

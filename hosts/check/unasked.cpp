@@ -81,6 +81,11 @@ Unasked::Unasked(const CheckedProject& project, const Asked& asked)
     : isSure_{asked.wholeServos > 0 && asked.errors.empty()}
     , designations_{machine::designations(project.file)}
 {
+    // Names that are built for the machine as it was meant are not misspelt.
+    if (!asked.skippedMachines.empty()) {
+        isSure_ = false;
+        return;
+    }
     std::sort(designations_.begin(), designations_.end(),
         [](const std::string& left, const std::string& right) { return left.size() > right.size(); });
 

@@ -384,6 +384,7 @@ void walkThrough(const CheckedProject& project, Asked& asked, Findings& findings
         [](const auto& language) { return language.rightToLeft; });
     KeptDefinitions definitions{project.mapping};
     for (std::int16_t machine = 1; machine <= machines; ++machine) {
+        if (asked.skippedMachines.contains(machine)) continue;
         const std::string servos = std::string{servoCount} + decimal(machine) + ">";
         const Variant* const configured = valueOf(project, servos);
         if (configured != nullptr && (numberOf(configured) < 1 || numberOf(configured) > mostServos))

@@ -19,6 +19,7 @@ using basic::Variant;
 constexpr std::string_view passiveFamily = "_servopassiv_";
 constexpr std::string_view servoCount = "parameter<.servo_anzahl_";
 constexpr std::string_view programFile = "PARAMETER/PROGRAM.INI";
+constexpr const char* definitionFile = "Servo/Servo.mdb";
 constexpr char markStart = '\x02';
 constexpr char markEnd = '\x03';
 
@@ -82,7 +83,8 @@ public:
     std::unique_ptr<platform::Database> open(std::string_view path) override
     {
         watch_.last_ = Access::Definitions;
-        watch_.lastFile_ = watch_.relative(path).value_or(std::string{path});
+        // A file that there is not has no path.
+        watch_.lastFile_ = path.empty() ? definitionFile : watch_.relative(path).value_or(std::string{path});
         return watch_.definitions_.open(path);
     }
 
@@ -193,12 +195,16 @@ Variant Watch::read(std::string_view name)
 Variant Watch::readFlag(const std::string& name)
 {
     if (!listed_) return true; // it is left out; what comes of its number says nothing
-    const auto count = [this] {
+    const auto count = [&] {
         try {
-            if (basic::equalsBoolean(lastFlag_, false)) servos_.push_back(std::to_string(*listed_));
+            if (basic::equalsBoolean(lastFlag_, false)) {
+                servos_.push_back(std::to_string(*listed_));
+                return;
+            }
         } catch (const basic::Error&) {
-            // Neither true nor false: it is not shown.
+            // Neither true nor false.
         }
+        noteUnshown(name);
     };
     if (store_.find(name) == nullptr) {
         count();
@@ -212,6 +218,18 @@ Variant Watch::readFlag(const std::string& name)
     if (lastFlag_.holds<bool>()) lastFlag_ = false;
     count();
     return lastFlag_;
+}
+
+void Watch::noteUnshown(std::string_view flag)
+{
+    constexpr std::string_view start = "Ch1.";
+    const std::size_t end = flag.find("_T_servo_");
+    if (!flag.starts_with(start) || end == std::string_view::npos) return;
+    const jet::ServoName servo{
+        std::string{flag.substr(start.size(), end - start.size())}, std::to_string(*listed_)};
+    const auto same = [&](const jet::ServoName& each) { return !(each < servo) && !(servo < each); };
+    if (std::none_of(asked_.unshownServos.begin(), asked_.unshownServos.end(), same))
+        asked_.unshownServos.push_back(servo);
 }
 
 void Watch::write(std::string_view name, const Variant& value)

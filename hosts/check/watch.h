@@ -86,6 +86,7 @@ private:
 
     basic::Variant read(std::string_view name);
     basic::Variant readFlag(const std::string& name);
+    void noteUnshown(std::string_view flag);
     void write(std::string_view name, const basic::Variant& value);
     void noteError(std::int32_t number, std::string_view description, std::string_view procedure);
     void variableFinding(const std::string& name, const std::string& what);

@@ -36,6 +36,7 @@ public:
     // A problem of this object or of one of its members.
     void problem(const std::string& member, const std::string& reason);
     std::string pathOf(const std::string& member) const;
+    const std::string& path() const { return path_; }
     void finish();
     // Nobody can say which members belong here: finish reports none.
     void takeRest();

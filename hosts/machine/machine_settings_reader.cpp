@@ -108,6 +108,7 @@ private:
         rule.machine = object.text("machine", Need::Required).value_or("");
         rule.servo = static_cast<int>(object.whole("servo", Need::Required, 0, largest16).value_or(0));
         rule.name = object.text("name", Need::Optional).value_or("");
+        rule.place = object.path();
         known_.clear();
         if (const Json* const values = object.array("values", Need::Optional))
             rule.values = each<ValueRule>(*values, object.pathOf("values"), &SettingsReader::value);

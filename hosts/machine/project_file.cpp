@@ -7,6 +7,7 @@
 #include "machine/variable_store.h"
 #include "machine/variable_value.h"
 #include "portable/text_reading.h"
+#include "portable/trimming.h"
 
 #include <algorithm>
 #include <array>
@@ -113,10 +114,13 @@ bool isFileName(std::string_view code)
     return !code.empty() && code.find_first_of("/\\:") == std::string_view::npos && code.front() != '.';
 }
 
-bool isTaken(const ProjectFile& project, const ProjectFile::Language& language)
+// Whether another language has the same number, code or whatever the member is.
+template <class Value>
+bool isTaken(
+    const ProjectFile& project, const ProjectFile::Language& language, Value ProjectFile::Language::*member)
 {
     return std::any_of(project.languages.begin(), project.languages.end(),
-        [&](const ProjectFile::Language& other) { return other.number == language.number; });
+        [&](const ProjectFile::Language& other) { return other.*member == language.*member; });
 }
 
 void readLanguages(JsonObject& object, ProjectFile& project, const std::string& file)
@@ -132,9 +136,15 @@ void readLanguages(JsonObject& object, ProjectFile& project, const std::string& 
             language.name = entry.text("name", Need::Optional).value_or(language.code);
             if (!entry.failed() && !isFileName(language.code))
                 entry.problem("code", "must be the name of a file in Texts, without folder and extension");
-            if (!entry.failed() && isTaken(project, language))
+            if (!entry.failed() && isTaken(project, language, &ProjectFile::Language::number))
                 entry.problem("number", "is that of another language");
+            if (!entry.failed() && isTaken(project, language, &ProjectFile::Language::code))
+                entry.problem("code", "is that of another language, so that both have the same texts");
             const bool failed = entry.failed();
+            if (!failed && portable::trimBlanks(language.name).empty()) {
+                entry.problem("name", "is empty; the operator sees the code");
+                language.name = language.code;
+            }
             readLook(entry, language);
             entry.finish();
             if (!failed) project.languages.push_back(std::move(language));

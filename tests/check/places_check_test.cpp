@@ -56,7 +56,16 @@ TEST_F(PlacesTest, DefinitionsThatCannotBeSavedAreFound)
         << report();
     mistakes_.clear();
     free_["Servo"] = 20'000;
-    EXPECT_TRUE(says("Servo: its disk is full, 20 kB are left: changed definitions cannot be saved"))
+    EXPECT_TRUE(says("Servo: little room is left on its disk, 20 kB: changed definitions cannot be saved"))
+        << report();
+}
+
+TEST_F(PlacesTest, ALockFileIsFound)
+{
+    std::ofstream{folder_.path() / "Servo" / "SERVO.LDB"} << "x";
+    EXPECT_TRUE(
+        says("Servo/SERVO.LDB: is the lock file of a program that has the definitions open, or was left by "
+             "one: changed definitions cannot be saved"))
         << report();
 }
 

@@ -124,8 +124,8 @@ TEST_F(Check, ComparesWithTheServosOfAProject)
         "row 2 (M1, Ch1.M1_T_servo_3<.mM1_servo_zeich_3>, 0): the project has no servo 3 of machine M1\n"
         "row 3 (M1, Ch1.M2_T_servo_4<.mM2_servo_para2_4>, 0): the variable belongs to machine M2\n"
         "row 4 (M1, Ch1.M1_T_servo_1<.mM1_servo_para_12>, 0): the variable is no parameter of a servo\n"
+        "machine M2: has no row\n"
         "servo 1 of machine M1: has no definitions\n"
-        "servo 4 of machine M2: has no definitions\n"
         "4 definitions, 5 findings\n");
 }
 
@@ -151,7 +151,7 @@ TEST_F(Check, FindsTheServoOfANameInOtherCase)
     // The machine type is not found in other case.
     EXPECT_EQ(text,
         "row 3 (m2, Ch1.M2_T_servo_4<.mM2_servo_para_4>, 3): the variable belongs to machine M2\n"
-        "servo 4 of machine M2: has no definitions\n"
+        "machine M2: has no row\n"
         "3 definitions, 2 findings\n");
 }
 

@@ -56,7 +56,7 @@ protected:
         store.declare(fault1, "");
         store.declare(fault2, "");
         settings.lines.push_back({"M1", "m/min", 10, {{60, 1000}}});
-        settings.servos.push_back({"M1", 3, "Abwicklung", {}, {}});
+        settings.servos.push_back({"M1", 3, "Abwicklung", {}, {}, {}});
     }
 
     ValueRule& add(int element, ValueKind kind, int page = 1)
@@ -478,7 +478,7 @@ TEST_F(SimulatedMachineTest, TellsOnceWhatIsMissingAndGoesOn)
     add(2, ValueKind::Constant).value = 5;
     settings.servos.push_back(settings.servos[0]);
     settings.servos[1].servo = 4;
-    settings.servos.push_back({"M9", 1, "", {}, {}});
+    settings.servos.push_back({"M9", 1, "", {}, {}, {}});
     store.declare("Ch1.M1_T_servo_4<.mM1_servo_diag_41>", 3.0);
     SimulatedMachine machine{settings, store};
     machine.step(1);

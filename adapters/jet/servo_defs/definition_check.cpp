@@ -30,6 +30,7 @@ constexpr const char* noLevel = "nobody can change the item, or everybody can";
 constexpr const char* twice = "the item does not have the limits and the level that the first one says";
 constexpr const char* unused = "it opens no input";
 constexpr const char* allHidden = "its page shows no input";
+constexpr const char* allOpen = "every input is shown and open to everyone";
 
 std::string placeOf(const DefinitionRow& row, std::size_t position)
 {
@@ -156,6 +157,17 @@ std::vector<DefinitionFinding> findingsOfRows(const std::vector<DefinitionRow>& 
     return findings;
 }
 
+std::set<std::string> machinesWithoutRows(
+    const std::vector<DefinitionRow>& rows, const std::vector<ServoName>& configured)
+{
+    std::set<std::string> machines;
+    for (const ServoName& servo : configured)
+        machines.insert(servo.machine);
+    for (const DefinitionRow& row : rows)
+        machines.erase(plainText(row.machineType));
+    return machines;
+}
+
 std::vector<DefinitionFinding> findingsOfServos(
     const std::vector<DefinitionRow>& rows, const std::vector<ServoName>& configured)
 {
@@ -182,8 +194,11 @@ std::vector<DefinitionFinding> findingsOfServos(
         else
             defined.insert(servo->first);
     }
+    const std::set<std::string> open = machinesWithoutRows(rows, configured);
+    for (const std::string& machine : open)
+        findings.push_back({"machine " + machine, "has no row", allOpen});
     for (const auto& [key, servo] : servos)
-        if (!defined.contains(key))
+        if (!defined.contains(key) && !open.contains(servo.machine))
             findings.push_back(
                 {"servo " + servo.number + " of machine " + servo.machine, "has no definitions", allHidden});
     return findings;

@@ -3,6 +3,7 @@
 #include "jet/definition_row.h"
 #include "jet/servo_defs/configured_servos.h"
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -17,7 +18,11 @@ struct DefinitionFinding {
 
 // What the rows say by themselves: limits, levels, elements, rows that are there twice.
 std::vector<DefinitionFinding> findingsOfRows(const std::vector<DefinitionRow>& rows);
-// Rows for servos that the project does not have, and servos without rows.
+// Designations of the machines, as the project writes them, for which there is no row at all: without any, every input of
+// such a machine is shown and open to everyone.
+std::set<std::string> machinesWithoutRows(
+    const std::vector<DefinitionRow>& rows, const std::vector<ServoName>& configured);
+// Rows for servos that the project does not have, and servos or whole machines without rows.
 std::vector<DefinitionFinding> findingsOfServos(
     const std::vector<DefinitionRow>& rows, const std::vector<ServoName>& configured);
 

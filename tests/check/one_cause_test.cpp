@@ -1,0 +1,149 @@
+// Mistakes of which much follows: the report names the cause, with its line, and not what follows.
+#include "check/planted.h"
+#include "check/project_copy.h"
+
+#include "jet/servo_defs/definition_list.h"
+#include "jet/servo_defs/tool.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace servopanel::check::tests {
+
+namespace {
+
+constexpr const char* project = "project.json";
+constexpr const char* footer = "Servo/Servo.ini";
+constexpr const char* program = "Parameter/Program.ini";
+
+// Keeps those definitions whose line in CSV form has none of these words.
+void removeDefinitions(const ProjectCopy& copy, const std::string& word)
+{
+    std::istringstream lines{jet::toCsv(jet::loadDefinitions(copy.place("Servo/Servo.mdb")).rows)};
+    std::string csv;
+    for (std::string line; std::getline(lines, line);)
+        if (line.find(word) == std::string::npos) csv += line + '\n';
+    copy.write("definitions.csv", csv);
+    jet::ToolOutput output;
+    jet::runTool(
+        {"create", copy.place("Servo/Servo.mdb").string(), copy.place("definitions.csv").string(), "--force"},
+        output);
+    EXPECT_EQ(output.errors, "");
+    copy.remove("definitions.csv");
+}
+
+const std::vector<Planted>& mistakes()
+{
+    static const std::vector<Planted> planted{
+        {"AMachineWithoutDefinitions", [](const ProjectCopy& copy) { removeDefinitions(copy, "M2,"); },
+            {{"Servo/Servo.mdb", "", "machine M2: has no row: every input is shown and open to everyone"}}},
+        {"NoDatabase", [](const ProjectCopy& copy) { copy.remove("Servo/Servo.mdb"); },
+            {{"Servo/Servo.mdb", "", "no such file: every input is shown and open to everyone"}}},
+        {"ADatabaseThatBreaksOff", [](const ProjectCopy& copy) { copy.cut("Servo/Servo.mdb"); },
+            {{"Servo/Servo.mdb", "", ""}}},
+        {"ServoNumbersInOtherForms",
+            [](const ProjectCopy& copy) {
+                copy.replace(program, "\nServo2=2\n", "\nServo2=02\n");
+                copy.replace(program, "\nServo3=3\n", "\nServo3=0x03\n");
+            },
+            {}},
+        {"OneServoInTwoForms",
+            [](const ProjectCopy& copy) {
+                copy.replace(program, "\nServo2=2\n", "\nServo2=2\nServo13=02\n");
+            },
+            {{program, "Servo13=02",
+                 "[1Machine] Servo13 is servo 2, as in line 10: the menu has two keys for one servo"},
+                {program, "Servo13=02", "[1Machine] Servo13 is read by nobody; it may be misspelt"}}},
+        {"AFlagThatIsANumber",
+            [](const ProjectCopy& copy) {
+                copy.replace(project, "\"Ch1.M1_T_servo_2<.mM1_servopassiv_2>\": false",
+                    "\"Ch1.M1_T_servo_2<.mM1_servopassiv_2>\": 1");
+            },
+            {{project, "_servopassiv_2>",
+                "variable \"Ch1.M1_T_servo_2<.mM1_servopassiv_2>\" is neither true nor false: the servo is "
+                "not "
+                "shown"}}},
+        {"TwoMachinesOfOneDesignation",
+            [](const ProjectCopy& copy) {
+                copy.replace(project, "\"parameter<.maschinenbez_2>\": \"M2\"",
+                    "\"parameter<.maschinenbez_2>\": \"M1\"");
+            },
+            {{project, "maschinenbez_2",
+                "variable \"parameter<.maschinenbez_2>\" is the designation of machine 1 as well: both have "
+                "the "
+                "same variables, texts and pictures"}}},
+        {"ABlankInADesignation",
+            [](const ProjectCopy& copy) {
+                copy.replace(project, "\"parameter<.maschinenbez_2>\": \"M2\"",
+                    "\"parameter<.maschinenbez_2>\": \"M2 \"");
+            },
+            {{project, "maschinenbez_2",
+                "variable \"parameter<.maschinenbez_2>\" has blanks around the designation \"M2 \": "
+                "variables, "
+                "texts and pictures of the machine are looked for with them"}}},
+        {"AFooterKeyWithAnotherPicture",
+            [](const ProjectCopy& copy) { copy.replace(footer, "F3=Standard\\Pw", "F3=Standard\\Password"); },
+            {{footer, "F3=Standard",
+                "[Footer] F3 is \"Standard\\Password\", and there is no picture whose name begins so: the "
+                "key "
+                "stays without one"}}},
+        {"ASimulatedServoThatThereIsNot",
+            [](const ProjectCopy& copy) {
+                copy.replace(
+                    project, "{\"machine\": \"M1\", \"servo\": 14,", "{\"machine\": \"M9\", \"servo\": 44,");
+            },
+            {{project, "\"M9\"",
+                "machine: no variable belongs to servo 44 of machine M9: nothing of it is simulated"}}},
+        {"ASimulatedMachineWithoutALine",
+            [](const ProjectCopy& copy) {
+                copy.replace(project, "{\"machine\": \"M2\", \"unit\"", "{\"machine\": \"M3\", \"unit\"");
+            },
+            {{project, "{\"machine\": \"M2\"",
+                "machine: there is no line of machine M2: its servos stand still"}}},
+        {"AFlagOfChangesThatIsAText",
+            [](const ProjectCopy& copy) {
+                copy.replace(project, "\"Ch1.M1_T_servo_14<.mM1_servoaender_14>\": 0",
+                    "\"Ch1.M1_T_servo_14<.mM1_servoaender_14>\": \"x\"");
+            },
+            {{project, "_servoaender_14>", ""}}},
+        {"ALanguageWithoutAName",
+            [](const ProjectCopy& copy) { copy.replace(project, "\"name\": \"中文\"", "\"name\": \"\""); },
+            {{project, "\"zh\"", "languages/3/name: is empty; the operator sees the code"}}},
+        {"ACodeTwice",
+            [](const ProjectCopy& copy) {
+                copy.replace(project, "\"name\": \"中文\"}",
+                    "\"name\": \"中文\"},\n  {\"number\": 5, \"code\": \"zh\", \"name\": \"again\"}");
+            },
+            {{project, "again",
+                "languages/4/code: is that of another language, so that both have the same texts: the panel "
+                "goes "
+                "on without it"}}},
+    };
+    return planted;
+}
+
+class OneCause : public ::testing::TestWithParam<Planted> { };
+
+} // namespace
+
+TEST_P(OneCause, IsToldByItselfWithItsLine)
+{
+    const ProjectCopy copy;
+    GetParam().plant(copy);
+    const std::string report = checkProject(copy.path(), plainReader).text;
+    for (const Expected& expected : GetParam().expected) {
+        std::string line = expected.file;
+        if (!expected.text.empty()) line += ':' + std::to_string(copy.line(expected.file, expected.text));
+        line += ": " + expected.finding;
+        EXPECT_NE(("\n" + report).find('\n' + line), std::string::npos) << line << "\nis not in\n" << report;
+    }
+    const std::size_t count = GetParam().expected.size();
+    const std::string end = count == 0 ? "nothing is missing" : std::to_string(count) + " finding";
+    EXPECT_NE(("\n" + report).find('\n' + end), std::string::npos) << report;
+}
+
+INSTANTIATE_TEST_SUITE_P(Mistakes, OneCause, ::testing::ValuesIn(mistakes()),
+    [](const auto& mistake) { return mistake.param.what; });
+
+} // namespace servopanel::check::tests
