@@ -56,6 +56,8 @@ private:
     {
         if (option == "--csv")
             line_.csv = true;
+        else if (option == "--changes")
+            line_.filter.onlyChanges = true;
         else if (option == "--apply")
             undo_.apply = takeOnlyUndo(option);
         else
@@ -190,6 +192,7 @@ Shows what a panel has written to its machines, from the journal in FOLDER, or t
   --variable TEXT      only variables whose name contains this text
   --element NUMBER     only this element of a variable
   --result RESULT      only writes that were done or refused, or whose end is unknown
+  --changes            without the writes that change nothing: a confirm writes all setpoints of its page
   --csv                as CSV, for spreadsheets
   --help               this text
 
@@ -202,8 +205,8 @@ Shows what a panel has written to its machines, from the journal in FOLDER, or t
 )";
     text.append(mqtt::brokerOptionsHelp);
     text.append(R"(
-Elements count from 0, "all" is the whole value; "-" stands for an old value that the panel had not read. Writes are
-numbered from 1 in each run of a panel.
+Elements count from 0; "all" is the whole value, "none" a write of what the panel had read, unchanged; "-" stands for an
+old value that the panel had not read. Writes are numbered from 1 in each run of a panel.
 
 Status: 0 good, 1 some lines of the journal are broken and were passed over, 2 errors, or the machine refused, 3 nobody
 knows whether the machine took a write.

@@ -159,6 +159,11 @@ Result resultOf(std::int32_t errorNumber)
     }
 }
 
+bool changesNothing(const Entry& entry)
+{
+    return !entry.oldValue.is_null() && entry.oldValue == entry.newValue;
+}
+
 Json toJson(const Variant& value)
 {
     using basic::VariantType;

@@ -45,6 +45,9 @@ struct Entry {
     std::string text; // why it was not done
 };
 
+// Whether the panel only said again what it had read: a confirm writes whole pages, also what nobody has touched.
+bool changesNothing(const Entry& entry);
+
 // How a write ended, as the file holds it: behind the entries that it belongs to.
 struct Ending {
     std::int64_t write = 0;

@@ -39,6 +39,7 @@ std::string valueText(const Json& value)
 
 std::string elementText(const Entry& entry)
 {
+    if (changesNothing(entry)) return "none";
     return entry.element == wholeValue ? std::string{"all"} : std::to_string(entry.element);
 }
 
@@ -50,12 +51,18 @@ std::string endText(const Entry& entry)
     return text;
 }
 
+// Whoever looks for a change must not have to compare two long lists for it.
+std::string changeText(const Entry& entry, const Json& value)
+{
+    return changesNothing(entry) ? std::string{"unchanged"} : shownValue(value);
+}
+
 Cells cellsOf(const Entry& entry)
 {
     return {std::to_string(entry.write), timeText(entry.time), entry.panel, std::to_string(entry.level),
         entry.machine.empty() ? "-" : entry.machine,
         entry.servo ? std::to_string(*entry.servo) : std::string{"-"}, entry.variable, elementText(entry),
-        shownValue(entry.oldValue), shownValue(entry.newValue), endText(entry)};
+        changeText(entry, entry.oldValue), changeText(entry, entry.newValue), endText(entry)};
 }
 
 portable::CsvCell textCell(const std::string& text)
@@ -90,6 +97,7 @@ bool Filter::admits(const Entry& entry) const
     if (machine && entry.machine != *machine) return false;
     if (panel && entry.panel != *panel) return false;
     if (result && entry.result != *result) return false;
+    if (onlyChanges && changesNothing(entry)) return false;
     return !variable
         || basic::upperCase(entry.variable).find(basic::upperCase(*variable)) != std::string::npos;
 }

@@ -22,6 +22,7 @@ struct Filter {
     std::optional<std::string> panel;
     std::optional<std::string> variable; // a part of its name, in any case
     std::optional<Result> result;
+    bool onlyChanges = false; // without what changes nothing
 
     bool admits(const Entry& entry) const;
 };

@@ -59,7 +59,7 @@ std::string problemOf(const Entry& entry)
     if (machine::familyOf(entry.variable) == machine::families::changedFlag)
         return "it only told the machine of changed parameters";
     if (entry.oldValue.is_null()) return "nobody knows what the machine held before";
-    if (entry.oldValue == entry.newValue) return "it changed nothing";
+    if (changesNothing(entry)) return "it changed nothing";
     return {};
 }
 

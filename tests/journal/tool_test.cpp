@@ -94,6 +94,23 @@ TEST_F(ServoJournal, LeavesOutWhatNobodyAskedFor)
     EXPECT_EQ(minutes({"--servo", "3", "--result", "unknown"}), "");
 }
 
+TEST_F(ServoJournal, TellsWhatChangedFromWhatWasOnlySaidAgain)
+{
+    variables.WriteValue(para, variables.ReadValue(para));
+    now += 60'000;
+    change(1, 36);
+    now += 60'000;
+    variables.WriteValue(para, basic::doubles({1, 2, 3})); // nobody has read what it was before
+    EXPECT_EQ(minutes({"--changes"}), "20 21 ");
+    EXPECT_EQ(run({"--changes", "--element", "1"}), 0);
+    EXPECT_NE(output.text.find("1        35.5  36   done\n"), std::string::npos) << output.text;
+    EXPECT_EQ(run({"--until", "2026-11-22T01:19"}), 0);
+    EXPECT_NE(output.text.find("none     unchanged  unchanged  done\n"), std::string::npos) << output.text;
+    EXPECT_EQ(run({"--csv", "--until", "2026-11-22T01:19"}), 0);
+    EXPECT_NE(output.text.find(",-1,\"[20, 35.5, 0]\",\"[20, 35.5, 0]\",done,"), std::string::npos)
+        << output.text;
+}
+
 TEST_F(ServoJournal, WritesCsvThatOthersRead)
 {
     variables.WriteValue(text, "a;b \"c\"\nd, e");
