@@ -102,6 +102,8 @@ public:
     Impl(BrokerLinkSettings settings, Clock clock)
         : settings_{std::move(settings)}
         , clock_{std::move(clock)}
+        , lookUp_{settings_.address.socket.empty() ? settings_.address.host : std::string{},
+              settings_.resolve}
         , retry_{settings_.firstRetryMilliseconds}
         , nextTry_{clock_()}
     {
@@ -134,7 +136,7 @@ public:
     {
         const int milliseconds = std::max(wanted, 0); // below 0 the system waits for ever
         dropWhatFailed();
-        if (!client_ && clock_() >= nextTry_) connect();
+        if (!client_ && clock_() >= nextTry_ && !connectWithin(milliseconds)) return;
         if (!client_) {
             const std::int64_t wait = std::clamp<std::int64_t>(nextTry_ - clock_(), 0, milliseconds);
             ::poll(nullptr, 0, static_cast<int>(wait));
@@ -177,7 +179,7 @@ public:
     void drop(std::string_view reason)
     {
         if (!client_) return;
-        trouble_ = settings_.address.text().append(": ").append(reason);
+        say(reason);
         if (!note_.empty()) trouble_.append(" (").append(std::exchange(note_, {})).append(")");
         forgetWhatIsUnsent(descriptor());
         client_.reset();
@@ -187,8 +189,7 @@ public:
         // Two clients of one name end each other's connections; each must wait longer than the other's has lasted.
         if (wasUp && clock_() - upAt_ > 2 * std::int64_t{settings_.lastRetryMilliseconds})
             retry_ = settings_.firstRetryMilliseconds;
-        nextTry_ = clock_() + retry_;
-        retry_ = std::min(2 * retry_, settings_.lastRetryMilliseconds);
+        retryLater();
         if (wasUp) receiver_->linkDown(trouble_);
     }
 
@@ -200,6 +201,24 @@ public:
     }
 
 private:
+    // False when there is no address after so long.
+    bool connectWithin(int milliseconds)
+    {
+        const auto problem = lookUp_.poll(milliseconds);
+        if (!problem) {
+            if (trouble_.empty()) say("waiting for the address of this host");
+            return false;
+        }
+        if (problem->empty()) {
+            // The library asks for the address itself, and waits; the answer has just been there.
+            connect();
+        } else {
+            say(*problem);
+            retryLater();
+        }
+        return true;
+    }
+
     void connect()
     {
         connectedAt_ = clock_();
@@ -209,6 +228,14 @@ private:
             throw basic::Error{connectionFailed, "Broker", "no client: " + reasonOf(MOSQ_ERR_ERRNO)};
         if (const int result = open(*client_); result != MOSQ_ERR_SUCCESS) return drop(reasonOf(result));
         giveUpAfter(settings_.keepAliveSeconds, descriptor());
+    }
+
+    void say(std::string_view reason) { trouble_ = settings_.address.text().append(": ").append(reason); }
+
+    void retryLater()
+    {
+        nextTry_ = clock_() + retry_;
+        retry_ = std::min(2 * retry_, settings_.lastRetryMilliseconds);
     }
 
     int open(mosquitto& client)
@@ -364,6 +391,7 @@ private:
     std::string note_; // to it
     std::exception_ptr thrown_; // by the receiver, with a failure
     std::string trouble_;
+    HostLookUp lookUp_;
     int retry_; // milliseconds
     std::int64_t nextTry_;
     std::int64_t connectedAt_ = 0;

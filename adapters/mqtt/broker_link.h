@@ -2,6 +2,7 @@
 
 #include "mqtt/broker_address.h"
 #include "mqtt/clock.h"
+#include "mqtt/host_look_up.h"
 #include "mqtt/link.h"
 
 #include <cstdint>
@@ -19,9 +20,10 @@ struct BrokerLinkSettings {
     int connectMilliseconds = 5000; // for a connection to come up, subscriptions included
     int firstRetryMilliseconds = 250; // doubled after each failure, and until a connection has lasted
     int lastRetryMilliseconds = 5000;
+    HostLookUp::Resolve resolve = resolveBySystem;
 };
 
-// A link over libmosquitto, MQTT 5, without threads. The client object lives as long as one connection: the library
+// A link over libmosquitto, MQTT 5. The client object lives as long as one connection: the library
 // would send what was waiting when a connection broke on the next one, long after its time.
 class BrokerLink : public Link {
 public:

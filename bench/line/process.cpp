@@ -2,15 +2,14 @@
 
 #include <fcntl.h>
 #include <signal.h>
-#include <spawn.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
-
-extern char** environ;
 
 namespace servopanel::bench {
 
@@ -29,14 +28,16 @@ Process::Process(std::vector<std::string> words, const std::filesystem::path& ou
     for (std::string& word : words)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);
-    posix_spawn_file_actions_t actions{};
-    ::posix_spawn_file_actions_init(&actions);
-    ::posix_spawn_file_actions_addopen(
-        &actions, STDOUT_FILENO, output.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
-    ::posix_spawn_file_actions_adddup2(&actions, STDOUT_FILENO, STDERR_FILENO);
-    const int error = ::posix_spawnp(&id_, arguments[0], &actions, nullptr, arguments.data(), environ);
-    ::posix_spawn_file_actions_destroy(&actions);
-    if (error != 0) throw std::runtime_error{words[0] + " cannot be started"};
+    const pid_t self = ::getpid();
+    id_ = ::fork();
+    if (id_ < 0) throw std::runtime_error{words[0] + " cannot be started"};
+    if (id_ > 0) return;
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    const int file = ::open(output.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0600);
+    ::dup2(file, STDOUT_FILENO);
+    ::dup2(file, STDERR_FILENO);
+    if (::getppid() == self) ::execvp(arguments[0], arguments.data());
+    ::_exit(EXIT_FAILURE);
 }
 
 Process::~Process()
@@ -47,6 +48,21 @@ Process::~Process()
 
 // One that has ended holds no memory, even before anybody has asked for its end.
 bool Process::isRunning() const { return residentMebibytes(id_) > 0; }
+
+double busySeconds()
+{
+    std::ifstream file{"/proc/stat"};
+    std::string cpu;
+    double user = 0;
+    double nice = 0;
+    double system = 0;
+    double idle = 0;
+    double waiting = 0;
+    double interrupts = 0;
+    double later = 0; // what interrupts have left to be done
+    file >> cpu >> user >> nice >> system >> idle >> waiting >> interrupts >> later;
+    return (user + nice + system + interrupts + later) / static_cast<double>(::sysconf(_SC_CLK_TCK));
+}
 
 double processorSeconds(pid_t process)
 {

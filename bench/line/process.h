@@ -8,10 +8,10 @@
 
 namespace servopanel::bench {
 
-// A program that runs beside this one and is killed with it. What it prints goes into a file.
+// A program that runs beside this one and is killed with it, whatever ends this one. What it prints goes into a file.
 class Process {
 public:
-    // Throws std::runtime_error when it cannot be started.
+    // Throws std::runtime_error when there can be no process; a program that is not there has ended at once.
     Process(std::vector<std::string> words, const std::filesystem::path& output);
     ~Process();
     Process(const Process&) = delete;
@@ -24,6 +24,8 @@ private:
     pid_t id_ = 0;
 };
 
+// What all processors have worked since the start of the computer, in seconds.
+double busySeconds();
 // Of a process, in seconds since its start; and in MiB, resident now.
 double processorSeconds(pid_t process);
 double residentMebibytes(pid_t process);

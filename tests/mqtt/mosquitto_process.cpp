@@ -1,12 +1,14 @@
 #include "mqtt/mosquitto_process.h"
 
+#include "support/ends_with_us.h"
+
 #include <arpa/inet.h>
 #include <fcntl.h>
 #include <netinet/in.h>
 #include <poll.h>
+#include <pwd.h>
 #include <signal.h>
 #include <sys/socket.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -50,14 +52,20 @@ bool accepts(int port)
 
 } // namespace
 
+// Otherwise one that root has started becomes another user, may not read our files, and outlives a test that is killed.
+std::string MosquittoProcess::ownUser()
+{
+    const passwd* const self = ::getpwuid(::geteuid());
+    return self ? std::string{"user "}.append(self->pw_name).append("\n") : std::string{};
+}
+
 MosquittoProcess::MosquittoProcess()
     : port_{freePort()}
 {
-    // A broker that was started by root goes on as a user of its own.
-    ::chmod(folder_.path().c_str(), 0777);
     std::ofstream{folder_.path() / "broker.conf"}
         << "listener " << port_ << " 127.0.0.1\nlistener 0 " << socketAddress().socket.string()
-        << "\nallow_anonymous true\npersistence false\nlog_dest none\n";
+        << "\nallow_anonymous true\npersistence false\nlog_dest none\n"
+        << ownUser();
 }
 
 MosquittoProcess::~MosquittoProcess() { kill(); }
@@ -65,8 +73,10 @@ MosquittoProcess::~MosquittoProcess() { kill(); }
 bool MosquittoProcess::start()
 {
     const std::string configuration = folder_.path() / "broker.conf";
+    const pid_t self = ::getpid();
     process_ = ::fork();
     if (process_ == 0) {
+        endWith(self);
         const int nothing = ::open("/dev/null", O_RDWR);
         ::dup2(nothing, STDOUT_FILENO);
         ::dup2(nothing, STDERR_FILENO);
@@ -109,7 +119,7 @@ mqtt::BrokerAddress MosquittoProcess::socketAddress() const
 
 void MosquittoProcess::configure(const std::string& text) const
 {
-    std::ofstream{folder_.path() / "broker.conf"} << text;
+    std::ofstream{folder_.path() / "broker.conf"} << text << ownUser();
 }
 
 bool MosquittoProcess::encrypt()
@@ -135,8 +145,8 @@ bool MosquittoProcess::makeCertificate(const std::string& name, const std::strin
         ? "-x509 -days 2 -out " + name + ".pem"
         : "-out request && openssl x509 -req -in request -days 2 -copy_extensions copy -CA " + authority
             + ".pem -CAkey " + authority + ".key -CAcreateserial -out " + name + ".pem";
-    const std::string command = "cd " + folder_.path().string() + " && { " + key + signing + " && chmod a+r "
-        + name + ".key ; } >openssl.log 2>&1";
+    const std::string command =
+        "cd " + folder_.path().string() + " && { " + key + signing + " ; } >openssl.log 2>&1";
     return std::system(command.c_str()) == 0;
 }
 

@@ -10,7 +10,8 @@
 
 namespace servopanel::testing {
 
-// A real broker on a free loopback port and on a socket file, without any memory of the last one.
+// A real broker on a free loopback port and on a socket file, without any memory of the last one. It runs as our own user
+// and is killed with us.
 class MosquittoProcess {
 public:
     MosquittoProcess();
@@ -38,6 +39,7 @@ public:
     std::filesystem::path foreignAuthority() const; // that did not sign the broker's certificate
 
 private:
+    static std::string ownUser();
     bool makeCertificate(const std::string& name, const std::string& authority) const;
 
     tests::TemporaryFolder folder_;

@@ -3,6 +3,7 @@
 #include "mqtt/messages.h"
 #include "mqtt/topics.h"
 #include "portable/temporary_folder.h"
+#include "support/ends_with_us.h"
 
 #include <sstream>
 
@@ -108,6 +109,7 @@ void RealLine::startMachines(const QStringList& options)
     if (!options.isEmpty())
         machines.setArguments(QStringList{QString::fromStdString(project.folder().string())} + options);
     machines.setProgram(SERVO_MACHINE);
+    machines.setChildProcessModifier([self = ::getpid()] { endWith(self); });
     machines.start();
     ASSERT_TRUE(machines.waitForStarted());
 }

@@ -2,6 +2,7 @@
 #include "mqtt/value_coding.h"
 #include "panel_on_broker/real_line.h"
 #include "portable/temporary_folder.h"
+#include "support/ends_with_us.h"
 
 #include <algorithm>
 #include <map>
@@ -164,6 +165,7 @@ TEST_P(KilledPanel, LeavesEachVariableOldOrNew)
     environment.insert("TMPDIR", QString::fromStdString(folder.path().string()));
     killed.setProcessEnvironment(environment);
     killed.setStandardErrorFile(QProcess::nullDevice());
+    killed.setChildProcessModifier([self = ::getpid()] { endWith(self); });
     killed.start(CONFIRMING_PANEL, {QString::fromStdString(broker.socketAddress().socket.string())});
     ASSERT_TRUE(until([&] { return onlooker->commands.size() == GetParam(); }))
         << killed.readAllStandardOutput().toStdString();
