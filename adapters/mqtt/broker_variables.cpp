@@ -285,8 +285,10 @@ void BrokerVariables::send(
     const std::string& name = description.name;
     const auto read = lastRead_.find(name);
     const Value* const held = place.image->held(place.variable);
-    if (read == lastRead_.end() && !held) fail(Outcome::Stale, name, "the machine has not sent it yet");
-    const Read old = read != lastRead_.end() ? read->second : Read{held->value, held->epoch};
+    // Only a signal comes this far without a value, and overwrites nothing.
+    const Read old = read != lastRead_.end() ? read->second
+        : held                               ? Read{held->value, held->epoch}
+                                             : Read{description.blank(), place.image->epoch()};
     lastRead_.erase(name);
 
     // The machine may act until three quarters of the time; the rest is for reading again what became of it.
@@ -314,10 +316,11 @@ void BrokerVariables::send(
     awaited_.reset();
     if (answer_) return conclude(place, description, value);
     gaveUp_ = confirms_ > 0;
-    const Outcome outcome = !heldNow ? Outcome::NoAnswer
-        : *heldNow == value          ? Outcome::NoAnswerButWritten
-                                     : Outcome::NoAnswerNotWritten;
-    fail(outcome, name, describe(outcome));
+    // What a signal holds says nothing of it: the machine may have taken it back, or somebody else have given it.
+    const Outcome outcome = !heldNow || description.signal ? Outcome::NoAnswer
+        : *heldNow == value                                ? Outcome::NoAnswerButWritten
+                                                           : Outcome::NoAnswerNotWritten;
+    fail(outcome, name, description.signal ? std::string_view{"no answer"} : describe(outcome));
 }
 
 void BrokerVariables::waitForAnswer(std::int64_t until)
@@ -349,7 +352,8 @@ std::optional<basic::Variant> BrokerVariables::readAgain(
     // Only what the machine says after the deadline is final: it acts on the command no more.
     const auto isFinal = [&] {
         const Value* const held = place.image->held(place.variable);
-        return held && held->time > deadline && !place.image->trouble(place.variable, clock_());
+        return held && held->time > deadline && held->epoch == place.image->epoch()
+            && !place.image->trouble(place.variable, clock_());
     };
     while (!answer_ && !isFinal() && link_.isUp() && clock_() < until)
         pollWhileWaiting(until);
@@ -370,7 +374,8 @@ void BrokerVariables::conclude(
         if (!ack.text.empty()) reason.append(": ").append(ack.text);
         fail(ack.outcome, description.name, reason);
     }
-    if (readBack != value)
+    // A machine that has taken a signal back already has done what it should.
+    if (readBack != value && !description.signal)
         fail(Outcome::ReadBackDiffers, description.name, describe(Outcome::ReadBackDiffers));
 }
 

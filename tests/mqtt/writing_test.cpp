@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <limits>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace servopanel::testing {
@@ -30,6 +31,37 @@ TEST_F(Writing, EndsWhenTheMachineHasReadBack)
     EXPECT_EQ(held(), (std::vector<double>{7, 5, 5}));
     EXPECT_EQ(numbers(para), (std::vector<double>{7, 5, 5})) << "the next read gives what was written";
     EXPECT_EQ(controller.seen().size(), 1U);
+}
+
+TEST_F(Writing, ASignalMayBeTakenBackBeforeItIsReadBack)
+{
+    bool isTaking = false;
+    store.addListener([&](const machine::VariableStore::Write& write) {
+        if (write.name != flag || std::exchange(isTaking, true)) return;
+        store.write(flag, std::int16_t{0}, machine::Writer::Machine);
+        isTaking = false;
+    });
+    EXPECT_EQ(writing(flag, std::int16_t{1}), Outcome::Done) << text;
+    EXPECT_EQ(*store.find(flag), Variant(std::int16_t{0}));
+}
+
+TEST_F(Writing, OfASignalWithoutAnAnswerNobodyKnows)
+{
+    for (const char* const acts : {"true", "false"}) {
+        controller.orderFault(std::string{R"({"fault":"silent","times":1,"acts":)"} + acts + "}");
+        EXPECT_EQ(writing(flag, std::int16_t{1}), Outcome::NoAnswer);
+        EXPECT_EQ(text, "Process variable '" + flag + "': no answer");
+    }
+}
+
+TEST_F(Writing, ASignalThatWasNeverSentCanBeGiven)
+{
+    controller.orderFault(R"({"fault":"restart"})");
+    net.loses = [](const std::string& topic) { return topic == "pm/v1/M1/val/" + flag; };
+    pass(3000);
+    ASSERT_EQ(reading(flag), Outcome::Stale);
+    EXPECT_EQ(writing(flag, std::int16_t{1}), Outcome::Done) << text;
+    EXPECT_EQ(*store.find(flag), Variant(std::int16_t{1}));
 }
 
 TEST_F(Writing, ConvertsToTheVariablesOwnType)
