@@ -5,6 +5,7 @@
 #include "mqtt/value_coding.h"
 
 #include <cmath>
+#include <limits>
 #include <optional>
 #include <variant>
 
@@ -27,17 +28,25 @@ const Variant& at(const Variant& value, std::size_t i)
     return array ? array->elements[i] : value;
 }
 
-std::optional<double> limit(const mqtt::Limit& limit, std::size_t i, const CommandContext& context)
+constexpr double notKnown = std::numeric_limits<double>::quiet_NaN();
+
+double limitIn(const Variant* limits, std::size_t i)
 {
-    if (const auto* const number = std::get_if<double>(&limit)) return *number;
-    const auto* const name = std::get_if<std::string>(&limit);
-    const Variant* const limits = name ? context.store.find(*name) : nullptr;
-    if (!limits || i >= countOf(*limits)) return {};
+    if (!limits || i >= countOf(*limits)) return notKnown;
     try {
         return basic::toDouble(at(*limits, i));
     } catch (const basic::Error&) {
-        return {};
+        return notKnown;
     }
+}
+
+// Nothing where there is none; notKnown where there should be one.
+std::optional<double> limit(const mqtt::Limit& limit, std::size_t i, const CommandContext& context)
+{
+    if (const auto* const number = std::get_if<double>(&limit)) return *number;
+    if (const auto* const name = std::get_if<std::string>(&limit))
+        return limitIn(context.store.find(*name), i);
+    return {};
 }
 
 bool hasLevelsOfBits(const mqtt::VariableDescription& description)

@@ -208,7 +208,9 @@ void Controller::takeGet(std::string_view topicText, std::string_view payload)
 
 void Controller::takeCommand(const std::string& panel, mqtt::Command command)
 {
-    seen_.push_back({command, time(), {}});
+    seen_.push_back({command, time(), {}, 0});
+    // A command may hold half a megabyte of values.
+    if (!settings_.faults) seen_.back().command.old = seen_.back().command.wanted = nullptr;
     if (seen_.size() > mostSeen) seen_.pop_front();
     Work work{std::move(command), panel, clock_(), commands_++};
     if (!work_.empty()) return answer(work, {mqtt::Outcome::Busy, {}, {}});
@@ -261,7 +263,10 @@ try {
 void Controller::note(const Work& work, mqtt::Outcome outcome)
 {
     const std::size_t back = commands_ - work.seen;
-    if (back <= seen_.size()) seen_[seen_.size() - back].outcome = outcome;
+    if (back > seen_.size()) return;
+    Seen& seen = seen_[seen_.size() - back];
+    seen.outcome = outcome;
+    seen.endedAt = time();
 }
 
 void Controller::answer(const Work& work, const Verdict& verdict)

@@ -46,10 +46,11 @@ public:
     void orderFault(std::string_view payload);
 
     struct Seen {
-        mqtt::Command command;
+        mqtt::Command command; // without its values, but for one whose faults are ordered
         std::int64_t at = 0; // controller's time of its coming
-        std::optional<mqtt::Outcome>
-            outcome; // how it ended, whoever was told; nothing when it was left alone
+        // How it ended, whoever was told; nothing when it was left alone.
+        std::optional<mqtt::Outcome> outcome;
+        std::int64_t endedAt = 0; // controller's time
     };
     // The latest commands, oldest first.
     const std::deque<Seen>& seen() const { return seen_; }

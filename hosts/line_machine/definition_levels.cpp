@@ -1,7 +1,10 @@
 #include "line_machine/definition_levels.h"
 
+#include "basic/text.h"
+
 #include <cstdint>
 #include <limits>
+#include <map>
 #include <string>
 #include <utility>
 
@@ -20,16 +23,21 @@ std::size_t countOf(const mqtt::VariableDescription& variable)
 
 } // namespace
 
-mqtt::Description withLevels(
-    const mqtt::Description& description, const std::vector<jet::DefinitionRow>& definitions)
+mqtt::Description withLevels(const mqtt::Description& description, std::string_view machine,
+    const std::vector<jet::DefinitionRow>& definitions)
 {
     std::vector<mqtt::VariableDescription> variables = description.variables();
+    std::map<std::string, std::size_t> places; // by name in capitals
+    for (std::size_t i = 0; i < variables.size(); ++i)
+        places.emplace(basic::upperCase(variables[i].name), i);
     for (const jet::DefinitionRow& row : definitions) {
+        const auto* const type = row.machineType.get<std::string>();
         const auto* const name = row.variable.get<std::string>();
         const auto* const element = row.element.get<std::int16_t>();
-        const auto index = name ? description.indexOf(*name) : std::nullopt;
-        if (!index || !element || *element < 0) continue;
-        mqtt::VariableDescription& variable = variables[*index];
+        if (!type || *type != machine || !name || !element || *element < 0) continue;
+        const auto place = places.find(basic::upperCase(*name));
+        if (place == places.end()) continue;
+        mqtt::VariableDescription& variable = variables[place->second];
         const auto position = static_cast<std::size_t>(*element);
         if (!variable.writable || position >= countOf(variable)) continue;
         if (variable.levels.empty()) variable.levels.assign(countOf(variable), 0);

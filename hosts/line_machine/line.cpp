@@ -45,7 +45,7 @@ Line::Line(const machine::ProjectFile& project, LineSettings settings)
             mqtt::BrokerLinkSettings{.address = settings.broker, .client = "machine-" + name}, clock_);
         auto controller = std::make_unique<Controller>(
             ControllerSettings{.machine = name, .epoch = settings.epoch, .faults = settings.faults},
-            withLevels(describeMachine(store_, name), settings.definitions), store_, *link, clock_);
+            withLevels(describeMachine(store_, name), name, settings.definitions), store_, *link, clock_);
         machines_.push_back({name, std::move(link), std::move(controller), {}, false});
     }
 }

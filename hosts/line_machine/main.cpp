@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <iostream>
 #include <string>
+#include <system_error>
 #include <variant>
 #include <vector>
 
@@ -22,13 +23,17 @@ constexpr int period = 20; // milliseconds
 
 volatile std::sig_atomic_t stopped = 0;
 
-// Without definitions no write needs a level; whoever runs the machine should know.
+// Without definitions no write needs a level; whoever runs the machine should know. One that has them and cannot read them
+// does not start: it would let everybody write everything.
 std::vector<jet::DefinitionRow> definitionsOf(const std::filesystem::path& project)
-try {
-    return jet::loadDefinitions(project / "Servo" / "Servo.mdb").rows;
-} catch (const basic::Error& error) {
-    std::cerr << error.description << "; no access level is checked\n";
-    return {};
+{
+    const std::filesystem::path file = project / "Servo" / "Servo.mdb";
+    std::error_code error;
+    if (std::filesystem::symlink_status(file, error).type() == std::filesystem::file_type::not_found) {
+        std::cerr << "'" << file.string() << "': there is no such file; no access level is checked\n";
+        return {};
+    }
+    return jet::loadDefinitions(file).rows;
 }
 
 int run(const line_machine::CommandLine& line)

@@ -498,7 +498,7 @@ protected:
     void nothingCameLate()
     {
         for (const auto& seen : controller->seen())
-            EXPECT_LE(seen.at, seen.command.deadline) << seen.command.id;
+            EXPECT_LE(seen.endedAt, seen.command.deadline) << seen.command.id;
     }
 
     machine::VariableStore store;

@@ -85,4 +85,18 @@ TEST(CommandCheck, NothingIsWithinALimitThatIsNotANumber)
         number.judged(basic::doubles({5}), basic::doubles({7}), 0).text, "element 0: its limit is not known");
 }
 
+TEST(CommandCheck, NothingIsWithinALimitThatIsNotThere)
+{
+    Case number{basic::doubles({5, 5})};
+    number.variable.most = "most";
+    const auto outcome = [&] { return number.outcome(basic::doubles({5, 5}), basic::doubles({5, 7}), 0); };
+    EXPECT_EQ(outcome(), Outcome::OutOfRange) << "no such variable";
+    number.store.declare("most", basic::doubles({10}));
+    EXPECT_EQ(outcome(), Outcome::OutOfRange) << "none for this element";
+    number.store.declare("most", "10 mm");
+    EXPECT_EQ(outcome(), Outcome::OutOfRange) << "no number";
+    number.store.declare("most", basic::doubles({10, 10}));
+    EXPECT_EQ(outcome(), Outcome::Done);
+}
+
 } // namespace servopanel::line_machine

@@ -1,3 +1,4 @@
+#include "basic/text.h"
 #include "line_machine/command_line.h"
 #include "line_machine/definition_levels.h"
 #include "line_machine/faults.h"
@@ -59,12 +60,13 @@ TEST(MachineDescription, TakesLevelsFromTheDefinitions)
     const auto row = [](const std::string& family, const basic::Variant& element,
                          const basic::Variant& pass) {
         jet::DefinitionRow definition;
+        definition.machineType = "M1";
         definition.variable = start + family + "_12>";
         definition.element = element;
         definition.pass = pass;
         return definition;
     };
-    const mqtt::Description description = withLevels(describeMachine(servo(), "M1"),
+    const mqtt::Description description = withLevels(describeMachine(servo(), "M1"), "M1",
         {row("servo_para", std::int16_t{1}, std::int16_t{3}),
             row("servo_para2", std::int16_t{0}, basic::Null{}),
             row("servo_schalt", std::int16_t{2}, std::int16_t{4}),
@@ -79,16 +81,35 @@ TEST(MachineDescription, TakesLevelsFromTheDefinitions)
     EXPECT_TRUE(variable(description, "servo_diag").levels.empty());
 }
 
+// What the page shows as locked must not be open here, nor the other way round.
+TEST(MachineDescription, FindsDefinitionsAsThePageDoes)
+{
+    jet::DefinitionRow row;
+    row.machineType = "M1";
+    row.variable = basic::upperCase(start) + "SERVO_PARA_12>";
+    row.element = std::int16_t{1};
+    row.pass = std::int16_t{3};
+    jet::DefinitionRow foreign = row;
+    foreign.machineType = "M2";
+    foreign.pass = std::int16_t{0};
+    jet::DefinitionRow nameless = foreign;
+    nameless.machineType = basic::Null{};
+    const mqtt::Description description =
+        withLevels(describeMachine(servo(), "M1"), "M1", {row, foreign, nameless});
+    EXPECT_EQ(variable(description, "servo_para").levels, (std::vector<std::int16_t>{0, 3}));
+}
+
 TEST(MachineDescription, OnlyWholeNumbersHaveLevelsOfBits)
 {
     for (const basic::Variant& value : {basic::Variant{0.0}, basic::Variant{"ready"}}) {
         machine::VariableStore store;
         store.declare(start + "servo_schalt_12>", value);
         jet::DefinitionRow row;
+        row.machineType = "M1";
         row.variable = start + "servo_schalt_12>";
         row.element = std::int16_t{0};
         row.pass = std::int16_t{3};
-        const mqtt::Description description = withLevels(describeMachine(store, "M1"), {row});
+        const mqtt::Description description = withLevels(describeMachine(store, "M1"), "M1", {row});
         EXPECT_EQ(variable(description, "servo_schalt").levels, (std::vector<std::int16_t>{3}));
         for (const mqtt::DescriptionPart& part : mqtt::partsOf(description))
             EXPECT_NO_THROW(mqtt::readDescriptionPart("pm/v1/M1/desc/0", mqtt::write(part)))

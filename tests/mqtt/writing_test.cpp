@@ -64,6 +64,26 @@ TEST_F(Writing, ASignalThatWasNeverSentCanBeGiven)
     EXPECT_EQ(*store.find(flag), Variant(std::int16_t{1}));
 }
 
+// It may have a thousand of them, with half a megabyte each.
+TEST_F(Writing, AControllerKeepsNoValuesOfCommands)
+{
+    machine::VariableStore other;
+    TestLink link{net};
+    const mqtt::Description variablesOfOther = declareServo(other);
+    line_machine::Controller plain{{.machine = "M2", .epoch = 1}, variablesOfOther, other, link, clock};
+    net.others = [&] { plain.poll(0); };
+    TestLink panel{net};
+    mqtt::BrokerVariables second{{.panel = "P2", .machines = {"M2"}}, panel, clock};
+    second.setLevel(5);
+    while (second.standing(para).quality != mqtt::Quality::Good)
+        second.poll(10);
+    second.WriteValue(para, setpoints(7));
+    ASSERT_EQ(plain.seen().size(), 1U);
+    EXPECT_EQ(plain.seen()[0].outcome, Outcome::Done);
+    EXPECT_TRUE(plain.seen()[0].command.wanted.is_null());
+    EXPECT_TRUE(plain.seen()[0].command.old.is_null());
+}
+
 TEST_F(Writing, ConvertsToTheVariablesOwnType)
 {
     EXPECT_EQ(writing(switches, 3.0), Outcome::Done);

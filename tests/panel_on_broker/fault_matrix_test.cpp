@@ -130,7 +130,7 @@ protected:
         // Nothing was carried out after its time.
         for (const line_machine::Controller::Seen& seen : controller->seen()) {
             if (seen.outcome != mqtt::Outcome::Done) continue;
-            EXPECT_LE(seen.at, seen.command.deadline);
+            EXPECT_LE(seen.endedAt, seen.command.deadline);
         }
         // "Written" is true, and nothing else was written behind it but what an answer that was lost did.
         const double other = isChangedByFault(0) ? 7.25 : before_[0];

@@ -5,6 +5,7 @@
 #include "support/ends_with_us.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <map>
 
 namespace servopanel::testing {
@@ -147,6 +148,21 @@ const std::map<std::string, Variant>& wanted()
 }
 
 } // namespace
+
+// It would let everybody write everything.
+TEST_F(RealLine, AMachineWhoseDefinitionsCannotBeReadDoesNotStart)
+{
+    killMachines();
+    const std::string file = project.file("Servo/Servo.mdb").string();
+    ASSERT_TRUE(std::filesystem::exists(file));
+    std::filesystem::resize_file(file, 5000);
+    startMachines();
+    ASSERT_TRUE(machines.waitForFinished(20'000));
+    EXPECT_EQ(machines.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(machines.exitCode(), 1);
+    const std::string said = machines.readAllStandardError().toStdString();
+    EXPECT_NE(said.find("Servo.mdb"), std::string::npos) << said;
+}
 
 // The number of the command with which the panel dies.
 class KilledPanel : public RealLine, public ::testing::WithParamInterface<std::size_t> { };

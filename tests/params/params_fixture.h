@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -78,7 +79,7 @@ protected:
 
         machine::ProjectFile::load(folder.path() / "project" / "project.json").declareVariables(store);
         controller.emplace(line_machine::ControllerSettings{.machine = "M1", .epoch = 1'700'000'000'000},
-            line_machine::withLevels(line_machine::describeMachine(store, "M1"), definitions), store,
+            line_machine::withLevels(line_machine::describeMachine(store, "M1"), "M1", definitions), store,
             machineLink, clock);
         net.others = [this] {
             if (controller) controller->poll(0);
@@ -104,6 +105,10 @@ protected:
         std::vector<std::string> arguments{
             "load", file, "--machine", "M1", "--broker", "127.0.0.1", "--project", project()};
         arguments.insert(arguments.end(), options.begin(), options.end());
+        const auto has = [&](const char* option) {
+            return std::find(options.begin(), options.end(), option) != options.end();
+        };
+        if (has("--apply") && !has("--journal")) arguments.emplace_back("--no-journal");
         return run(arguments);
     }
     std::string project() const { return (folder.path() / "project").string(); }
