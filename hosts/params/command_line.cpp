@@ -39,6 +39,8 @@ constexpr Option options[]{
     {"--only", true, forLoad},
     {"--except", true, forLoad},
     {"--journal", true, forLoad},
+    {"--no-journal", false, forLoad},
+    {"--other-machine", false, forLoad},
 };
 
 unsigned bitOf(Command command)
@@ -96,6 +98,8 @@ void setFlag(CommandLine& line, std::string_view option)
     if (option == "--ask") line.ask = true;
     if (option == "--all") line.all = true;
     if (option == "--no-definitions") line.noDefinitions = true;
+    if (option == "--no-journal") line.noJournal = true;
+    if (option == "--other-machine") line.otherMachine = true;
 }
 
 // What the command lacks or cannot have; empty when it is complete.
@@ -120,6 +124,9 @@ std::string problemOf(CommandLine& line)
                    "and "
                    "only that writes to it";
         if (line.ask && !line.apply) return "--ask is of use with --apply only";
+        if (!line.journal.empty() && line.noJournal) return "--journal and --no-journal: one of them";
+        if (line.apply && line.journal.empty() && !line.noJournal)
+            return "--apply needs --journal FOLDER, where every write is kept; --no-journal goes on without";
     }
     return {};
 }
@@ -164,7 +171,9 @@ load
   --from NUMBER        takes this servo of the file
   --all                shows the rows too that the machine holds already
   --no-definitions     does without the limits of the project's definitions; those of the machine remain
-  --journal FOLDER     keeps a journal of the writes there, for servo-journal
+  --journal FOLDER     keeps a journal of the writes there, for servo-journal; --apply needs it
+  --other-machine      writes although the file is of another machine
+  --no-journal         writes without one; nobody can say later what was written, or take it back
 
   --help               this text
 

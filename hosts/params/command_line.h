@@ -36,6 +36,8 @@ struct CommandLine {
     std::vector<std::string> only;
     std::vector<std::string> except;
     std::filesystem::path journal; // folder
+    bool noJournal = false; // writes without one
+    bool otherMachine = false; // takes a file of another machine
 };
 
 // Or a text that says what is wrong.

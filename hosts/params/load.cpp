@@ -179,6 +179,9 @@ Status load(const CommandLine& line, const Surroundings& surroundings, ToolOutpu
             count > 0)
             notes.push_back(counted(static_cast<std::size_t>(count), "row", "rows")
                 + " to be written without a definition, which the page does not show");
+    // Rows of the same name may mean something else there. Whoever is asked for each row is told before the first one.
+    if (line.apply && !line.ask && wanted.machine != line.machine && !line.otherMachine)
+        refuse(notes.front() + "; --other-machine writes all the same");
     if (line.ask) askFor(rows, notes, surroundings);
     const std::size_t errors = output.errors.size();
     if (line.apply && has(rows, {End::Open})) apply(rows, line, targets, *machines, surroundings, output);

@@ -118,6 +118,8 @@ TEST_F(ServoParamsDump, ExplainsItself)
         {"dump", project(), "--machine", "M1", "--broker", "a:b"}, {"diff", "M1"}, {"diff", "M1", "M2", "M3"},
         {"diff", "M1", "--limits"}, {"load", "a.csv"}, {"load", "a.csv", "--machine", "M1"},
         {"load", "a.csv", "--machine", "M1", "--broker", "h", "--ask"},
+        {"load", "a.csv", "--machine", "M1", "--broker", "h", "--apply"},
+        {"load", "a.csv", "--machine", "M1", "--broker", "h", "--apply", "--journal", "j", "--no-journal"},
         {"load", "a.csv", "--machine", "M1", "--broker", "h", "--level", "100"}};
     for (const auto& arguments : wrong) {
         EXPECT_EQ(run(arguments), 2);

@@ -297,6 +297,12 @@ TEST_F(ServoParamsLoad, SaysWhoseFileItIs)
     EXPECT_EQ(load(file, {"--level", "1"}), 1) << output.errors;
     EXPECT_TRUE(says("the file is of machine M2, not of M1")) << output.errors;
     EXPECT_TRUE(shows("20       22    to be written\n")) << output.text;
+    EXPECT_EQ(load(file, {"--level", "1", "--apply"}), 2);
+    EXPECT_TRUE(says("the file is of machine M2, not of M1; --other-machine writes all the same"))
+        << output.errors;
+    EXPECT_EQ(held("servo_para", 3, 0), 20);
+    EXPECT_EQ(load(file, {"--level", "1", "--apply", "--other-machine"}), 0) << output.errors;
+    EXPECT_EQ(held("servo_para", 3, 0), 22);
     EXPECT_EQ(load("/nowhere.csv"), 2);
     EXPECT_TRUE(says("/nowhere.csv")) << output.errors;
 }
