@@ -66,6 +66,8 @@ install(FILES "${PROJECT_BINARY_DIR}/ServoPanelConfig.cmake" "${PROJECT_BINARY_D
 
 install(TARGETS servo-replay servo-defs servo-machine servo-journal servo-params DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tools)
 install(FILES "${PROJECT_SOURCE_DIR}/packaging/broker/mosquitto.conf" "${PROJECT_SOURCE_DIR}/packaging/broker/acl"
+              "${PROJECT_SOURCE_DIR}/packaging/broker/no-reload.conf"
+              "${PROJECT_SOURCE_DIR}/packaging/broker/socket-folder.conf"
     DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/servo-panel-tools/examples/broker COMPONENT tools)
 install(PROGRAMS "${PROJECT_SOURCE_DIR}/packaging/broker/make_certificates"
     DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/servo-panel-tools/examples/broker COMPONENT tools)

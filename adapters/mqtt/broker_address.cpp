@@ -28,6 +28,23 @@ bool isLoopback(const std::string& host)
     return ::inet_pton(AF_INET6, host.c_str(), &six) == 1 && IN6_IS_ADDR_LOOPBACK(&six);
 }
 
+bool isOpenToOthers(const std::filesystem::path& file)
+{
+    std::error_code ignored;
+    return (std::filesystem::status(file, ignored).permissions() & std::filesystem::perms::others_read)
+        != std::filesystem::perms::none;
+}
+
+// Projects are copied and sent around.
+bool isInProject(const std::filesystem::path& file)
+{
+    std::error_code ignored;
+    std::filesystem::path folder = std::filesystem::canonical(file, ignored).parent_path();
+    for (; folder.has_relative_path(); folder = folder.parent_path())
+        if (std::filesystem::exists(folder / "project.json", ignored)) return true;
+    return false;
+}
+
 // A key with a password of its own, for which the program would stop and ask its terminal.
 bool isEncrypted(const std::filesystem::path& key)
 {
@@ -81,6 +98,13 @@ std::string problemOf(const BrokerAddress& address)
 {
     for (const auto* file : {&address.authority, &address.certificate, &address.key, &address.passwordFile})
         if (!file->empty() && !isReadable(*file)) return file->string() + ": cannot be read";
+    for (const auto* secret : {&address.key, &address.passwordFile}) {
+        if (secret->empty()) continue;
+        if (isOpenToOthers(*secret))
+            return secret->string() + ": everybody can read it; it must belong to its user alone (chmod 600)";
+        if (isInProject(*secret))
+            return secret->string() + ": is in a project, which is copied and sent around";
+    }
     if (address.certificate.empty() != address.key.empty())
         return "a certificate and its key belong together";
     if (isEncrypted(address.key))

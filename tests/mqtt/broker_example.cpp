@@ -32,7 +32,7 @@ void configureLikeExample(const MosquittoProcess& broker, const std::filesystem:
 {
     std::string text = tests::contentOf(example / "mosquitto.conf");
     replaceAll(text, "/etc/mosquitto/servo-panel", keys / "broker");
-    replaceAll(text, "/run/mosquitto/servo-panel.socket", broker.socketAddress().socket);
+    replaceAll(text, "/run/servo-panel-broker/socket", broker.socketAddress().socket);
     replaceAll(text, "listener 8883", "listener " + std::to_string(broker.address().port) + " 127.0.0.1");
     broker.configure(text.append("log_dest none\n"));
 }

@@ -85,7 +85,10 @@ bool MosquittoProcess::start()
     }
     for (int i = 0; i < 500; ++i) {
         if (accepts(port_)) return true;
-        if (::waitpid(process_, nullptr, WNOHANG) != 0) break;
+        if (::waitpid(process_, nullptr, WNOHANG) != 0) {
+            process_ = 0;
+            return false;
+        }
         ::poll(nullptr, 0, 10);
     }
     return false;

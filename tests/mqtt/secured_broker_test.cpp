@@ -55,6 +55,7 @@ protected:
         for (const char* client : {"panel P1", "panel P2", "viewer V1", "machine M1", "machine M2"})
             ASSERT_TRUE(makeCertificates(made->path(), client)) << client;
         std::ofstream{made->path() / "password"} << "secret\n";
+        fs::permissions(made->path() / "password", fs::perms::owner_read);
         const std::string passwords = made->path() / "broker" / "passwords";
         const std::string command = "mosquitto_passwd -b " + passwords + " P2 secret";
         ASSERT_EQ(std::system(command.c_str()), 0);
@@ -227,6 +228,42 @@ TEST_F(SecuredBroker, CarriesThePanelsWritesAndNoneOfAViewer)
     EXPECT_EQ(outcome("P1"), mqtt::Outcome::Done);
     EXPECT_EQ(controller.seen().size(), 1U);
     EXPECT_EQ(*store.find(para), basic::doubles({7, 5, 5}));
+}
+
+TEST_F(SecuredBroker, DoesNotStartWithAListThatItCannotRead)
+{
+    broker.kill();
+    const fs::path list = keys.path() / "broker" / "acl";
+    const std::string good = tests::contentOf(list);
+    for (const char* const mistake : {"usr P3\n", "pattern wrte x\n", "topic\n"}) {
+        std::ofstream{list} << good << mistake;
+        EXPECT_FALSE(broker.start()) << mistake;
+    }
+    fs::remove(list);
+    EXPECT_FALSE(broker.start()) << "no list";
+    std::ofstream{list} << good;
+    EXPECT_TRUE(broker.start());
+}
+
+// A broker that reads a broken list anew opens itself to everybody, so it must not be asked to.
+TEST(BrokerExample, AReloadOfTheServiceDoesNothing)
+{
+    const std::string unit = tests::contentOf(fs::path{SERVOPANEL_BROKER_EXAMPLE} / "no-reload.conf");
+    EXPECT_TRUE(unit.ends_with("[Service]\nExecReload=\nExecReload=/bin/true\n")) << unit;
+}
+
+TEST(MakeCertificates, AddsToTheListAsAWhole)
+{
+    tests::TemporaryFolder folder;
+    ASSERT_TRUE(makeCertificates(folder.path() / "keys", "broker localhost"));
+    const fs::path list = folder.path() / "keys" / "broker" / "acl";
+    fs::permissions(list, fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+    const auto mode = fs::status(list).permissions();
+    const std::string before = tests::contentOf(list);
+    ASSERT_TRUE(makeCertificates(folder.path() / "keys", "panel P1"));
+    EXPECT_EQ(tests::contentOf(list), before + "\nuser P1\ntopic write pm/v1/+/cmd/P1\n");
+    EXPECT_EQ(fs::status(list).permissions(), mode);
+    EXPECT_FALSE(fs::exists(folder.path() / "keys" / "broker" / "acl.new"));
 }
 
 TEST(MakeCertificates, KeepsKeysToTheirOwnerAndOutOfProjects)
