@@ -1,5 +1,6 @@
 #include "big_line.h"
 
+#include <algorithm>
 #include <fstream>
 #include <ostream>
 #include <string_view>
@@ -11,6 +12,9 @@ namespace {
 constexpr int setpoints = 20;
 constexpr int secondSetpoints = 4;
 constexpr int diagnosisValues = 40;
+
+// A panel has places for so many; the others are for panels of their own.
+int machinesOfPanel(const LineSize& size) { return std::min(size.machines, 20); }
 
 std::string list(int count, double value)
 {
@@ -70,7 +74,7 @@ void writeVariables(std::ostream& out, const LineSize& size)
 "Ch-1.param_client<.arabisch>": false, "Ch-1.intern<.ocxname>": "", "Ch-1.intern<.aktuelle_maschine>": 1,
 "Ch-1.intern<.navi_password_countdown>": 0, "Ch-1.intern<.passwort>": 5, "Ch-1.intern<.servo_zeiger>": 1,
 "parameter<.maschinenanzahl>": )"
-        << size.machines;
+        << machinesOfPanel(size);
     for (int i = 1; i <= 24; ++i)
         writeVariable(out,
             std::string{"Ch-1.intern_v<.l2_"}.append(i < 10 ? "0" : "") + std::to_string(i) + '>', "0.0");
@@ -86,11 +90,12 @@ void writeVariables(std::ostream& out, const LineSize& size)
 
 void writeProgramFile(std::ostream& out, const LineSize& size)
 {
-    out << "[Project]\r\nServoWithMenu=TRUE\r\n";
-    for (int machine = 1; machine <= size.machines; ++machine) {
+    out << "[Project]\r\nServoWithMenu=TRUE\r\nServoWithFault=TRUE\r\nServoWithMachineType=1\r\n";
+    for (int machine = 1; machine <= machinesOfPanel(size); ++machine) {
         out << '[' << machine << "Machine]\r\n";
         for (int servo = 1; servo <= size.servos; ++servo)
-            out << "Servo" << servo << '=' << servo << "\r\n";
+            out << "Servo" << servo << '=' << servo << "\r\nDiag2Servo" << servo << "=TRUE\r\nServoPic"
+                << servo << "=1\r\n";
     }
 }
 
@@ -111,15 +116,12 @@ std::string variableName(int machine, int servo, const std::string& family, int 
     return name.insert(name.size() - 1, std::to_string(page));
 }
 
-void writeProject(const std::filesystem::path& folder, const LineSize& size)
+void writeProject(
+    const std::filesystem::path& folder, const std::filesystem::path& pattern, const LineSize& size)
 {
-    std::filesystem::create_directories(folder / "Parameter");
-    std::filesystem::create_directories(folder / "Texts");
+    std::filesystem::copy(pattern, folder, std::filesystem::copy_options::recursive);
     std::ofstream program{folder / "Parameter" / "Program.ini", std::ios::binary};
     writeProgramFile(program, size);
-    std::ofstream texts{folder / "Texts" / "en.txt", std::ios::binary};
-    for (int i = 1; i <= setpoints; ++i)
-        texts << "Servo.M1.Servo1." << i << " = Setpoint " << i << ";mm\n";
     std::ofstream project{folder / "project.json", std::ios::binary};
     project << R"({"title": "Line", "resolution": 1280, "level": 5, "input": -1, "language": 1,
 "languages": [{"number": 1, "code": "en", "name": "English"}],

@@ -19,7 +19,9 @@ std::string variableName(int machine, int servo, const std::string& family);
 // With a page number behind the servo's: "servo_diag".
 std::string variableName(int machine, int servo, const std::string& family, int page);
 
-// Writes the project of such a line into a folder, which a panel opens on the page of servo 1 of machine M1.
-void writeProject(const std::filesystem::path& folder, const LineSize& size);
+// Writes the project of such a line into a new folder; a panel opens it on the page of servo 1 of machine M1. Pictures,
+// texts and definitions are those of the pattern, a project that has this servo.
+void writeProject(
+    const std::filesystem::path& folder, const std::filesystem::path& pattern, const LineSize& size);
 
 } // namespace servopanel::bench

@@ -74,11 +74,4 @@ std::string describeComputer()
     return text.append(" ").append(kernel.release);
 }
 
-double load()
-{
-    double minute = 0;
-    std::ifstream{"/proc/loadavg"} >> minute;
-    return minute;
-}
-
 } // namespace servopanel::bench

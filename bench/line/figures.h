@@ -16,7 +16,5 @@ std::string histogram(const std::vector<double>& values, const std::string& unit
 
 // What the figures were seen on: processor, memory, kernel.
 std::string describeComputer();
-// Processes that ran or waited to run, on average over the last minute.
-double load();
 
 } // namespace servopanel::bench
