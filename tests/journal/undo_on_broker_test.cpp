@@ -30,7 +30,7 @@ machine::ProjectFile oneMachine()
     project.machine->periodSeconds = 0.01;
     project.machine->takeoverSeconds = 0.05;
     project.machine->lines.push_back({"M1", "", 1, {{1, 10}}});
-    project.machine->servos.push_back({"M1", 3, "", {}, {}});
+    project.machine->servos.push_back({"M1", 3, "", {}, {}, {}});
     project.variables.push_back({setpoints, basic::doubles({20, 35.5})});
     project.variables.push_back({changedFlag, std::int16_t{0}});
     return project;

@@ -34,7 +34,7 @@ machine::ProjectFile twoMachines()
     project.machine->takeoverSeconds = 0.05;
     for (const std::string machine : {"M1", "M2"}) {
         project.machine->lines.push_back({machine, "", 1, {{1, 10}}});
-        project.machine->servos.push_back({machine, 1, "", {}, {}});
+        project.machine->servos.push_back({machine, 1, "", {}, {}, {}});
         for (const char* family : {"servo_para", "servo_para2", "servo_zeich"})
             project.variables.push_back({nameOf(machine, family), basic::doubles({1, 2})});
         project.variables.push_back({nameOf(machine, "servo_schalt"), std::int16_t{0}});

@@ -15,7 +15,7 @@ TEST_F(ParamsFixture, GoesAroundOnARealBroker)
     file.machine->periodSeconds = 0.01;
     file.machine->takeoverSeconds = 0.05;
     file.machine->lines.push_back({"M1", "", 1, {{1, 10}}});
-    file.machine->servos.push_back({"M1", 3, "", {}, {}});
+    file.machine->servos.push_back({"M1", 3, "", {}, {}, {}});
     line_machine::Line line{file,
         {.broker = broker.address(), .machines = {"M1"}, .definitions = {}, .epoch = 1'700'000'000'000}};
     surroundings.clock = mqtt::steadyClock();
