@@ -100,6 +100,8 @@ std::vector<double> timesToTheBrokerAndBack(
             watch.failAfterLong("the broker sends nothing back");
         times.push_back(watch.seconds() * 1000);
     }
+    listener.link.poll(100);
+    if (echoes.messages != messages) throw std::runtime_error{"other messages came than were sent"};
     return times;
 }
 

@@ -61,8 +61,7 @@ void describe(std::ostream& out, const Findings& findings)
     mosquitto_lib_version(&major, &minor, &revision);
     out << "# Measurements\n\nWritten by `./measure line` on " << today() << ". " << describeComputer()
         << ";\nMosquitto and libmosquitto " << major << '.' << minor << '.' << revision << ", Qt "
-        << QT_VERSION_TEXT << ", g++ " << __VERSION__
-        << ", optimised. Other measurements are in the [README](../README.md#measurements).\n\n"
+        << QT_VERSION_TEXT << ", g++ " << __VERSION__ << ", optimised.\n\n"
         << "## A line of " << machines << " machines with " << findings.size.servos << " servos each\n\n"
         << "One broker on a socket file, all machines in one `servo-machine` with a connection for each, one "
            "`servo-panel` without\na screen on the page of a servo. "
@@ -70,7 +69,7 @@ void describe(std::ostream& out, const Findings& findings)
         << " process variables; of each servo the 40 values of both diagnosis pages "
         << "change\nevery " << findings.size.periodMilliseconds << " ms: " << decimal(findings.valuesOfAll, 0)
         << " values in a second were counted, " << decimal(findings.valuesOfOne, 0)
-        << " with the shown machine alone. A value is a message with a whole array.\n\n";
+        << " with the shown machine\nalone. A value is a message with a whole array.\n\n";
 }
 
 void tellStart(std::ostream& out, const Findings& findings)
