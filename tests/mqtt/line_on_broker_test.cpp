@@ -52,6 +52,7 @@ TEST(Line, RunsEveryMachineOfAProjectOnABroker)
     const machine::ProjectFile project = twoMachines();
     EXPECT_EQ(line_machine::machinesOf(project), (std::vector<std::string>{"M1", "M2"}));
     jet::DefinitionRow level;
+    level.machineType = "M2";
     level.variable = nameOf("M2", "servo_para");
     level.element = std::int16_t{1};
     level.pass = std::int16_t{3};
