@@ -6,6 +6,7 @@
 #include "check/look_around.h"
 #include "check/supposed_program.h"
 #include "check/watch.h"
+#include "machine/access_level.h"
 #include "platform/ids.h"
 #include "recording/memory/memory_host.h"
 #include "recording/memory/sibling_controls.h"
@@ -31,7 +32,7 @@ constexpr std::string_view designation = "parameter<.maschinenbez_";
 constexpr std::string_view servoCount = "parameter<.servo_anzahl_";
 constexpr std::int16_t mostMachines = 20; // a plant has less; a mistyped number must not take hours
 constexpr std::int16_t mostServos = 50; // of a machine, the library's own limit
-constexpr std::int16_t highestLevel = 5;
+constexpr std::int16_t highestLevel = machine::highestAccessLevel;
 
 namespace keys {
 constexpr std::int16_t next = 6;

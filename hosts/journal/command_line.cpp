@@ -1,6 +1,7 @@
 #include "journal/command_line.h"
 
 #include "journal/time_text.h"
+#include "machine/access_level.h"
 #include "mqtt/broker_options.h"
 
 #include <charconv>
@@ -9,8 +10,6 @@
 namespace servopanel::journal {
 
 namespace {
-
-constexpr int highestLevel = 99;
 
 template <class T>
 std::optional<T> wholeNumber(std::string_view text)
@@ -111,9 +110,9 @@ private:
         } else if (option == "--journal") {
             undo_.journal = value;
         } else if (option == "--level") {
-            const int level = number<int>(value, "no access level from 0 to 99").value_or(0);
-            if (level < 0 || level > highestLevel)
-                fail(value, "no access level from 0 to 99");
+            const int level = number<int>(value, "no access level from 0 to 5").value_or(0);
+            if (level < 0 || level > machine::highestAccessLevel)
+                fail(value, "no access level from 0 to 5");
             else
                 undo_.level = static_cast<std::int16_t>(level);
         } else {

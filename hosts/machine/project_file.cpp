@@ -2,6 +2,7 @@
 
 #include "basic/conversions.h"
 #include "basic/error.h"
+#include "machine/access_level.h"
 #include "machine/json_object.h"
 #include "machine/machine_settings_reader.h"
 #include "machine/variable_store.h"
@@ -75,7 +76,7 @@ void readSettings(JsonObject& object, ProjectFile& project)
         else
             object.problem("resolution", "must be 800, 1024 or 1280");
     }
-    take(project.level, object.whole("level", Need::Optional, 0, 5));
+    take(project.level, object.whole("level", Need::Optional, 0, highestAccessLevel));
     take(project.input, object.whole("input", Need::Optional, least16, largest16));
 }
 

@@ -1,5 +1,7 @@
 #include "params/command_line.h"
 
+#include "machine/access_level.h"
+
 #include <algorithm>
 #include <charconv>
 #include <map>
@@ -59,7 +61,6 @@ std::optional<int> numberOf(const std::string& text)
 // What is wrong with a value; empty when nothing is.
 std::string take(CommandLine& line, std::string_view option, const std::string& value)
 {
-    constexpr int mostLevel = 99;
     if (option == "--servo" || option == "--from") {
         const auto number = numberOf(value);
         if (!number) return "'" + value + "' is no number of a servo";
@@ -69,7 +70,8 @@ std::string take(CommandLine& line, std::string_view option, const std::string& 
             line.servos.push_back(*number);
     } else if (option == "--level") {
         const auto level = numberOf(value);
-        if (!level || *level < 0 || *level > mostLevel) return "'" + value + "' is no level from 0 to 99";
+        if (!level || *level < 0 || *level > machine::highestAccessLevel)
+            return "'" + value + "' is no level from 0 to 5";
         line.level = static_cast<std::int16_t>(*level);
     } else if (option == "--machine") {
         line.machine = value;

@@ -321,7 +321,7 @@ TEST_F(Undo, TheCommandLineIsChecked)
         {{"--undo", "@2026-11-22"},
             "'@2026-11-22' is no write such as 7, 7@2026-11-22T01:19 or 2026-11-22T01:19:05.250Z"},
         {{"--undo"}, "--undo needs a value"},
-        {{"--undo", "1", "--level", "100"}, "'100' is no access level from 0 to 99"},
+        {{"--undo", "1", "--level", "6"}, "'6' is no access level from 0 to 5"},
         {{"--undo", "1", "--broker", "unix:"}, "--broker unix:: "}};
     for (const auto& [arguments, problem] : rows) {
         EXPECT_EQ(run(arguments), 2);

@@ -25,7 +25,9 @@ TEST(ParseOptions, SaysWhatIsWrong)
     EXPECT_EQ(parseOptions({"a", "--resolution", "900"}).problem,
         "--resolution takes 800, 1024 or 1280, not '900'");
     EXPECT_EQ(
-        parseOptions({"a", "--level", "x"}).problem, "--level takes an access level from 0 to 99, not 'x'");
+        parseOptions({"a", "--level", "x"}).problem, "--level takes an access level from 0 to 5, not 'x'");
+    EXPECT_EQ(
+        parseOptions({"a", "--level", "6"}).problem, "--level takes an access level from 0 to 5, not '6'");
     EXPECT_EQ(parseOptions({"a", "--zoom", "2"}).problem, "--zoom takes fit, not '2'");
     EXPECT_EQ(parseOptions({"a", "--trace"}).problem, "--trace needs a value");
     EXPECT_EQ(parseOptions({"a", "--colour", "x"}).problem, "unknown option --colour");

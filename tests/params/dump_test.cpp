@@ -120,7 +120,7 @@ TEST_F(ServoParamsDump, ExplainsItself)
         {"load", "a.csv", "--machine", "M1", "--broker", "h", "--ask"},
         {"load", "a.csv", "--machine", "M1", "--broker", "h", "--apply"},
         {"load", "a.csv", "--machine", "M1", "--broker", "h", "--apply", "--journal", "j", "--no-journal"},
-        {"load", "a.csv", "--machine", "M1", "--broker", "h", "--level", "100"}};
+        {"load", "a.csv", "--machine", "M1", "--broker", "h", "--level", "6"}};
     for (const auto& arguments : wrong) {
         EXPECT_EQ(run(arguments), 2);
         EXPECT_TRUE(says("; servo-params --help shows what there is\n")) << output.errors;

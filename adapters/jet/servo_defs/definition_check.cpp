@@ -5,6 +5,7 @@
 #include "basic/text.h"
 #include "jet/servo_defs/definition_list.h"
 #include "jet/servo_defs/servo_parameter.h"
+#include "machine/access_level.h"
 
 #include <cmath>
 #include <map>
@@ -16,8 +17,6 @@
 namespace servopanel::jet {
 
 namespace {
-
-constexpr std::int16_t highestLevel = 5;
 
 using Findings = std::vector<DefinitionFinding>;
 
@@ -80,7 +79,7 @@ public:
                     + std::to_string(parameter->elements - 1) + " only",
                 noItem);
         const auto level = integer("Pass", row_.pass);
-        if (level && (*level < 0 || *level > highestLevel))
+        if (level && (*level < 0 || *level > machine::highestAccessLevel))
             add("there is no access level " + shownText(row_.pass), noLevel);
     }
 

@@ -1,5 +1,6 @@
 #include "panel/program/options.h"
 
+#include "machine/access_level.h"
 #include "mqtt/broker_link.h"
 
 #include <charconv>
@@ -35,8 +36,8 @@ void take(Options& options, const std::string& name, const std::string& value)
         options.settings.language = value;
     } else if (name == "--level") {
         const int level = wholeNumber(value).value_or(-1);
-        if (level < 0 || level > 99)
-            fail("an access level from 0 to 99");
+        if (level < 0 || level > machine::highestAccessLevel)
+            fail("an access level from 0 to 5");
         else
             options.settings.level = static_cast<std::int16_t>(level);
     } else if (name == "--state") {
