@@ -8,7 +8,7 @@ try {
     using servopanel::journal::Status;
     servopanel::journal::ToolOutput output;
     const Status status = servopanel::journal::runTool(
-        {arguments + 1, arguments + count}, servopanel::journal::ownSurroundings(), output);
+        {arguments + 1, arguments + count}, servopanel::journal::ownSurroundings("servo-journal"), output);
     const bool written = std::fwrite(output.text.data(), 1, output.text.size(), stdout) == output.text.size()
         && std::fflush(stdout) == 0;
     std::fputs(output.errors.c_str(), stderr);

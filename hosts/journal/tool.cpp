@@ -7,23 +7,15 @@
 #include "journal/undo.h"
 #include "journal/undo_plan.h"
 #include "mqtt/broker_link.h"
+#include "portable/computer_name.h"
 
 #include <algorithm>
-#include <array>
-#include <unistd.h>
 #include <utility>
 #include <variant>
 
 namespace servopanel::journal {
 
 namespace {
-
-std::string nameOfComputer()
-{
-    std::array<char, 256> name{};
-    return ::gethostname(name.data(), name.size() - 1) == 0 && name[0] != '\0' ? name.data()
-                                                                               : "servo-journal";
-}
 
 Status takeBack(const CommandLine& line, const std::vector<Entry>& entries, const Surroundings& surroundings,
     ToolOutput& output)
@@ -39,7 +31,7 @@ Status takeBack(const CommandLine& line, const std::vector<Entry>& entries, cons
 
 } // namespace
 
-Surroundings ownSurroundings()
+Surroundings ownSurroundings(const std::string& program)
 {
     return {.makeLink =
                 [](const mqtt::BrokerAddress& address, const std::string& client) {
@@ -48,7 +40,7 @@ Surroundings ownSurroundings()
                 },
         .clock = mqtt::steadyClock(),
         .now = systemTime,
-        .computer = nameOfComputer()};
+        .computer = portable::computerName(program)};
 }
 
 Status runTool(

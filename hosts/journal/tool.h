@@ -3,6 +3,7 @@
 #include "mqtt/broker_address.h"
 #include "mqtt/clock.h"
 #include "mqtt/link.h"
+#include "portable/tool_output.h"
 
 #include <cstdint>
 #include <functional>
@@ -20,10 +21,7 @@ enum class Status {
     Unknown = 3, // a write has no certain end
 };
 
-struct ToolOutput {
-    std::string text;
-    std::string errors;
-};
+using portable::ToolOutput;
 
 // What the tool finds around it; tests put something else there.
 struct Surroundings {
@@ -34,8 +32,8 @@ struct Surroundings {
     std::string computer; // its name
 };
 
-// Those of a program.
-Surroundings ownSurroundings();
+// Those of a program; its name stands for that of a computer without one.
+Surroundings ownSurroundings(const std::string& program);
 
 // Runs servo-journal with these arguments (without the name of the program).
 Status runTool(

@@ -4,6 +4,7 @@
 #include "journal/journaled_variables.h"
 #include "machine/servo_families.h"
 #include "mqtt/broker_variables.h"
+#include "mqtt/waiting.h"
 
 #include <algorithm>
 #include <array>
@@ -20,10 +21,6 @@ namespace {
 
 namespace families = machine::families;
 
-// A controller that is there has answered in a fraction of it, over a slow line too.
-constexpr std::int64_t waitMilliseconds = 5000;
-constexpr int turnMilliseconds = 20;
-
 // The variable by which the machine is told that this one has changed; nothing where it need not be.
 std::optional<std::string> announcementOf(const std::string& variable)
 {
@@ -33,14 +30,6 @@ std::optional<std::string> announcementOf(const std::string& variable)
     if (std::find(parameters.begin(), parameters.end(), family) == parameters.end()) return {};
     std::string name = variable;
     return name.replace(name.rfind(family), family.size(), families::changedFlag);
-}
-
-// Until the value is known for certain. What it is not after a while, reading it says.
-void waitFor(mqtt::BrokerVariables& variables, const std::string& variable, const mqtt::Clock& clock)
-{
-    const std::int64_t end = clock() + waitMilliseconds;
-    while (variables.standing(variable).quality != mqtt::Quality::Good && clock() < end)
-        variables.poll(turnMilliseconds);
 }
 
 struct End {
@@ -118,7 +107,9 @@ Status undo(const UndoPlan& plan, const UndoOptions& options, const std::filesys
                 },
             .now = surroundings.now}};
 
-    waitFor(*broker, plan.variable, surroundings.clock);
+    // What the value is not after a while, reading it says.
+    mqtt::waitFor(*broker, surroundings.clock,
+        [&] { return broker->standing(plan.variable).quality == mqtt::Quality::Good; });
     const basic::Variant value = undone(plan, variables.ReadValue(plan.variable));
     output.text.append(shownPlan(plan));
     if (!options.apply) {

@@ -1,18 +1,12 @@
 #include "params/broker_machines.h"
 
 #include "basic/error.h"
+#include "mqtt/waiting.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <utility>
 
 namespace servopanel::params {
-
-namespace {
-// A controller that is there has answered in a fraction of it, over a slow line too.
-constexpr std::int64_t waitMilliseconds = 5000;
-constexpr int turnMilliseconds = 20;
-} // namespace
 
 BrokerMachines::BrokerMachines(
     std::unique_ptr<mqtt::Link> link, std::string name, std::vector<std::string> machines, mqtt::Clock clock)
@@ -22,19 +16,6 @@ BrokerMachines::BrokerMachines(
     , variables_{std::make_shared<mqtt::BrokerVariables>(
           mqtt::BrokerVariablesSettings{.panel = name_, .machines = std::move(machines)}, *link_, clock)}
 {
-}
-
-template <class F>
-bool BrokerMachines::waitFor(F condition)
-{
-    const std::int64_t end = clock_() + waitMilliseconds;
-    // What came meanwhile may show that what we hold is old.
-    variables_->poll(0);
-    while (!condition()) {
-        if (clock_() >= end) return false;
-        variables_->poll(turnMilliseconds);
-    }
-    return true;
 }
 
 void BrokerMachines::failFor(const std::string& machine) const
@@ -49,7 +30,8 @@ void BrokerMachines::failFor(const std::string& machine) const
 
 mqtt::Description BrokerMachines::describe(const std::string& machine)
 {
-    if (!waitFor([&] { return variables_->isLive(machine) && variables_->description(machine); }))
+    if (!mqtt::waitFor(*variables_, clock_,
+            [&] { return variables_->isLive(machine) && variables_->description(machine); }))
         failFor(machine);
     return *variables_->description(machine);
 }
@@ -66,7 +48,7 @@ Snapshot BrokerMachines::read(const std::string& machine, const std::vector<int>
     const auto isOpen = [&](const std::string& name) {
         return variables_->standing(name).quality == mqtt::Quality::Stale;
     };
-    const bool isKnown = waitFor(
+    const bool isKnown = mqtt::waitFor(*variables_, clock_,
         [&] { return variables_->isLive(machine) && std::none_of(names.begin(), names.end(), isOpen); });
     if (!isKnown && (!variables_->isLive(machine) || std::all_of(names.begin(), names.end(), isOpen)))
         failFor(machine);

@@ -30,8 +30,6 @@ public:
     const std::shared_ptr<mqtt::BrokerVariables>& variables() const { return variables_; }
 
 private:
-    template <class F>
-    bool waitFor(F condition);
     [[noreturn]] void failFor(const std::string& machine) const;
 
     std::string name_;

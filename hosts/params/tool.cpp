@@ -1,27 +1,18 @@
 #include "params/tool.h"
 
 #include "basic/error.h"
-#include "journal/journaled_variables.h"
-#include "mqtt/broker_link.h"
 #include "params/command_line.h"
 #include "params/commands.h"
 #include "params/sources.h"
 
 #include <unistd.h>
 
-#include <array>
 #include <iostream>
 #include <variant>
 
 namespace servopanel::params {
 
 namespace {
-
-std::string computerName()
-{
-    std::array<char, 256> name{};
-    return ::gethostname(name.data(), name.size() - 1) == 0 && name[0] != '\0' ? name.data() : "servo-params";
-}
 
 std::optional<std::string> askOnTerminal(const std::string& question)
 {
@@ -46,14 +37,7 @@ Status run(const CommandLine& line, const Surroundings& surroundings, ToolOutput
 
 Surroundings ownSurroundings()
 {
-    Surroundings own;
-    own.makeLink = [](const mqtt::BrokerAddress& address, const std::string& client) {
-        return std::make_unique<mqtt::BrokerLink>(
-            mqtt::BrokerLinkSettings{.address = address, .client = client});
-    };
-    own.clock = mqtt::steadyClock();
-    own.now = journal::systemTime;
-    own.computer = computerName();
+    Surroundings own{journal::ownSurroundings("servo-params"), {}};
     if (::isatty(STDIN_FILENO) != 0) own.ask = askOnTerminal;
     return own;
 }

@@ -1,12 +1,9 @@
 #pragma once
 
-#include "mqtt/broker_address.h"
-#include "mqtt/clock.h"
-#include "mqtt/link.h"
+#include "journal/tool.h"
+#include "portable/tool_output.h"
 
-#include <cstdint>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -19,18 +16,9 @@ enum class Status {
     Trouble = 2,
 };
 
-struct ToolOutput {
-    std::string text;
-    std::string errors;
-};
+using portable::ToolOutput;
 
-// What the tool finds around it; tests put something else there.
-struct Surroundings {
-    std::function<std::unique_ptr<mqtt::Link>(const mqtt::BrokerAddress& address, const std::string& client)>
-        makeLink;
-    mqtt::Clock clock;
-    std::function<std::int64_t()> now; // ms since 1970, UTC
-    std::string computer; // its name
+struct Surroundings : journal::Surroundings {
     // Shows a question to the engineer; nothing when there will be no more answers. Empty: there is no terminal.
     std::function<std::optional<std::string>(const std::string& question)> ask;
 };

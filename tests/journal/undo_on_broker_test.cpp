@@ -74,7 +74,7 @@ TEST(UndoOnBroker, TakesAWriteBackAndTellsTheMachine)
         panel.WriteValue(setpoints, basic::doubles({20, 36}));
     }
 
-    journal::Surroundings surroundings = journal::ownSurroundings();
+    journal::Surroundings surroundings = journal::ownSurroundings("servo-journal");
     surroundings.makeLink = pumped;
     const std::string address = "unix:" + broker.socketAddress().socket.string();
     std::vector<std::string> arguments{folder.path(), "--undo", "1", "--broker", address, "--name", "P1"};
