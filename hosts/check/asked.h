@@ -20,6 +20,7 @@ struct Places {
         views; // "the page of servo 5 of machine M1", in the order in which they were shown
     int width = 0; // pixels of the place that a picture must fill; 0: any size will do
     int height = 0;
+    bool isFooter = false; // of a footer key, which scales a picture of the design's size
 
     void add(int resolution, const std::string& view)
     {

@@ -84,7 +84,7 @@ void LookAround::footer(const recording::MemoryFooter& footer)
     for (std::int16_t key = 1; key <= lastKey; ++key) {
         const auto picture = footer.setting(ids::Fußzeile::Bild, key);
         const std::string name = picture ? basic::toText(*picture) : std::string{};
-        if (!name.empty()) watch_.requirePicture(name);
+        if (!name.empty()) watch_.requireFooterPicture(name);
         const auto number = footer.setting(ids::Fußzeile::TextNummer, key);
         const std::int16_t text = number ? basic::toInt16(*number) : noText;
         if (text == 0 || text == noText) continue;

@@ -46,6 +46,15 @@ bool isPictureName(const fs::path& name)
         || extension == ".JPG";
 }
 
+// The size of a footer key's picture: that of the design, or of the resolution in its name.
+void takeFooterSize(const std::string& name, Places& places)
+{
+    const bool isSmall = name.find("_800.") != std::string::npos;
+    const bool isMiddle = name.find("_1024.") != std::string::npos;
+    places.width = isSmall ? 60 : isMiddle ? 77 : 96;
+    places.height = isSmall ? 37 : isMiddle ? 48 : 64;
+}
+
 // What is wrong with a picture, and what it means; "" when nothing is.
 std::string mistakeOf(const std::optional<fs::path>& file, const Places& places, const PictureReader& read)
 {
@@ -127,7 +136,9 @@ void checkPictures(const CheckedProject& project, Asked& asked, const PictureRea
             asked.brokenFiles.insert(name);
             continue;
         }
-        const std::string mistake = mistakeOf(project.mapping.find(name), places, read);
+        Places sized = places;
+        if (places.isFooter) takeFooterSize(name, sized);
+        const std::string mistake = mistakeOf(project.mapping.find(name), sized, read);
         if (mistake.empty()) continue;
         asked.brokenFiles.insert(name);
         const std::string shown = forAllResolutions(name, project.resolutions);

@@ -88,11 +88,38 @@ void checkPlaces(const CheckedProject& project, const Computer& computer, Findin
                 + noDefinitions);
 }
 
+namespace {
+
+// Folders that are there twice in other letters, and one for the texts that must be written as it is.
+void checkFolders(const CheckedProject& project, Findings& findings)
+{
+    std::error_code code;
+    std::map<std::string, std::set<std::string>> names; // by their capitals
+    for (fs::directory_iterator file{project.folder, code}, end; !code && file != end; file.increment(code))
+        if (std::error_code none; file->is_directory(none)) {
+            const std::string name = file->path().filename().string();
+            names[basic::upperCase(name)].insert(name);
+        }
+    for (const std::string folder : {"Parameter", "Servo", "Standard", "Texts"}) {
+        const std::set<std::string>& same = names[basic::upperCase(folder)];
+        if (folder == "Texts" && !same.empty() && !same.contains(folder))
+            findings.add(
+                *same.begin(), 0, "must be named Texts, in these letters: the panel does not find it");
+        if (same.size() > 1)
+            findings.add(*same.rbegin(), 0,
+                "differs from " + *same.begin()
+                    + " in capital and small letters only: what is in one of them is not read");
+    }
+}
+
+} // namespace
+
 void checkLetterCase(const CheckedProject& project, Findings& findings)
 {
     std::set<std::string> texts;
     for (const auto& language : project.file.languages)
         texts.insert(language.code + ".txt");
+    checkFolders(project, findings);
     for (const char* const folder : {"Parameter", "Servo", "Standard", "Texts"}) {
         std::error_code code;
         std::map<std::string, std::set<std::string>> names; // by their capitals

@@ -4,6 +4,7 @@
 #include "basic/error.h"
 #include "machine/servo_families.h"
 
+#include <cmath>
 #include <map>
 #include <optional>
 #include <string_view>
@@ -20,6 +21,9 @@ constexpr std::string_view passiveFamily = "_servopassiv_";
 constexpr std::string_view servoPart = "_T_servo_";
 constexpr std::string_view machineVariable = "Ch-1.intern<.aktuelle_maschine>";
 constexpr std::string_view servoVariable = "Ch-1.intern<.servo_zeiger>";
+constexpr std::string_view navigation = "parameter<.mit_navi>";
+constexpr std::string_view machineCount = "parameter<.maschinenanzahl>";
+constexpr std::string_view servoCount = "parameter<.servo_anzahl_";
 constexpr std::string_view designation = "parameter<.maschinenbez_";
 
 // Elements of a family that the library uses; nothing for one value.
@@ -44,6 +48,13 @@ std::optional<double> numberOf(const Variant* value)
     return std::nullopt;
 }
 
+// What compares equal to true or false.
+bool isFlag(const Variant& value)
+{
+    const std::optional<double> number = numberOf(&value);
+    return value.holds<bool>() || (number && (*number == 0 || *number == -1));
+}
+
 class ValuesCheck {
 public:
     ValuesCheck(const CheckedProject& project, Asked& asked, Findings& findings)
@@ -58,6 +69,8 @@ public:
         for (const auto& variable : project_.file.variables) {
             if (!asked_.variableNames.contains(variable.name)) continue;
             elements(variable.name, variable.value);
+            number(variable.name, variable.value);
+            drawings(variable.name, variable.value);
             faultText(variable.name, variable.value);
             switchWord(variable.name, variable.value);
             if (variable.name.find(passiveFamily) != std::string::npos)
@@ -101,6 +114,33 @@ private:
                 + std::to_string(*used) + " are used: the operator never sees the others");
     }
 
+    // Words and counters of the project, which the library takes from texts and Booleans too, but nobody means it.
+    void number(const std::string& name, const Variant& value)
+    {
+        const std::optional<double> number = numberOf(&value);
+        if (name == navigation && !isFlag(value))
+            add(name, "is neither true nor false: the panel goes on without navigation");
+        const bool isCounter = name == machineCount || name.starts_with(servoCount);
+        const bool isWhole = number && *number == std::floor(*number);
+        if (isCounter && number && (!isWhole || value.holds<bool>() || value.holds<std::string>()))
+            add(name, "must be a whole number, without quotes");
+    }
+
+    // Nine digits, as the page shows them.
+    void drawings(const std::string& name, const Variant& value)
+    {
+        const auto* const array = value.get<basic::Array>();
+        if (machine::familyOf(name) != families::drawings || array == nullptr) return;
+        for (const Variant& element : array->elements) {
+            constexpr double most = 999'999'999;
+            const std::optional<double> number = numberOf(&element);
+            if (number && (*number < 0 || *number > most || *number != std::floor(*number)))
+                add(name,
+                    "has " + basic::decimal(*number)
+                        + ", which is no drawing number of up to nine digits: the operator sees another one");
+        }
+    }
+
     void faultText(const std::string& name, const Variant& value)
     {
         if (machine::familyOf(name) != families::faultText) return;
@@ -110,10 +150,18 @@ private:
 
     void switchWord(const std::string& name, const Variant& value)
     {
-        if (machine::familyOf(name) == families::switches && value.holds<bool>())
+        if (machine::familyOf(name) != families::switches) return;
+        const std::optional<double> number = numberOf(&value);
+        constexpr double most = 15;
+        if (value.holds<bool>())
             add(name,
                 "must be a whole number, whose lowest four bits are the switches: true switches on all of "
                 "them");
+        else if (number && (*number < 0 || *number > most))
+            add(name,
+                "is " + basic::decimal(*number)
+                    + ", of which only the lowest four bits are switches: the others are 0 after the first "
+                      "change");
     }
 
     void passive(const std::string& name, const Variant& value)
@@ -121,12 +169,11 @@ private:
         const std::size_t end = name.find(servoPart);
         const std::size_t start = name.find('.') + 1;
         const std::optional<double> number = numberOf(&value);
-        const bool isFlag = value.holds<bool>() || (number && (*number == 0 || *number == -1));
-        if (!isFlag) add(name, "is neither true nor false: the servo is not shown");
+        if (!isFlag(value)) add(name, "is neither true nor false: the servo is not shown");
         if (end == std::string::npos || start >= end) return;
         Servos& servos = servos_[name.substr(start, end - start)];
         if (servos.first.empty()) servos.first = name;
-        if (isFlag && number == 0) ++servos.active;
+        if (isFlag(value) && number == 0) ++servos.active;
     }
 
     // Nothing is said of a variable that there is not: whoever misses it says so.

@@ -357,11 +357,13 @@ basic::ObjectRef Watch::load(std::string_view path)
     return picture;
 }
 
-void Watch::requirePicture(std::string_view name)
+void Watch::requireFooterPicture(std::string_view name)
 {
     std::string slashed{name};
     std::replace(slashed.begin(), slashed.end(), '\\', '/');
-    asked_.pictures[slashed].add(resolution_, view_);
+    Places& places = asked_.pictures[slashed];
+    places.add(resolution_, view_);
+    places.isFooter = true;
 }
 
 void Watch::requireSize(std::string_view path, int width, int height)

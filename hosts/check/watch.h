@@ -49,8 +49,8 @@ public:
     void noteVariable(const std::string& name) { asked_.variableNames.insert(name); }
     // A variable that is written by its input alone. The place is that of the input.
     void requireVariable(const std::string& name);
-    // A picture that the host loads for the library, by its project-relative name.
-    void requirePicture(std::string_view name);
+    // A picture of a footer key, which the host loads for the library, by its project-relative name.
+    void requireFooterPicture(std::string_view name);
     // The size in pixels of the place of a picture, by the full path of its file.
     void requireSize(std::string_view path, int width, int height);
 

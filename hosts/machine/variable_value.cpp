@@ -60,7 +60,14 @@ Variant typed(const Json& json)
         if (known->array != value->is_array())
             basic::raise(basic::ErrorNumber::TypeMismatch,
                 known->array ? "this type takes a list of numbers" : "this type takes one value, not a list");
-        return known->array ? list(*value, known->element) : basic::convert(scalar(*value), known->element);
+        try {
+            return known->array ? list(*value, known->element)
+                                : basic::convert(scalar(*value), known->element);
+        } catch (const basic::Error& error) {
+            if (error.number != static_cast<std::int32_t>(basic::ErrorNumber::Overflow)) throw;
+            basic::raise(basic::ErrorNumber::Overflow,
+                "the number is too large for the type \"" + type->get<std::string>() + '"');
+        }
     }
     basic::raise(basic::ErrorNumber::TypeMismatch, "\"" + type->get<std::string>() + "\" is no type");
 }

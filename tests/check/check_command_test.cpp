@@ -20,7 +20,7 @@ struct Outcome {
 Outcome servoPanel(const std::string& arguments)
 {
     const std::string command =
-        std::string{"env -u DISPLAY -u WAYLAND_DISPLAY "} + SERVO_PANEL + ' ' + arguments;
+        std::string{"env -u DISPLAY -u WAYLAND_DISPLAY -u XDG_RUNTIME_DIR "} + SERVO_PANEL + ' ' + arguments;
     Outcome run;
     std::FILE* const pipe = ::popen(command.c_str(), "r");
     if (pipe == nullptr) return run;
@@ -57,6 +57,18 @@ TEST(CheckCommand, ListsWhatItFindsAndEndsWithOne)
         "the panel "
         "says so (the page of servo 1 of machine M1, and 14 more places)\n"
         "2 findings in 2 files (2 machines, 15 servos, 4 languages, at 800, 1024 and 1280)\n");
+    EXPECT_EQ(run.status, 1);
+}
+
+TEST(CheckCommand, SaysNothingBesidesItsFindings)
+{
+    const ProjectCopy copy;
+    std::string database = copy.content("Servo/Servo.mdb");
+    // A damaged page in the middle.
+    database.replace(database.size() / 2, 20'000, std::string(20'000, '\x7F'));
+    copy.write("Servo/Servo.mdb", database);
+    const Outcome run = servoPanel("--check " + quoted(copy.path()) + " 2>&1 >/dev/null");
+    EXPECT_EQ(run.output, "");
     EXPECT_EQ(run.status, 1);
 }
 

@@ -107,6 +107,44 @@ const std::vector<Planted>& mistakes()
                     "\"Ch1.M1_T_servo_14<.mM1_servoaender_14>\": \"x\"");
             },
             {{project, "_servoaender_14>", ""}}},
+        {"AFooterPictureOfAnotherSize",
+            [](const ProjectCopy& copy) {
+                fs::copy_file(copy.place("Servo/Servo_M1_1_1280.gif"), copy.place("Standard/F_Exit_800.gif"),
+                    fs::copy_options::overwrite_existing);
+            },
+            {{"Standard/F_Exit_800.gif", "", "has 487 x 146 pixels, its place has 60 x 37: it is cut off"}}},
+        {"ValuesThatNobodyMeans",
+            [](const ProjectCopy& copy) {
+                copy.replace(
+                    project, "\"parameter<.maschinenanzahl>\": 2", "\"parameter<.maschinenanzahl>\": \"2\"");
+                copy.replace(project, "\"parameter<.mit_navi>\": true", "\"parameter<.mit_navi>\": 1");
+                copy.replace(project, "\"Ch1.M1_T_servo_1<.mM1_servo_schalt_1>\": 5",
+                    "\"Ch1.M1_T_servo_1<.mM1_servo_schalt_1>\": 245");
+                copy.replace(project, "\"Ch1.M1_T_servo_1<.mM1_servo_zeich_1>\": [312450017",
+                    "\"Ch1.M1_T_servo_1<.mM1_servo_zeich_1>\": [12345678901");
+            },
+            {{project, "maschinenanzahl",
+                 "variable \"parameter<.maschinenanzahl>\" must be a whole number, without quotes"},
+                {project, "mit_navi", "variable \"parameter<.mit_navi>\" is neither true nor false"},
+                {project, "servo_schalt_1>",
+                    "variable \"Ch1.M1_T_servo_1<.mM1_servo_schalt_1>\" is 245, of which only the lowest "
+                    "four bits"},
+                {project, "servo_zeich_1>",
+                    "variable \"Ch1.M1_T_servo_1<.mM1_servo_zeich_1>\" has 12345678901, which is no drawing "
+                    "number of up to nine digits"}}},
+        {"ANumberThatIsTooLarge",
+            [](const ProjectCopy& copy) {
+                copy.replace(project, "\"Ch1.M1_T_servo_14<.mM1_servoaender_14>\": 0",
+                    "\"Ch1.M1_T_servo_14<.mM1_servoaender_14>\": 0, "
+                    "\"Ch1.M1_T_servo_44<.mM1_servoaender_44>\": "
+                    "{\"type\": \"int16\", \"value\": 70000}");
+            },
+            {{project, "70000",
+                "variables/Ch1.M1_T_servo_44<.mM1_servoaender_44>: the number is too large for the type "
+                "\"int16\""}}},
+        {"AFolderTwice", [](const ProjectCopy& copy) { fs::create_directory(copy.place("servo")); },
+            {{"servo", "",
+                "differs from Servo in capital and small letters only: what is in one of them is not read"}}},
         {"ALanguageWithoutAName",
             [](const ProjectCopy& copy) { copy.replace(project, "\"name\": \"中文\"", "\"name\": \"\""); },
             {{project, "\"zh\"", "languages/3/name: is empty; the operator sees the code"}}},
@@ -141,6 +179,15 @@ TEST_P(OneCause, IsToldByItselfWithItsLine)
     const std::size_t count = GetParam().expected.size();
     const std::string end = count == 0 ? "nothing is missing" : std::to_string(count) + " finding";
     EXPECT_NE(("\n" + report).find('\n' + end), std::string::npos) << report;
+}
+
+TEST(TextsFolder, MustHaveItsLetters)
+{
+    const ProjectCopy copy;
+    fs::rename(copy.place("Texts"), copy.place("texts"));
+    EXPECT_NE(checkProject(copy.path(), plainReader)
+                  .text.find("texts: must be named Texts, in these letters: the panel does not find it\n"),
+        std::string::npos);
 }
 
 INSTANTIATE_TEST_SUITE_P(Mistakes, OneCause, ::testing::ValuesIn(mistakes()),

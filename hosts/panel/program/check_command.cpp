@@ -3,6 +3,9 @@
 #include "basic/error.h"
 #include "panel/pictures/picture_file.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <cstdio>
 #include <string>
 
@@ -22,10 +25,44 @@ check::PictureLook lookAtPicture(const std::filesystem::path& file)
     }
 }
 
+namespace {
+
+// While this lives, nothing goes to standard error: of a damaged database its reader says so much there that nobody
+// would find the findings.
+class SilentErrors {
+public:
+    SilentErrors()
+        : kept_{::dup(STDERR_FILENO)}
+    {
+        const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+        if (kept_ >= 0 && nowhere >= 0) ::dup2(nowhere, STDERR_FILENO);
+        if (nowhere >= 0) ::close(nowhere);
+    }
+    SilentErrors(const SilentErrors&) = delete;
+    SilentErrors& operator=(const SilentErrors&) = delete;
+    ~SilentErrors()
+    {
+        if (kept_ < 0) return;
+        ::dup2(kept_, STDERR_FILENO);
+        ::close(kept_);
+    }
+
+private:
+    int kept_;
+};
+
+check::Report checked(const std::filesystem::path& project)
+{
+    const SilentErrors silent;
+    return check::checkProject(project, lookAtPicture);
+}
+
+} // namespace
+
 int runCheck(const std::filesystem::path& project)
 {
     using Result = check::Report::Result;
-    const check::Report report = check::checkProject(project, lookAtPicture);
+    const check::Report report = checked(project);
     if (report.result == Result::NoProject) {
         std::fputs(("servo-panel: " + report.text).c_str(), stderr);
         return 2;

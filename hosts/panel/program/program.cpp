@@ -10,6 +10,7 @@
 #include "panel/tour/tour.h"
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QStyleFactory>
@@ -119,8 +120,7 @@ int runProgram(int argc, char** argv)
         return cannotStart;
     }
     if (options.check) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        const QGuiApplication application{argc, argv};
+        const QCoreApplication application{argc, argv}; // it finds the readers of pictures
         return runCheck(options.settings.project);
     }
     if (!findScreen(options)) {
