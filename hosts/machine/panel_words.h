@@ -16,6 +16,8 @@ enum class PanelText {
     TooSmall,
     TooLarge,
     NoSign, // before the lower limit, where it allows nothing below 0
+    NoFraction, // where the machine holds whole numbers
+    TooLong, // before the number of characters that fit
     LimitsUnknown,
     OldValue, // of the number that the mask begins with
     NoNumber,
@@ -40,6 +42,7 @@ enum class PanelText {
     Writing, // while the answer is awaited
     Written, // before the number of values
     NotWritten, // before the field and the reason
+    PartlyWritten, // likewise, when other values are written
     RefusedUnreadable, // behind the caption of a field, like the other reasons
     RefusedRange,
     RefusedType,
@@ -73,10 +76,13 @@ enum class PanelText {
     TrendContinue,
     TrendAdd,
     TrendFull,
+    Seconds, // behind a number, on the time axis
+    Minutes, // likewise, and on the keys for the time that is shown
     NoScreen, // before its number; this and the following stand in the list of reports
     NoFile, // behind the file's name
     NoTrace, // before the file's name
     NoJournal, // before the file's name and the reason
+    LowRows, // before the least diagonal of the screen, inches
     ReadAnewLater,
     NotReadAnew,
 };
