@@ -10,6 +10,7 @@
 #include "check/places_check.h"
 #include "check/problems.h"
 #include "check/project.h"
+#include "check/screen_check.h"
 #include "check/simulation_check.h"
 #include "check/texts_check.h"
 #include "check/unasked.h"
@@ -190,6 +191,7 @@ Report checkProject(const fs::path& folder, const PictureReader& readPicture, co
     checkFooterFile(project, asked.machines, findings);
     checkEntries(project, asked, findings);
     checkScreens(project, asked, findings);
+    checkScreenSize(project, findings);
     checkValues(project, asked, findings);
     checkSimulation(project, asked, findings);
     const Unasked unasked{project, asked};
