@@ -278,3 +278,29 @@ TEST_F(InputMaskTest, ANumberEnteredOverAnOldOneIsAChangeAndTheOldOneLeftAloneIs
     QTest::mouseClick(&mask_.okKey(), Qt::LeftButton);
     EXPECT_TRUE(changed_);
 }
+
+TEST_F(InputMaskTest, AWholeNumberHasNoPointAndARefusedOneSaysWhy)
+{
+    MaskTask task{"Number", {}, "7", {0, 999}};
+    task.isWhole = true;
+    mask_.start(task);
+    EXPECT_FALSE(mask_.pad().key(".")->isOn());
+    QTest::keyClicks(&mask_, "4,");
+    EXPECT_TRUE(mask_.refusing());
+    EXPECT_EQ(mask_.remark(), "Whole numbers only");
+    QTest::keyClicks(&mask_, "5");
+    EXPECT_EQ(mask_.shown(), "45");
+    QTest::keyClick(&mask_, Qt::Key_Return);
+    EXPECT_EQ(accepted_, 45.0);
+    // The next field may be another one.
+    start(1, 0, 2);
+    EXPECT_TRUE(mask_.pad().key(".")->isOn());
+}
+
+TEST_F(InputMaskTest, ADigitThatDoesNotFitIsNotDroppedWithoutASign)
+{
+    start(0, {}, {});
+    QTest::keyClicks(&mask_, "1234567890123");
+    EXPECT_EQ(mask_.shown().trimmed(), "123456789012 %");
+    EXPECT_EQ(mask_.remark(), "Too long, characters at most: 12");
+}

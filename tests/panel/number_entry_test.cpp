@@ -191,3 +191,43 @@ TEST(NumberEntry, TakesNoMoreThanItsDisplayHolds)
     type(entry, "12345678901234567890");
     EXPECT_EQ(entry.text().size(), 12U);
 }
+
+TEST(NumberEntry, AWholeNumberTakesNoPointAndSaysSo)
+{
+    NumberEntry entry = started(12);
+    entry.setWhole(true);
+    entry.digit(4);
+    EXPECT_EQ(entry.point(), Verdict::NoFraction);
+    entry.digit(5);
+    EXPECT_EQ(entry.text(), "45");
+    EXPECT_EQ(entry.verdict(), Verdict::Fine);
+}
+
+TEST(NumberEntry, AWholeNumberStepsInWholeOnesWithinItsLimits)
+{
+    NumberEntry entry = started(2, 0.5, 3.5);
+    entry.setWhole(true);
+    entry.step(1);
+    EXPECT_EQ(entry.text(), "3");
+    entry.step(1);
+    EXPECT_EQ(entry.text(), "3");
+    entry.step(-5);
+    EXPECT_EQ(entry.text(), "1");
+}
+
+TEST(NumberEntry, AFractionThatWasThereIsNotTakenWhereNumbersAreWhole)
+{
+    NumberEntry entry = started(2.5);
+    entry.setWhole(true);
+    EXPECT_EQ(entry.verdict(), Verdict::NoFraction);
+}
+
+TEST(NumberEntry, ACharacterThatDoesNotFitSaysSo)
+{
+    NumberEntry entry = started(0);
+    type(entry, "123456789012");
+    EXPECT_EQ(entry.digit(3), Verdict::TooLong);
+    EXPECT_EQ(entry.point(), Verdict::TooLong);
+    EXPECT_EQ(entry.sign(), Verdict::TooLong);
+    EXPECT_EQ(entry.text(), "123456789012");
+}

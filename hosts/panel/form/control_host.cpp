@@ -388,6 +388,14 @@ ValueState ControlHost::limitsState(const std::string& name, std::int16_t index)
     return std::max(services().valueState(limits->lower), services().valueState(limits->upper));
 }
 
+bool ControlHost::isWhole(const std::string& name, std::int16_t index)
+{
+    const std::optional<ValueSource> source = valueSource(name, index);
+    if (!source) return false;
+    const basic::Variant* const held = services().familyRead(source->family).value;
+    return held != nullptr && holdsWholeNumbers(*held);
+}
+
 // Captions and units stand in arrays whose names end like the input's own: SollwertL, BeschriftungL, EinheitL. A drawing
 // number has one caption for its parts.
 Beside ControlHost::beside(const platform::Control& input)
@@ -410,7 +418,8 @@ Beside ControlHost::beside(const platform::Control& input)
             + shownText("Beschriftung" + side + "2", caption);
         const Child& child = *children_.at(*key);
         return {text.trimmed(), shownText("Einheit" + side, index).trimmed(),
-            child.isChanged() ? ValueState::Fresh : child.valueState(), limitsState(name, index)};
+            child.isChanged() ? ValueState::Fresh : child.valueState(), isDrawing || isWhole(name, index),
+            limitsState(name, index)};
     }
     return {};
 }

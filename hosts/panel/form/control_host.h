@@ -104,6 +104,7 @@ private:
     CanvasView& canvasOf(platform::ChildId id);
     const Key* litUpDrawing();
     ValueState inputState(const Key& key, const ValueSource& source);
+    bool isWhole(const std::string& name, std::int16_t index);
     ValueState limitsState(const std::string& name, std::int16_t index);
     QString shownText(const std::string& name, std::int16_t index);
     void displaysStartAnew();

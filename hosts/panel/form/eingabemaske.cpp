@@ -72,6 +72,7 @@ void EingabemaskeChild::setOpen(bool open)
         task.number.clear();
     else
         task.number = presentNumber(*target_);
+    task.isWhole = beside.isWhole;
     task.isOld = beside.value == ValueState::Stale;
     task.limits = limits(beside);
     mask().start(task);

@@ -53,6 +53,14 @@ double partOf(double number, std::int16_t index)
     }
 }
 
+// What cannot be told counts as the most exact of them.
+basic::VariantType typeOfElements(const Variant& variable)
+{
+    const auto* array = variable.get<basic::Array>();
+    return array == nullptr || array->elements.empty() ? basic::VariantType::Double
+                                                       : array->elements.front().type();
+}
+
 // An empty value is no number, though it converts to one.
 std::optional<double> numberOf(const Variant& value)
 {
@@ -102,18 +110,18 @@ bool showsElement(ControlHost& page, std::string_view name, std::int16_t index, 
     return shown && isSameValue(*shown, *held, Variant{});
 }
 
+bool holdsWholeNumbers(const Variant& variable)
+{
+    const basic::VariantType type = typeOfElements(variable);
+    return type != basic::VariantType::Double && type != basic::VariantType::Single;
+}
+
 bool isSameValue(double entered, double held, const Variant& variable)
 {
     if (entered == held || (std::isnan(entered) && std::isnan(held))) return true;
-    const auto* array = variable.get<basic::Array>();
-    const basic::VariantType type = array == nullptr || array->elements.empty()
-        ? basic::VariantType::Double
-        : array->elements.front().type();
-    switch (type) {
-    case basic::VariantType::Double: return false;
-    case basic::VariantType::Single: return static_cast<float>(entered) == static_cast<float>(held);
-    default: return std::abs(entered - held) <= 0.5; // whole numbers
-    }
+    if (holdsWholeNumbers(variable)) return std::abs(entered - held) <= 0.5;
+    return typeOfElements(variable) == basic::VariantType::Single
+        && static_cast<float>(entered) == static_cast<float>(held);
 }
 
 } // namespace servopanel::panel

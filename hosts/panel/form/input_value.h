@@ -20,6 +20,9 @@ std::optional<double> elementValue(const ValueSource& source, const basic::Varia
 bool showsElement(ControlHost& page, std::string_view name, std::int16_t index, const ValueSource& source,
     const basic::Variant& variable);
 
+// Whether a variable holds whole numbers only, and rounds any other.
+bool holdsWholeNumbers(const basic::Variant& variable);
+
 // Whether a number went into a variable as it was entered: as exact as the type that the variable holds.
 bool isSameValue(double entered, double held, const basic::Variant& variable);
 

@@ -31,6 +31,8 @@ DefinitionEditor::DefinitionEditor(QWidget* parent, PanelWords words)
               changed();
               // Only a level has no sign.
               if (verdict == NumberEntry::Verdict::NoSign) remark_ = words_(PanelText::LevelRange);
+              if (verdict == NumberEntry::Verdict::TooLong)
+                  remark_ = words_(PanelText::TooLong) + u' ' + QString::number(NumberEntry::longest);
           }}}
     , cancel_{new TouchKey{this}}
     , ok_{new TouchKey{this}}

@@ -49,6 +49,7 @@ void InputMask::start(const MaskTask& task)
     isOld_ = task.isOld && !first_.empty();
     limits_ = task.limits;
     entry_.start(task.number);
+    entry_.setWhole(task.isWhole);
     applyLimits();
     languageChanged();
     setFocus();
@@ -113,6 +114,9 @@ QString InputMask::remark() const
 {
     switch (verdict_) {
     case NumberEntry::Verdict::LimitsUnknown: return words_(PanelText::LimitsUnknown);
+    case NumberEntry::Verdict::NoFraction: return words_(PanelText::NoFraction);
+    case NumberEntry::Verdict::TooLong:
+        return words_(PanelText::TooLong) + u' ' + QString::number(NumberEntry::longest);
     case NumberEntry::Verdict::NoNumber: return words_(PanelText::NoNumber);
     case NumberEntry::Verdict::TooSmall: return words_(PanelText::TooSmall) + u' ' + number(*entry_.lower());
     case NumberEntry::Verdict::NoSign: return words_(PanelText::NoSign) + u' ' + number(*entry_.lower());

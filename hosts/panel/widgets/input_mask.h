@@ -23,6 +23,7 @@ struct MaskTask {
     QString unit;
     std::string number = "0"; // as the page shows it; empty: it is not known
     MaskLimits limits;
+    bool isWhole = false; // what takes the number holds whole numbers only
     bool isOld = false; // the number is the last one known, the machine may hold another by now
 };
 

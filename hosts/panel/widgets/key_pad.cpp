@@ -43,6 +43,7 @@ void KeyPad::workOn(NumberEntry* entry)
     entry_ = entry;
     for (TouchKey* each : keys_)
         each->setOn(entry != nullptr);
+    key(QStringLiteral("."))->setOn(entry != nullptr && !entry->isWhole());
     key(QStringLiteral("±"))->setOn(entry != nullptr && entry->signAllowed());
 }
 
@@ -77,9 +78,9 @@ bool KeyPad::type(const QString& character)
     NumberEntry::Verdict verdict = NumberEntry::Verdict::Fine;
     // Digits of any script, as a keyboard of the language has them.
     if (c.digitValue() >= 0)
-        entry_->digit(c.digitValue());
+        verdict = entry_->digit(c.digitValue());
     else if (c == u'.' || c == u',' || c == u'٫')
-        entry_->point();
+        verdict = entry_->point();
     else if (c == u'-' || c == u'−' || c == u'±')
         verdict = entry_->sign();
     else

@@ -10,8 +10,6 @@
 namespace servopanel::panel {
 
 namespace {
-constexpr std::size_t longest = 12; // characters that the display of the mask holds
-
 int decimalsOf(const std::string& text)
 {
     const std::size_t mantissa = std::min(text.find('E'), text.size());
@@ -52,32 +50,38 @@ void NumberEntry::begin()
     fresh_ = false;
 }
 
-void NumberEntry::digit(int digit)
+NumberEntry::Verdict NumberEntry::digit(int digit)
 {
     begin();
     if (text_ == "0") text_.clear();
     if (text_ == "-0") text_ = "-";
-    if (text_.size() < longest) text_ += static_cast<char>('0' + digit);
+    if (text_.size() >= longest) return Verdict::TooLong;
+    text_ += static_cast<char>('0' + digit);
+    return Verdict::Fine;
 }
 
-void NumberEntry::point()
+NumberEntry::Verdict NumberEntry::point()
 {
+    if (whole_) return Verdict::NoFraction;
     begin();
-    if (text_.find('.') != std::string::npos || text_.size() + 2 > longest) return;
+    if (text_.find('.') != std::string::npos) return Verdict::Fine;
+    if (text_.size() + 2 > longest) return Verdict::TooLong;
     if (text_.empty() || text_ == "-") text_ += '0';
     text_ += '.';
+    return Verdict::Fine;
 }
 
 NumberEntry::Verdict NumberEntry::sign()
 {
     if (!signAllowed()) return Verdict::NoSign;
     // On a keyboard the sign comes before the digits, on the key pad often after them.
+    const bool isNegative = !text_.empty() && text_.front() == '-';
+    if (!isNegative && text_.size() >= longest) return Verdict::TooLong;
     keepsSign_ = true;
-    if (!text_.empty() && text_.front() == '-') {
+    if (isNegative)
         text_.erase(0, 1);
-    } else if (text_.size() < longest) {
+    else
         text_.insert(0, 1, '-');
-    }
     return Verdict::Fine;
 }
 
@@ -97,13 +101,16 @@ void NumberEntry::clear()
     text_.clear();
 }
 
+int NumberEntry::decimals() const { return whole_ ? 0 : std::max(decimals_, decimalsOf(text_)); }
+
 void NumberEntry::step(int places)
 {
     // Counted in units of the last place, so that 0.1 three times up is 0.3 and nothing beside it.
-    const double unit = std::pow(10.0, std::max(decimals_, decimalsOf(text_)));
+    const double unit = std::pow(10.0, decimals());
     double next = (std::round(value().value_or(0) * unit) + places) / unit;
-    if (upper_) next = std::min(next, *upper_);
-    if (lower_) next = std::max(next, *lower_);
+    // A limit between two whole numbers is not one that the value can have.
+    if (upper_) next = std::min(next, whole_ ? std::floor(*upper_) : *upper_);
+    if (lower_) next = std::max(next, whole_ ? std::ceil(*lower_) : *lower_);
     text_ = basic::decimal(next);
     fresh_ = false;
 }
@@ -124,6 +131,7 @@ NumberEntry::Verdict NumberEntry::verdict() const
     if (!number) return Verdict::NoNumber;
     if (lower_ && *number < *lower_) return Verdict::TooSmall;
     if (upper_ && *number > *upper_) return Verdict::TooLarge;
+    if (whole_ && *number != std::floor(*number)) return Verdict::NoFraction;
     return Verdict::Fine;
 }
 
