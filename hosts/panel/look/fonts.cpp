@@ -1,6 +1,7 @@
 #include "panel/look/fonts.h"
 
 #include "panel/look/language_look.h"
+#include "panel/look/reading_order.h"
 #include "panel/look/text_fit.h"
 #include "panel/look/twips.h"
 
@@ -52,6 +53,11 @@ void drawFitted(QPainter& painter, const QRect& place, int alignment, const QFon
     constexpr int anyHeight = 1 << 16;
     TextFit::oneLine(text, font, {place.width(), anyHeight}, leastPixels(font))
         .draw(painter, place, static_cast<Qt::Alignment>(alignment));
+}
+
+int drawnWidth(const QFont& font, const QString& text)
+{
+    return QFontMetrics{font}.horizontalAdvance(forDrawing(text, runsRightToLeft(text)));
 }
 
 int scaled(double share, int whole, int least, int most)

@@ -22,6 +22,9 @@ QFont fitted(const QFont& font, const QString& text, int width);
 // on a widget from right to left, unless the alignment is absolute.
 void drawFitted(QPainter& painter, const QRect& place, int alignment, const QFont& font, const QString& text);
 
+// Width of a line of text as it is drawn, with the digits and the order that the language gives it.
+int drawnWidth(const QFont& font, const QString& text);
+
 // A height in proportion to the space at hand, kept within limits; all in pixels.
 int scaled(double share, int whole, int least, int most);
 

@@ -23,16 +23,17 @@ constexpr int markRoom = 8; // pixels above a scale for the mark of its curve
 constexpr int markEvery = 90; // pixels from mark to mark
 constexpr int labelMargin = 6; // pixels beside the time above the finger
 
+constexpr double minute = 60; // seconds
+
 struct TimeGrid {
     double step; // seconds
     double unit; // seconds of one number on the axis
-    const char* name;
 };
 TimeGrid timeGrid(double span)
 {
-    if (span <= 90) return {10, 1, "s"};
-    if (span <= 400) return {60, 60, "min"};
-    return {180, 60, "min"};
+    if (span <= 90) return {10, 1};
+    if (span <= 400) return {minute, minute};
+    return {3 * minute, minute};
 }
 
 } // namespace
@@ -65,6 +66,13 @@ void TrendPlot::setNow(double seconds)
     if (frozen_) return;
     scale();
     putFinger(finger_);
+}
+
+void TrendPlot::setUnits(const QString& seconds, const QString& minutes)
+{
+    seconds_ = seconds;
+    minutes_ = minutes;
+    update();
 }
 
 void TrendPlot::setLines(std::vector<TrendLine> lines)
@@ -107,11 +115,11 @@ int TrendPlot::fontPixels() const { return scaled(0.055, height(), 10, 14); }
 
 int TrendPlot::axisWidth() const
 {
-    const QFontMetrics metrics{panelFont(fontPixels())};
-    int widest = metrics.horizontalAdvance(QStringLiteral("0.00"));
+    const QFont font = panelFont(fontPixels());
+    int widest = drawnWidth(font, QStringLiteral("0.00"));
     for (const TrendLine& line : lines_)
         for (int tick = 0; tick <= gridSteps; ++tick)
-            widest = std::max(widest, metrics.horizontalAdvance(axis(line.mark).label(tick)));
+            widest = std::max(widest, drawnWidth(font, axis(line.mark).label(tick)));
     return std::min(widest + 8, width() / 7);
 }
 
@@ -259,20 +267,20 @@ void TrendPlot::drawTimes(QPainter& painter) const
 {
     const QRect place = area();
     const TimeGrid grid = timeGrid(span_);
-    painter.setFont(panelFont(fontPixels()));
-    const QFontMetrics metrics{painter.font()};
+    const QFont font = panelFont(fontPixels());
     for (double age = 0; age <= span_ + 0.001; age += grid.step) {
         const double at = xAt(end() - age);
         painter.setPen(QPen{colours::faintBorder, 1, Qt::DotLine});
         painter.drawLine(QPointF(at, place.top()), QPointF(at, place.bottom()));
         painter.setPen(colours::faintInk);
         const QString number = QString::number(std::lround(age / grid.unit));
-        const QString label = age == 0 ? QStringLiteral("0 ") + QLatin1String(grid.name) : u'−' + number;
-        const int half = metrics.horizontalAdvance(label) / 2 + 1;
+        const QString label =
+            age == 0 ? QStringLiteral("0 ") + (grid.unit < minute ? seconds_ : minutes_) : u'−' + number;
+        const int half = drawnWidth(font, label) / 2 + 1;
         // Not below the scale's own labels.
         const int left = std::clamp(static_cast<int>(at) - half, place.left(), width() - 2 * half);
-        painter.drawText(QRect{left, place.bottom() + 2, 2 * half, metrics.height()},
-            Qt::AlignCenter | Qt::TextDontClip, label);
+        drawFitted(painter, {left, place.bottom() + 2, 2 * half, QFontMetrics{font}.height()},
+            Qt::AlignCenter, font, label);
     }
 }
 
@@ -287,8 +295,8 @@ void TrendPlot::drawGrid(QPainter& painter) const
     painter.setPen(QPen{colours::border, 1});
     painter.drawRect(QRectF{place}.adjusted(0, 0, -1, 0));
 
-    painter.setFont(panelFont(fontPixels()));
-    const QFontMetrics metrics{painter.font()};
+    const QFont font = panelFont(fontPixels());
+    const QFontMetrics metrics{font};
     const int wide = axisWidth();
     int right = place.left() - 2;
     for (const TrendLine& line : lines_) {
@@ -296,8 +304,7 @@ void TrendPlot::drawGrid(QPainter& painter) const
         for (int tick = 0; tick <= gridSteps; ++tick) {
             const int middle = static_cast<int>(place.bottom() - double(tick) / gridSteps * place.height());
             const QRect where{right - wide, middle - metrics.height() / 2, wide - 3, metrics.height()};
-            painter.drawText(
-                where, Qt::AlignRight | Qt::AlignVCenter | Qt::TextDontClip, axis(line.mark).label(tick));
+            drawFitted(painter, where, Qt::AlignRight | Qt::AlignVCenter, font, axis(line.mark).label(tick));
         }
         if (shared_) break;
         drawMark(painter, QPointF(right - wide / 2.0, markRoom / 2.0 + 1), line.mark, 7);
@@ -362,7 +369,7 @@ QString TrendPlot::ageText(double seconds) const
     const QDateTime present = frozen_ ? frozen_->wallClock : wallClock_();
     const double age = std::max(0.0, end() - seconds);
     return present.addMSecs(-std::llround(age * 1000)).toString(QStringLiteral("HH:mm:ss"))
-        + QStringLiteral("   −") + QString::number(age, 'f', 1) + QStringLiteral(" s");
+        + QStringLiteral("   −") + QString::number(age, 'f', 1) + u' ' + seconds_;
 }
 
 void TrendPlot::drawCursor(QPainter& painter) const
@@ -376,14 +383,13 @@ void TrendPlot::drawCursor(QPainter& painter) const
     // Above the curves, so that it hides none of them.
     const QFont font = panelFont(fontPixels(), true);
     const QString time = ageText(*at);
-    const int wide = QFontMetrics{font}.horizontalAdvance(time) + 2 * labelMargin;
+    const int wide = drawnWidth(font, time) + 2 * labelMargin;
     const int left = std::clamp(
         static_cast<int>(*finger_) - wide / 2, place.left(), std::max(place.left(), width() - wide));
     const QRect label{left, 0, wide, place.top() - 1};
     painter.fillRect(label, colours::accent);
-    painter.setFont(font);
     painter.setPen(colours::barInk);
-    painter.drawText(label, Qt::AlignCenter | Qt::TextDontClip, time);
+    drawFitted(painter, label, Qt::AlignCenter, font, time);
     for (const TrendLine& line : lines_) {
         const double value = valueAtCursor(line);
         if (std::isnan(value)) continue;

@@ -36,6 +36,8 @@ public:
     void setNow(double seconds);
     // The time of day that belongs to the present.
     void setWallClock(std::function<QDateTime()> clock) { wallClock_ = std::move(clock); }
+    // What stands behind seconds and minutes.
+    void setUnits(const QString& seconds, const QString& minutes);
     void setLines(std::vector<TrendLine> lines);
     // Seconds from the left edge to the right.
     void setSpan(double seconds);
@@ -98,6 +100,8 @@ private:
     const History* live_ = nullptr;
     std::function<QDateTime()> wallClock_ = [] { return QDateTime::currentDateTime(); };
     std::optional<Frozen> frozen_;
+    QString seconds_;
+    QString minutes_;
     std::vector<TrendLine> lines_;
     std::array<std::optional<Axis>, 4> axes_;
     std::optional<double> finger_; // pixels

@@ -35,7 +35,6 @@ TrendSheet::TrendSheet(QWidget* parent, PanelWords words)
                                       }};
     for (std::size_t i = 0; i < spans_.size(); ++i) {
         spans_[i] = new TouchKey{this};
-        spans_[i]->setText(QString::number(minutes[i]) + QStringLiteral(" min"));
         spans_[i]->setAction([this, i] { chooseSpan(i); });
     }
     plot_->setCursorHandler([this] { showReadings(); });
@@ -119,6 +118,9 @@ void TrendSheet::retranslate()
 {
     shared_->setText(words_(PanelText::TrendShared));
     close_->setText(words_(PanelText::Close));
+    plot_->setUnits(words_(PanelText::Seconds), words_(PanelText::Minutes));
+    for (std::size_t i = 0; i < spans_.size(); ++i)
+        spans_[i]->setText(QString::number(minutes[i]) + u' ' + words_(PanelText::Minutes));
     adapt();
 }
 

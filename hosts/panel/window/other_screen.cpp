@@ -27,12 +27,14 @@ void OtherScreen::paintEvent(QPaintEvent*)
     QPainter painter{this};
     painter.fillRect(rect(), colours::background);
     painter.fillRect(QRect{0, 0, width(), height() / 10}, colours::bar);
+    constexpr int margin = 16;
+    const int inside = width() - 2 * margin;
     painter.setPen(colours::ink);
-    painter.setFont(panelFont(scaled(0.045, height(), 24, 46), true));
-    painter.drawText(QRect{0, height() * 30 / 100, width(), height() * 12 / 100}, Qt::AlignCenter, title_);
+    drawFitted(painter, {margin, height() * 30 / 100, inside, height() * 12 / 100}, Qt::AlignCenter,
+        panelFont(scaled(0.045, height(), 24, 46), true), title_);
     painter.setPen(readable(colours::faintInk, colours::background));
-    painter.setFont(panelFont(scaled(0.022, height(), 13, 22)));
-    painter.drawText(QRect{0, height() * 42 / 100, width(), height() * 8 / 100}, Qt::AlignCenter, number_);
+    drawFitted(painter, {margin, height() * 42 / 100, inside, height() * 8 / 100}, Qt::AlignCenter,
+        panelFont(scaled(0.022, height(), 13, 22)), number_);
 }
 
 } // namespace servopanel::panel
