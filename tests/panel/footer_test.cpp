@@ -124,3 +124,32 @@ TEST_F(FooterTest, DriveByCodeRaisesNothing)
     }
     EXPECT_TRUE(around_.log.empty());
 }
+
+TEST_F(FooterTest, AKeyOfTheKeyboardShowsOnTheScreenToo)
+{
+    footer().Freigabe(4, true);
+    child().pressElsewhere(4);
+    EXPECT_TRUE(key(4).isDown());
+    EXPECT_EQ(around_.log, (std::vector<std::string>{"Fußzeile.TasteClick 4"}));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !key(4).isDown(); }));
+    // One that is off shows nothing, and the hardware key has no place on the screen.
+    child().pressElsewhere(5);
+    EXPECT_FALSE(key(5).isDown());
+    child().pressElsewhere(FußzeileChild::hardwareKey);
+    EXPECT_EQ(around_.log.back(), "Fußzeile.TasteClick 31");
+}
+
+// In grey it is told from others by its frame.
+TEST_F(FooterTest, AnActiveKeyHasAFrame)
+{
+    footer().Freigabe(7, true);
+    const auto edge = [&] {
+        const QImage grey = key(7).grab().toImage().convertToFormat(QImage::Format_Grayscale8);
+        return qGray(grey.pixel(grey.width() / 2, 2));
+    };
+    const int before = edge();
+    footer().Farbe(7, 0x00FF00);
+    EXPECT_LT(edge(), before - 80);
+    footer().Farbe(7, 0xC0C0C0);
+    EXPECT_EQ(edge(), before);
+}

@@ -95,6 +95,12 @@ void FußzeileChild::languageChanged()
         show(number);
 }
 
+void FußzeileChild::pressElsewhere(int key)
+{
+    if (FooterBar::hasKey(key) && viewOrNull() != nullptr && enabled()) bar().key(key).showPress();
+    press(key);
+}
+
 void FußzeileChild::press(int key)
 {
     const auto found = keys_.find(key);

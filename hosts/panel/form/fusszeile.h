@@ -19,6 +19,8 @@ public:
     FooterBar& bar() { return static_cast<FooterBar&>(view()); }
     // The operator presses a key, on the screen or on the keyboard; nothing happens while it is off.
     void press(int key);
+    // Likewise with a key that is not on the screen.
+    void pressElsewhere(int key);
 
     // Whether what a key stands for cannot be done now, though the page offers it.
     void setHeldBack(int key, bool heldBack) { bar().key(key).setHeldBack(heldBack); }

@@ -4,6 +4,7 @@
 #include "panel/look/contrast.h"
 #include "panel/look/fonts.h"
 #include "panel/look/mirroring.h"
+#include "panel/look/text_fit.h"
 #include "panel/widgets/value_marks.h"
 
 #include <QEvent>
@@ -15,7 +16,21 @@ namespace servopanel::panel {
 namespace {
 constexpr int repeatAfterMs = 450;
 constexpr int repeatEveryMs = 120;
+constexpr int pressShownMs = 150;
+constexpr int framePixels = 3; // of a key that stands for something active
 constexpr double offOpacity = 0.35;
+
+// On a narrow key letters become narrower before they become lower.
+QFont narrowed(QFont font, const QString& text, int width)
+{
+    constexpr int narrowest = 76; // per cent
+    constexpr int step = 4;
+    for (int stretch = QFont::Unstretched; stretch >= narrowest; stretch -= step) {
+        font.setStretch(stretch);
+        if (drawnWidth(font, text) <= width) break;
+    }
+    return font;
+}
 
 // A digit, an arrow and the like: the same on the keys of every language.
 bool isSingleSign(const QString& text)
@@ -103,6 +118,18 @@ void TouchKey::act()
     if (!on_ || !action_) return;
     const auto action = action_;
     action();
+}
+
+void TouchKey::showPress()
+{
+    if (!on_ || held_) return;
+    down_ = true;
+    update();
+    QTimer::singleShot(pressShownMs, this, [this] {
+        if (held_) return;
+        down_ = false;
+        update();
+    });
 }
 
 void TouchKey::mousePressEvent(QMouseEvent* event)
@@ -223,7 +250,8 @@ void TouchKey::paintEvent(QPaintEvent*)
     painter.drawRoundedRect(frame, 4, 4);
 
     const int shift = down_ ? 1 : 0;
-    QRect inside = rect().adjusted(4, 3, -4, -3).translated(shift, shift);
+    const int edge = isFramed() ? framePixels : 0;
+    const QRect inside = rect().adjusted(4 + edge, 3 + edge, -4 - edge, -3 - edge).translated(shift, shift);
     const bool isFaded = isHeldBack() || (!on_ && !isSign());
     if (isFaded && !picture().isNull()) painter.setOpacity(offOpacity);
 
@@ -234,9 +262,11 @@ void TouchKey::paintEvent(QPaintEvent*)
         QRect picturePlace = inside;
         if (corner != 0) picturePlace.setTop(inside.top() + corner * 2 / 3);
         if (!text_.isEmpty()) {
-            const int line = scaled(0.2, height(), 11, 19);
+            const int line =
+                std::max(scaled(0.2, height(), 11, 19), QFontMetrics{panelFont(leastTextPixels)}.height());
             picturePlace.setBottom(inside.bottom() - line);
-            textPlace = {inside.left(), inside.bottom() - line, inside.width(), line};
+            textPlace =
+                QRect{inside.left(), inside.bottom() - line, inside.width(), line}.adjusted(-2, 0, 2, 0);
         }
         picture_.draw(painter, picturePlace);
     }
@@ -245,10 +275,11 @@ void TouchKey::paintEvent(QPaintEvent*)
     if (!value_.isEmpty()) {
         paintValue(painter, textPlace, textPixels);
     } else if (!text_.isEmpty()) {
-        const int pixels = picture().isNull() ? textPixels : std::min(textPixels, textPlace.height() * 3 / 4);
         const bool bold = picture().isNull();
-        drawFitted(painter, textPlace, Qt::AlignCenter,
-            isSingleSign(text_) ? valueFont(pixels, bold) : panelFont(pixels, bold), text_);
+        const int pixels =
+            bold ? textPixels : std::min(textPixels, std::max(leastTextPixels, textPlace.height() * 3 / 4));
+        const QFont font = isSingleSign(text_) ? valueFont(pixels, bold) : panelFont(pixels, bold);
+        drawFitted(painter, textPlace, Qt::AlignCenter, narrowed(font, text_, textPlace.width()), text_);
     }
     if (corner != 0) {
         painter.setFont(panelFont(corner));
@@ -257,6 +288,12 @@ void TouchKey::paintEvent(QPaintEvent*)
             inside.adjusted(1, 0, -1, 0), static_cast<int>(leading(*this) | Qt::AlignTop), corner_);
     }
     if (isHeldBack()) paintWarning(painter, inside);
+    if (isFramed()) {
+        constexpr double half = framePixels / 2.0;
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen{colours::ink, framePixels});
+        painter.drawRoundedRect(frame.adjusted(half, half, -half, -half), 3, 3);
+    }
 }
 
 // Opposite to its name, large enough to be told from it.

@@ -28,7 +28,7 @@ public:
     void setPicture(const QImage& picture);
     const QImage& picture() const { return picture_.picture(); }
     void setRole(Role role);
-    // A face of another colour, for a key that stands for something active.
+    // A face of another colour and a thick frame, for a key that stands for something active.
     void setHighlight(std::optional<QColor> colour);
     void setOn(bool on);
     bool isOn() const { return on_; }
@@ -49,6 +49,8 @@ public:
     // How often a held key has acted since the finger came down, 0 at the first time.
     int repeats() const { return repeats_; }
     bool isDown() const { return down_; }
+    // The pressed look for a moment, for a key that is pressed elsewhere: on a keyboard or on the panel's edge.
+    void showPress();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -63,6 +65,8 @@ private:
     void act();
     void letGo();
     void paintValue(QPainter& painter, const QRect& place, int pixels) const;
+    // In grey the frame alone tells it from other keys.
+    bool isFramed() const { return on_ && highlight_.has_value(); }
     void paintWarning(QPainter& painter, const QRect& inside) const;
     QColor face() const;
     QColor ink() const;
