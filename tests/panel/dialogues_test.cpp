@@ -260,9 +260,11 @@ TEST_F(DialoguesTest, ARefusalNamesTheFieldAndTheReportTheVariable)
     flaky_->unwritable.insert(setpoints);
     hands_->language(german);
     hands_->footerKey(10);
-    EXPECT_EQ(answer(), "Nicht geschrieben: Anfang: von der Steuerung abgelehnt (+1). Geschrieben, Werte: 1");
+    EXPECT_EQ(answer(),
+        "Nur zum Teil geschrieben: Geschrieben, Werte: 1. Anfang: von der Steuerung abgelehnt (+1)");
     EXPECT_TRUE(isReported("Anfang, Servo.M1.Servo3.11: von der Steuerung abgelehnt – '" + setpoints
         + "': refused by the controller"));
+    EXPECT_TRUE(isReported("Geschrieben, Werte: 1"));
 }
 
 TEST_F(DialoguesTest, EveryReasonHasItsWords)

@@ -289,7 +289,7 @@ TEST_F(EditCheckTest, WhatCannotBeReadHoldsTheRestUpOnlyOnce)
     EXPECT_EQ(held(secondSetpoints, 0), before);
     hands_->wait(readingMs);
     hands_->footerKey(10);
-    EXPECT_EQ(answer(), "Not written: Start position: cannot be read (+1). Written, values: 1");
+    EXPECT_EQ(answer(), "Only partly written: Written, values: 1. Start position: cannot be read (+1)");
     EXPECT_EQ(held(secondSetpoints, 0), 12);
     EXPECT_FALSE(child("SollwertL", 21).isChanged());
 

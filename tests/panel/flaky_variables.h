@@ -24,7 +24,10 @@ public:
     }
     void WriteValue(std::string_view name, const basic::Variant& value) override
     {
-        if (unwritable.count(std::string{name}) > 0) fail(name, "refused by the controller");
+        if (unwritable.count(std::string{name}) > 0) {
+            if (refused) refused(name);
+            fail(name, "refused by the controller");
+        }
         inner_->WriteValue(name, value);
         if (written) written(name);
     }
@@ -33,6 +36,7 @@ public:
     std::set<std::string> unwritable;
     std::int32_t number = 5; // of the errors
     std::function<void(std::string_view name)> written; // told of every write that came through
+    std::function<void(std::string_view name)> refused; // and of every one that did not
 
 private:
     [[noreturn]] void fail(std::string_view name, const std::string& reason) const

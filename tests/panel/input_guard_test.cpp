@@ -55,7 +55,7 @@ protected:
     TouchKey& left_ = *new TouchKey{&window_.stage()};
     TouchKey& right_ = *new TouchKey{&window_.stage()};
     int touches_ = 0;
-    InputGuard guard_{window_, gate_, [this] { ++touches_; }};
+    InputGuard guard_{window_, gate_, [this](std::optional<QPoint>) { ++touches_; }};
     int actions_ = 0;
     EventGate::Entry::Kind kind_ = EventGate::Entry::Kind::Action;
     std::function<void()> during_;

@@ -389,7 +389,7 @@ TEST_F(ValueStatesTest, ARefusedWriteIsAnsweredWithFieldAndReason)
     hands_->footerKey(10);
     ASSERT_TRUE(panel_->answers().isVisible());
     EXPECT_TRUE(panel_->answers().isRefusal());
-    EXPECT_EQ(answer(), "Not written: Start position: refused by the controller. Written, values: 1");
+    EXPECT_EQ(answer(), "Only partly written: Written, values: 1. Start position: refused by the controller");
     EXPECT_EQ(basic::element(*panel_->variables().find(setpoints), 0), Variant{1.5});
     EXPECT_EQ(basic::element(*panel_->variables().find(secondSetpoints), 0), Variant{7.0});
 }

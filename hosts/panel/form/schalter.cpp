@@ -20,6 +20,9 @@ SchalterChild::SchalterChild(QWidget* parent, Services& panel)
             adapt();
         });
     lever().setHandler([this] { raise("SchalterGedrückt"); });
+    lever().setLockedHandler([this] {
+        if (!free_) this->services().lockedTouched(*this);
+    });
 }
 
 // From the machine comes the weight of the switch's bit, from the page a Boolean when the operator has toggled it.

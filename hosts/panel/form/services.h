@@ -22,6 +22,7 @@ struct LanguageFont {
     std::int16_t weight = 400;
 };
 
+class Child;
 class ControlHost;
 
 // What the controls of a form ask of the panel around them.
@@ -63,6 +64,9 @@ public:
     {
         return true;
     }
+
+    // The operator has touched an input that his access level does not allow to be changed.
+    virtual void lockedTouched(Child&) { }
 
     // An event is about to enter a control of the library, and its procedure is over.
     virtual void eventBegins(ControlHost&, std::string_view /*event*/, platform::Args) { }

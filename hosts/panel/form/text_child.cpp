@@ -52,6 +52,10 @@ TextChild::TextChild(std::string className, TextView& view, Services& services)
     view.setTouchHandler(touchEvents(
         [this](std::string_view event, std::initializer_list<Variant> args) { raise(event, args); }));
 
+    view.setLockedHandler([this] {
+        if (isLockedByLevel()) this->services().lockedTouched(*this);
+    });
+
     const auto add = [this](const platform::Member& member, auto& field, auto convert) {
         addProperty(
             member, [&field] { return Variant{field}; },

@@ -3,6 +3,7 @@
 #include "panel/look/reading_order.h"
 
 #include <QFontMetrics>
+#include <QPaintEngine>
 #include <QTextBoundaryFinder>
 #include <QTextLayout>
 
@@ -51,6 +52,12 @@ QString elided(const QFontMetrics& metrics, const QString& text, int width)
 
 } // namespace
 
+int lineHeight(const QFont& font, bool rightToLeft)
+{
+    const int height = QFontMetrics{font}.height();
+    return rightToLeft ? height * 5 / 4 : height;
+}
+
 QStringList brokenIntoLines(const QString& text, const QFont& font, int width)
 {
     QStringList lines;
@@ -91,25 +98,25 @@ TextFit TextFit::oneLine(const QString& text, const QFont& font, QSize place, in
 TextFit TextFit::wrapped(const QString& text, const QFont& font, QSize place, int leastPixels)
 {
     const int width = std::max(1, place.width());
-    const auto mostLines = [&](const QFontMetrics& metrics) {
-        return std::max(1, place.height() / std::max(1, metrics.height()));
+    const bool rightToLeft = runsRightToLeft(text);
+    const auto mostLines = [&](const QFont& of) {
+        return std::max(1, place.height() / std::max(1, lineHeight(of, rightToLeft)));
     };
     QFont smallest = font;
     smallest.setPixelSize(std::min(font.pixelSize(), leastPixels));
-    const int most = mostLines(QFontMetrics{smallest}) * (width / narrowest + 1);
+    const int most = mostLines(smallest) * (width / narrowest + 1);
     const QString looked = beginning(text, most);
     const bool isWhole = looked.size() == text.size();
 
     TextFit fit;
     fit.font = font;
     fit.lines = brokenIntoLines(looked, fit.font, width);
-    while (fit.font.pixelSize() > leastPixels
-        && (!isWhole || fit.lines.size() > mostLines(QFontMetrics{fit.font}))) {
+    while (fit.font.pixelSize() > leastPixels && (!isWhole || fit.lines.size() > mostLines(fit.font))) {
         fit.font.setPixelSize(fit.font.pixelSize() - 1);
         fit.lines = brokenIntoLines(looked, fit.font, width);
     }
     const QFontMetrics metrics{fit.font};
-    const int shown = mostLines(metrics);
+    const int shown = mostLines(fit.font);
     fit.elided = !isWhole || fit.lines.size() > shown;
     if (fit.lines.size() > shown) fit.lines.resize(shown);
     if (fit.elided && !fit.lines.isEmpty())
@@ -117,27 +124,34 @@ TextFit TextFit::wrapped(const QString& text, const QFont& font, QSize place, in
     return fit;
 }
 
-void TextFit::draw(
+bool TextFit::draw(
     QPainter& painter, const QRect& place, Qt::Alignment alignment, const std::optional<QRect>& seen) const
 {
     painter.setFont(font);
-    const int lineHeight = QFontMetrics{font}.height();
-    const int height = lineHeight * static_cast<int>(lines.size());
+    // All lines of a text stand on the same side and run the same way.
+    const bool rightToLeft = runsRightToLeft(lines.join(u' '));
+    const int pitch = lineHeight(font, rightToLeft && lines.size() > 1);
+    const int height = pitch * static_cast<int>(lines.size());
     int top = place.top() + (place.height() - height) / 2;
     if ((alignment & Qt::AlignTop) != 0) top = place.top();
     if ((alignment & Qt::AlignBottom) != 0) top = place.bottom() + 1 - height;
-    // All lines of a text stand on the same side and run the same way.
-    const bool rightToLeft = runsRightToLeft(lines.join(u' '));
     const int flags =
         drawingFlags((alignment & (Qt::AlignHorizontal_Mask | Qt::AlignAbsolute)) | Qt::AlignVCenter,
             directionOf(painter), rightToLeft);
+    bool isWhole = !elided;
     for (const QString& line : lines) {
-        const QRect row{place.left(), top, place.width(), lineHeight};
-        top += lineHeight;
-        if (seen && (row.top() < seen->top() || row.bottom() > seen->bottom())) continue;
+        const QRect row{place.left(), top, place.width(), pitch};
+        top += pitch;
+        if (seen && (row.top() < seen->top() || row.bottom() > seen->bottom())) {
+            isWhole = false;
+            continue;
+        }
         // Exact widths have fractions; what fits when rounded must not lose its last letters.
         painter.drawText(row, flags | Qt::TextSingleLine | Qt::TextDontClip, forDrawing(line, rightToLeft));
     }
+    auto* const listener = isWhole ? nullptr : dynamic_cast<LeftOutListener*>(painter.paintEngine());
+    if (listener != nullptr) listener->leftOut(lines.join(u' '));
+    return isWhole;
 }
 
 } // namespace servopanel::panel

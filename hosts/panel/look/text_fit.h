@@ -26,10 +26,22 @@ struct TextFit {
 
     // The colour is that of the painter's pen. Left and right change places on a widget from right to left, unless the
     // alignment is absolute.
-    // Lines that do not lie within seen as a whole are left out, because half a line cannot be read.
-    void draw(QPainter& painter, const QRect& place, Qt::Alignment alignment,
+    // Lines that do not lie within seen as a whole are left out, because half a line cannot be read. False: something of
+    // the text is not seen; a painter that listens is told of it.
+    bool draw(QPainter& painter, const QRect& place, Qt::Alignment alignment,
         const std::optional<QRect>& seen = {}) const;
 };
+
+// A paint engine that is this as well is told of every text of which something is not seen.
+class LeftOutListener {
+public:
+    virtual ~LeftOutListener() = default;
+    // text: as far as it was looked at, with "…" where it was cut.
+    virtual void leftOut(const QString& text) = 0;
+};
+
+// From one line of a text to the next, pixels. Letters that run from right to left reach further than the font says.
+int lineHeight(const QFont& font, bool rightToLeft);
 
 // The lines of a text: broken between words, and within a word that is longer than a line. A line break in the text is
 // one on the screen. width: pixels.

@@ -1,5 +1,7 @@
 #include "panel/look/touch_size.h"
 
+#include <QCoreApplication>
+#include <QResizeEvent>
 #include <QVariant>
 #include <QWidget>
 
@@ -25,7 +27,18 @@ const QWidget& ground(const QWidget& widget)
 
 double usualDiagonal(int width) { return width >= 1280 ? 19 : 15; }
 
-void stateDiagonal(QWidget& stage, double inches) { stage.setProperty(diagonalProperty, inches); }
+void stateDiagonal(QWidget& stage, double inches)
+{
+    const QVariant before = stage.property(diagonalProperty);
+    if (before.isValid() && before.toDouble() == inches) return;
+    stage.setProperty(diagonalProperty, inches);
+    // As after a change of their size, which is what it is for whoever reckons in millimetres.
+    for (QWidget* each : stage.findChildren<QWidget*>()) {
+        QResizeEvent event{each->size(), each->size()};
+        QCoreApplication::sendEvent(each, &event);
+        each->update();
+    }
+}
 
 QWidget& stageOf(QWidget& widget) { return const_cast<QWidget&>(ground(widget)); }
 const QWidget& stageOf(const QWidget& widget) { return ground(widget); }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "machine/screen_rows.h"
+
 class QSize;
 class QWidget;
 
@@ -9,7 +11,8 @@ namespace servopanel::panel {
 
 // The diagonal that panels of this width in pixels usually have, inches.
 double usualDiagonal(int width);
-// The stage, which all of a panel's widgets stand on, is this large. inches: of the diagonal.
+// The stage, which all of a panel's widgets stand on, is this large. inches: of the diagonal. Where that is news, what
+// stands on the stage lays itself out anew.
 void stateDiagonal(QWidget& stage, double inches);
 // The stage that a widget stands on. A widget outside of panels stands on its own window, which has the usual diagonal.
 QWidget& stageOf(QWidget& widget);
@@ -22,6 +25,6 @@ double millimetresPerPixel(const QWidget& widget);
 
 // The least side of what a finger shall hit, in pixels: 9 mm.
 int leastTouch(const QWidget& widget);
-inline constexpr double leastTouchMillimetres = 9;
+using machine::leastTouchMillimetres;
 
 } // namespace servopanel::panel

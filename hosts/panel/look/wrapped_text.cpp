@@ -1,14 +1,14 @@
 #include "panel/look/wrapped_text.h"
 
+#include "panel/look/reading_order.h"
 #include "panel/look/text_fit.h"
-
-#include <QFontMetrics>
 
 namespace servopanel::panel {
 
 int wrappedHeight(const QString& text, const QFont& font, int width)
 {
-    return static_cast<int>(brokenIntoLines(text, font, width).size()) * QFontMetrics{font}.height();
+    const auto lines = static_cast<int>(brokenIntoLines(text, font, width).size());
+    return lines * lineHeight(font, lines > 1 && runsRightToLeft(text));
 }
 
 void drawWrapped(QPainter& painter, const QRect& place, const QRect& seen, Qt::Alignment alignment,

@@ -8,6 +8,24 @@
 
 namespace servopanel::panel {
 
+namespace {
+
+// A variable is written with all of its values and refused as a whole. Some reasons are those of one value only.
+bool isOfOneValue(RefusalReason reason)
+{
+    return reason == RefusalReason::OutOfRange || reason == RefusalReason::WrongType
+        || reason == RefusalReason::LevelTooLow || reason == RefusalReason::ChangedMeanwhile
+        || reason == RefusalReason::Differs;
+}
+
+QString withFurther(QString text, qsizetype further)
+{
+    if (further > 0) text += QStringLiteral(" (+%1)").arg(further);
+    return text;
+}
+
+} // namespace
+
 ConfirmAnswers::ConfirmAnswers(WatchedVariables& variables, AnswerStrip& strip, PanelWords words,
     std::function<void(const QString&)> note)
     : variables_{variables}
@@ -47,6 +65,7 @@ void ConfirmAnswers::keyEnds(ControlHost& page, bool hasLink)
         return;
     }
     findNotTaken();
+    findChanged();
     if (!hasLink)
         for (Refusal& refusal : answer_->refusals)
             if (refusal.reason != RefusalReason::NotTaken) refusal.reason = RefusalReason::NoLink;
@@ -81,6 +100,37 @@ void ConfirmAnswers::findNotTaken()
                 {write.family, write.variable, RefusalReason::NotTaken, {}, field.source.element});
         }
     }
+}
+
+// The page has read the machine anew meanwhile, so that the values which have changed there can be told from those that
+// were only refused along with them.
+void ConfirmAnswers::findChanged()
+{
+    std::vector<Refusal> found;
+    for (const Refusal& refusal : answer_->refusals) {
+        const auto write = std::find_if(variables_.writes().begin(), variables_.writes().end(),
+            [&](const WatchedVariables::Write& each) { return each.variable == refusal.variable; });
+        const WatchedVariables::Read* const now = variables_.latest(refusal.family);
+        std::vector<Refusal> single;
+        bool isAnyKnown = false;
+        for (const Field& field : changed_) {
+            if (field.source.family != refusal.family) continue;
+            single.push_back(refusal);
+            single.back().element = field.source.element;
+            const bool isKnown = now != nullptr && write != variables_.writes().end()
+                && elementValue(field.source, now->value) != elementValue(field.source, write->before);
+            if (!isKnown) single.back().reason = RefusalReason::NotTaken;
+            isAnyKnown = isAnyKnown || isKnown;
+        }
+        if (refusal.reason != RefusalReason::ChangedMeanwhile || !isAnyKnown || single.size() < 2) {
+            found.push_back(refusal);
+            continue;
+        }
+        std::stable_partition(single.begin(), single.end(),
+            [](const Refusal& each) { return each.reason == RefusalReason::ChangedMeanwhile; });
+        found.insert(found.end(), single.begin(), single.end());
+    }
+    answer_->refusals = std::move(found);
 }
 
 std::vector<ValueSource> ConfirmAnswers::waiting() const
@@ -134,38 +184,76 @@ QString ConfirmAnswers::written() const
     return words_(PanelText::Written) + u' ' + QString::number(answer_->written);
 }
 
+bool ConfirmAnswers::isSure() const
+{
+    return std::none_of(answer_->refusals.begin(), answer_->refusals.end(),
+        [](const Refusal& refusal) { return isUnknown(refusal.reason); });
+}
+
+bool ConfirmAnswers::isUntoldAlone() const
+{
+    return answer_->refusals.size() == 1 && answer_->refusals.front().family == families::changedFlag;
+}
+
 QString ConfirmAnswers::head() const
 {
     if (answer_->refusals.empty()) return written();
-    const bool isUnclear = std::any_of(answer_->refusals.begin(), answer_->refusals.end(),
-        [](const Refusal& refusal) { return isUnknown(refusal.reason); });
-    return words_(isUnclear ? PanelText::NotSure : PanelText::NotWritten);
+    if (!isSure()) return words_(PanelText::NotSure);
+    const bool isPart = answer_->written > 0 && !isUntoldAlone();
+    return words_(isPart ? PanelText::PartlyWritten : PanelText::NotWritten);
+}
+
+QString ConfirmAnswers::Group::text(const PanelWords& words) const
+{
+    const QString word = reasonWord(reason, words);
+    if (isOfOneOfThem) return captions.join(QStringLiteral(" / ")) + QStringLiteral(": ") + word;
+    return withFurther(captions.value(0) + QStringLiteral(": ") + word, captions.size() - 1);
+}
+
+std::vector<ConfirmAnswers::Group> ConfirmAnswers::groups(ControlHost& page) const
+{
+    std::vector<Group> groups;
+    for (const Refusal& refusal : answer_->refusals) {
+        // That the machine was not told has its own words when there is something else to say.
+        if (refusal.family == families::changedFlag && !isUntoldAlone()) continue;
+        const QStringList captions = concerned(page, refusal);
+        const bool isOfOneOfThem = refusal.element < 0 && captions.size() > 1 && isOfOneValue(refusal.reason);
+        const auto same = std::find_if(groups.begin(), groups.end(), [&](const Group& group) {
+            return group.reason == refusal.reason && !group.isOfOneOfThem && !isOfOneOfThem;
+        });
+        if (same == groups.end())
+            groups.push_back({refusal.reason, captions, isOfOneOfThem});
+        else
+            same->captions += captions;
+    }
+    const auto place = [](const Group& group) {
+        if (isUnknown(group.reason)) return 0;
+        return group.isOfOneOfThem ? 2 : 1;
+    };
+    std::stable_sort(groups.begin(), groups.end(),
+        [&](const Group& one, const Group& other) { return place(one) < place(other); });
+    return groups;
 }
 
 QString ConfirmAnswers::reason(ControlHost& page) const
 {
     if (answer_->refusals.empty()) return overwritten(page);
-    const Refusal& first = answer_->refusals.front();
-    const bool isUntoldBesides = answer_->isUntold && first.family != families::changedFlag;
-    qsizetype further = isUntoldBesides ? -2 : -1;
-    for (const Refusal& refusal : answer_->refusals)
-        further += concerned(page, refusal).size();
-    QString reason =
-        concerned(page, first).value(0) + QStringLiteral(": ") + reasonWord(first.reason, words_);
-    if (further > 0) reason += QStringLiteral(" (+%1)").arg(further);
+    QStringList parts;
+    for (const Group& group : groups(page))
+        parts += group.text(words_);
     // Whatever the machine holds: it goes on with what it had before.
-    if (isUntoldBesides) reason += QStringLiteral(". ") + words_(PanelText::NotTold);
-    if (answer_->written > 0) reason += QStringLiteral(". ") + written();
-    if (!overwritten_.empty()) reason += QStringLiteral(". ") + overwritten(page);
-    return reason;
+    if (answer_->isUntold && !isUntoldAlone())
+        parts.insert(std::min<qsizetype>(1, parts.size()), words_(PanelText::NotTold));
+    // What may be lost at the end are names, which the list of reports has.
+    if (answer_->written > 0) parts.insert(isUntoldAlone() ? parts.size() : 0, written());
+    if (!overwritten_.empty()) parts += overwritten(page);
+    return parts.join(QStringLiteral(". "));
 }
 
 QString ConfirmAnswers::overwritten(ControlHost& page) const
 {
     if (overwritten_.empty()) return {};
-    QString text = told(page, overwritten_.front());
-    if (overwritten_.size() > 1) text += QStringLiteral(" (+%1)").arg(overwritten_.size() - 1);
-    return text;
+    return withFurther(told(page, overwritten_.front()), static_cast<qsizetype>(overwritten_.size()) - 1);
 }
 
 void ConfirmAnswers::report(ControlHost& page)
@@ -183,6 +271,8 @@ void ConfirmAnswers::report(ControlHost& page)
                 + QString::fromStdString(refusal.description);
         note_(line);
     }
+    // The latest line stands on top: the number, then the names.
+    if (answer_->written > 0 && !answer_->refusals.empty()) note_(written());
 }
 
 } // namespace servopanel::panel

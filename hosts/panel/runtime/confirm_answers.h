@@ -44,12 +44,25 @@ private:
     };
 
     void findNotTaken();
+    void findChanged();
 
+    // Refusals with one and the same reason, as the strip names them.
+    struct Group {
+        RefusalReason reason = RefusalReason::Other;
+        QStringList captions;
+        bool isOfOneOfThem = false; // and nobody knows of which
+        QString text(const PanelWords& words) const;
+    };
+    // Those that the heading speaks of come first, and those of which nobody knows whose they are last.
+    std::vector<Group> groups(ControlHost& page) const;
+    // Whether all is written, but the machine does not know of it.
+    bool isUntoldAlone() const;
     // The captions of what a refusal concerns; that the machine was not told concerns no field.
     QStringList concerned(ControlHost& page, const Refusal& refusal) const;
     // Caption, and what the machine held and holds now.
     QString told(ControlHost& page, const Overwritten& value) const;
     void show(ControlHost& page);
+    bool isSure() const;
     QString written() const;
     // Head and reason, as they stand on the strip.
     QString head() const;

@@ -91,9 +91,22 @@ bool EditCheck::mayEdit(ControlHost& page, platform::ChildId id, const ValueSour
         : read == nullptr                                 ? RefusalReason::NotReadable
         : read->problem.empty()                           ? RefusalReason::Old
                                                           : reasonOf(read->error, true);
-    strip_.showRefused(words_(PanelText::NotEditable),
+    strip_.showLocked(words_(PanelText::NotEditable),
         inputCaption(page, id.name, id.index) + QStringLiteral(": ") + reasonWord(reason, words_));
     return false;
+}
+
+bool EditCheck::tellLocked(ControlHost& page, Child& touched)
+{
+    QString caption;
+    page.forEach([&](std::string_view name, std::int16_t index, Child& child) {
+        const std::optional<ValueSource> source = valueSource(name, index);
+        if (&child == &touched && source && isInput(*source)) caption = inputCaption(page, name, index);
+    });
+    if (caption.isEmpty()) return false;
+    strip_.showLocked(words_(PanelText::NotEditable),
+        caption + QStringLiteral(": ") + reasonWord(RefusalReason::LevelTooLow, words_));
+    return true;
 }
 
 // An edit goes on until nothing is changed any more, however often its field is touched.

@@ -35,6 +35,8 @@ public:
 
     // Whether an event may enter the page.
     bool admits(ControlHost& page, platform::ChildId id, std::string_view event, platform::Args args);
+    // Says that the access level is too low for an input that was touched; false when it is none.
+    bool tellLocked(ControlHost& page, Child& touched);
     // A confirm is over. waiting: what is still to be written; these edits go on, and all others have ended.
     void confirmEnds(const std::vector<ValueSource>& waiting);
     // Its procedure is over. isOver: nothing is changed, and nothing is open to be changed.

@@ -22,7 +22,7 @@ bool actsByItself(int key)
 
 } // namespace
 
-InputGuard::InputGuard(QWidget& window, EventGate& gate, std::function<void()> touched)
+InputGuard::InputGuard(QWidget& window, EventGate& gate, Touched touched)
     : window_{window}
     , gate_{gate}
     , touched_{std::move(touched)}
@@ -46,16 +46,21 @@ void InputGuard::drain()
     turn(turn);
 }
 
-bool InputGuard::press(Qt::MouseButton button)
+QPoint InputGuard::inWindow(const QMouseEvent& event) const
+{
+    return window_.mapFrom(window_.window(), event.position().toPoint());
+}
+
+bool InputGuard::press(const QMouseEvent& event)
 {
     if (down_ || key_ != 0 || dropping_ || isDraining()) {
         if (!down_) dropping_ = true;
         return true;
     }
     down_ = true;
-    button_ = button;
+    button_ = event.button();
     gate_.beginTouch();
-    touched_();
+    touched_(inWindow(event));
     return false;
 }
 
@@ -80,7 +85,7 @@ bool InputGuard::keyPress(int key, bool repeated)
     }
     if (acts) key_ = key;
     gate_.beginTouch();
-    touched_();
+    touched_({});
     return false;
 }
 
@@ -98,10 +103,8 @@ bool InputGuard::isOurs(const QEvent& event) const
     if (window_.isWindow()) return true;
     switch (event.type()) {
     case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonDblClick: {
-        const QPointF at = static_cast<const QMouseEvent&>(event).position();
-        return window_.rect().contains(window_.mapFrom(window_.window(), at.toPoint()));
-    }
+    case QEvent::MouseButtonDblClick:
+        return window_.rect().contains(inWindow(static_cast<const QMouseEvent&>(event)));
     case QEvent::KeyPress:
     case QEvent::KeyRelease: {
         const QWidget* focus = QApplication::focusWidget();
@@ -117,10 +120,9 @@ bool InputGuard::eventFilter(QObject* watched, QEvent* event)
     if (!watched->isWindowType() || watched != window_.window()->windowHandle() || !isOurs(*event))
         return false;
     switch (event->type()) {
-    case QEvent::MouseButtonPress: return press(static_cast<QMouseEvent*>(event)->button());
+    case QEvent::MouseButtonPress: return press(static_cast<QMouseEvent&>(*event));
     // A quick second touch comes as a press and as this.
-    case QEvent::MouseButtonDblClick:
-        return down_ ? false : press(static_cast<QMouseEvent*>(event)->button());
+    case QEvent::MouseButtonDblClick: return down_ ? false : press(static_cast<QMouseEvent&>(*event));
     case QEvent::MouseMove: return dropping_;
     case QEvent::MouseButtonRelease: {
         const auto* mouse = static_cast<QMouseEvent*>(event);

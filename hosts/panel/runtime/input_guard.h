@@ -2,11 +2,13 @@
 
 #include "panel/form/event_gate.h"
 
+#include <QMouseEvent>
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 #include <set>
 
 namespace servopanel::panel {
@@ -18,9 +20,11 @@ namespace servopanel::panel {
 // touch.
 class InputGuard : public QObject {
 public:
-    // touched: the operator has touched or pressed something, before it acts.
+    // touched: the operator has touched or pressed something, before it acts. at: in pixels of the window; nothing for a
+    // key of the keyboard.
+    using Touched = std::function<void(std::optional<QPoint> at)>;
     // window: the panel's; it may stand in another one.
-    InputGuard(QWidget& window, EventGate& gate, std::function<void()> touched);
+    InputGuard(QWidget& window, EventGate& gate, Touched touched);
     ~InputGuard() override;
 
 protected:
@@ -28,7 +32,8 @@ protected:
 
 private:
     bool isOurs(const QEvent& event) const;
-    bool press(Qt::MouseButton button);
+    QPoint inWindow(const QMouseEvent& event) const;
+    bool press(const QMouseEvent& event);
     bool release(Qt::MouseButton button, bool isLast);
     bool keyPress(int key, bool repeated);
     bool keyRelease(int key, bool repeated);
@@ -38,7 +43,7 @@ private:
 
     QWidget& window_;
     EventGate& gate_;
-    std::function<void()> touched_;
+    Touched touched_;
     QObject context_;
     int turns_ = 0; // of the event loop until what waited is gone
     bool down_ = false; // a touch that was let through

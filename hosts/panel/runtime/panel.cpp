@@ -19,11 +19,8 @@ constexpr int keyPictureSide = 512;
 
 QSize stageSize(int resolution)
 {
-    switch (resolution) {
-    case 800: return {800, 600};
-    case 1024: return {1024, 768};
-    default: return {1280, 1024};
-    }
+    const machine::ScreenSize size = machine::screenSize(resolution);
+    return {size.width, size.height};
 }
 
 portable::PathMapping mapping(const PanelSettings& settings)
@@ -72,7 +69,7 @@ Panel::Panel(PanelSettings settings)
     , window_{stageSize(settings_.resolution.value_or(file_.resolution)), settings_.zoom}
     , errors_{window_.stage(), [this](PanelText text) { return word(text); }, [this] { return now(); }}
     , answers_{*new AnswerStrip{&window_.stage()}}
-    , guard_{window_, gate_, [this] { answers_.touched(); }}
+    , guard_{window_, gate_, [this](std::optional<QPoint> at) { touched(at); }}
     , edits_{*watched_, answers_, [this](PanelText text) { return word(text); },
           [this](const QString& line) { errors_.add(ErrorEntry::Origin::Panel, line); }}
     , confirms_{*watched_, answers_, [this](PanelText text) { return word(text); },
@@ -92,9 +89,10 @@ Panel::Panel(PanelSettings settings)
     errors_.setAddedHandler(settings_.outside.reported);
     applySettings();
     if (file_.input == 0) edits_.setLocked();
-    stateDiagonal(window_.stage(), file_.diagonalInches.value_or(usualDiagonal(window_.stage().width())));
+    if (file_.diagonalInches) window_.setScreenDiagonal(*file_.diagonalInches);
     watched_->setChangeHandler([this] { showValueStates(); });
     watched_->setObserver([this](std::string_view name, const Variant* value) { trends_.seen(name, value); });
+    answers_.setAskedHandler([this](bool isReported) { showAnswerInFull(isReported); });
     window_.setKeyHandler([this](int number) { pressKey(number); });
     window_.setCloseHandler([this] {
         gate_.later([this] {

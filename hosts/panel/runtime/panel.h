@@ -154,6 +154,7 @@ public:
         ControlHost& form, platform::ChildId id, std::string_view event, platform::Args args) override;
     ValueState valueState(const ValueSource& source) override;
     FamilyRead familyRead(std::string_view family) override;
+    void lockedTouched(Child& input) override;
     void eventBegins(ControlHost& form, std::string_view event, platform::Args args) override;
     void eventEnds(ControlHost& form, std::string_view event, platform::Args args) override;
     // HeaderSource
@@ -186,6 +187,11 @@ private:
     void openScreen(std::int16_t number);
     void placeErrorKey();
     void placeAnswers();
+    // Tells the engineer when rows are too low for a finger on the screen that the project states.
+    void noteLowRows();
+    // The operator has touched a place of the window, or pressed a key.
+    void touched(std::optional<QPoint> at);
+    void showAnswerInFull(bool isReported);
     void showValueStates();
     void showConfirmKey();
     void keepWaiting(ControlHost& page);

@@ -2,10 +2,14 @@
 #include "basic/conversions.h"
 #include "panel/form/fusszeile.h"
 #include "panel/look/qt_text.h"
+#include "panel/look/touch_size.h"
 #include "panel/runtime/panel.h"
 #include "panel/widgets/message_sheet.h"
 #include "panel/window/other_screen.h"
 #include "platform/ids.h"
+
+#include <algorithm>
+#include <cmath>
 
 namespace servopanel::panel {
 
@@ -47,6 +51,7 @@ void Panel::openServo()
     followMenuLanguage("Show");
     // What was read while the control was being made found no displays yet.
     showValueStates();
+    noteLowRows();
     if (settings_.outside.servoOpened) settings_.outside.servoOpened(*servo_);
 }
 
@@ -116,6 +121,36 @@ void Panel::placeAnswers()
     answers_.setGeometry(across(7), down(152), across(380), down(102));
 }
 
+void Panel::noteLowRows()
+{
+    if (!file_.diagonalInches) return;
+    const QWidget& stage = window_.stage();
+    const double row = machine::rowPixels(stage.width()) * millimetresPerPixel(stage);
+    if (row >= leastTouchMillimetres) return;
+    const double needed = *file_.diagonalInches * leastTouchMillimetres / row;
+    const QString line =
+        word(PanelText::LowRows) + u' ' + QString::number(std::ceil(needed * 10 - 1e-9) / 10);
+    const auto& known = errors_.entries();
+    const bool isKnown =
+        std::any_of(known.begin(), known.end(), [&](const ErrorEntry& entry) { return entry.text == line; });
+    if (!isKnown) note(line.toStdString());
+}
+
+// An answer goes with a touch, unless that touch asks for all of it.
+void Panel::touched(std::optional<QPoint> at)
+{
+    const QPoint corner = window_.toWindow(answers_, {});
+    const QRect place{corner, window_.toWindow(answers_, answers_.rect().bottomRight())};
+    if (!at || !answers_.isVisible() || !place.contains(*at)) answers_.touched();
+}
+
+// In the list of reports, where every text has room.
+void Panel::showAnswerInFull(bool isReported)
+{
+    if (!isReported) errors_.add(ErrorEntry::Origin::Panel, answers_.text());
+    errors_.open();
+}
+
 // Whoever reads a message or enters a value is left in peace.
 bool Panel::mayShowTrends()
 {
@@ -149,7 +184,8 @@ void Panel::pressKey(int number)
 {
     if (gate_.isClosed() || takesKey(number)) return;
     if (ControlHost* part = shownPart()) {
-        if (auto* footer = dynamic_cast<FußzeileChild*>(part->find("Fußzeile"))) footer->press(number);
+        if (auto* footer = dynamic_cast<FußzeileChild*>(part->find("Fußzeile")))
+            footer->pressElsewhere(number);
     } else if (otherScreen_ != 0 && number == 11) {
         gate_.later([this] { openServo(); });
     }
@@ -158,8 +194,14 @@ void Panel::pressKey(int number)
 // The way out closes what lies on the page first.
 bool Panel::takesKey(int number)
 {
-    if (number != 11 || !trends_.isOpen()) return false;
-    trends_.close();
+    if (number != 11) return false;
+    auto* const header = servo_ ? dynamic_cast<HeaderChild*>(servo_->find("Header")) : nullptr;
+    if (errors_.isOpen())
+        errors_.close();
+    else if (trends_.isOpen())
+        trends_.close();
+    else
+        return header != nullptr && header->bar().closeSheet();
     return true;
 }
 

@@ -22,6 +22,13 @@ bool endsEdit(platform::Args args)
     return key == confirmKey || key == discardKey;
 }
 
+bool hasOpenMask(ControlHost& page)
+{
+    auto* mask = dynamic_cast<EingabemaskeChild*>(page.find("Eingabemaske"));
+    auto* editor = dynamic_cast<IniEingabeChild*>(page.find("IniEingabe"));
+    return (mask != nullptr && mask->isOpen()) || (editor != nullptr && editor->isOpen());
+}
+
 // A switch is told the end of an edit by its new state alone, which does not come while the machine is silent.
 void settleSwitches(ControlHost& form)
 {
@@ -86,6 +93,14 @@ bool Panel::admits(ControlHost& form, platform::ChildId id, std::string_view eve
     return admitted;
 }
 
+void Panel::lockedTouched(Child& input)
+{
+    ControlHost* const part = shownPart();
+    // Without the permission for inputs the page itself has the words.
+    if (part == nullptr || hasOpenMask(*part) || file_.input == 0 || !edits_.tellLocked(*part, input)) return;
+    confirms_.forget();
+}
+
 void Panel::eventBegins(ControlHost& form, std::string_view event, platform::Args)
 {
     if (event != "TasteClick") return;
@@ -126,9 +141,7 @@ void Panel::eventEnds(ControlHost& form, std::string_view event, platform::Args 
         answers_.dismiss();
         return;
     }
-    auto* mask = dynamic_cast<EingabemaskeChild*>(part->find("Eingabemaske"));
-    auto* editor = dynamic_cast<IniEingabeChild*>(part->find("IniEingabe"));
-    answers_.setCovered((mask != nullptr && mask->isOpen()) || (editor != nullptr && editor->isOpen()));
+    answers_.setCovered(hasOpenMask(*part));
 }
 
 } // namespace servopanel::panel

@@ -3,7 +3,7 @@
 #include "panel/look/colours.h"
 #include "panel/look/fonts.h"
 #include "panel/look/mirroring.h"
-#include "panel/look/wrapped_text.h"
+#include "panel/look/text_fit.h"
 #include "panel/widgets/value_marks.h"
 
 #include <QEvent>
@@ -36,6 +36,11 @@ void AnswerStrip::showWarned(const QString& text, const QString& reason)
 void AnswerStrip::showRefused(const QString& text, const QString& reason)
 {
     begin(Kind::Refused, text, reason);
+}
+
+void AnswerStrip::showLocked(const QString& text, const QString& reason)
+{
+    begin(Kind::Locked, text, reason);
 }
 
 void AnswerStrip::begin(Kind kind, const QString& text, const QString& reason)
@@ -92,13 +97,20 @@ void AnswerStrip::changeEvent(QEvent* event)
 
 void AnswerStrip::mousePressEvent(QMouseEvent* event) { event->accept(); }
 
+void AnswerStrip::mouseReleaseEvent(QMouseEvent* event)
+{
+    event->accept();
+    if (!due_ || !waitsForTouch() || !asked_ || !rect().contains(event->position().toPoint())) return;
+    asked_(kind_ != Kind::Locked);
+}
+
 void AnswerStrip::paintEvent(QPaintEvent*)
 {
     QPainter painter{this};
     painter.setRenderHint(QPainter::Antialiasing);
-    const QColor edge = kind_ == Kind::Refused ? colours::refuse
-        : kind_ == Kind::Written               ? colours::accept
-                                               : colours::ink;
+    const QColor edge = isRefusal() ? colours::refuse
+        : kind_ == Kind::Written    ? colours::accept
+                                    : colours::ink;
     painter.setPen(QPen{edge, 2});
     painter.setBrush(kind_ == Kind::Warned ? mix(colours::warn, colours::sheet, 0.6) : colours::sheet);
     painter.drawRoundedRect(QRectF{rect()}.adjusted(1, 1, -1, -1), 4, 4);
@@ -107,7 +119,7 @@ void AnswerStrip::paintEvent(QPaintEvent*)
     const int margin = scaled(0.08, height(), 4, 8);
     const int top = reason_.isEmpty() ? (height() - side) / 2 : margin;
     const QRect sign{margin + 2, top, side, side};
-    if (kind_ == Kind::Refused)
+    if (isRefusal())
         drawCross(painter, mirroredIn(*this, sign), edge);
     else if (kind_ == Kind::Warned)
         drawWarning(painter, mirroredIn(*this, sign), edge);
@@ -123,11 +135,10 @@ void AnswerStrip::paintEvent(QPaintEvent*)
     if (reason_.isEmpty()) return;
     const QRect rest{
         margin + 2, head.bottom() + 2, width() - 2 * margin - 4, height() - head.bottom() - margin};
-    QFont font = panelFont(scaled(0.17, height(), 11, 15));
     // A long reason is made smaller before its end is lost; the list of reports has it as a whole.
-    while (font.pixelSize() > 9 && wrappedHeight(reason_, font, rest.width()) > rest.height())
-        font.setPixelSize(font.pixelSize() - 1);
-    drawWrapped(painter, rest, rest, leading(*this), font, reason_);
+    constexpr int leastPixels = 9;
+    TextFit::wrapped(reason_, panelFont(scaled(0.17, height(), 11, 15)), rest.size(), leastPixels)
+        .draw(painter, rest, leading(*this) | Qt::AlignTop);
 }
 
 } // namespace servopanel::panel

@@ -5,6 +5,7 @@
 #include "panel/look/mirroring.h"
 #include "panel/look/touch_size.h"
 #include "panel/look/wrapped_text.h"
+#include "panel/widgets/message_sheet.h"
 
 #include <QEvent>
 #include <QPainter>
@@ -194,9 +195,21 @@ void ErrorList::adapt()
     badge_->setVisible(sum > 0);
     badge_->setText(
         sum > mostShown ? QStringLiteral("! %1+").arg(mostShown) : QStringLiteral("! %1").arg(sum));
-    badge_->raise();
+    raiseBadge();
     sheet_->setTitle(words_(PanelText::Errors) + QStringLiteral(" (%1)").arg(sum));
     if (isOpen()) pane_->contentChanged();
+}
+
+// On top of everything but a message, which nothing may lie on.
+void ErrorList::raiseBadge()
+{
+    badge_->raise();
+    for (QObject* each : parent_.children()) {
+        auto* const message = dynamic_cast<MessageSheet*>(each);
+        if (message == nullptr || message->isHidden()) continue;
+        badge_->stackUnder(message);
+        return;
+    }
 }
 
 int ErrorList::rowHeight(const ErrorEntry& entry, int width) const

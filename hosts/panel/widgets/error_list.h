@@ -55,6 +55,7 @@ public:
 private:
     class ListSheet;
     void adapt();
+    void raiseBadge();
     int rowHeight(const ErrorEntry& entry, int width) const;
     void paintRows(QPainter& painter, const QRect& place) const;
 

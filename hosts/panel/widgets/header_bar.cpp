@@ -90,13 +90,17 @@ void HeaderBar::setLanguages(
     arrange();
 }
 
+bool HeaderBar::closeSheet()
+{
+    if (sheet_ == nullptr || !sheet_->isVisible()) return false;
+    sheet_->hide();
+    return true;
+}
+
 // The sheet lies on the stage, because it is larger than the bar.
 void HeaderBar::openSheet()
 {
-    if (sheet_ != nullptr && sheet_->isVisible()) {
-        sheet_->hide();
-        return;
-    }
+    if (closeSheet()) return;
     QWidget& stage = stageOf(*this);
     if (sheet_ == nullptr)
         sheet_ = new LanguageSheet{&stage, languages_, [this](int number) { chosen_(number); }};

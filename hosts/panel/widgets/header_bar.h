@@ -52,6 +52,8 @@ public:
     // Opens the sheet of languages; nullptr when every language has a key of its own.
     TouchKey* languagesKey() { return languagesKey_; }
     LanguageSheet* languageSheet() { return sheet_; }
+    // Closes the sheet of languages; false when it was not open.
+    bool closeSheet();
     // Kept free of the header's own texts, for the key of the list of reports.
     QRect freePlace() const;
     // Called when that place has changed.

@@ -58,6 +58,7 @@ void SwitchView::setUnknown(bool unknown)
 void SwitchView::mousePressEvent(QMouseEvent* event)
 {
     event->accept();
+    if (!free_ && lockedTouched_) lockedTouched_();
     if (!free_ || event->button() != Qt::LeftButton) return;
     down_ = true;
     update();

@@ -16,6 +16,8 @@ public:
     SwitchView(QWidget* parent, PanelWords words);
 
     void setHandler(std::function<void()> touched) { touched_ = std::move(touched); }
+    // A touch while it is not free.
+    void setLockedHandler(std::function<void()> touched) { lockedTouched_ = std::move(touched); }
     void setState(bool on);
     void setFree(bool free);
     // Its lock follows from setFree.
@@ -43,6 +45,7 @@ protected:
 private:
     PanelWords words_;
     std::function<void()> touched_;
+    std::function<void()> lockedTouched_;
     ValueMarks marks_;
     bool state_ = false;
     bool unknown_ = false;

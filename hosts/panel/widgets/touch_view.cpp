@@ -45,6 +45,7 @@ void TouchView::report(Touch touch, const QMouseEvent& event)
 void TouchView::mousePressEvent(QMouseEvent* event)
 {
     event->accept();
+    if (locked_ && lockedTouched_) lockedTouched_();
     if (locked_ || down_) return;
     down_ = true;
     report(Touch::Down, *event);

@@ -25,8 +25,9 @@ public:
     using QWidget::QWidget;
 
     void setTouchHandler(std::function<void(const TouchPoint&)> handler) { handler_ = std::move(handler); }
-    // A locked view swallows touches.
+    // A locked view swallows touches and only tells that there was one.
     void setLocked(bool locked);
+    void setLockedHandler(std::function<void()> handler) { lockedTouched_ = std::move(handler); }
     bool isLocked() const { return locked_; }
 
 protected:
@@ -40,6 +41,7 @@ private:
     void report(Touch touch, const QMouseEvent& event);
 
     std::function<void(const TouchPoint&)> handler_;
+    std::function<void()> lockedTouched_;
     bool locked_ = false;
     bool down_ = false;
 };

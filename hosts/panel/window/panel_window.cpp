@@ -1,15 +1,20 @@
 #include "panel/window/panel_window.h"
 
 #include "panel/look/colours.h"
+#include "panel/look/touch_size.h"
 #include "panel/window/other_screen.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QGraphicsProxyWidget>
 #include <QGraphicsScene>
 #include <QGraphicsView>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QWheelEvent>
+
+#include <cmath>
 
 namespace servopanel::panel {
 
@@ -43,6 +48,45 @@ protected:
     void wheelEvent(QWheelEvent* event) override { event->accept(); }
 };
 
+void pressKey(QKeyEvent& event, const std::function<void(int)>& keys)
+{
+    event.accept();
+    if (event.isAutoRepeat() || !keys) return;
+    if (event.key() >= Qt::Key_F1 && event.key() <= Qt::Key_F12)
+        keys(event.key() - Qt::Key_F1 + 1);
+    else if (event.key() == Qt::Key_Escape)
+        keys(11);
+    else if (event.key() == Qt::Key_Menu)
+        keys(31);
+}
+
+// What waits for keys on the stage: a message, which lies on everything, or what a page has opened. nullptr: nothing.
+QWidget* dialogueOn(const QWidget& stage)
+{
+    QWidget* found = nullptr;
+    for (QWidget* each : stage.findChildren<QWidget*>()) {
+        if (each->focusPolicy() != Qt::StrongFocus || !each->isVisible()) continue;
+        if (each->parentWidget() == &stage) return each;
+        found = each;
+    }
+    return found;
+}
+
+// The keyboard's focus is lost when what had it is hidden, and on a zoomed stage no widget has it.
+void handOver(QKeyEvent& event, const QWidget& stage, const std::function<void(int)>& keys)
+{
+    static const QKeyEvent* handedOver = nullptr; // it comes back when the dialogue has no use for it
+    QWidget* const dialogue = &event == handedOver ? nullptr : dialogueOn(stage);
+    if (dialogue == nullptr) {
+        pressKey(event, keys);
+        return;
+    }
+    handedOver = &event;
+    QCoreApplication::sendEvent(dialogue, &event);
+    handedOver = nullptr;
+    event.accept();
+}
+
 } // namespace
 
 Stage::Stage(QWidget* window, QSize size)
@@ -63,7 +107,7 @@ void Stage::keyPressEvent(QKeyEvent* event)
 PanelWindow::PanelWindow(QSize stage, Zoom zoom)
     : stage_{new Stage{zoom == Zoom::None ? this : nullptr, stage}}
 {
-    stage_->setKeyHandler([this](QKeyEvent& event) { keyPressEvent(&event); });
+    stage_->setKeyHandler([this](QKeyEvent& event) { handOver(event, *stage_, keys_); });
     resize(stage);
     setFocusPolicy(Qt::StrongFocus);
     if (zoom == Zoom::ToWindow)
@@ -129,19 +173,37 @@ void PanelWindow::arrange()
     if (view_ != nullptr)
         view_->resize(view_->sceneRect().size().toSize().scaled(size(), Qt::KeepAspectRatio));
     shown.move(std::max(0, (width() - shown.width()) / 2), std::max(0, (height() - shown.height()) / 2));
+    stateSize();
 }
 
-void PanelWindow::keyPressEvent(QKeyEvent* event)
+void PanelWindow::setScreenDiagonal(double inches)
 {
-    event->accept();
-    if (event->isAutoRepeat() || !keys_) return;
-    if (event->key() >= Qt::Key_F1 && event->key() <= Qt::Key_F12)
-        keys_(event->key() - Qt::Key_F1 + 1);
-    else if (event->key() == Qt::Key_Escape)
-        keys_(11);
-    else if (event->key() == Qt::Key_Menu)
-        keys_(31);
+    screenInches_ = inches;
+    stateSize();
 }
+
+void PanelWindow::stateSize()
+{
+    if (screenInches_) stateDiagonal(*stage_, *screenInches_ * shareOfScreen());
+}
+
+// The stage's diagonal as it is shown, of that of the screen.
+double PanelWindow::shareOfScreen() const
+{
+    const bool fillsScreen =
+        isFullScreen() || (isWindow() && screen() != nullptr && size() == screen()->size());
+    if (!fillsScreen) return 1;
+    const double zoom = view_ == nullptr ? 1 : view_->width() / view_->sceneRect().width();
+    return zoom * std::hypot(stage_->width(), stage_->height()) / std::hypot(width(), height());
+}
+
+void PanelWindow::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange) arrange();
+}
+
+void PanelWindow::keyPressEvent(QKeyEvent* event) { handOver(*event, *stage_, keys_); }
 
 void PanelWindow::closeEvent(QCloseEvent* event)
 {

@@ -3,6 +3,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
 class QGraphicsProxyWidget;
 class QGraphicsView;
@@ -34,6 +35,9 @@ public:
     QWidget& stage() { return *stage_; }
     // Shows a part of the stage only, in its pixels; for a zoomed window.
     void setArea(const QRect& area);
+    // The diagonal of the screen, inches. Where the window fills the screen the stage is as large as the part of it that it
+    // takes; a window on a desk says nothing of the screen, and the stage counts as all of it.
+    void setScreenDiagonal(double inches);
     // A place on a widget of the stage, in pixels of the window.
     QPoint toWindow(const QWidget& target, QPoint at) const;
 
@@ -53,15 +57,19 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void zoomIn();
     void arrange();
+    void stateSize();
+    double shareOfScreen() const;
 
     Stage* stage_;
     QGraphicsView* view_ = nullptr; // only when zoomed
     QGraphicsProxyWidget* proxy_ = nullptr;
     QWidget* screen_ = nullptr;
+    std::optional<double> screenInches_;
     std::function<void(int)> keys_;
     std::function<void()> close_;
     bool closing_ = false;
