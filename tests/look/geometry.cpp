@@ -51,7 +51,7 @@ void collect(QWidget& widget, const QWidget* sheet, View& view,
         view.sheets.push_back(sheet);
     }
     const QRect place{widget.mapTo(&view.root, QPoint{}), widget.size()};
-    view.pieces.push_back({&widget, place, paintedTexts(widget), fill(widget), sheet});
+    view.pieces.push_back({&widget, place, paintingOf(widget), fill(widget), sheet});
     for (QObject* child : widget.children())
         if (auto* inner = qobject_cast<QWidget*>(child); inner != nullptr && !inner->isWindow())
             collect(*inner, sheet, view, fill, isSheet);
@@ -62,7 +62,7 @@ std::vector<QRectF> shown(const Piece& piece)
 {
     if (piece.fill == Fill::All || piece.fill == Fill::Ground) return {QRectF{piece.place}};
     std::vector<QRectF> result;
-    for (const PaintedText& each : piece.texts)
+    for (const PaintedText& each : piece.painting.texts)
         result.push_back((each.ink & each.room).translated(piece.place.topLeft()));
     return result;
 }
@@ -115,7 +115,7 @@ template <class Visit>
 void forEachText(const View& view, Visit visit)
 {
     for (const Piece& piece : view.pieces)
-        for (const PaintedText& each : piece.texts)
+        for (const PaintedText& each : piece.painting.texts)
             visit(piece, each);
 }
 
@@ -162,13 +162,14 @@ Findings findOverlaps(const View& view)
     for (std::size_t i = 0; i < view.pieces.size(); ++i) {
         const Piece& one = view.pieces[i];
         // Texts of one widget, unless the widget is all one text.
-        for (std::size_t a = 0; a < one.texts.size(); ++a)
-            for (std::size_t b = a + 1; b < one.texts.size(); ++b)
-                if (overlap(one.texts[a].ink & one.texts[a].room, one.texts[b].ink & one.texts[b].room))
+        for (std::size_t a = 0; a < one.painting.texts.size(); ++a)
+            for (std::size_t b = a + 1; b < one.painting.texts.size(); ++b)
+                if (overlap(one.painting.texts[a].ink & one.painting.texts[a].room,
+                        one.painting.texts[b].ink & one.painting.texts[b].room))
                     findings.push_back({"overlap",
-                        view.name(*one.widget) + ": " + quoted(one.texts[a].text) + ' '
-                            + text(one.texts[a].ink) + " and " + quoted(one.texts[b].text) + ' '
-                            + text(one.texts[b].ink)});
+                        view.name(*one.widget) + ": " + quoted(one.painting.texts[a].text) + ' '
+                            + text(one.painting.texts[a].ink) + " and " + quoted(one.painting.texts[b].text)
+                            + ' ' + text(one.painting.texts[b].ink)});
         for (std::size_t j = i + 1; j < view.pieces.size(); ++j) {
             const Piece& other = view.pieces[j];
             if (one.sheet != other.sheet || areRelated(*one.widget, *other.widget)) continue;
@@ -199,11 +200,20 @@ Findings findCutTexts(const View& view)
 Findings findShortenedTexts(const View& view)
 {
     Findings findings;
-    forEachText(view, [&](const Piece& piece, const PaintedText& each) {
-        if (!each.text.endsWith(QChar{0x2026})) return;
-        findings.push_back(
-            {"shortened", view.name(*piece.widget) + ' ' + text(piece.place) + ": " + quoted(each.text)});
-    });
+    for (const Piece& piece : view.pieces) {
+        const auto take = [&](const QString& text) {
+            findings.push_back({"shortened",
+                view.name(*piece.widget) + ' ' + servopanel::look::text(piece.place) + ": " + quoted(text)});
+        };
+        // What is left out there comes with scrolling.
+        const bool isTold = piece.fill != Fill::Scrolled && !piece.painting.leftOut.empty();
+        if (isTold)
+            for (const QString& text : piece.painting.leftOut)
+                take(text);
+        else
+            for (const PaintedText& each : piece.painting.texts)
+                if (each.text.endsWith(QChar{0x2026})) take(each.text);
+    }
     return findings;
 }
 
@@ -224,12 +234,13 @@ Findings findMissingGlyphs(const View& view)
     return findings;
 }
 
-Findings findSmallTargets(const std::vector<Target>& targets, double millimetresPerPixel)
+Findings findSmallTargets(
+    const std::vector<Target>& targets, double millimetresPerPixel, double leastMillimetres)
 {
     Findings findings;
     for (const Target& target : targets) {
         const double least = std::min(target.place.width(), target.place.height()) * millimetresPerPixel;
-        if (least >= leastTargetMillimetres) continue;
+        if (least >= leastMillimetres) continue;
         std::ostringstream out;
         out << target.name << ' ' << text(target.place) << " is " << std::fixed << std::setprecision(1)
             << least << " mm";

@@ -34,7 +34,7 @@ enum class Fill {
 struct Piece {
     QWidget* widget = nullptr;
     QRect place; // in pixels of the root
-    std::vector<PaintedText> texts;
+    Painting painting;
     Fill fill = Fill::Nothing;
     const QWidget* sheet = nullptr; // the sheet that it lies on; nothing for the page
 };
@@ -54,7 +54,7 @@ View takeIn(QWidget& root, NameOf name, const std::function<Fill(const QWidget&)
 Findings findOutside(const View& view);
 Findings findOverlaps(const View& view);
 Findings findCutTexts(const View& view);
-// Texts that end in "…" because there was no room for them.
+// Texts that end in "…", or lose something without it, because there was no room for them.
 Findings findShortenedTexts(const View& view);
 // Characters for which no font has a glyph.
 Findings findMissingGlyphs(const View& view);
@@ -64,12 +64,12 @@ struct Target {
     std::string name;
     QRect place;
 };
-Findings findSmallTargets(const std::vector<Target>& targets, double millimetresPerPixel);
+inline constexpr double leastTargetMillimetres = 9;
+Findings findSmallTargets(const std::vector<Target>& targets, double millimetresPerPixel,
+    double leastMillimetres = leastTargetMillimetres);
 
 // picture: the root as it is seen. isInactive: widgets whose text need not be read, such as a key that is off.
 Findings findPaleTexts(
     const View& view, const QImage& picture, const std::function<bool(const QWidget&)>& isInactive);
-
-inline constexpr double leastTargetMillimetres = 9;
 
 } // namespace servopanel::look

@@ -2,6 +2,7 @@
 #include "look/geometry.h"
 
 #include "panel/look/fonts.h"
+#include "panel/look/wrapped_text.h"
 
 #include <gtest/gtest.h>
 
@@ -228,6 +229,23 @@ TEST_F(GeometryTest, FindsATextThatWasShortened)
     const View seen = view();
     EXPECT_TRUE(findCutTexts(seen).empty());
     EXPECT_EQ(findShortenedTexts(seen).size(), 1U);
+}
+
+TEST_F(GeometryTest, FindsATextOfWhichLinesAreLeftOutWithoutASign)
+{
+    auto* widget = new Painted{&root_, [](QPainter& painter) {
+                                   const QRect place{0, 0, 80, 20};
+                                   servopanel::panel::drawWrapped(painter, place, place, Qt::AlignLeft,
+                                       servopanel::panel::panelFont(14), "Machine of the second line");
+                               }};
+    widget->setGeometry(0, 0, 80, 20);
+    const Findings findings = findShortenedTexts(view());
+    ASSERT_EQ(findings.size(), 1U);
+    EXPECT_NE(findings[0].what.find("Machine of the second line"), std::string::npos) << findings[0].what;
+    // There it comes with scrolling.
+    filled_ = widget;
+    fill_ = Fill::Scrolled;
+    EXPECT_TRUE(findShortenedTexts(view()).empty());
 }
 
 TEST_F(GeometryTest, FindsACharacterWithoutGlyph)

@@ -84,7 +84,7 @@ std::string padded(const std::string& text)
     return longer.toStdString() + (mark == std::string::npos ? std::string{} : text.substr(mark));
 }
 
-LongestProject::LongestProject(const std::filesystem::path& project, const std::string& code)
+LongestProject::LongestProject(const std::filesystem::path& project, const std::string& code, Padding padding)
 {
     std::filesystem::copy(project, folder(), std::filesystem::copy_options::recursive);
     const std::filesystem::path texts = folder() / "Texts";
@@ -96,7 +96,7 @@ LongestProject::LongestProject(const std::filesystem::path& project, const std::
                 panel::panelWord(text, language).toStdString());
     std::ofstream out{texts / (code + ".txt"), std::ios::trunc};
     for (const auto& [key, text] : longest)
-        out << key << " = \"" << padded(text.text()) << "\"\n";
+        out << key << " = \"" << (padding == Padding::None ? text.text() : padded(text.text())) << "\"\n";
 }
 
 } // namespace servopanel::look

@@ -31,10 +31,16 @@ TEST(LongestProject, TakesTheLongestTextOfAllLanguages)
     std::filesystem::create_directories(folder / "Texts");
     std::ofstream{folder / "Texts" / "de.txt"} << "A = Drehzahl;1/min\nB = Halt\n";
     std::ofstream{folder / "Texts" / "en.txt"} << "A = Speed;revs/min\nB = Standstill\n";
-    const LongestProject project{folder, "de"};
+    const LongestProject project{folder, "de", LongestProject::Padding::None};
     const machine::Texts texts = machine::Texts::load(project.folder() / "Texts" / "de.txt");
-    EXPECT_EQ(texts.text("A"), "DrehzahlDre;revs/min");
-    EXPECT_EQ(texts.text("B"), "StandstillSta");
-    EXPECT_EQ(texts.text(panel::panelTextKey(panel::PanelText::Back)), "ZurückZu");
+    EXPECT_EQ(texts.text("A"), "Drehzahl;revs/min");
+    EXPECT_EQ(texts.text("B"), "Standstill");
+    EXPECT_EQ(texts.text(panel::panelTextKey(panel::PanelText::Back)), "Zurück");
     EXPECT_TRUE(texts.problems().empty());
+
+    const LongestProject longer{folder, "de", LongestProject::Padding::ThirtyPercent};
+    const machine::Texts padded = machine::Texts::load(longer.folder() / "Texts" / "de.txt");
+    EXPECT_EQ(padded.text("A"), "DrehzahlDre;revs/min");
+    EXPECT_EQ(padded.text(panel::panelTextKey(panel::PanelText::Back)), "ZurückZu");
+    EXPECT_TRUE(padded.problems().empty());
 }

@@ -1,5 +1,7 @@
 #include "look/painted_text.h"
 
+#include "panel/look/text_fit.h"
+
 #include <QFontMetricsF>
 #include <QPaintDevice>
 #include <QPaintEngine>
@@ -13,11 +15,11 @@ namespace servopanel::look {
 namespace {
 
 // Takes texts down and lets everything else pass.
-class Notes : public QPaintEngine {
+class Notes : public QPaintEngine, public panel::LeftOutListener {
 public:
-    Notes(std::vector<PaintedText>& texts, const QRectF& widget)
+    Notes(Painting& painting, const QRectF& widget)
         : QPaintEngine{AllFeatures}
-        , texts_{texts}
+        , painting_{painting}
         , widget_{widget}
     {
     }
@@ -29,6 +31,7 @@ public:
     void drawPolygon(const QPointF*, int, PolygonDrawMode) override { }
     void drawPolygon(const QPoint*, int, PolygonDrawMode) override { }
     Type type() const override { return User; }
+    void leftOut(const QString& text) override { painting_.leftOut.push_back(text); }
 
     void drawTextItem(const QPointF& at, const QTextItem& item) override
     {
@@ -51,19 +54,19 @@ public:
         const QTransform toWidget = painter()->deviceTransform();
         QRectF room = widget_;
         if (painter()->hasClipping()) room &= toWidget.mapRect(painter()->clipBoundingRect());
-        texts_.push_back(
+        painting_.texts.push_back(
             {text, item.font(), painter()->pen().color(), toWidget.mapRect(ink.translated(at)), room});
     }
 
 private:
-    std::vector<PaintedText>& texts_;
+    Painting& painting_;
     QRectF widget_;
 };
 
 class NotePad : public QPaintDevice {
 public:
-    NotePad(std::vector<PaintedText>& texts, const QWidget& widget)
-        : engine_{texts, QRectF{widget.rect()}}
+    NotePad(Painting& painting, const QWidget& widget)
+        : engine_{painting, QRectF{widget.rect()}}
         , widget_{widget}
     {
     }
@@ -94,12 +97,12 @@ private:
 
 } // namespace
 
-std::vector<PaintedText> paintedTexts(QWidget& widget)
+Painting paintingOf(QWidget& widget)
 {
-    std::vector<PaintedText> texts;
-    NotePad pad{texts, widget};
+    Painting painting;
+    NotePad pad{painting, widget};
     widget.render(&pad, {}, {}, QWidget::RenderFlags{});
-    return texts;
+    return painting;
 }
 
 } // namespace servopanel::look

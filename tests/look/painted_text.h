@@ -19,7 +19,13 @@ struct PaintedText {
     QRectF room; // where the painter lets them be seen
 };
 
+struct Painting {
+    std::vector<PaintedText> texts;
+    std::vector<QString>
+        leftOut; // texts of which something is not painted, as far as whoever fits them tells
+};
+
 // What the widget itself paints, without its children. No class has to help: the texts are taken from the painter.
-std::vector<PaintedText> paintedTexts(QWidget& widget);
+Painting paintingOf(QWidget& widget);
 
 } // namespace servopanel::look

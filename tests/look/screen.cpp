@@ -205,16 +205,36 @@ View takeIn(Panel& panel)
         isSheet);
 }
 
+// How much of a value's touch rectangle is not nearer to another value, around its middle.
+QRect ownPart(const std::vector<panel::ValueCell>& cells, const panel::ValueCell& cell)
+{
+    QRect own = cell.touch;
+    const auto means = [&](int y) {
+        const panel::ValueCell* const nearest = panel::nearestCell(cells, {own.center().x(), y});
+        return nearest != nullptr && nearest->view == cell.view;
+    };
+    while (own.height() > 0 && !means(own.top()))
+        own.setTop(own.top() + 1);
+    while (own.height() > 0 && !means(own.bottom()))
+        own.setBottom(own.bottom() - 1);
+    return own;
+}
+
 // Not below the sheet of the trends, which is measured by itself.
-void addTrends(Panel& panel, const NameOf& name, std::vector<Target>& all)
+std::vector<Target> valueTargets(Panel& panel)
 {
     panel::Trends& trends = panel.trends();
-    if (trends.isOpen()) return;
-    for (const panel::ValueCell& cell : trends.offered()) {
+    if (trends.isOpen()) return {};
+    const NameOf name = nameOf(panel);
+    std::vector<Target> all;
+    const std::vector<panel::ValueCell> cells = trends.offered();
+    for (const panel::ValueCell& cell : cells) {
         if (!cell.view->isVisible()) continue;
-        const QPoint corner = trends.box()->mapTo(&panel.window().stage(), cell.touch.topLeft());
-        all.push_back({name(*cell.view), {corner, cell.touch.size()}});
+        const QRect own = ownPart(cells, cell);
+        const QPoint corner = trends.box()->mapTo(&panel.window().stage(), own.topLeft());
+        all.push_back({name(*cell.view), {corner, own.size()}});
     }
+    return all;
 }
 
 std::vector<Target> targets(Panel& panel)
@@ -239,7 +259,6 @@ std::vector<Target> targets(Panel& panel)
             if (!isEditing(*part) && begins(named, {"Sollwert", "Schalter", "Zeichnung"}))
                 add(child.view(), reach(*part, named, index, child.view()));
         });
-    addTrends(panel, name, all);
     return all;
 }
 

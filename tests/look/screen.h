@@ -40,6 +40,8 @@ void show(const Start& start, const State& state, const std::function<void(panel
 // A panel as the checks of geometry want it.
 View takeIn(panel::Panel& panel);
 std::vector<Target> targets(panel::Panel& panel);
+// The actual values of a diagnosis page that open a trend, each with what a touch gives to it alone.
+std::vector<Target> valueTargets(panel::Panel& panel);
 bool isInactive(const QWidget& widget);
 
 } // namespace servopanel::look

@@ -366,6 +366,20 @@ std::vector<State> makeStates()
         changeSeveral(hands);
         panel.answers().showBusy(panel.word(panel::PanelText::Writing));
     }));
+    all.push_back(withoutWriting(state("confirm-mixed",
+                                     [](Operator& hands, Panel& panel) {
+                                         hands.menuKey(fullest);
+                                         change(hands, "SollwertL", 1, "321.5");
+                                         change(hands, "SollwertL", 21, "12.5");
+                                         hands.input("SchalterL", 31);
+                                         hands.input("SollwertL", 2);
+                                         hands.cancel();
+                                         somebodyChanges(panel, 1, 176.5);
+                                         hands.footerKey(10); // tells it, and the second press means it
+                                         hands.wait(1100);
+                                         hands.footerKey(10);
+                                     }),
+        "Ch1.M1_T_servo_1<.mM1_servo_para2_1>"));
     return all;
 }
 
