@@ -4,7 +4,7 @@
 set -u -o pipefail
 
 packages=(g++ cmake ninja-build pkg-config libgtest-dev nlohmann-json3-dev qt6-base-dev qt6-tools-dev libqt6opengl6-dev libwmf-dev libmosquitto-dev mdbtools-dev mdbtools mosquitto openssl
-          python3 python3-pil fonts-dejavu-core fonts-wqy-microhei)
+          python3 python3-pil xvfb fonts-dejavu-core fonts-wqy-microhei)
 sanitizer_packages=(clang lld)
 lint_packages=(clang clang-format clang-tidy)
 logs=build/logs
