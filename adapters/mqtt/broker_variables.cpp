@@ -260,6 +260,8 @@ std::vector<std::string> BrokerVariables::takeProtocolErrors() { return std::exc
 
 void BrokerVariables::WriteValue(std::string_view name, const basic::Variant& value)
 {
+    // Whoever writes may have been held up, by a slow disk for example; the heartbeats of that time wait to be read.
+    if (find(name).image->trouble(clock_())) poll(0);
     const Place place = find(name);
     // A copy: while waiting, a restarted machine may describe itself anew.
     const VariableDescription description = place.image->description()->variables()[place.variable];
@@ -283,16 +285,11 @@ void BrokerVariables::send(
     const Place& place, const VariableDescription& description, const basic::Variant& value)
 {
     const std::string& name = description.name;
-    const auto read = lastRead_.find(name);
-    const Value* const held = place.image->held(place.variable);
-    // Only a signal comes this far without a value, and overwrites nothing.
-    const Read old = read != lastRead_.end() ? read->second
-        : held                               ? Read{held->value, held->epoch}
-                                             : Read{description.blank(), place.image->epoch()};
-    lastRead_.erase(name);
+    const Read old = takeExpected(place, description);
 
     // The machine may act until three quarters of the time; the rest is for reading again what became of it.
     const std::int64_t now = clock_();
+    const std::int64_t epoch = place.image->epoch();
     const std::int64_t span = std::int64_t{settings_.answerMilliseconds} * 3 / 4;
     const Command command{session_ + std::to_string(++commands_), old.epoch,
         place.image->machineTime(now) + span, level_, name, toJson(old.value), toJson(value)};
@@ -312,15 +309,27 @@ void BrokerVariables::send(
     answer_.reset();
     waitForAnswer(now + span + 1); // what is read again within the deadline's own millisecond is not final
     std::optional<basic::Variant> heldNow;
-    if (!answer_) heldNow = readAgain(place, name, command.deadline, now + settings_.answerMilliseconds);
+    if (!answer_)
+        heldNow =
+            readAgain(place, description, {epoch, command.deadline}, now + settings_.answerMilliseconds);
     awaited_.reset();
     if (answer_) return conclude(place, description, value);
     gaveUp_ = confirms_ > 0;
-    // What a signal holds says nothing of it: the machine may have taken it back, or somebody else have given it.
-    const Outcome outcome = !heldNow || description.signal ? Outcome::NoAnswer
-        : *heldNow == value                                ? Outcome::NoAnswerButWritten
-                                                           : Outcome::NoAnswerNotWritten;
+    const Outcome outcome = !heldNow ? Outcome::NoAnswer
+        : *heldNow == value          ? Outcome::NoAnswerButWritten
+                                     : Outcome::NoAnswerNotWritten;
     fail(outcome, name, description.signal ? std::string_view{"no answer"} : describe(outcome));
+}
+
+// What the machine must still hold for a write to be carried out. Nobody needs to know it of a signal.
+BrokerVariables::Read BrokerVariables::takeExpected(
+    const Place& place, const VariableDescription& description)
+{
+    if (const auto read = lastRead_.find(description.name); read != lastRead_.end())
+        return std::move(lastRead_.extract(read).mapped());
+    if (const Value* const held = place.image->held(place.variable)) return {held->value, held->epoch};
+    if (description.signal) return {description.blank(), place.image->epoch()};
+    fail(Outcome::Stale, description.name, "the machine has not sent it yet");
 }
 
 void BrokerVariables::waitForAnswer(std::int64_t until)
@@ -342,17 +351,20 @@ void BrokerVariables::pollWhileWaiting(std::int64_t until)
 }
 
 std::optional<basic::Variant> BrokerVariables::readAgain(
-    const Place& place, const std::string& name, std::int64_t deadline, std::int64_t until)
+    const Place& place, const VariableDescription& description, const Deadline& deadline, std::int64_t until)
 {
     // What has not left by now would reach the machine late.
     if (link_.isUp() && link_.isOnTheWay()) link_.drop("the broker takes nothing any more");
     if (!link_.isUp()) return {};
-    link_.publish(
-        Topic{place.image->machine(), "get", settings_.panel}.text(), write(Get{{name}}), Link::Keep::No);
-    // Only what the machine says after the deadline is final: it acts on the command no more.
+    // What a signal is by now tells nothing, because the machine takes it back; only a late answer does.
+    if (!description.signal)
+        link_.publish(Topic{place.image->machine(), "get", settings_.panel}.text(),
+            write(Get{{description.name}}), Link::Keep::No);
+    // Only what the machine says after the deadline is final: it acts on the command no more. A restarted one counts
+    // its time anew.
     const auto isFinal = [&] {
         const Value* const held = place.image->held(place.variable);
-        return held && held->time > deadline && held->epoch == place.image->epoch()
+        return !description.signal && held && held->epoch == deadline.epoch && held->time > deadline.time
             && !place.image->trouble(place.variable, clock_());
     };
     while (!answer_ && !isFinal() && link_.isUp() && clock_() < until)
@@ -374,8 +386,8 @@ void BrokerVariables::conclude(
         if (!ack.text.empty()) reason.append(": ").append(ack.text);
         fail(ack.outcome, description.name, reason);
     }
-    // A machine that has taken a signal back already has done what it should.
-    if (readBack != value && !description.signal)
+    // A signal may have been taken back before it was read.
+    if (!description.signal && readBack != value)
         fail(Outcome::ReadBackDiffers, description.name, describe(Outcome::ReadBackDiffers));
 }
 

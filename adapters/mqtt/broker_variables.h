@@ -55,7 +55,7 @@ public:
 
     // Returns when the machine has confirmed and what it read back is equal. Sent once, only on a live connection with
     // a good heartbeat and, but for a signal, when the value there is good; the machine does nothing after the deadline.
-    // Fails with an Outcome; see isRefused, isUnknown.
+    // A signal is done when the machine says so, whatever it holds then. Fails with an Outcome; see isRefused, isUnknown.
     void WriteValue(std::string_view name, const basic::Variant& value) override;
 
     // The writes of one confirm. While it lives, the first of them that is not answered makes the rest fail at once, so
@@ -114,11 +114,20 @@ private:
     MachineImage* imageOf(std::string_view machine) const;
     void takeAck(const Topic& topic, std::string_view payload);
     void askForLost();
+    struct Read {
+        basic::Variant value;
+        std::int64_t epoch = 0;
+    };
     void send(const Place& place, const VariableDescription& description, const basic::Variant& value);
+    struct Deadline {
+        std::int64_t epoch = 0; // in which the command was sent
+        std::int64_t time = 0; // of the controller
+    };
+    Read takeExpected(const Place& place, const VariableDescription& description);
     void waitForAnswer(std::int64_t until);
     void pollWhileWaiting(std::int64_t until);
-    std::optional<basic::Variant> readAgain(
-        const Place& place, const std::string& name, std::int64_t deadline, std::int64_t until);
+    std::optional<basic::Variant> readAgain(const Place& place, const VariableDescription& description,
+        const Deadline& deadline, std::int64_t until);
     void conclude(const Place& place, const VariableDescription& description, const basic::Variant& value);
 
     BrokerVariablesSettings settings_;
@@ -126,10 +135,6 @@ private:
     Clock clock_;
     std::vector<std::unique_ptr<MachineImage>> images_;
     std::map<std::string, std::int64_t> askedAt_; // by machine
-    struct Read {
-        basic::Variant value;
-        std::int64_t epoch = 0;
-    };
     std::map<std::string, Read, std::less<>> lastRead_; // since the last write of that variable
     std::string session_; // start of all ids
     std::int64_t commands_ = 0;

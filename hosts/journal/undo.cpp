@@ -4,6 +4,7 @@
 #include "journal/journaled_variables.h"
 #include "machine/servo_families.h"
 #include "mqtt/broker_variables.h"
+#include "mqtt/outcome.h"
 #include "mqtt/waiting.h"
 
 #include <algorithm>
@@ -34,8 +35,15 @@ std::optional<std::string> announcementOf(const std::string& variable)
 
 struct End {
     Result result = Result::Done;
+    std::int32_t number = 0; // of the error
     std::string text; // why it was not done
 };
+
+bool holdsWhatItHeld(const End& end)
+{
+    return end.result == Result::Refused
+        || end.number == static_cast<std::int32_t>(mqtt::Outcome::NoAnswerNotWritten);
+}
 
 End write(platform::ProcessVarAccess& variables, const std::string& name, const basic::Variant& value)
 try {
@@ -45,7 +53,7 @@ try {
     const Result result = resultOf(error.number);
     std::string text{nameOf(result)};
     text.append(" ").append(std::to_string(error.number)).append(": ").append(error.description);
-    return {result, std::move(text)};
+    return {result, error.number, std::move(text)};
 }
 
 Status statusOf(Result result)
@@ -66,10 +74,8 @@ Status writeAll(const UndoPlan& plan, const basic::Variant& value, platform::Pro
         output.text.append("done: the machine holds what it held before\n");
     else
         output.errors.append("servo-journal: ").append(end.text).append("\n");
-    if (end.result == Result::Refused) return Status::Failed;
-
     const auto announcement = announcementOf(plan.variable);
-    if (!announcement) return statusOf(end.result);
+    if (!announcement || holdsWhatItHeld(end)) return statusOf(end.result);
     const End told = write(variables, *announcement, std::int16_t{1});
     if (told.result != Result::Done)
         output.errors.append("servo-journal: the machine may not know that its parameters have changed: ")

@@ -208,9 +208,7 @@ void Controller::takeGet(std::string_view topicText, std::string_view payload)
 
 void Controller::takeCommand(const std::string& panel, mqtt::Command command)
 {
-    seen_.push_back({command, time(), {}, 0});
-    // A command may hold half a megabyte of values.
-    if (!settings_.faults) seen_.back().command.old = seen_.back().command.wanted = nullptr;
+    seen_.push_back({command.id, command.name, command.level, command.deadline, time(), {}, {}});
     if (seen_.size() > mostSeen) seen_.pop_front();
     Work work{std::move(command), panel, clock_(), commands_++};
     if (!work_.empty()) return answer(work, {mqtt::Outcome::Busy, {}, {}});
@@ -233,7 +231,7 @@ void Controller::carryOut(const Work& work)
         --faults_.silent;
         return;
     }
-    const Verdict verdict = judgeAndWrite(work.command);
+    const Verdict verdict = judgeAndWrite(work);
     if (verdict.outcome == mqtt::Outcome::Done) {
         const std::size_t variable = *description_.indexOf(work.command.name);
         variables_[variable].changed = false;
@@ -248,25 +246,29 @@ void Controller::carryOut(const Work& work)
     answer(work, verdict);
 }
 
-Verdict Controller::judgeAndWrite(const mqtt::Command& command)
+Verdict Controller::judgeAndWrite(const Work& work)
 try {
-    Verdict verdict = judge(command, {description_, store_, epoch_, time()});
+    Verdict verdict = judge(work.command, {description_, store_, epoch_, time()});
     if (verdict.outcome != mqtt::Outcome::Done) return verdict;
-    if (isAbsent(command.name)) return {mqtt::Outcome::Absent, {}, {}};
-    store_.write(command.name, verdict.value, machine::Writer::Host);
+    if (isAbsent(work.command.name)) return {mqtt::Outcome::Absent, {}, {}};
+    store_.write(work.command.name, verdict.value, machine::Writer::Host);
+    if (Seen* const seen = seenOf(work)) seen->writtenAt = time();
     return verdict;
 } catch (const basic::Error& error) {
     return {
         mqtt::Outcome::WrongType, error.description, {}}; // the store holds another type than was described
 }
 
-void Controller::note(const Work& work, mqtt::Outcome outcome)
+// Nothing when so many came after it that it is forgotten.
+Controller::Seen* Controller::seenOf(const Work& work)
 {
     const std::size_t back = commands_ - work.seen;
-    if (back > seen_.size()) return;
-    Seen& seen = seen_[seen_.size() - back];
-    seen.outcome = outcome;
-    seen.endedAt = time();
+    return back <= seen_.size() ? &seen_[seen_.size() - back] : nullptr;
+}
+
+void Controller::note(const Work& work, mqtt::Outcome outcome)
+{
+    if (Seen* const seen = seenOf(work)) seen->outcome = outcome;
 }
 
 void Controller::answer(const Work& work, const Verdict& verdict)

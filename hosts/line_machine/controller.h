@@ -45,12 +45,15 @@ public:
     // As pm/v1/<machine>/fault orders it, whether that topic exists or not. Throws mqtt::ProtocolError.
     void orderFault(std::string_view payload);
 
+    // A command without its values, which may be long. Times are the controller's.
     struct Seen {
-        mqtt::Command command; // without its values, but for one whose faults are ordered
-        std::int64_t at = 0; // controller's time of its coming
-        // How it ended, whoever was told; nothing when it was left alone.
-        std::optional<mqtt::Outcome> outcome;
-        std::int64_t endedAt = 0; // controller's time
+        std::string id;
+        std::string name; // of the variable
+        std::int16_t level = 0;
+        std::int64_t deadline = 0;
+        std::int64_t at = 0; // when it came
+        std::optional<std::int64_t> writtenAt; // when the variable was written, if it was
+        std::optional<mqtt::Outcome> outcome; // whoever was told; nothing when it was left alone
     };
     // The latest commands, oldest first.
     const std::deque<Seen>& seen() const { return seen_; }
@@ -87,7 +90,8 @@ private:
     void takeGet(std::string_view topic, std::string_view payload);
     void takeCommand(const std::string& panel, mqtt::Command command);
     void carryOut(const Work& work);
-    Verdict judgeAndWrite(const mqtt::Command& command);
+    Verdict judgeAndWrite(const Work& work);
+    Seen* seenOf(const Work& work);
     void note(const Work& work, mqtt::Outcome outcome);
     void answer(const Work& work, const Verdict& verdict);
     void makeFaults();

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -16,6 +17,16 @@ namespace {
 
 using journal::Entry;
 using journal::Result;
+
+struct CommandPayloads : mqtt::LinkReceiver {
+    void linkUp() override { }
+    void linkDown(std::string_view) override { }
+    void received(std::string_view, std::string_view payload, bool) override
+    {
+        payloads.emplace_back(payload);
+    }
+    std::vector<std::string> payloads;
+};
 
 // A panel that has kept a journal and has ended, and servo-journal on the broker of its machine.
 class Undo : public MachineFixture {
@@ -100,6 +111,10 @@ TEST_F(Undo, ShowsWhatItWouldDo)
 TEST_F(Undo, OnlyTheElementsOfTheWriteGoBack)
 {
     change(1, 6);
+    CommandPayloads sent;
+    TestLink watcher{net};
+    watcher.start(sent, {"pm/v1/M1/cmd/+"});
+    watcher.poll(0);
     // Somebody else changes another element.
     store.write(para, basic::doubles({9, 6, 5}), machine::Writer::Machine);
     EXPECT_EQ(undo("1", {"--apply"}), 0);
@@ -111,11 +126,13 @@ TEST_F(Undo, OnlyTheElementsOfTheWriteGoBack)
     // As the machine saw it: with the value that was looked at, the level, and the word that parameters have changed.
     const auto seen = controller.seen();
     ASSERT_EQ(seen.size(), 3U);
-    EXPECT_EQ(seen[1].command.name, para);
-    EXPECT_EQ(seen[1].command.level, 5);
-    EXPECT_EQ(seen[1].command.old.dump(), "[9.0,6.0,5.0]");
-    EXPECT_LE(seen[1].at, seen[1].command.deadline);
-    EXPECT_EQ(seen[2].command.name, flag);
+    EXPECT_EQ(seen[1].name, para);
+    EXPECT_EQ(seen[1].level, 5);
+    EXPECT_LE(seen[1].writtenAt.value(), seen[1].deadline);
+    EXPECT_EQ(seen[2].name, flag);
+    watcher.poll(0);
+    ASSERT_EQ(sent.payloads.size(), 2U);
+    EXPECT_EQ(mqtt::readCommand("cmd", sent.payloads[0]).old.dump(), "[9.0,6.0,5.0]");
 
     const std::vector<Entry> kept = entries();
     ASSERT_EQ(kept.size(), 3U);
@@ -223,9 +240,21 @@ TEST_F(Undo, NoAnswerIsUnknown)
     controller.orderFault(R"({"fault":"silent","times":10})");
     EXPECT_EQ(undo("1", {"--apply"}), 3);
     EXPECT_TRUE(says("servo-journal: unknown 2112: ")) << output.errors;
+    EXPECT_FALSE(says("may not know")) << "it holds nothing new: " << output.errors;
+    EXPECT_FALSE(says("done"));
+    const std::vector<Entry> kept = entries();
+    ASSERT_EQ(kept.size(), 2U);
+    EXPECT_EQ(kept[1].result, Result::Unknown);
+}
+
+TEST_F(Undo, WhatTheMachineHoldsWithoutAnAnswerIsNotAnnounced)
+{
+    change(1, 6);
+    controller.orderFault(R"({"fault":"silent","times":10,"acts":true})");
+    EXPECT_EQ(undo("1", {"--apply"}), 3);
+    EXPECT_TRUE(says("servo-journal: unknown 2111: ")) << output.errors;
     EXPECT_TRUE(says("the machine may not know that its parameters have changed: refused 2113: "))
         << output.errors;
-    EXPECT_FALSE(says("done"));
     const std::vector<Entry> kept = entries();
     ASSERT_EQ(kept.size(), 3U);
     EXPECT_EQ(kept[1].result, Result::Unknown);

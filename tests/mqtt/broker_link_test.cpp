@@ -498,7 +498,7 @@ protected:
     void nothingCameLate()
     {
         for (const auto& seen : controller->seen())
-            EXPECT_LE(seen.endedAt, seen.command.deadline) << seen.command.id;
+            EXPECT_LE(seen.writtenAt.value_or(0), seen.deadline) << seen.id;
     }
 
     machine::VariableStore store;

@@ -64,26 +64,6 @@ TEST_F(Writing, ASignalThatWasNeverSentCanBeGiven)
     EXPECT_EQ(*store.find(flag), Variant(std::int16_t{1}));
 }
 
-// It may have a thousand of them, with half a megabyte each.
-TEST_F(Writing, AControllerKeepsNoValuesOfCommands)
-{
-    machine::VariableStore other;
-    TestLink link{net};
-    const mqtt::Description variablesOfOther = declareServo(other);
-    line_machine::Controller plain{{.machine = "M2", .epoch = 1}, variablesOfOther, other, link, clock};
-    net.others = [&] { plain.poll(0); };
-    TestLink panel{net};
-    mqtt::BrokerVariables second{{.panel = "P2", .machines = {"M2"}}, panel, clock};
-    second.setLevel(5);
-    while (second.standing(para).quality != mqtt::Quality::Good)
-        second.poll(10);
-    second.WriteValue(para, setpoints(7));
-    ASSERT_EQ(plain.seen().size(), 1U);
-    EXPECT_EQ(plain.seen()[0].outcome, Outcome::Done);
-    EXPECT_TRUE(plain.seen()[0].command.wanted.is_null());
-    EXPECT_TRUE(plain.seen()[0].command.old.is_null());
-}
-
 TEST_F(Writing, ConvertsToTheVariablesOwnType)
 {
     EXPECT_EQ(writing(switches, 3.0), Outcome::Done);
@@ -271,6 +251,61 @@ TEST_F(Writing, ASignalCanBeGivenAgain)
     EXPECT_EQ(writing(flag, std::int16_t{1}), Outcome::Done);
 }
 
+TEST_F(Writing, WhatASignalHoldsIsNotAskedFor)
+{
+    panelLink.published.clear();
+    controller.orderFault(R"({"fault":"silent"})");
+    EXPECT_EQ(writing(flag, std::int16_t{1}), Outcome::NoAnswer);
+    EXPECT_EQ(panelLink.published, (std::vector<std::string>{"pm/v1/M1/cmd/P1"})) << "nothing to compare";
+    // An answer in the last quarter of the time still is one.
+    controller.orderFault(R"({"fault":"slow","milliseconds":900})");
+    EXPECT_EQ(writing(flag, std::int16_t{1}), Outcome::TooLate);
+}
+
+TEST_F(Writing, WhatIsNoSignalIsNotOverwrittenUnseen)
+{
+    net.loses = [&](const std::string& topic) { return topic == "pm/v1/M1/val/" + switches; };
+    TestLink link{net};
+    mqtt::BrokerVariables blind{{.panel = "P2", .machines = {"M1"}}, link, clock};
+    blind.setLevel(5);
+    for (int i = 0; i < 50; ++i)
+        blind.poll(10);
+    EXPECT_EQ(outcomeOf([&] { blind.WriteValue(switches, std::int32_t{1}); }), Outcome::Stale);
+    EXPECT_TRUE(controller.seen().empty());
+}
+
+TEST_F(Writing, WhoWasHeldUpReadsTheHeartbeatsOfThatTimeFirst)
+{
+    variables.ReadValue(para);
+    for (int turn = 0; turn < 300; ++turn) {
+        net.now += 10;
+        controller.poll(0);
+    }
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::Done) << text;
+}
+
+TEST_F(Writing, TheTimeOfARestartedMachineSaysNothingOfTheDeadlineBefore)
+{
+    controller.orderFault(R"({"fault":"silent"})");
+    const std::size_t seen = controller.seen().size();
+    bool isRestarted = false;
+    net.others = [&] {
+        if (isRestarted) return;
+        controller.poll(0);
+        if (controller.seen().size() == seen) return;
+        isRestarted = true;
+        // A controller whose clock begins far later than any deadline of the one before.
+        const std::string epoch = R"({"epoch":1800000000000,"time":9000000)";
+        panelLink.offer("pm/v1/M1/state",
+            R"({"up":true,"epoch":1800000000000,"hash":")" + description.hash() + R"("})", false);
+        panelLink.offer(
+            "pm/v1/M1/val/" + para, epoch + R"(,"seq":1,"value":[7,5,5],"quality":"good"})", false);
+        panelLink.offer("pm/v1/M1/hb", epoch + R"(,"seq":[1,0,0,0,0,0,0,0]})", false);
+    };
+    EXPECT_EQ(writing(para, setpoints(7)), Outcome::NoAnswer)
+        << "that it holds the value may have had other reasons";
+}
+
 TEST_F(Writing, RefusalsOfTheControllerKeepTheirCode)
 {
     for (const char* code : {"unknown_name", "out_of_range", "level", "absent", "read_only", "type",
@@ -337,6 +372,8 @@ TEST_F(Writing, ASlowMachineIsInTimeOrTooLate)
 {
     controller.orderFault(R"({"fault":"slow","milliseconds":500})");
     EXPECT_EQ(writing(para, setpoints(7)), Outcome::Done);
+    const line_machine::Controller::Seen& slow = controller.seen().back();
+    EXPECT_GE(slow.writtenAt.value(), slow.at + 500) << "the time of the deed, not that of the order";
     // Either the answer or the value that was asked for at the deadline comes first.
     for (const int milliseconds : {760, 900, 5000}) {
         controller.orderFault(R"({"fault":"slow","milliseconds":)" + std::to_string(milliseconds) + "}");
@@ -466,7 +503,7 @@ TEST_F(Writing, OnlyTheMachineOfThisEpochHasDoneIt)
         controller.poll(0);
         if (controller.seen().size() <= answered) return;
         answered = controller.seen().size();
-        const std::string answer = R"({"id":")" + controller.seen().back().command.id + R"(","epoch":)"
+        const std::string answer = R"({"id":")" + controller.seen().back().id + R"(","epoch":)"
             + std::to_string(epoch) + R"(,"time":1,"code":")" + code + R"(","value":[7,5,5],"seq":99})";
         otherMachine.offer("pm/v1/" + machine + "/ack/P2", answer, false);
     };

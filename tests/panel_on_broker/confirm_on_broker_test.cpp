@@ -160,7 +160,7 @@ TEST_F(ConfirmOnBroker, AnAnswerThatIsLostLeavesTheChangeUnannouncedAndWaiting)
     EXPECT_EQ(answer().find("Written"), 0U) << answer();
     EXPECT_FALSE(child("SollwertL", 1).isChanged());
     ASSERT_GT(commands(), before);
-    EXPECT_EQ(controller->seen().back().command.name, changedFlag);
+    EXPECT_EQ(controller->seen().back().name, changedFlag);
     EXPECT_EQ(controller->seen().back().outcome, mqtt::Outcome::Done);
 }
 

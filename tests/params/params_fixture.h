@@ -156,7 +156,7 @@ protected:
     {
         std::string text;
         for (const auto& seen : controller->seen())
-            text.append(seen.command.name).append(" ");
+            text.append(seen.name).append(" ");
         return text;
     }
     bool says(const std::string& part) const { return output.errors.find(part) != std::string::npos; }
