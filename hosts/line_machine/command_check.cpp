@@ -28,25 +28,22 @@ const Variant& at(const Variant& value, std::size_t i)
     return array ? array->elements[i] : value;
 }
 
-constexpr double notKnown = std::numeric_limits<double>::quiet_NaN();
+constexpr double unknown = std::numeric_limits<double>::quiet_NaN();
 
-double limitIn(const Variant* limits, std::size_t i)
-{
-    if (!limits || i >= countOf(*limits)) return notKnown;
-    try {
-        return basic::toDouble(at(*limits, i));
-    } catch (const basic::Error&) {
-        return notKnown;
-    }
-}
-
-// Nothing where there is none; notKnown where there should be one.
+// Nothing where the description has none; not a number where it names one that nobody knows.
 std::optional<double> limit(const mqtt::Limit& limit, std::size_t i, const CommandContext& context)
 {
     if (const auto* const number = std::get_if<double>(&limit)) return *number;
-    if (const auto* const name = std::get_if<std::string>(&limit))
-        return limitIn(context.store.find(*name), i);
-    return {};
+    const auto* const name = std::get_if<std::string>(&limit);
+    if (!name) return {};
+    const Variant* const limits = context.store.find(*name);
+    if (!limits || i >= countOf(*limits)) return unknown;
+    try {
+        const double number = basic::toDouble(at(*limits, i));
+        return std::isfinite(number) ? number : unknown;
+    } catch (const basic::Error&) {
+        return unknown;
+    }
 }
 
 bool hasLevelsOfBits(const mqtt::VariableDescription& description)
@@ -90,8 +87,11 @@ std::optional<Verdict> judgeElement(const Variant& wanted, std::size_t i, std::i
     const auto most = limit(description.most, i, context);
     if ((least && std::isnan(*least)) || (most && std::isnan(*most)))
         return Verdict{Outcome::OutOfRange, elementText(description, i) + "its limit is not known", {}};
-    // Limits that contradict each other limit nothing, as in the drives.
-    if (least && most && *least > *most) return {};
+    if (least && most && *least > *most)
+        return Verdict{Outcome::OutOfRange,
+            elementText(description, i) + "its limits " + basic::decimal(*least) + " and "
+                + basic::decimal(*most) + " contradict each other",
+            {}};
     if ((!least || value >= *least) && (!most || value <= *most)) return {};
     const double bound = least && value < *least ? *least : *most;
     return Verdict{Outcome::OutOfRange,

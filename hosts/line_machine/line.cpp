@@ -43,9 +43,12 @@ Line::Line(const machine::ProjectFile& project, LineSettings settings)
         // One id for each machine: the broker closes the connection of a controller that is still thought to be there.
         auto link = std::make_unique<mqtt::BrokerLink>(
             mqtt::BrokerLinkSettings{.address = settings.broker, .client = "machine-" + name}, clock_);
+        const jet::MachineDefinitions definitions{settings.definitions, name};
+        for (const std::string& note : definitions.notes())
+            news_.push_back(std::string{"machine "}.append(name).append(": definitions: ").append(note));
         auto controller = std::make_unique<Controller>(
             ControllerSettings{.machine = name, .epoch = settings.epoch, .faults = settings.faults},
-            withLevels(describeMachine(store_, name), name, settings.definitions), store_, *link, clock_);
+            withLevels(describeMachine(store_, name), definitions), store_, *link, clock_);
         machines_.push_back({name, std::move(link), std::move(controller), {}, false});
     }
 }
@@ -73,7 +76,7 @@ void Line::run(int milliseconds)
 
 std::vector<std::string> Line::takeNews()
 {
-    std::vector<std::string> news;
+    std::vector<std::string> news = std::exchange(news_, {});
     for (Machine& machine : machines_) {
         const std::string start = "machine " + machine.name + ": ";
         if (machine.link->isUp() != machine.wasUp) {

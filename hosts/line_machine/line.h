@@ -19,7 +19,7 @@ namespace servopanel::line_machine {
 struct LineSettings {
     mqtt::BrokerAddress broker;
     std::vector<std::string> machines; // designations
-    std::vector<jet::DefinitionRow> definitions; // which levels writes need
+    std::vector<jet::DefinitionRow> definitions; // of all machines: which levels writes need
     std::int64_t epoch = 0; // milliseconds since 1970
     bool faults = false;
 };
@@ -55,6 +55,7 @@ private:
     mqtt::Clock clock_;
     std::int64_t steppedAt_ = 0;
     std::size_t toldProblems_ = 0;
+    std::vector<std::string> news_; // of the start
 };
 
 } // namespace servopanel::line_machine

@@ -1,7 +1,7 @@
 #include "basic/error.h"
-#include "jet/servo_defs/definition_list.h"
 #include "line_machine/command_line.h"
 #include "line_machine/line.h"
+#include "line_machine/project_definitions.h"
 
 #include <algorithm>
 #include <chrono>
@@ -11,7 +11,7 @@
 #include <filesystem>
 #include <iostream>
 #include <string>
-#include <system_error>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -27,13 +27,10 @@ volatile std::sig_atomic_t stopped = 0;
 // does not start: it would let everybody write everything.
 std::vector<jet::DefinitionRow> definitionsOf(const std::filesystem::path& project)
 {
-    const std::filesystem::path file = project / "Servo" / "Servo.mdb";
-    std::error_code error;
-    if (std::filesystem::symlink_status(file, error).type() == std::filesystem::file_type::not_found) {
-        std::cerr << "'" << file.string() << "': there is no such file; no access level is checked\n";
-        return {};
-    }
-    return jet::loadDefinitions(file).rows;
+    if (auto rows = line_machine::projectDefinitions(project)) return *std::move(rows);
+    std::cerr << "'" << line_machine::definitionsFile(project).string()
+              << "': there is no such file; no access level is checked\n";
+    return {};
 }
 
 int run(const line_machine::CommandLine& line)

@@ -180,6 +180,7 @@ load
   --help               this text
 
 Elements count from 0. A machine takes over what was written when it is told so, as by a panel; load tells it.
+Interrupted (Ctrl-C), load ends after the present write, tells the machine and shows what was not sent.
 
 Status: 0 equal or all written, 1 differences, 2 errors, or rows that were not written.
 )");

@@ -1,10 +1,9 @@
 #pragma once
 
 #include "jet/definition_row.h"
+#include "jet/servo_defs/machine_definitions.h"
 #include "params/parameter.h"
 
-#include <map>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,20 +19,14 @@ public:
     // "850 is above Max 800", "-1 is below abs_min 0"; empty when the value is allowed, or has no definition. Limits that
     // are missing or contradict each other limit nothing.
     std::string problemOf(const Place& place, double value) const;
+    // Definitions that could not be taken as they were meant, one line each.
+    const std::vector<std::string>& notes() const { return definitions_.notes(); }
 
 private:
-    struct Range {
-        std::optional<double> least;
-        std::optional<double> most;
-    };
-    struct Limits {
-        Range working;
-        Range absolute;
-    };
-    const Limits* find(const Place& place) const;
+    const jet::MachineDefinition* find(const Place& place) const;
 
     std::string machine_;
-    std::map<std::pair<std::string, int>, Limits> limits_; // by variable in capitals, and element
+    jet::MachineDefinitions definitions_;
 };
 
 } // namespace servopanel::params

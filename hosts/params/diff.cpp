@@ -58,6 +58,8 @@ Status showLimits(const ParameterSet& set, const Project& project, ToolOutput& o
         basic::raise(basic::ErrorNumber::FileNotFound,
             "the definitions of the project cannot be read: " + project.definitionsProblem);
     const DefinitionLimits limits{*project.definitions, set.machine};
+    for (const std::string& note : limits.notes())
+        tell(output, "definitions: " + note);
     std::vector<std::vector<std::string>> lines{
         {"servo", "family", "element", "name", "unit", "value", "definition"}};
     std::size_t unknown = 0;

@@ -6,6 +6,7 @@
 #include "params/load_run.h"
 #include "params/set_file.h"
 #include "params/sources.h"
+#include "params/stop_signals.h"
 
 #include <algorithm>
 #include <memory>
@@ -67,19 +68,15 @@ std::optional<DefinitionLimits> limitsFor(
 }
 
 // The engineer's word on each row that is to be written; no more answers leave out the rest.
-void askFor(std::vector<PlannedRow>& rows, const std::vector<std::string>& notes, const Surroundings& around)
+void askFor(std::vector<PlannedRow>& rows, const Surroundings& around)
 {
-    std::string before;
-    for (const std::string& note : notes)
-        before.append("Note: ").append(note).append("\n");
     bool isOver = false;
     bool isAll = false;
     for (PlannedRow& row : rows) {
         if (row.end != End::Open || isAll) continue;
         while (!isOver) {
             const std::string question =
-                before + tableOf({row}, true) + "write this row? [y]es, [n]o, [a]ll from here on, [q]uit: ";
-            before.clear();
+                tableOf({row}, true) + "write this row? [y]es, [n]o, [a]ll from here on, [q]uit: ";
             const std::optional<std::string> answer = around.ask(question);
             isOver = !answer || *answer == "q";
             isAll = answer && *answer == "a";
@@ -130,6 +127,7 @@ bool has(const std::vector<PlannedRow>& rows, std::initializer_list<End> ends)
 void apply(std::vector<PlannedRow>& rows, const CommandLine& line, const std::vector<int>& servos,
     BrokerMachines& machines, const Surroundings& around, ToolOutput& output)
 {
+    const StopSignals signals;
     Access access{line, around, machines, output};
     machines.variables()->setLevel(line.level);
     // The engineer may have thought about it for long: what was known then is not certain any more.
@@ -140,7 +138,8 @@ void apply(std::vector<PlannedRow>& rows, const CommandLine& line, const std::ve
             if (row.end == End::Open) row.set(End::NotSent, error.description);
     }
     const auto confirm = machines.variables()->confirm();
-    for (const std::string& trouble : writeRows(rows, line.machine, access.variables()))
+    for (const std::string& trouble :
+        writeRows(rows, line.machine, access.variables(), [&] { return signals.came(); }))
         tell(output, trouble);
 }
 
@@ -182,15 +181,19 @@ Status load(const CommandLine& line, const Surroundings& surroundings, ToolOutpu
     // Rows of the same name may mean something else there. Whoever is asked for each row is told before the first one.
     if (line.apply && !line.ask && wanted.machine != line.machine && !line.otherMachine)
         refuse(notes.front() + "; --other-machine writes all the same");
-    if (line.ask) askFor(rows, notes, surroundings);
+    if (limits)
+        for (const std::string& note : limits->notes())
+            notes.push_back("definitions: " + note);
+    for (const std::string& note : notes)
+        tell(output, note);
+    if (line.apply && surroundings.show) surroundings.show(std::exchange(output.errors, {}));
+    if (line.ask) askFor(rows, surroundings);
     const std::size_t errors = output.errors.size();
     if (line.apply && has(rows, {End::Open})) apply(rows, line, targets, *machines, surroundings, output);
     const bool troubled = output.errors.size() != errors;
 
     if (has(rows, {End::Unknown}))
-        notes.push_back("no answer: the machine may be gone, or the broker lets our name only look on");
-    for (const std::string& note : notes)
-        tell(output, note);
+        tell(output, "no answer: the machine may be gone, or the broker lets our name only look on");
     output.text = tableOf(rows, line.all).append(summaryOf(rows)).append("\n");
     if (!line.apply && has(rows, {End::Open})) output.text.append("Nothing was sent; --apply writes.\n");
     return statusOf(rows, line.apply, troubled);

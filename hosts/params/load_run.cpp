@@ -83,8 +83,8 @@ bool writeFamily(const Rows& rows, const std::string& name, platform::ProcessVar
 
 } // namespace
 
-std::vector<std::string> writeRows(
-    std::vector<PlannedRow>& rows, const std::string& machine, platform::ProcessVarAccess& variables)
+std::vector<std::string> writeRows(std::vector<PlannedRow>& rows, const std::string& machine,
+    platform::ProcessVarAccess& variables, const std::function<bool()>& isStopped)
 {
     std::map<int, std::map<std::size_t, Rows>> servos; // by family
     for (PlannedRow& row : rows)
@@ -93,18 +93,23 @@ std::vector<std::string> writeRows(
     std::vector<std::string> troubles;
     for (const auto& [servo, families] : servos) {
         bool changed = false;
-        for (const auto& [family, open] : families)
-            changed =
-                writeFamily(open, variableName(machine, servo, parameterFamilies()[family].part), variables)
-                || changed;
+        for (const auto& [family, open] : families) {
+            if (isStopped()) {
+                endAll(open, End::NotSent, "stopped");
+                continue;
+            }
+            const std::string name = variableName(machine, servo, parameterFamilies()[family].part);
+            changed = writeFamily(open, name, variables) || changed;
+        }
         if (!changed) continue;
         // The machine takes new parameters over only when it is told.
         const std::string flag = variableName(machine, servo, machine::families::changedFlag);
         try {
             variables.WriteValue(flag, std::int16_t{1});
         } catch (const basic::Error& error) {
-            troubles.push_back("servo " + std::to_string(servo)
-                + ": the machine has the values and does not know of it: " + reasonOf(error, flag));
+            const bool isUnknown = endOf(error.number) == End::Unknown;
+            troubles.push_back("servo " + std::to_string(servo) + ": the machine has the values and "
+                + (isUnknown ? "may" : "does") + " not know of it: " + reasonOf(error, flag));
         }
     }
     return troubles;

@@ -3,6 +3,7 @@
 #include "params/load_plan.h"
 #include "platform/process_var_access.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -12,9 +13,10 @@ namespace servopanel::params {
 // moment, and then the word to the servo that its parameters were changed. Each open row gets its end. A row whose element
 // holds something else than the engineer saw is refused.
 //
-// The caller holds the machine's confirm, so that the first write without an answer ends the rest. Returns what went wrong
-// besides, one sentence each: a servo that was not told.
-std::vector<std::string> writeRows(
-    std::vector<PlannedRow>& rows, const std::string& machine, platform::ProcessVarAccess& variables);
+// The caller holds the machine's confirm, so that the first write without an answer ends the rest. Once isStopped, what
+// was written is announced and nothing else is sent. Returns what went wrong besides, one sentence each: a servo that was
+// not told.
+std::vector<std::string> writeRows(std::vector<PlannedRow>& rows, const std::string& machine,
+    platform::ProcessVarAccess& variables, const std::function<bool()>& isStopped);
 
 } // namespace servopanel::params

@@ -72,7 +72,8 @@ Snapshot startValues(const Project& project, const std::string& machine)
     snapshot.description = line_machine::describeMachine(snapshot.values, machine);
     // As the controller of the simulated machine describes it: the same project gives the same hash.
     if (project.definitions)
-        snapshot.description = line_machine::withLevels(snapshot.description, machine, *project.definitions);
+        snapshot.description = line_machine::withLevels(
+            snapshot.description, jet::MachineDefinitions{*project.definitions, machine});
     return snapshot;
 }
 

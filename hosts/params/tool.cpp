@@ -37,7 +37,8 @@ Status run(const CommandLine& line, const Surroundings& surroundings, ToolOutput
 
 Surroundings ownSurroundings()
 {
-    Surroundings own{journal::ownSurroundings("servo-params"), {}};
+    Surroundings own{journal::ownSurroundings("servo-params"), {}, {}};
+    own.show = [](const std::string& lines) { std::cerr << lines << std::flush; };
     if (::isatty(STDIN_FILENO) != 0) own.ask = askOnTerminal;
     return own;
 }

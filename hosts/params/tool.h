@@ -19,6 +19,8 @@ enum class Status {
 using portable::ToolOutput;
 
 struct Surroundings : journal::Surroundings {
+    // Shows these lines to the engineer before anything is sent. Empty: he sees them in the output, at the end.
+    std::function<void(const std::string& lines)> show;
     // Shows a question to the engineer; nothing when there will be no more answers. Empty: there is no terminal.
     std::function<std::optional<std::string>(const std::string& question)> ask;
 };

@@ -1,10 +1,17 @@
 // The library's definitions on real database files.
+#include "basic/text.h"
 #include "config/mservo_modul.h"
 #include "jet/changed_file.h"
+#include "jet/definition_table.h"
 #include "jet/sample_definitions.h"
+#include "jet/servo_defs/definition_list.h"
+#include "jet/servo_defs/machine_definitions.h"
 #include "support/fakes.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <optional>
 
 namespace servopanel::jet {
 
@@ -30,6 +37,12 @@ public:
         return modul_.INI_Datenbank_Einlesen("Servo\\Servo.mdb", type, "alle");
     }
     void write() { modul_.INI_Datenbank_Schreiben("Servo\\Servo.mdb", "alle"); }
+    // nullptr where the page finds none.
+    const config::ParamDef* find(const std::string& variable, std::int16_t element)
+    {
+        const std::int16_t position = modul_.INI_Daten_Lesen(variable, element);
+        return position < 0 ? nullptr : &def(position);
+    }
     config::ParamDef& def(std::int32_t position) { return modul_.ParamDefs()[position - 1]; }
     const Reports& reports() const { return surround_.reports(); }
 
@@ -92,6 +105,65 @@ TEST_P(DefinitionModule, WritingWhatWasReadChangesNoByte)
 
 INSTANTIATE_TEST_SUITE_P(Forms, DefinitionModule, ::testing::ValuesIn(allForms()),
     [](const auto& form) { return nameOf(form.param); });
+
+// Tables of other programs have columns of whatever types they like.
+NewTable tableOfOtherTypes()
+{
+    const auto text = [](std::string_view name) {
+        return NewColumn{std::string{name}, ColumnType::Text, 255, false};
+    };
+    const auto number = [](std::string_view name, ColumnType type) {
+        return NewColumn{std::string{name}, type, 0, false};
+    };
+    const std::string para = "Ch1.M1_T_servo_1<.mM1_servo_para_1>";
+    const basic::Variant none = basic::Null{};
+    const auto element = [](std::int32_t value) { return basic::Variant{value}; };
+    return {std::string{definitionTableName},
+        {text(machineTypeColumn), text(variableColumn), number("abs_max", ColumnType::Single),
+            text("abs_min"), number(elementColumn, ColumnType::Int32), number("Max", ColumnType::Single),
+            number("Min", ColumnType::Int32), number("Pass", ColumnType::Double)},
+        {{"M1", para, 1600.5F, "-2.5", element(0), 0.1F, element(-1), 3.0},
+            {"M2", para, 1.0F, "0", element(0), 1.0F, element(0), 5.0},
+            {"M1", basic::upperCase(para), none, "much", element(1), none, none, 2.5},
+            {"M1", para, 1.0F, "0", element(2), 1.0F, element(0), none},
+            {"M1", para, 1.0F, "0", element(2), 2.0F, element(0), 4.0},
+            {"M1", para, 1.0F, "0", element(3), 1.0F, element(0), 1e9},
+            {"M1", "without element", 1.0F, "0", none, 1.0F, element(0), 2.0},
+            {"M1", "beyond", 1.0F, "0", element(100'000), 1.0F, element(0), 2.0}, {none, para}}};
+}
+
+TEST(MachineDefinitionsOfAFile, AreThoseThatThePageTakes)
+{
+    const SampleProject project{newDatabase(tableOfOtherTypes(), {})};
+    StartedPanel panel{project.folder()};
+    ASSERT_EQ(panel.read("M1"), 7);
+    const MachineDefinitions definitions{loadDefinitions(project.file()).rows, "M1"};
+    const auto limit = [](bool isMissing, double value) {
+        return isMissing ? std::nullopt : std::optional{value};
+    };
+    std::size_t found = 0;
+    for (const std::string variable : {"Ch1.M1_T_servo_1<.mM1_servo_para_1>",
+             "ch1.m1_t_SERVO_1<.mM1_servo_para_1>", "without element", "beyond", "nothing"})
+        for (std::int16_t element = -1; element < 5; ++element) {
+            const config::ParamDef* const shown = panel.find(variable, element);
+            const MachineDefinition* const definition = definitions.find(variable, element);
+            ASSERT_EQ(definition == nullptr, shown == nullptr) << variable << " " << element;
+            if (!shown) continue;
+            ++found;
+            EXPECT_EQ(definition->absMin, limit(shown->AbsMinFehlt, shown->AbsMin)) << element;
+            EXPECT_EQ(definition->absMax, limit(shown->AbsMaxFehlt, shown->AbsMax)) << element;
+            EXPECT_EQ(definition->min, limit(shown->MinFehlt, shown->Min)) << element;
+            EXPECT_EQ(definition->max, limit(shown->MaxFehlt, shown->Max)) << element;
+            EXPECT_EQ(definition->level, shown->Pass) << element;
+        }
+    EXPECT_EQ(found, 10U) << "four elements by two names, and two variables that lack theirs";
+    EXPECT_EQ(definitions.find("Ch1.M1_T_servo_1<.mM1_servo_para_1>", 0)->absMax, 1600.5);
+    const auto& notes = definitions.notes();
+    EXPECT_NE(std::find(notes.begin(), notes.end(),
+                  "Pass is no access level, nobody has it: M1, Ch1.M1_T_servo_1<.mM1_servo_para_1>, 2; M1, "
+                  "Ch1.M1_T_servo_1<.mM1_servo_para_1>, 3"),
+        notes.end());
+}
 
 TEST(DefinitionModuleOnAChangedFile, ARowThatHasGoneIsOneReportAndTheOthersAreWritten)
 {

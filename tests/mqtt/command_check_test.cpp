@@ -76,9 +76,9 @@ TEST(CommandCheck, NothingIsWithinALimitThatIsNotANumber)
     EXPECT_EQ(outcome(unknown, 10), Outcome::OutOfRange);
     EXPECT_EQ(outcome(0, unknown), Outcome::OutOfRange);
     EXPECT_EQ(outcome(unknown, unknown), Outcome::OutOfRange);
-    EXPECT_EQ(outcome(-none, none), Outcome::Done);
+    EXPECT_EQ(outcome(-none, none), Outcome::OutOfRange);
     EXPECT_EQ(outcome(0, 6), Outcome::OutOfRange);
-    EXPECT_EQ(outcome(6, 0), Outcome::Done) << "limits that contradict each other are none";
+    EXPECT_EQ(outcome(0, 7), Outcome::Done);
     number.variable.most = {};
     EXPECT_EQ(outcome(unknown, 10), Outcome::OutOfRange);
     EXPECT_EQ(
@@ -87,16 +87,30 @@ TEST(CommandCheck, NothingIsWithinALimitThatIsNotANumber)
 
 TEST(CommandCheck, NothingIsWithinALimitThatIsNotThere)
 {
-    Case number{basic::doubles({5, 5})};
-    number.variable.most = "most";
-    const auto outcome = [&] { return number.outcome(basic::doubles({5, 5}), basic::doubles({5, 7}), 0); };
-    EXPECT_EQ(outcome(), Outcome::OutOfRange) << "no such variable";
-    number.store.declare("most", basic::doubles({10}));
-    EXPECT_EQ(outcome(), Outcome::OutOfRange) << "none for this element";
-    number.store.declare("most", "10 mm");
-    EXPECT_EQ(outcome(), Outcome::OutOfRange) << "no number";
-    number.store.declare("most", basic::doubles({10, 10}));
-    EXPECT_EQ(outcome(), Outcome::Done);
+    Case pair{basic::doubles({5, 5})};
+    pair.variable.most = "most";
+    const Variant old = basic::doubles({5, 5});
+    const Variant second = basic::doubles({5, 1e6});
+    const auto refusal = [&] { return pair.judged(old, second, 0); };
+    EXPECT_EQ(refusal().outcome, Outcome::OutOfRange) << "no such variable";
+    pair.store.declare("most", basic::doubles({10}));
+    EXPECT_EQ(refusal().outcome, Outcome::OutOfRange) << "shorter than the values";
+    EXPECT_EQ(refusal().text, "element 1: its limit is not known");
+    EXPECT_EQ(pair.outcome(old, basic::doubles({6, 5}), 0), Outcome::Done) << "the first element has one";
+    pair.store.declare("most", Variant{"ten"});
+    EXPECT_EQ(pair.outcome(old, basic::doubles({6, 5}), 0), Outcome::OutOfRange) << "no number";
+    pair.variable.most = {};
+    EXPECT_EQ(refusal().outcome, Outcome::Done) << "without a limit nothing limits";
+}
+
+TEST(CommandCheck, NothingIsWithinLimitsThatContradictEachOther)
+{
+    Case number{basic::doubles({5})};
+    number.variable.least = 6.0;
+    number.variable.most = 0.0;
+    const Verdict verdict = number.judged(basic::doubles({5}), basic::doubles({3}), 0);
+    EXPECT_EQ(verdict.outcome, Outcome::OutOfRange);
+    EXPECT_EQ(verdict.text, "element 0: its limits 6 and 0 contradict each other");
 }
 
 } // namespace servopanel::line_machine

@@ -56,6 +56,7 @@ TEST(Line, RunsEveryMachineOfAProjectOnABroker)
     level.variable = nameOf("M2", "servo_para");
     level.element = std::int16_t{1};
     level.pass = std::int16_t{3};
+    level.max = basic::Null{};
     line_machine::Line line{project,
         {.broker = broker.address(),
             .machines = {"M1", "M2"},
@@ -94,6 +95,10 @@ TEST(Line, RunsEveryMachineOfAProjectOnABroker)
     std::string news;
     for (const std::string& one : line.takeNews())
         news += one + "\n";
+    EXPECT_NE(
+        news.find("machine M2: definitions: Max is no number and limits nothing: M2, Ch1.M2_T_servo_1<"),
+        std::string::npos)
+        << news;
     EXPECT_NE(news.find("machine M1: on the broker\n"), std::string::npos) << news;
     EXPECT_NE(news.find("machine M2: on the broker\n"), std::string::npos) << news;
 }

@@ -1,15 +1,20 @@
+#include "basic/error.h"
 #include "basic/text.h"
 #include "line_machine/command_line.h"
 #include "line_machine/definition_levels.h"
 #include "line_machine/faults.h"
 #include "line_machine/machine_description.h"
+#include "line_machine/project_definitions.h"
 #include "mqtt/messages.h"
 #include "mqtt/protocol_error.h"
+#include "portable/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <filesystem>
 #include <limits>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -23,7 +28,8 @@ const std::string start = "Ch1.M1_T_servo_12<.mM1_";
 machine::VariableStore servo()
 {
     machine::VariableStore store;
-    for (const char* family : {"servo_para", "servo_para_un", "servo_para_ob", "servo_para2", "servo_diag"})
+    for (const char* family :
+        {"servo_para", "servo_para_un", "servo_para_ob", "servo_para2", "servo_diag", "servo_zeich"})
         store.declare(start + family + "_12>", basic::doubles({1, 2}));
     store.declare(start + "servo_schalt_12>", std::int32_t{0});
     store.declare(start + "servoaender_12>", std::int16_t{0});
@@ -42,7 +48,7 @@ const mqtt::VariableDescription& variable(const mqtt::Description& description, 
 TEST(MachineDescription, HasTheMachinesVariablesAndWhatAPanelMayWrite)
 {
     const mqtt::Description description = describeMachine(servo(), "M1");
-    EXPECT_EQ(description.variables().size(), 7U) << "neither those of M10 nor the panel's own";
+    EXPECT_EQ(description.variables().size(), 8U) << "neither those of M10 nor the panel's own";
     const mqtt::VariableDescription& para = variable(description, "servo_para");
     EXPECT_TRUE(para.writable);
     EXPECT_FALSE(para.signal);
@@ -66,13 +72,17 @@ TEST(MachineDescription, TakesLevelsFromTheDefinitions)
         definition.pass = pass;
         return definition;
     };
-    const mqtt::Description description = withLevels(describeMachine(servo(), "M1"), "M1",
-        {row("servo_para", std::int16_t{1}, std::int16_t{3}),
-            row("servo_para2", std::int16_t{0}, basic::Null{}),
-            row("servo_schalt", std::int16_t{2}, std::int16_t{4}),
-            row("servo_para", std::int16_t{2}, std::int16_t{9}),
-            row("servo_para", std::int16_t{-1}, std::int16_t{9}),
-            row("nothing", std::int16_t{0}, std::int16_t{9})});
+    std::vector<jet::DefinitionRow> rows{row("servo_para", std::int16_t{1}, std::int16_t{3}),
+        row("servo_para2", std::int16_t{0}, basic::Null{}),
+        row("servo_schalt", std::int16_t{2}, std::int16_t{4}),
+        row("servo_para", std::int16_t{2}, std::int16_t{9}),
+        row("servo_para", std::int16_t{-1}, std::int16_t{9}),
+        row("nothing", std::int16_t{0}, std::int16_t{9})};
+    // Tables of other programs have columns of other types.
+    rows.push_back(row("servo_zeich", std::int32_t{1}, 5.0));
+    const mqtt::Description description =
+        withLevels(describeMachine(servo(), "M1"), jet::MachineDefinitions{rows, "M1"});
+    EXPECT_EQ(variable(description, "servo_zeich").levels, (std::vector<std::int16_t>{0, 5}));
     EXPECT_EQ(variable(description, "servo_para").levels, (std::vector<std::int16_t>{0, 3}));
     EXPECT_EQ(variable(description, "servo_para2").levels,
         (std::vector<std::int16_t>{std::numeric_limits<std::int16_t>::max(), 0}))
@@ -95,7 +105,7 @@ TEST(MachineDescription, FindsDefinitionsAsThePageDoes)
     jet::DefinitionRow nameless = foreign;
     nameless.machineType = basic::Null{};
     const mqtt::Description description =
-        withLevels(describeMachine(servo(), "M1"), "M1", {row, foreign, nameless});
+        withLevels(describeMachine(servo(), "M1"), jet::MachineDefinitions{{row, foreign, nameless}, "M1"});
     EXPECT_EQ(variable(description, "servo_para").levels, (std::vector<std::int16_t>{0, 3}));
 }
 
@@ -109,12 +119,34 @@ TEST(MachineDescription, OnlyWholeNumbersHaveLevelsOfBits)
         row.variable = start + "servo_schalt_12>";
         row.element = std::int16_t{0};
         row.pass = std::int16_t{3};
-        const mqtt::Description description = withLevels(describeMachine(store, "M1"), "M1", {row});
+        const mqtt::Description description =
+            withLevels(describeMachine(store, "M1"), jet::MachineDefinitions{{row}, "M1"});
         EXPECT_EQ(variable(description, "servo_schalt").levels, (std::vector<std::int16_t>{3}));
         for (const mqtt::DescriptionPart& part : mqtt::partsOf(description))
             EXPECT_NO_THROW(mqtt::readDescriptionPart("pm/v1/M1/desc/0", mqtt::write(part)))
                 << "panels take it";
     }
+}
+
+TEST(ProjectDefinitions, ThatAreThereAndCannotBeReadAreNotPassedOver)
+{
+    tests::TemporaryFolder folder;
+    EXPECT_EQ(projectDefinitions(folder.path()), std::nullopt) << "a project may have none";
+    jet::DefinitionRow row;
+    row.machineType = "M1";
+    row.variable = start + "servo_para_12>";
+    row.element = std::int16_t{0};
+    row.pass = std::int16_t{3};
+    row.absMin = row.absMax = row.min = row.max = 0.0;
+    const jet::Bytes database = jet::newDefinitionDatabase({row});
+    const std::string bytes{reinterpret_cast<const char*>(database.data()), database.size()};
+    folder.file("Servo/Servo.mdb", bytes);
+    EXPECT_EQ(projectDefinitions(folder.path()), (std::vector<jet::DefinitionRow>{row}));
+    folder.file("Servo/Servo.mdb", bytes.substr(0, bytes.size() / 2));
+    EXPECT_THROW(projectDefinitions(folder.path()), basic::Error);
+    std::filesystem::remove(definitionsFile(folder.path()));
+    std::filesystem::create_symlink("nowhere", definitionsFile(folder.path()));
+    EXPECT_THROW(projectDefinitions(folder.path()), basic::Error);
 }
 
 TEST(CommandLine, SaysWhatIsWrong)

@@ -48,6 +48,30 @@ TEST_F(ServoParamsDiff, HoldsValuesAgainstTheDefinitions)
     EXPECT_TRUE(shows("2000 is above Max 40")) << output.text;
 }
 
+TEST_F(ServoParamsDiff, FindsLimitsInColumnsOfWhateverType)
+{
+    const auto number = [](const std::string& name, jet::ColumnType type) {
+        return jet::NewColumn{name, type, 0, false};
+    };
+    const jet::Bytes database = jet::newDatabase(
+        {"PRESET_DEFS",
+            {{"machine_type", jet::ColumnType::Text, 255, false},
+                {"var_name", jet::ColumnType::Text, 255, false}, number("abs_max", jet::ColumnType::Single),
+                number("abs_min", jet::ColumnType::Single), number("offset_or_bitno", jet::ColumnType::Int32),
+                number("Max", jet::ColumnType::Int32), number("Min", jet::ColumnType::Single),
+                number("Pass", jet::ColumnType::Int32)},
+            {{"M1", variable("servo_para", 3), 2000.0F, basic::Null{}, std::int32_t{1}, std::int32_t{1600},
+                0.0F, std::int32_t{3}}}},
+        {});
+    folder.file("project/Servo/Servo.mdb", {reinterpret_cast<const char*>(database.data()), database.size()});
+    EXPECT_EQ(
+        run({"diff", setFile(row("servo_para", 3, 1, "99999")), "--limits", "--project", project()}), 1);
+    EXPECT_TRUE(shows("99999 is above Max 1600")) << output.text;
+    EXPECT_EQ(output.errors,
+        "servo-params: definitions: abs_min is no number and limits nothing: M1, " + variable("servo_para", 3)
+            + ", 1\n");
+}
+
 TEST_F(ServoParamsDiff, SaysWhatIsWrong)
 {
     EXPECT_EQ(run({"diff", "a.csv", "M1"}), 2);

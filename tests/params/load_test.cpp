@@ -2,6 +2,8 @@
 
 #include "journal/journal_reader.h"
 
+#include <csignal>
+
 namespace servopanel::testing {
 
 namespace {
@@ -182,8 +184,8 @@ TEST_F(ServoParamsLoad, AsksForEachRow)
     EXPECT_TRUE(says("--ask needs a terminal")) << output.errors;
     answer({"n", "what?", "y"});
     EXPECT_EQ(load(three(), {"--level", "3", "--apply", "--ask"}), 0) << output.errors;
-    EXPECT_NE(questions.find("Note: the machine describes its variables otherwise"), std::string::npos)
-        << questions;
+    EXPECT_NE(shown.find("the machine describes its variables otherwise"), std::string::npos) << shown;
+    EXPECT_EQ(sentBefore, "");
     EXPECT_EQ(store.ReadValue(para), basic::doubles({20, 30.5, 0}));
     EXPECT_TRUE(shows("1 done, 2 left out, 1 unchanged\n")) << output.text;
     answer({"q"});
@@ -264,6 +266,31 @@ TEST_F(ServoParamsLoad, KeepsAJournal)
     EXPECT_EQ(held("servo_para", 3, 0), 25);
 }
 
+TEST_F(ServoParamsLoad, StoppedTellsTheMachineWhatItHasAndShowsTheRest)
+{
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        const std::size_t before = controller->seen().size();
+        set("servo_para", 1, {10, 20, 30});
+        set("servo_para", 3, {20, 35.5, 0});
+        pass(3000);
+        net.others = [this, signal, before] {
+            controller->poll(0);
+            if (controller->seen().size() == before + 1) ::raise(signal); // the first write is under way
+        };
+        const std::string file = setFile(
+            row("servo_para", 1, 0, "11") + row("servo_para2", 1, 0, "2.5") + row("servo_para", 3, 0, "25"));
+        EXPECT_EQ(load(file, {"--level", "3", "--apply"}), 2);
+        EXPECT_TRUE(shows("11    done\n")) << output.text;
+        EXPECT_TRUE(shows("2.5   not sent: stopped\n")) << output.text;
+        EXPECT_TRUE(shows("25    not sent: stopped\n")) << output.text;
+        ASSERT_EQ(controller->seen().size(), before + 2);
+        EXPECT_EQ(controller->seen().back().name, variable("servoaender", 1));
+        EXPECT_EQ(held("servo_para", 3, 0), 20);
+    }
+    net.others = [this] { controller->poll(0); };
+    EXPECT_EQ(load(three(), {"--level", "3", "--apply"}), 0) << "the next one knows nothing of it";
+}
+
 TEST_F(ServoParamsLoad, GoesOnWithoutADriveThatIsGone)
 {
     controller->orderFault(R"({"fault": "absent", "match": "servo_1<"})");
@@ -298,11 +325,14 @@ TEST_F(ServoParamsLoad, SaysWhoseFileItIs)
     EXPECT_TRUE(says("the file is of machine M2, not of M1")) << output.errors;
     EXPECT_TRUE(shows("20       22    to be written\n")) << output.text;
     EXPECT_EQ(load(file, {"--level", "1", "--apply"}), 2);
-    EXPECT_TRUE(says("the file is of machine M2, not of M1; --other-machine writes all the same"))
-        << output.errors;
-    EXPECT_EQ(held("servo_para", 3, 0), 20);
+    EXPECT_EQ(output.errors,
+        "servo-params: the file is of machine M2, not of M1; --other-machine writes all the same\n");
+    EXPECT_EQ(commands(), "");
     EXPECT_EQ(load(file, {"--level", "1", "--apply", "--other-machine"}), 0) << output.errors;
     EXPECT_EQ(held("servo_para", 3, 0), 22);
+    EXPECT_NE(shown.find("the file is of machine M2, not of M1\n"), std::string::npos) << shown;
+    EXPECT_NE(shown.find("servo 3 of the file goes to servo 3 of machine M1\n"), std::string::npos) << shown;
+    EXPECT_EQ(sentBefore, "") << "he knew it before anything was sent";
     EXPECT_EQ(load("/nowhere.csv"), 2);
     EXPECT_TRUE(says("/nowhere.csv")) << output.errors;
 }

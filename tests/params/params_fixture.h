@@ -79,8 +79,9 @@ protected:
 
         machine::ProjectFile::load(folder.path() / "project" / "project.json").declareVariables(store);
         controller.emplace(line_machine::ControllerSettings{.machine = "M1", .epoch = 1'700'000'000'000},
-            line_machine::withLevels(line_machine::describeMachine(store, "M1"), "M1", definitions), store,
-            machineLink, clock);
+            line_machine::withLevels(
+                line_machine::describeMachine(store, "M1"), jet::MachineDefinitions{definitions, "M1"}),
+            store, machineLink, clock);
         net.others = [this] {
             if (controller) controller->poll(0);
         };
@@ -92,14 +93,19 @@ protected:
         surroundings.clock = clock;
         surroundings.now = [] { return 1'795'310'345'250; };
         surroundings.computer = "P1";
+        surroundings.show = [this](const std::string& lines) {
+            shown += lines;
+            sentBefore = commands();
+        };
     }
 
     int run(const std::vector<std::string>& arguments)
     {
         output = {};
+        shown.clear();
         return static_cast<int>(params::runTool(arguments, surroundings, output));
     }
-    // On the broker.
+    // On the broker; without a journal where the options name none.
     int load(const std::string& file, const std::vector<std::string>& options = {})
     {
         std::vector<std::string> arguments{
@@ -159,7 +165,10 @@ protected:
             text.append(seen.name).append(" ");
         return text;
     }
-    bool says(const std::string& part) const { return output.errors.find(part) != std::string::npos; }
+    bool says(const std::string& part) const
+    {
+        return (shown + output.errors).find(part) != std::string::npos;
+    }
     bool shows(const std::string& part) const { return output.text.find(part) != std::string::npos; }
 
     tests::TemporaryFolder folder;
@@ -172,6 +181,8 @@ protected:
     std::string described = "another"; // the description's hash in setFile
     params::Surroundings surroundings;
     params::ToolOutput output;
+    std::string shown; // before anything was sent
+    std::string sentBefore; // the commands until then
 };
 
 } // namespace servopanel::testing
