@@ -5,6 +5,8 @@
 
 #include <QEvent>
 
+#include <algorithm>
+
 namespace servopanel::testing {
 
 namespace {
@@ -172,6 +174,61 @@ TEST_F(ConfirmOnBroker, AMachineWithoutTheNewValueNeedsNoAnnouncement)
     EXPECT_EQ(answer(),
         "Unclear whether written: Start position: no answer, the machine does not have the new value");
     EXPECT_FALSE(child("SollwertL", 1).isChanged());
+}
+
+// The connection breaks behind a command; when it is back the operator is told what the machine has done with it.
+TEST_F(ConfirmOnBroker, WhatBecameOfAWriteWithoutAnAnswerIsSaidOnceItIsKnown)
+{
+    for (const bool acts : {true, false}) {
+        change();
+        controller->orderFault(std::string{R"({"fault":"silent","times":1,"acts":)"}
+                                   .append(acts ? "true" : "false")
+                                   .append("}"));
+        afterCommands(1, [this] {
+            link->reachable = false;
+            link->drop("the cable was pulled");
+        });
+        pressConfirm();
+        const std::string unclear = "Unclear whether written: Start position: no answer";
+        EXPECT_EQ(answer(), unclear + ". Change not announced");
+        wait(2000);
+        EXPECT_EQ(answer(), unclear + ". Change not announced") << "nobody knows yet";
+
+        link->reachable = true;
+        wait(2000);
+        const std::string end =
+            acts ? ", but the machine has the new value" : ", the machine does not have the new value";
+        EXPECT_EQ(answer().find(unclear + end), 0U) << answer();
+        const auto& entries = panel->errors().entries();
+        EXPECT_TRUE(std::any_of(entries.begin(), entries.end(), [&](const panel::ErrorEntry& entry) {
+            return entry.text.toStdString() == "Start position: no answer" + end + " – " + setpoints;
+        }));
+        store.write(setpoints, basic::doubles(std::vector<double>(machineHolds(setpoints).size(), 1)),
+            machine::Writer::Machine);
+        wait(refreshMs);
+    }
+}
+
+// A controller that had no time, or has just begun anew, holds what it held; the operator need not enter it again.
+TEST_F(ConfirmOnBroker, WhatMayComeRightLaterWaits)
+{
+    for (const char* code : {"busy", "too_late", "restarted"}) {
+        change();
+        const double before = machineHolds(setpoints)[0];
+        controller->orderFault(std::string{R"({"fault":"refuse","code":")"}.append(code).append("\"}"));
+        hands->footerKey(10);
+        EXPECT_EQ(answer().find("Not written: Start position: "), 0U) << answer();
+        EXPECT_TRUE(child("SollwertL", 1).isChanged()) << code;
+        EXPECT_EQ(machineHolds(setpoints)[0], before);
+        wait(refreshMs);
+        hands->footerKey(10);
+        EXPECT_EQ(answer(), "Written, values: 1") << code;
+        EXPECT_FALSE(child("SollwertL", 1).isChanged());
+        std::vector<double> other = machineHolds(setpoints);
+        other[0] = 7;
+        store.write(setpoints, basic::doubles(other), machine::Writer::Machine);
+        wait(refreshMs);
+    }
 }
 
 TEST_F(ConfirmOnBroker, TheStartWaitsForAllValues)

@@ -47,6 +47,7 @@ public:
 
     // What keeps the shown machine's values from being good, one sentence for the list of reports; empty: nothing.
     std::string trouble() const { return machines_->troubleOf(shown_); }
+    std::int64_t now() const { return clock_(); } // milliseconds
     // What was wrong with messages and with the connection itself since the last call.
     std::vector<std::string> takeProblems();
 

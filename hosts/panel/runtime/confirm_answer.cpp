@@ -20,8 +20,7 @@ std::optional<ConfirmAnswer> judgeConfirm(
     const auto refuse = [&](const WatchedVariables::Write& write) {
         if (write.problem.empty()) return;
         const RefusalReason reason = reasonOf(write.error, false);
-        answer.refusals.push_back(
-            {write.family, write.variable, reason, write.problem, -1, isUnsent(reason)});
+        answer.refusals.push_back({write.family, write.variable, reason, write.problem, -1, mayPass(reason)});
     };
     for (const WatchedVariables::Write& write : writes)
         if (write.problem.empty()) answer.written += write.changes;

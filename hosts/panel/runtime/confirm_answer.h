@@ -17,7 +17,7 @@ struct Refusal {
     RefusalReason reason = RefusalReason::Other;
     std::string description; // the error's own words
     int element = -1; // of the family; -1: all that were changed
-    bool isUnsent = false; // nothing has left the panel, for a reason that may pass by itself
+    bool mayPass = false; // what was entered may still be written later
 };
 
 // What became of a confirmed change.

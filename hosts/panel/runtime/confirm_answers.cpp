@@ -1,5 +1,6 @@
 #include "panel/runtime/confirm_answers.h"
 
+#include "basic/error.h"
 #include "panel/form/input_caption.h"
 #include "panel/form/input_value.h"
 #include "panel/form/vws_var.h"
@@ -24,6 +25,9 @@ QString withFurther(QString text, qsizetype further)
     return text;
 }
 
+// After a write without an answer: its deadline has passed, and a heartbeat that makes the value good again was sent
+// after that. What the machine holds then is final.
+constexpr std::int64_t finalMilliseconds = 2500;
 } // namespace
 
 ConfirmAnswers::ConfirmAnswers(WatchedVariables& variables, AnswerStrip& strip, PanelWords words,
@@ -64,6 +68,7 @@ void ConfirmAnswers::keyEnds(ControlHost& page, bool hasLink)
         strip_.dismiss();
         return;
     }
+    keepUnclear(page);
     findNotTaken();
     findChanged();
     if (!hasLink)
@@ -75,6 +80,59 @@ void ConfirmAnswers::keyEnds(ControlHost& page, bool hasLink)
     overwritten_ = overwrittenBeside(sources, variables_);
     show(page);
     report(page);
+}
+
+void ConfirmAnswers::keepUnclear(ControlHost& page)
+{
+    for (const WatchedVariables::Write& write : variables_.writes()) {
+        // What is written now ends what was unclear of it before.
+        std::erase_if(unclear_, [&](const Unclear& one) { return one.variable == write.variable; });
+        // The machine takes its flag back; what that holds says nothing.
+        if (write.problem.empty() || reasonOf(write.error, false) != RefusalReason::NoAnswer
+            || write.family == families::changedFlag)
+            continue;
+        Unclear unclear{write.variable, write.value, {}, {}, {}};
+        for (const Field& field : changed_)
+            if (field.source.family == write.family) unclear.sources.push_back(field.source);
+        unclear.captions =
+            concerned(page, {write.family, write.variable, RefusalReason::NoAnswer, {}, -1, false})
+                .join(QStringLiteral(", "));
+        unclear_.push_back(std::move(unclear));
+    }
+}
+
+void ConfirmAnswers::findOut(ControlHost* page, std::int64_t now)
+{
+    for (auto write = unclear_.begin(); write != unclear_.end();) {
+        if (!write->since) write->since = now;
+        const auto end = now - *write->since < finalMilliseconds ? std::nullopt : endOf(*write);
+        if (!end) {
+            ++write;
+            continue;
+        }
+        note_(line(write->captions, reasonWord(*end, words_), write->variable, {}));
+        if (answer_)
+            for (Refusal& refusal : answer_->refusals)
+                if (refusal.variable == write->variable && refusal.reason == RefusalReason::NoAnswer) {
+                    refusal.reason = *end;
+                    if (page != nullptr) show(*page);
+                }
+        write = unclear_.erase(write);
+    }
+}
+
+std::optional<RefusalReason> ConfirmAnswers::endOf(const Unclear& write) const
+try {
+    const basic::Variant held = variables_.look(write.variable);
+    const bool isWritten =
+        std::all_of(write.sources.begin(), write.sources.end(), [&](const ValueSource& source) {
+            const std::optional<double> wanted = elementValue(source, write.wanted);
+            const std::optional<double> now = elementValue(source, held);
+            return wanted && now && isSameValue(*wanted, *now, held);
+        });
+    return isWritten ? RefusalReason::NoAnswerButWritten : RefusalReason::NoAnswerNotWritten;
+} catch (const basic::Error&) {
+    return std::nullopt;
 }
 
 void ConfirmAnswers::show(ControlHost& page)
@@ -142,7 +200,7 @@ std::vector<ValueSource> ConfirmAnswers::waiting() const
             [&](const Refusal& each) { return each.family == field.source.family; });
         const bool isWritten = wasUntold_ || refusal == answer_->refusals.end()
             || refusal->reason == RefusalReason::NoAnswerButWritten;
-        if ((isWritten && answer_->isUntold) || (refusal != answer_->refusals.end() && refusal->isUnsent))
+        if ((isWritten && answer_->isUntold) || (refusal != answer_->refusals.end() && refusal->mayPass))
             waiting.push_back(field.source);
     }
     return waiting;
@@ -261,18 +319,24 @@ void ConfirmAnswers::report(ControlHost& page)
     for (const Overwritten& value : overwritten_)
         note_(told(page, value) + QStringLiteral(" – ") + QString::fromStdString(value.variable));
     for (const Refusal& refusal : answer_->refusals) {
-        QString line = concerned(page, refusal).join(QStringLiteral(", ")) + QStringLiteral(": ")
-            + reasonWord(refusal.reason, words_);
-        // Most descriptions name the variable themselves.
-        const bool namesIt = refusal.description.find(refusal.variable) != std::string::npos;
-        if (!namesIt) line += QStringLiteral(" – ") + QString::fromStdString(refusal.variable);
-        if (!refusal.description.empty())
-            line += (namesIt ? QStringLiteral(" – ") : QStringLiteral(": "))
-                + QString::fromStdString(refusal.description);
-        note_(line);
+        note_(line(concerned(page, refusal).join(QStringLiteral(", ")), reasonWord(refusal.reason, words_),
+            refusal.variable, refusal.description));
     }
     // The latest line stands on top: the number, then the names.
     if (answer_->written > 0 && !answer_->refusals.empty()) note_(written());
+}
+
+QString ConfirmAnswers::line(const QString& captions, const QString& reason, const std::string& variable,
+    const std::string& description)
+{
+    QString line = captions + QStringLiteral(": ") + reason;
+    // Most descriptions name the variable themselves.
+    const bool namesIt = description.find(variable) != std::string::npos;
+    if (!namesIt) line += QStringLiteral(" – ") + QString::fromStdString(variable);
+    if (!description.empty())
+        line +=
+            (namesIt ? QStringLiteral(" – ") : QStringLiteral(": ")) + QString::fromStdString(description);
+    return line;
 }
 
 } // namespace servopanel::panel

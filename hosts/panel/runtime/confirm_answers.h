@@ -5,6 +5,7 @@
 #include "panel/runtime/overwritten.h"
 #include "panel/widgets/answer_strip.h"
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -26,11 +27,16 @@ public:
     void keyEnds(ControlHost& page, bool hasLink);
     // Whether that was a confirm.
     bool hasAnswer() const { return answer_.has_value(); }
-    // What the confirm was to write and what is to wait on: it was not sent, or the machine was not told to take it over.
+    // What the confirm was to write and what is to wait on: it may come right later, or the machine was not told to take
+    // it over.
     // Of other refusals the page shows what the machine holds instead.
     std::vector<ValueSource> waiting() const;
     // Another answer stands on the strip.
     void forget() { answer_.reset(); }
+    // Of writes without an answer whose variable could not be read at that time: once it can be, says whether the machine
+    // has the new value. now: milliseconds of the connection's clock. To be called again and again, not within a key.
+    // page: the servo's that is shown, nullptr for none.
+    void findOut(ControlHost* page, std::int64_t now);
     // Words and captions are others now.
     void languageChanged(ControlHost* page);
 
@@ -43,8 +49,22 @@ private:
         std::optional<double> entered; // what it showed when the key was pressed
     };
 
+    // A write of which nobody knows how it ended.
+    struct Unclear {
+        std::string variable;
+        basic::Variant wanted;
+        std::vector<ValueSource> sources; // what was changed of it
+        QString captions; // of these
+        std::optional<std::int64_t> since; // first seen by findOut
+    };
+
     void findNotTaken();
     void findChanged();
+    void keepUnclear(ControlHost& page);
+    // Nothing while the machine's value cannot be read.
+    std::optional<RefusalReason> endOf(const Unclear& write) const;
+    static QString line(const QString& captions, const QString& reason, const std::string& variable,
+        const std::string& description);
 
     // Refusals with one and the same reason, as the strip names them.
     struct Group {
@@ -80,6 +100,7 @@ private:
     bool isUntold_ = false; // what the machine holds of a confirm that still waits
     bool wasUntold_ = false; // likewise before the present key
     std::vector<Overwritten> overwritten_;
+    std::vector<Unclear> unclear_;
 };
 
 } // namespace servopanel::panel

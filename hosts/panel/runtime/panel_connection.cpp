@@ -64,6 +64,11 @@ void Panel::followConnection()
         note(problem);
     std::string trouble = connection_->trouble();
     setLink({trouble.empty(), std::move(trouble)});
+    // The library may be in the middle of a confirm.
+    if (gate_.isBusy()) return;
+    ControlHost* const part = shownPart();
+    const bool isPage = part != nullptr && part->className() == platform::classes::ServoMain;
+    confirms_.findOut(isPage ? part : nullptr, connection_->now());
 }
 
 // Of the machine to be shown; empty where the project does not say.

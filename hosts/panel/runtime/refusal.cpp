@@ -39,10 +39,12 @@ bool isUnknown(RefusalReason reason)
         || reason == RefusalReason::NoAnswerNotWritten;
 }
 
-bool isUnsent(RefusalReason reason)
+bool mayPass(RefusalReason reason)
 {
     return reason == RefusalReason::NotReadable || reason == RefusalReason::Old
-        || reason == RefusalReason::NoLink || reason == RefusalReason::NotSent;
+        || reason == RefusalReason::NoLink || reason == RefusalReason::NotSent
+        || reason == RefusalReason::Busy || reason == RefusalReason::TooLate
+        || reason == RefusalReason::Restarted;
 }
 
 QString reasonWord(RefusalReason reason, const PanelWords& words)

@@ -37,8 +37,9 @@ RefusalReason reasonOf(std::int32_t error, bool wasReading);
 // Whether nobody knows what the machine holds, or will.
 bool isUnknown(RefusalReason reason);
 
-// Whether a write never left the panel, for a reason that may pass by itself.
-bool isUnsent(RefusalReason reason);
+// Whether the machine holds what it held for a reason that may pass by itself, so that the same write may come right
+// later: it never left the panel, or the controller had no time for it or has begun anew.
+bool mayPass(RefusalReason reason);
 
 // What stands behind a field's caption.
 QString reasonWord(RefusalReason reason, const PanelWords& words);
