@@ -103,8 +103,8 @@ std::vector<Screen> screens()
     for (const int resolution : {1280, 1024, 800}) {
         for (const char* language : languagesOfDemo)
             all.push_back({resolution, language});
-        // From right to left, and in the other font; from left to right the padded ones are longer still.
-        for (const char* language : {"ar", "zh"})
+        // In all fonts and in both directions; the padded ones are longer still.
+        for (const char* language : {"de", "ar", "zh"})
             all.push_back({resolution, language, Texts::Longest});
         all.push_back({resolution, "de", Texts::Padded});
     }

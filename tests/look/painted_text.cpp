@@ -37,7 +37,7 @@ public:
     {
         // Signs that only order the text leave no ink.
         QString text = item.text();
-        text.remove(QChar{0x2066}).remove(QChar{0x2069});
+        text.remove(QChar{0x2066}).remove(QChar{0x2068}).remove(QChar{0x2069});
         if (text.trimmed().isEmpty()) return;
         QRectF ink = QFontMetricsF{item.font()}.tightBoundingRect(text);
         // A part of an Arabic word measures differently on its own; its advance is what was laid out.

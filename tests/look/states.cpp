@@ -2,6 +2,7 @@
 
 #include "panel/form/scroll_bar.h"
 #include "panel/form/text_child.h"
+#include "panel/widgets/language_sheet.h"
 #include "panel/widgets/message_sheet.h"
 
 #include <QTest>
@@ -292,7 +293,10 @@ std::vector<State> makeStates()
         hands.menuKey(fullest);
         // Up to three languages have keys of their own.
         panel::TouchKey* key = panel.servo()->require<panel::HeaderChild>("Header").bar().languagesKey();
-        if (key != nullptr) hands.tap(*key);
+        if (key == nullptr) return;
+        hands.tap(*key);
+        const auto sheets = panel.window().stage().findChildren<panel::LanguageSheet*>();
+        if (sheets.isEmpty() || !sheets.front()->isVisible()) throw panel::NotThere{"the sheet of languages"};
     }));
     all.push_back({"message", lookAtMessage, 5, 1, false, {}, {}});
     all.push_back(state("reports-few", [](Operator& hands, Panel& panel) {

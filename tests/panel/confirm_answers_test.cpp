@@ -139,3 +139,15 @@ TEST_F(ConfirmAnswersTest, ALockedFieldSaysWhy)
     // Nothing is wrong with the panel.
     EXPECT_EQ(panel_->errors().count(), reports);
 }
+
+TEST_F(ConfirmAnswersTest, ALockedFieldLeavesARefusalThatNobodyCanHaveReadYet)
+{
+    change("SollwertL", 1, "42.5");
+    refuse(setpoints, mqtt::Outcome::OutOfRange);
+    hands_->footerKey(10);
+    const std::string refusal = answer();
+    ASSERT_TRUE(panel_->answers().isRefusal());
+    ASSERT_FALSE(hands_->isFree("SollwertL", 2));
+    hands_->tap(child("SollwertL", 2).view());
+    EXPECT_EQ(answer(), refusal);
+}

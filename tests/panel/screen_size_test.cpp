@@ -125,6 +125,30 @@ TEST_F(ScreenSize, TheReportIsOfTheWholeScreen)
     EXPECT_NEAR(std::stod("0" + line.substr(line.rfind(' ') + 1)), needed, 0.15) << line;
 }
 
+// A window without a frame has the size of the screen only some time after the page is open.
+TEST_F(ScreenSize, TheReportComesWhenTheWindowGetsItsSize)
+{
+    start(14.5, 1280, PanelWindow::Zoom::ToWindow);
+    show({1280, 1024});
+    ASSERT_EQ(reported("Rows"), "");
+    panel_->window().resize(screen());
+    const double row = 42 * pixelOf(screen(), 14.5, zoomOf({1280, 1024}, screen()));
+    ASSERT_LT(row, 9);
+    EXPECT_NE(reported("Rows"), "");
+}
+
+TEST_F(ScreenSize, WhatStandsOnTheStageFindsIt)
+{
+    servopanel::testing::TestProject project{servopanel::testing::standardProject}; // states no diagonal
+    Panel panel{project.settings()};
+    QWidget outside;
+    panel.window().setParent(&outside); // as in somebody else's window
+    panel.openServo();
+    panel::HeaderBar& bar = panel.servo()->require<panel::HeaderChild>("Header").bar();
+    EXPECT_EQ(&panel::stageOf(bar), &panel.window().stage());
+    panel.window().setParent(nullptr);
+}
+
 INSTANTIATE_TEST_SUITE_P(Screens, ScreenSize, ::testing::Values(1280, 1024, 800));
 
 TEST_P(ScreenSize, RowsAreAsFarApartAsIsReckonedWith)

@@ -1,6 +1,8 @@
 // Where the machine holds whole numbers, nothing that is entered is rounded unseen.
 #include "servo_page_test.h"
 
+#include "panel/form/input_value.h"
+
 using namespace servopanel;
 using namespace servopanel::testing;
 
@@ -45,4 +47,18 @@ TEST_F(WholeNumbers, ASetpointOfAVariableOfWholeNumbersTakesNone)
     hands_->cancel();
     hands_->input("SollwertL", 21); // another variable
     EXPECT_TRUE(takesPoint());
+}
+
+// Such as currency, which has four decimals.
+TEST_F(WholeNumbers, OtherTypesTakeAPoint)
+{
+    const auto whole = [](basic::VariantType type, Variant value) {
+        basic::Array array{type, 0, {std::move(value)}};
+        return panel::holdsWholeNumbers(Variant{array});
+    };
+    EXPECT_TRUE(whole(basic::VariantType::Int16, Variant{std::int16_t{1}}));
+    EXPECT_TRUE(whole(basic::VariantType::Int32, Variant{std::int32_t{1}}));
+    EXPECT_FALSE(whole(basic::VariantType::Double, Variant{1.0}));
+    EXPECT_FALSE(whole(basic::VariantType::Text, Variant{"1"}));
+    EXPECT_FALSE(whole(basic::VariantType::Variant, Variant{std::int16_t{1}}));
 }

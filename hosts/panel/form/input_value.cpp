@@ -57,8 +57,10 @@ double partOf(double number, std::int16_t index)
 basic::VariantType typeOfElements(const Variant& variable)
 {
     const auto* array = variable.get<basic::Array>();
-    return array == nullptr || array->elements.empty() ? basic::VariantType::Double
-                                                       : array->elements.front().type();
+    // Elements with types of their own may be anything.
+    const bool isTold =
+        array != nullptr && !array->elements.empty() && array->elementType != basic::VariantType::Variant;
+    return isTold ? array->elements.front().type() : basic::VariantType::Double;
 }
 
 // An empty value is no number, though it converts to one.
@@ -112,8 +114,13 @@ bool showsElement(ControlHost& page, std::string_view name, std::int16_t index, 
 
 bool holdsWholeNumbers(const Variant& variable)
 {
-    const basic::VariantType type = typeOfElements(variable);
-    return type != basic::VariantType::Double && type != basic::VariantType::Single;
+    switch (typeOfElements(variable)) {
+    case basic::VariantType::Byte:
+    case basic::VariantType::Int16:
+    case basic::VariantType::Int32:
+    case basic::VariantType::Boolean: return true;
+    default: return false;
+    }
 }
 
 bool isSameValue(double entered, double held, const Variant& variable)

@@ -89,10 +89,13 @@ Panel::Panel(PanelSettings settings)
     errors_.setAddedHandler(settings_.outside.reported);
     applySettings();
     if (file_.input == 0) edits_.setLocked();
-    if (file_.diagonalInches) window_.setScreenDiagonal(*file_.diagonalInches);
     watched_->setChangeHandler([this] { showValueStates(); });
     watched_->setObserver([this](std::string_view name, const Variant* value) { trends_.seen(name, value); });
     answers_.setAskedHandler([this](bool isReported) { showAnswerInFull(isReported); });
+    // A window that fills the screen gets that size some time after it was shown.
+    window_.setSizedHandler([this] {
+        if (servo_) noteLowRows();
+    });
     window_.setKeyHandler([this](int number) { pressKey(number); });
     window_.setCloseHandler([this] {
         gate_.later([this] {
@@ -103,6 +106,7 @@ Panel::Panel(PanelSettings settings)
     placeErrorKey();
     placeAnswers();
     noteProblems();
+    if (file_.diagonalInches) window_.setScreenDiagonal(*file_.diagonalInches);
     if (journal_) journal_->open();
     if (file_.machine && settings_.simulate && !connection_) {
         machine_ = std::make_unique<MachineRunner>(*file_.machine, *variables_);

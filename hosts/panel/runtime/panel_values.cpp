@@ -97,7 +97,9 @@ void Panel::lockedTouched(Child& input)
 {
     ControlHost* const part = shownPart();
     // Without the permission for inputs the page itself has the words.
-    if (part == nullptr || hasOpenMask(*part) || file_.input == 0 || !edits_.tellLocked(*part, input)) return;
+    if (part == nullptr || hasOpenMask(*part) || file_.input == 0) return;
+    // Nor before the answer of a confirm can have been read.
+    if (answers_.isFresh() || !edits_.tellLocked(*part, input)) return;
     confirms_.forget();
 }
 

@@ -368,8 +368,13 @@ QString TrendPlot::ageText(double seconds) const
 {
     const QDateTime present = frozen_ ? frozen_->wallClock : wallClock_();
     const double age = std::max(0.0, end() - seconds);
-    return present.addMSecs(-std::llround(age * 1000)).toString(QStringLiteral("HH:mm:ss"))
-        + QStringLiteral("   −") + QString::number(age, 'f', 1) + u' ' + seconds_;
+    // Isolated, so that the unit stays with its number from right to left, too.
+    constexpr QChar leftToRight{0x2066};
+    constexpr QChar anyDirection{0x2068};
+    constexpr QChar end{0x2069};
+    const QString number = leftToRight + QStringLiteral("−") + QString::number(age, 'f', 1) + end;
+    return leftToRight + present.addMSecs(-std::llround(age * 1000)).toString(QStringLiteral("HH:mm:ss"))
+        + end + QStringLiteral("   ") + anyDirection + number + u' ' + seconds_ + end;
 }
 
 void TrendPlot::drawCursor(QPainter& painter) const

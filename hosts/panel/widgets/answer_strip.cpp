@@ -62,6 +62,12 @@ void AnswerStrip::retranslate(const QString& text, const QString& reason)
     update();
 }
 
+bool AnswerStrip::isFresh() const
+{
+    const bool isOfConfirm = kind_ == Kind::Warned || kind_ == Kind::Refused;
+    return due_ && isOfConfirm && (covered_ || since_.elapsed() < leastMs_);
+}
+
 void AnswerStrip::touched()
 {
     if (due_ && !covered_ && waitsForTouch() && since_.elapsed() >= leastMs_) dismiss();

@@ -42,6 +42,8 @@ public:
     void retranslate(const QString& text, const QString& reason);
     QString text() const { return reason_.isEmpty() ? text_ : text_ + QStringLiteral(": ") + reason_; }
 
+    // Whether it tells something of a confirm that nobody can have read yet.
+    bool isFresh() const;
     // Milliseconds that it is shown at least.
     void setLeastTime(int milliseconds) { leastMs_ = milliseconds; }
 

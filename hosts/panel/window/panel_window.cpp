@@ -107,6 +107,8 @@ void Stage::keyPressEvent(QKeyEvent* event)
 PanelWindow::PanelWindow(QSize stage, Zoom zoom)
     : stage_{new Stage{zoom == Zoom::None ? this : nullptr, stage}}
 {
+    // Marks the stage, too: what stands on it finds it by that.
+    stateDiagonal(*stage_, usualDiagonal(stage.width()));
     stage_->setKeyHandler([this](QKeyEvent& event) { handOver(event, *stage_, keys_); });
     resize(stage);
     setFocusPolicy(Qt::StrongFocus);
@@ -184,7 +186,9 @@ void PanelWindow::setScreenDiagonal(double inches)
 
 void PanelWindow::stateSize()
 {
-    if (screenInches_) stateDiagonal(*stage_, *screenInches_ * shareOfScreen());
+    if (!screenInches_) return;
+    stateDiagonal(*stage_, *screenInches_ * shareOfScreen());
+    if (sized_) sized_();
 }
 
 // The stage's diagonal as it is shown, of that of the screen.

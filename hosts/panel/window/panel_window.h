@@ -38,6 +38,8 @@ public:
     // The diagonal of the screen, inches. Where the window fills the screen the stage is as large as the part of it that it
     // takes; a window on a desk says nothing of the screen, and the stage counts as all of it.
     void setScreenDiagonal(double inches);
+    // The size of the stage under a finger was stated, perhaps anew.
+    void setSizedHandler(std::function<void()> handler) { sized_ = std::move(handler); }
     // A place on a widget of the stage, in pixels of the window.
     QPoint toWindow(const QWidget& target, QPoint at) const;
 
@@ -72,6 +74,7 @@ private:
     std::optional<double> screenInches_;
     std::function<void(int)> keys_;
     std::function<void()> close_;
+    std::function<void()> sized_;
     bool closing_ = false;
 };
 
