@@ -12,6 +12,7 @@
 #include "check/project.h"
 #include "check/screen_check.h"
 #include "check/simulation_check.h"
+#include "check/start_values.h"
 #include "check/texts_check.h"
 #include "check/unasked.h"
 #include "check/values_check.h"
@@ -186,6 +187,7 @@ Report checkProject(const fs::path& folder, const PictureReader& readPicture, co
     CheckedProject project = load(folder, file, findings);
     readIniFiles(project, findings);
     if (!project.file.isWhole) return notWhole(project, readPicture, computer, findings);
+    setRightTypes(project);
     checkDesignations(project, asked, findings);
     walkThrough(project, asked, findings);
     checkFooterFile(project, asked.machines, findings);

@@ -253,11 +253,30 @@ private:
 
 std::optional<int> servoNumber(std::string_view value)
 {
-    const std::optional<int> number = wholeNumber(value);
-    return number && *number >= 1 && *number <= mostServos ? number : std::nullopt;
+    const bool isNegative = value.substr(0, 1) == "-";
+    if (isNegative || value.substr(0, 1) == "+") value.remove_prefix(1);
+    const bool isHex = value.size() > 2 && (value.starts_with("0x") || value.starts_with("0X"));
+    if (isHex) value.remove_prefix(2);
+    // What stands behind the digits does not count. Without digits the number stays 0, and too large a one is none.
+    unsigned number = 0;
+    std::from_chars(value.data(), value.data() + value.size(), number, isHex ? 16 : 10);
+    if (isNegative || number < 1 || number > static_cast<unsigned>(mostServos)) return std::nullopt;
+    return static_cast<int>(number);
 }
 
 bool isServoEntry(std::string_view entry) { return withoutNumbers(iniName(entry)) == servoEntry; }
+
+std::int16_t servosListed(const CheckedProject& project, int machine)
+{
+    const CheckedProject::Ini* const ini = iniOf(project, programFile);
+    if (ini == nullptr || !ini->content) return 0;
+    const std::string section = iniName(std::to_string(machine) + "Machine");
+    const auto& entries = ini->content->entries();
+    return static_cast<std::int16_t>(
+        std::count_if(entries.begin(), entries.end(), [&](const IniFile::Entry& entry) {
+            return iniName(entry.section) == section && isServoEntry(entry.name);
+        }));
+}
 
 bool isSwitch(std::string_view entry)
 {

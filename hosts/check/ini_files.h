@@ -5,6 +5,7 @@
 #include "check/project.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -30,11 +31,13 @@ std::vector<FooterPicture> footerPictures(const CheckedProject& project);
 // The footer keys, Servo\Servo.ini, which the library reads by rules of its own.
 void checkFooterFile(const CheckedProject& project, std::size_t machines, Findings& findings);
 
-// The servo to which the entry of a list of servos leads: a number from 1 to 50, however it is written. Nothing for any
-// other value.
+// The servo to which the entry of a list of servos leads, by the library's rule: a sign and the digits that come first,
+// hexadecimal ones after 0x. Nothing for a number that is not from 1 to 50.
 std::optional<int> servoNumber(std::string_view value);
 // Whether this is such an entry: "Servo3".
 bool isServoEntry(std::string_view entry);
+// How many such entries Program.ini has for a machine.
+std::int16_t servosListed(const CheckedProject& project, int machine);
 
 // Whether an entry is TRUE or FALSE: "ServoWithFault", "Diag2Servo3".
 bool isSwitch(std::string_view entry);

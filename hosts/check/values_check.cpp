@@ -21,9 +21,6 @@ constexpr std::string_view passiveFamily = "_servopassiv_";
 constexpr std::string_view servoPart = "_T_servo_";
 constexpr std::string_view machineVariable = "Ch-1.intern<.aktuelle_maschine>";
 constexpr std::string_view servoVariable = "Ch-1.intern<.servo_zeiger>";
-constexpr std::string_view navigation = "parameter<.mit_navi>";
-constexpr std::string_view machineCount = "parameter<.maschinenanzahl>";
-constexpr std::string_view servoCount = "parameter<.servo_anzahl_";
 constexpr std::string_view designation = "parameter<.maschinenbez_";
 
 // Elements of a family that the library uses; nothing for one value.
@@ -68,10 +65,11 @@ public:
     {
         for (const auto& variable : project_.file.variables) {
             if (!asked_.variableNames.contains(variable.name)) continue;
+            if (const auto mistake = project_.mistyped.find(variable.name);
+                mistake != project_.mistyped.end())
+                add(variable.name, mistake->second);
             elements(variable.name, variable.value);
-            number(variable.name, variable.value);
             drawings(variable.name, variable.value);
-            faultText(variable.name, variable.value);
             switchWord(variable.name, variable.value);
             if (variable.name.find(passiveFamily) != std::string::npos)
                 passive(variable.name, variable.value);
@@ -114,18 +112,6 @@ private:
                 + std::to_string(*used) + " are used: the operator never sees the others");
     }
 
-    // Words and counters of the project, which the library takes from texts and Booleans too, but nobody means it.
-    void number(const std::string& name, const Variant& value)
-    {
-        const std::optional<double> number = numberOf(&value);
-        if (name == navigation && !isFlag(value))
-            add(name, "is neither true nor false: the panel goes on without navigation");
-        const bool isCounter = name == machineCount || name.starts_with(servoCount);
-        const bool isWhole = number && *number == std::floor(*number);
-        if (isCounter && number && (!isWhole || value.holds<bool>() || value.holds<std::string>()))
-            add(name, "must be a whole number, without quotes");
-    }
-
     // Nine digits, as the page shows them.
     void drawings(const std::string& name, const Variant& value)
     {
@@ -141,23 +127,12 @@ private:
         }
     }
 
-    void faultText(const std::string& name, const Variant& value)
-    {
-        if (machine::familyOf(name) != families::faultText) return;
-        if (value.holds<std::string>() || value.holds<basic::Array>()) return;
-        add(name, "is no text: the operator reads the number as the fault");
-    }
-
     void switchWord(const std::string& name, const Variant& value)
     {
         if (machine::familyOf(name) != families::switches) return;
         const std::optional<double> number = numberOf(&value);
         constexpr double most = 15;
-        if (value.holds<bool>())
-            add(name,
-                "must be a whole number, whose lowest four bits are the switches: true switches on all of "
-                "them");
-        else if (number && (*number < 0 || *number > most))
+        if (number && (*number < 0 || *number > most))
             add(name,
                 "is " + basic::decimal(*number)
                     + ", of which only the lowest four bits are switches: the others are 0 after the first "
@@ -176,20 +151,11 @@ private:
         if (isFlag(value) && number == 0) ++servos.active;
     }
 
-    // Nothing is said of a variable that there is not: whoever misses it says so.
-    void noNumber(std::string_view name, const char* meaning)
-    {
-        if (valueOf(name) != nullptr) add(std::string{name}, std::string{"is no number: "} + meaning);
-    }
-
-    // What the panel begins with.
+    // What the panel begins with. Nothing is said of a variable that there is not: whoever misses it says so.
     void shownMachine()
     {
         const std::optional<double> machine = numberOf(valueOf(machineVariable));
-        if (!machine) {
-            noNumber(machineVariable, "the panel finds no servos");
-            return;
-        }
+        if (!machine) return;
         if (*machine < 1 || *machine > static_cast<double>(asked_.machines)) {
             add(std::string{machineVariable},
                 "must be from 1 to " + std::to_string(asked_.machines)
@@ -200,7 +166,6 @@ private:
         bez.append(basic::decimal(basic::roundToInt32(*machine))).append(">");
         const Variant* const name = valueOf(bez);
         const std::optional<double> servo = numberOf(valueOf(servoVariable));
-        if (!servo) noNumber(servoVariable, "the panel reports it at each start and begins without it");
         if (!servo || name == nullptr || name->holds<basic::Array>()) return;
         int count = 0;
         for (const jet::ServoName& each : asked_.servos)

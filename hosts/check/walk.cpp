@@ -4,6 +4,7 @@
 #include "basic/error.h"
 #include "basic/text.h"
 #include "check/look_around.h"
+#include "check/start_values.h"
 #include "check/supposed_program.h"
 #include "check/watch.h"
 #include "machine/access_level.h"
@@ -30,7 +31,6 @@ constexpr std::string_view page = "ServoMain";
 constexpr std::string_view machineCount = "parameter<.maschinenanzahl>";
 constexpr std::string_view designation = "parameter<.maschinenbez_";
 constexpr std::string_view servoCount = "parameter<.servo_anzahl_";
-constexpr std::int16_t mostMachines = 20; // a plant has less; a mistyped number must not take hours
 constexpr std::int16_t mostServos = 50; // of a machine, the library's own limit
 constexpr std::int16_t highestLevel = machine::highestAccessLevel;
 
@@ -374,7 +374,7 @@ void walkMachine(const CheckedProject& project, KeptDefinitions& definitions, st
 void walkThrough(const CheckedProject& project, Asked& asked, Findings& findings)
 {
     const Variant* const count = valueOf(project, std::string{machineCount});
-    const std::int16_t machines = std::clamp(numberOf(count), std::int16_t{1}, mostMachines);
+    const std::int16_t machines = machinesOf(project);
     if (numberOf(count) > mostMachines || (count != nullptr && numberOf(count) < 1))
         findings.add("project.json", project.lineOfVariable(std::string{machineCount}),
             "variable \"" + std::string{machineCount} + "\" must be from 1 to " + decimal(mostMachines)

@@ -129,7 +129,7 @@ void Watch::set(std::string_view name, const Variant& value)
         store_.write(name, value, machine::Writer::Host);
         host_.world().variables.set(name, *store_.find(name));
     } catch (const basic::Error&) {
-        // Its type is wrong, which is told when the library reads it.
+        // A type of the project's own choice has no room for it, which is told when the library reads it.
     }
 }
 
@@ -157,6 +157,7 @@ void Watch::variableFinding(const std::string& name, const std::string& what)
     if (servos_.empty() && name.find("_T_servo_") != std::string::npos) return;
     asked_.troubled.insert(name);
     troubled_.insert(view_);
+    if (project_.wasRefused(name)) return;
     findings_.add(
         {"project.json", project_.lineOfVariable(name), "variable \"" + name + "\" " + what, {}, view_});
 }

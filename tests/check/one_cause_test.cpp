@@ -48,6 +48,15 @@ const std::vector<Planted>& mistakes()
                 copy.replace(program, "\nServo3=3\n", "\nServo3=0x03\n");
             },
             {}},
+        {"ServoNumbersThatTheLibraryReads",
+            [](const ProjectCopy& copy) {
+                copy.replace(program, "\nServo2=2\n", "\nServo2=+2\n");
+                copy.replace(program, "\nServo3=3\n", "\nServo3=3 ; winder\n");
+                copy.remove("Servo/Servo_M1_3_1280.gif");
+            },
+            {{program, "Servo2=+2", "[1Machine] Servo2 is \"+2\", which is no whole number"},
+                {program, "Servo3=3 ;", "[1Machine] Servo3 is \"3 ; winder\", which is no whole number"},
+                {"Servo/Servo_M1_3_1280.gif", "", "no such picture"}}},
         {"OneServoInTwoForms",
             [](const ProjectCopy& copy) {
                 copy.replace(program, "\nServo2=2\n", "\nServo2=2\nServo13=02\n");
@@ -142,6 +151,12 @@ const std::vector<Planted>& mistakes()
             {{project, "70000",
                 "variables/Ch1.M1_T_servo_44<.mM1_servoaender_44>: the number is too large for the type "
                 "\"int16\""}}},
+        {"AVariableThatCannotBeTaken",
+            [](const ProjectCopy& copy) {
+                copy.replace(project, "\"Ch1.M1_T_servo_14<.mM1_servoaender_14>\": 0",
+                    "\"Ch1.M1_T_servo_14<.mM1_servoaender_14>\": null");
+            },
+            {{project, "_servoaender_14>", "variables/Ch1.M1_T_servo_14<.mM1_servoaender_14>: "}}},
         {"AFolderTwice", [](const ProjectCopy& copy) { fs::create_directory(copy.place("servo")); },
             {{"servo", "",
                 "differs from Servo in capital and small letters only: what is in one of them is not read"}}},

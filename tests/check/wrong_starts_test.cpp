@@ -41,8 +41,8 @@ TEST(WrongStart, AMachineThatIsNoNumber)
     const ProjectCopy copy;
     const std::string name = "\"Ch-1.intern<.aktuelle_maschine>\"";
     copy.replace("project.json", name + ": 1", name + ": \"one\"");
-    EXPECT_TRUE(
-        has(copy, "project.json", name, "variable " + name + " is no number: the panel finds no servos"));
+    EXPECT_TRUE(has(copy, "project.json", name,
+        "variable " + name + " must be a whole number, without quotes: the panel may find no servos"));
 }
 
 TEST(WrongStart, AServoThatIsNoNumber)
@@ -50,7 +50,8 @@ TEST(WrongStart, AServoThatIsNoNumber)
     const ProjectCopy copy;
     const std::string name = "\"Ch-1.intern<.servo_zeiger>\"";
     copy.replace("project.json", name + ": 0", name + ": \"x\"");
-    EXPECT_TRUE(has(copy, "project.json", name, "variable " + name + " is no number: the panel reports it"));
+    EXPECT_TRUE(
+        has(copy, "project.json", name, "variable " + name + " must be a whole number, without quotes"));
 }
 
 TEST(WrongStart, ASwitchWordThatIsTrue)
