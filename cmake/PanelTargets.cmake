@@ -6,7 +6,8 @@
 #   panel_test(NAME SOURCES a_test.cpp ... LINK ...)             GoogleTest program whose cases ctest lists one by one
 #   panel_add_folder(folder ...)                                 add_subdirectory for the folders that have a CMakeLists.txt
 #
-# PRECOMPILE <header> ... of a library or a test: large headers of others that most of its sources include.
+# PRECOMPILE <header> ... of a library or a test: large headers of others that most of its sources include. Tests of what
+# uses Qt need one of Qt's there: its options differ from those that GoogleTest is precompiled with for all other tests.
 
 # Files below src/, hosts/ and adapters/ are included by their path from there: "basic/variant.h", "jet/jet_engine.h".
 set(PANEL_INCLUDE_DIRS "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}/hosts" "${PROJECT_SOURCE_DIR}/adapters")
@@ -40,6 +41,16 @@ function(panel_precompile target)
         return()
     endif()
     target_precompile_headers(${target} PRIVATE ${ARGN})
+    panel_allow_for_precompiled(${target})
+endfunction()
+
+# Takes what another target has precompiled.
+function(panel_share_precompiled target from)
+    target_precompile_headers(${target} REUSE_FROM ${from})
+    panel_allow_for_precompiled(${target})
+endfunction()
+
+function(panel_allow_for_precompiled target)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
         # From precompiled headers g++ 12 also reports such things of std::string as it keeps to itself otherwise.
         target_compile_options(${target} PRIVATE -Wno-stringop-overflow -Wno-array-bounds)
@@ -78,6 +89,9 @@ function(panel_program name)
     target_link_libraries(${name} PRIVATE ${arg_LINK})
 endfunction()
 
+# Building takes longer than testing: no time is spent on making the tests themselves fast.
+set(PANEL_TEST_OPTIONS $<$<CONFIG:Release>:-O1>)
+
 function(panel_test name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK;PRECOMPILE")
     if(arg_UNPARSED_ARGUMENTS)
@@ -89,10 +103,19 @@ function(panel_test name)
     target_include_directories(${name} PRIVATE ${PANEL_INCLUDE_DIRS} "${PROJECT_SOURCE_DIR}/tests")
     target_compile_definitions(${name} PRIVATE SERVOPANEL_TESTS_DIR="${PROJECT_SOURCE_DIR}/tests")
     target_link_libraries(${name} PRIVATE ${arg_LINK} GTest::gtest GTest::gtest_main)
-    # Building takes longer than testing: no time is spent on making the tests themselves fast.
-    target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-O1>)
-    panel_precompile(${name} <gtest/gtest.h> ${arg_PRECOMPILE})
+    target_compile_options(${name} PRIVATE ${PANEL_TEST_OPTIONS})
+    if(arg_PRECOMPILE)
+        panel_precompile(${name} <gtest/gtest.h> ${arg_PRECOMPILE})
+    else()
+        panel_share_precompiled(${name} precompiled_gtest)
+    endif()
     gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 120)
+    # With sanitizers a process takes longer to start than most cases to run, hence all cases in a few processes as well.
+    foreach(part RANGE 3)
+        add_test(NAME together.${name}.${part} COMMAND ${name})
+        set_tests_properties(together.${name}.${part} PROPERTIES LABELS together TIMEOUT 600
+                             ENVIRONMENT "GTEST_TOTAL_SHARDS=4;GTEST_SHARD_INDEX=${part};GTEST_BRIEF=1")
+    endforeach()
 endfunction()
 
 function(panel_add_folder)
