@@ -1,5 +1,6 @@
 #include "portable/text_decoding.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -63,6 +64,10 @@ bool isUtf8(std::string_view bytes)
     };
     std::size_t i = 0;
     while (i < bytes.size()) {
+        if (byteAt(i) < 0x80U) {
+            ++i;
+            continue;
+        }
         const Sequence expected = sequence(byteAt(i));
         if (expected.length == 0 || expected.length > bytes.size() - i) return false;
         if (expected.length > 1
@@ -96,11 +101,14 @@ std::string_view withoutByteOrderMark(std::string_view bytes)
 std::vector<std::string_view> splitLines(std::string_view bytes)
 {
     std::vector<std::string_view> lines;
-    while (!bytes.empty()) {
-        const std::size_t end = bytes.find_first_of("\r\n");
-        lines.push_back(bytes.substr(0, end));
-        if (end == std::string_view::npos) break;
-        bytes.remove_prefix(bytes.substr(end, 2) == "\r\n" ? end + 2 : end + 1);
+    // One sign is found far faster than the first of two; each line feed is looked for once.
+    std::size_t feed = bytes.find('\n');
+    for (std::size_t at = 0; at < bytes.size();) {
+        if (feed < at) feed = bytes.find('\n', at);
+        const std::size_t end = at + std::min(bytes.substr(at, feed - at).find('\r'), feed - at);
+        lines.push_back(bytes.substr(at, end - at));
+        if (end >= bytes.size()) break;
+        at = end + (bytes.substr(end, 2) == "\r\n" ? 2 : 1);
     }
     return lines;
 }
@@ -143,7 +151,9 @@ std::vector<std::string> decodeLines(std::string_view bytes)
     const std::string_view content = withoutByteOrderMark(bytes);
     const bool utf8 = isUtf8(content);
     std::vector<std::string> lines;
-    for (const std::string_view line : splitLines(content))
+    const std::vector<std::string_view> parts = splitLines(content);
+    lines.reserve(parts.size());
+    for (const std::string_view line : parts)
         lines.push_back(utf8 ? std::string{line} : fromWindows1252(line));
     return lines;
 }

@@ -67,7 +67,7 @@ FileBytes readFile(const fs::path& file, std::string_view name, std::uintmax_t l
 
 FileBytes readToEnd(ReadSome readSome, std::uintmax_t largest, std::string_view name)
 {
-    constexpr std::size_t blockSize = 65536;
+    constexpr std::size_t blockSize = 16384; // most files of a project are smaller
     FileBytes result;
     const auto failed = [&](const std::string& reason) {
         result.bytes.resize(result.bytes.size() - brokenEnd(result.bytes));
