@@ -39,11 +39,16 @@ public:
         QString text = item.text();
         text.remove(QChar{0x2066}).remove(QChar{0x2068}).remove(QChar{0x2069});
         if (text.trimmed().isEmpty()) return;
-        QRectF ink = QFontMetricsF{item.font()}.tightBoundingRect(text);
+        // Blanks before it are none either.
+        const auto inked =
+            std::find_if(text.cbegin(), text.cend(), [](QChar sign) { return !sign.isSpace(); });
+        const auto before = std::distance(text.cbegin(), inked);
+        const QFontMetricsF metrics{item.font()};
+        QRectF ink = metrics.tightBoundingRect(text.mid(before));
+        ink.translate(metrics.horizontalAdvance(text.left(before)), 0);
         // A part of an Arabic word measures differently on its own; its advance is what was laid out.
         if (item.renderFlags().testFlag(QTextItem::RightToLeft)) {
             // Blanks at its end stand at the left.
-            const QFontMetricsF metrics{item.font()};
             const auto blanks = [&](auto begin, auto end) {
                 const auto first = std::find_if(begin, end, [](QChar sign) { return !sign.isSpace(); });
                 return static_cast<double>(std::distance(begin, first)) * metrics.horizontalAdvance(u' ');
