@@ -91,6 +91,8 @@ RealLine::RealLine()
     : project{twoMachines()}
 {
     addSimulation(project);
+    // The panel has its definitions in memory; no machine starts with the empty file that stands for them.
+    project.remove("Servo/Servo.mdb");
 }
 
 RealLine::~RealLine() { killMachines(); }
