@@ -59,6 +59,7 @@ struct FileError {
 // What the library asked for while somebody went through the whole project.
 struct Asked {
     std::map<std::string, Places> pictures; // by name below the project's folder, with slashes
+    std::map<std::string, Places> soughtFiles; // that are taken if they are there; likewise
     std::map<IniPlace, AskedEntry> entries;
     std::map<std::string, ShownText> texts; // by key
     std::set<std::string> textKeys; // all that were asked for, shown or not

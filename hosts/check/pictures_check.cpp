@@ -1,6 +1,7 @@
 #include "check/pictures_check.h"
 
 #include "basic/text.h"
+#include "check/folders.h"
 #include "check/ini_files.h"
 
 #include <algorithm>
@@ -38,6 +39,15 @@ bool fits(const PictureLook& picture, const Places& places)
 }
 
 constexpr const char* notShown = ": it is not shown, and the panel says so";
+constexpr const char* noneShown = ": its pictures are not shown, and the panel says so";
+constexpr const char* plainShown =
+    "no such picture, while another resolution has it: the menu's key shows the picture of the page instead";
+
+std::string folderOf(const std::string& name)
+{
+    const std::size_t end = name.rfind('/');
+    return end == std::string::npos ? std::string{} : name.substr(0, end);
+}
 
 bool isPictureName(const fs::path& name)
 {
@@ -81,14 +91,12 @@ bool isOf(const std::string& name, const FooterPicture& picture)
     return rest.substr(0, rest.find('.')).find_first_not_of("0123456789_") == std::string_view::npos;
 }
 
-// Entries for footer keys of which no picture is there at all, in a folder that there is: the entry is wrong then.
+// Entries for footer keys of which no picture is there at all, in a folder that can be listed: the entry is wrong then.
 std::vector<FooterPicture> wrongFooterPictures(const CheckedProject& project, const Asked& asked)
 {
     std::vector<FooterPicture> wrong;
     for (const FooterPicture& picture : footerPictures(project)) {
-        std::error_code code;
-        const auto folder = project.mapping.find(picture.beginning.substr(0, picture.beginning.find('/')));
-        if (!folder || !fs::is_directory(*folder, code)) continue;
+        if (!folderMistake(project, folderOf(picture.beginning)).empty()) continue;
         bool isAsked = false;
         bool isThere = false;
         for (const auto& [name, places] : asked.pictures) {
@@ -99,6 +107,37 @@ std::vector<FooterPicture> wrongFooterPictures(const CheckedProject& project, co
         if (isAsked && !isThere) wrong.push_back(picture);
     }
     return wrong;
+}
+
+// Tells those folders of pictures that nobody can list, once for all that is in them. Their names.
+std::set<std::string> closedFolders(const CheckedProject& project, const Asked& asked, Findings& findings)
+{
+    std::map<std::string, std::string> mistakes; // by folder
+    std::set<std::string> closed;
+    for (const auto& [name, places] : asked.pictures) {
+        const std::string folder = folderOf(name);
+        const auto [mistake, isNew] = mistakes.try_emplace(folder);
+        if (isNew) mistake->second = folderMistake(project, folder);
+        if (mistake->second.empty()) continue;
+        closed.insert(folder);
+        for (const std::string& view : places.views)
+            findings.add({folder, 0, mistake->second + noneShown, {}, view});
+    }
+    return closed;
+}
+
+// Pictures that a project need not have, but has for some of its resolutions.
+void checkOptionalPictures(const CheckedProject& project, const Asked& asked, Findings& findings)
+{
+    std::set<std::string> present; // for one resolution at least, by their names for all
+    for (const auto& [name, places] : asked.soughtFiles)
+        if (project.mapping.find(name)) present.insert(forAllResolutions(name, project.resolutions));
+    for (const auto& [name, places] : asked.soughtFiles) {
+        const std::string shown = forAllResolutions(name, project.resolutions);
+        if (!present.contains(shown) || project.mapping.find(name)) continue;
+        for (const std::string& view : places.views)
+            findings.add({shown, 0, plainShown, places.resolutions, view});
+    }
 }
 
 } // namespace
@@ -125,13 +164,15 @@ std::set<int> resolutionsOf(const CheckedProject& project)
 
 void checkPictures(const CheckedProject& project, Asked& asked, const PictureReader& read, Findings& findings)
 {
+    const std::set<std::string> closed = closedFolders(project, asked, findings);
     const std::vector<FooterPicture> wrong = wrongFooterPictures(project, asked);
     for (const FooterPicture& picture : wrong)
         findings.add(picture.file, picture.line,
             picture.entry + ", and there is no picture whose name begins so: the key stays without one");
     for (const auto& [name, places] : asked.pictures) {
-        const bool isTold = std::any_of(wrong.begin(), wrong.end(),
-            [&name = name](const FooterPicture& picture) { return isOf(name, picture); });
+        const bool isTold = closed.contains(folderOf(name))
+            || std::any_of(wrong.begin(), wrong.end(),
+                [&name = name](const FooterPicture& picture) { return isOf(name, picture); });
         if (isTold) {
             asked.brokenFiles.insert(name);
             continue;
@@ -145,32 +186,21 @@ void checkPictures(const CheckedProject& project, Asked& asked, const PictureRea
         for (const std::string& view : places.views)
             findings.add({shown, 0, mistake, shown == name ? std::set<int>{} : places.resolutions, view});
     }
+    checkOptionalPictures(project, asked, findings);
 }
-
-namespace {
-
-// Whether somebody asked for a picture of a folder; those that are missing are told one by one then.
-bool hasPictureOf(const Asked& asked, const std::string& folder)
-{
-    const auto first = asked.pictures.lower_bound(folder + '/');
-    return first != asked.pictures.end() && first->first.starts_with(folder + '/');
-}
-
-} // namespace
 
 void checkAllPictures(
     const CheckedProject& project, const Asked& asked, const PictureReader& read, Findings& findings)
 {
     for (const char* const folder : {"Servo", "Standard"}) {
-        const std::optional<fs::path> place = project.mapping.find(folder);
-        std::error_code code;
-        if (!place || !fs::is_directory(*place, code)) {
-            if (!hasPictureOf(asked, folder))
-                findings.add(folder, 0,
-                    std::string{place ? "is no folder" : "no such folder"} + ": its pictures are missing");
+        const std::string closed = folderMistake(project, folder);
+        if (!closed.empty()) {
+            findings.add(folder, 0, closed + noneShown);
             continue;
         }
-        for (fs::directory_iterator file{*place, code}, end; !code && file != end; file.increment(code)) {
+        std::error_code code;
+        for (fs::directory_iterator file{*project.mapping.find(folder), code}, end; !code && file != end;
+             file.increment(code)) {
             const std::string leaf = file->path().filename().string();
             const std::string name = folder + ('/' + leaf);
             if (!isPictureName(file->path()) || asked.pictures.contains(name)) continue;

@@ -112,7 +112,7 @@ Watch::Watch(recording::MemoryHost& host, const CheckedProject& project, KeptDef
 
 platform::LibraryPlatform Watch::platform()
 {
-    return {*this, *this, *this, inner_.files, inner_.surroundings, *this};
+    return {*this, *this, *this, *this, inner_.surroundings, *this};
 }
 
 void Watch::setView(std::string view, int resolution)
@@ -343,6 +343,13 @@ std::optional<std::string> Watch::text(
     std::optional<std::string> value = inner_.profile.text(file, section, entry);
     if (isServoEntry(entry)) listed_ = value ? servoNumber(*value) : std::nullopt;
     return value;
+}
+
+bool Watch::exists(std::string_view path)
+{
+    if (const std::optional<std::string> name = relative(path))
+        asked_.soughtFiles[*name].add(resolution_, view_);
+    return inner_.files.exists(path);
 }
 
 basic::ObjectRef Watch::load(std::string_view path)

@@ -25,6 +25,7 @@ namespace servopanel::check {
 class Watch : private platform::LateObjects,
               private platform::Messages,
               private platform::Profile,
+              private platform::Files,
               private platform::Pictures {
 public:
     // All live as long as the watch.
@@ -83,6 +84,14 @@ private:
         std::string_view file, std::string_view section, std::string_view entry) override;
     basic::ObjectRef load(std::string_view path) override;
     void save(platform::Control& box, std::string_view path) override { inner_.pictures.save(box, path); }
+    bool exists(std::string_view path) override;
+    platform::TextLines openText(std::string_view path) override { return inner_.files.openText(path); }
+    void closeText() override { inner_.files.closeText(); }
+    void writeText(std::string_view path, const std::vector<std::string>& lines) override
+    {
+        inner_.files.writeText(path, lines);
+    }
+    void createFolder(std::string_view path) override { inner_.files.createFolder(path); }
 
     basic::Variant read(std::string_view name);
     basic::Variant readFlag(const std::string& name);

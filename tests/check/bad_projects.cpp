@@ -63,10 +63,9 @@ const std::vector<BadProject>& badProjects()
 {
     static const std::vector<BadProject> projects{
         {"HalfCopiedWithoutPictures", [](const ProjectCopy& copy) { copy.remove("Standard"); },
-            {"Standard/OK.wmf: no such picture", "Standard/F_Exit_*.gif: no such picture"}},
+            {"Standard: no such folder"}},
         {"HalfCopiedWithoutServo", [](const ProjectCopy& copy) { copy.remove("Servo"); },
-            {"Servo/Servo.ini: no such file", "Servo/Servo.mdb: no such file",
-                "Servo/ServoMain_*.bmp: no such"}},
+            {"Servo: no such folder", "Servo/Servo.ini: no such file", "Servo/Servo.mdb: no such file"}},
         {"HalfCopiedWithoutParameter", [](const ProjectCopy& copy) { copy.remove("Parameter"); },
             {"Parameter/Program.ini: no such file: the panel finds no servos"}},
         {"HalfCopiedWithoutTexts", [](const ProjectCopy& copy) { copy.remove("Texts"); },
@@ -153,7 +152,7 @@ const std::vector<BadProject>& badProjects()
                 replaceByLoop(copy, "Standard");
                 replaceByLoop(copy, "Texts");
             },
-            {"Standard/OK.wmf: no such picture", "Texts/de.txt: "}},
+            {"Standard: no such folder", "Texts/de.txt: "}},
         {"LoopIntoItself",
             [](const ProjectCopy& copy) { fs::create_directory_symlink("..", copy.place("Servo/project")); },
             {}},
@@ -179,7 +178,8 @@ const std::vector<BadProject>& badProjects()
                 for (const char* const folder : {"Servo", "Standard", "Texts", "Parameter"})
                     replaceByFile(copy, folder);
             },
-            {"Servo/Servo.ini: no such file", "Servo/Servo.mdb: no such file", "Texts/de.txt: "}},
+            {"Servo: is no folder", "Standard: is no folder", "Servo/Servo.ini: no such file",
+                "Servo/Servo.mdb: no such file", "Texts/de.txt: "}},
         {"PipesForFiles",
             [](const ProjectCopy& copy) {
                 for (const char* const file :

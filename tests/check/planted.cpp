@@ -293,6 +293,11 @@ const std::vector<Planted>& plantedMistakes()
             {{"Servo/ServoMain_800.bmp", "",
                 "no such picture: it is not shown, and the panel says so (the page of servo 1 of machine M1, "
                 "and 1 more place)"}}},
+        {"a picture for the menu missing for one resolution",
+            [](const ProjectCopy& copy) { copy.remove("Servo/Servo_S_M1_1_1024.gif"); },
+            {{"Servo/Servo_S_M1_1_1024.gif", "",
+                "no such picture, while another resolution has it: the menu's key shows the picture of the "
+                "page instead (the first page of machine M1)"}}},
         {"the picture of an access level",
             [](const ProjectCopy& copy) { copy.remove("Standard/Pw2_1024.gif"); },
             {{"Standard/Pw2_1024.gif", "",
