@@ -1,6 +1,7 @@
 #include "check/ini_files.h"
 
 #include "basic/text.h"
+#include "portable/profile_text.h"
 #include "portable/trimming.h"
 
 #include <algorithm>
@@ -253,15 +254,9 @@ private:
 
 std::optional<int> servoNumber(std::string_view value)
 {
-    const bool isNegative = value.substr(0, 1) == "-";
-    if (isNegative || value.substr(0, 1) == "+") value.remove_prefix(1);
-    const bool isHex = value.size() > 2 && (value.starts_with("0x") || value.starts_with("0X"));
-    if (isHex) value.remove_prefix(2);
-    // What stands behind the digits does not count. Without digits the number stays 0, and too large a one is none.
-    unsigned number = 0;
-    std::from_chars(value.data(), value.data() + value.size(), number, isHex ? 16 : 10);
-    if (isNegative || number < 1 || number > static_cast<unsigned>(mostServos)) return std::nullopt;
-    return static_cast<int>(number);
+    const std::int32_t number = portable::profileNumber(value);
+    if (number < 1 || number > mostServos) return std::nullopt;
+    return number;
 }
 
 bool isServoEntry(std::string_view entry) { return withoutNumbers(iniName(entry)) == servoEntry; }

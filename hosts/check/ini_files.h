@@ -31,8 +31,7 @@ std::vector<FooterPicture> footerPictures(const CheckedProject& project);
 // The footer keys, Servo\Servo.ini, which the library reads by rules of its own.
 void checkFooterFile(const CheckedProject& project, std::size_t machines, Findings& findings);
 
-// The servo to which the entry of a list of servos leads, by the library's rule: a sign and the digits that come first,
-// hexadecimal ones after 0x. Nothing for a number that is not from 1 to 50.
+// The servo to which the entry of a list of servos leads. Nothing for a number that is not from 1 to 50.
 std::optional<int> servoNumber(std::string_view value);
 // Whether this is such an entry: "Servo3".
 bool isServoEntry(std::string_view entry);

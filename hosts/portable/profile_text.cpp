@@ -3,7 +3,11 @@
 #include "basic/text.h"
 #include "portable/trimming.h"
 
+#include <algorithm>
+#include <charconv>
 #include <cstddef>
+#include <limits>
+#include <system_error>
 
 namespace servopanel::portable {
 
@@ -55,6 +59,21 @@ std::optional<std::string> profileLookUp(
         return std::string{cutAfter(value, longestValue)};
     }
     return std::nullopt;
+}
+
+std::int32_t profileNumber(std::string_view value)
+{
+    const bool isNegative = value.starts_with('-');
+    if (isNegative || value.starts_with('+')) value.remove_prefix(1);
+    const bool isHex = value.size() > 2 && (value.starts_with("0x") || value.starts_with("0X"));
+    if (isHex) value.remove_prefix(2);
+    constexpr std::uint32_t most = std::numeric_limits<std::int32_t>::max();
+    std::uint32_t number = 0;
+    const auto [end, error] =
+        std::from_chars(value.data(), value.data() + value.size(), number, isHex ? 16 : 10);
+    if (error == std::errc::result_out_of_range) number = most;
+    const auto magnitude = static_cast<std::int32_t>(std::min(number, most));
+    return isNegative ? -magnitude : magnitude;
 }
 
 } // namespace servopanel::portable

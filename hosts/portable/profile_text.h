@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,5 +16,9 @@ namespace servopanel::portable {
 // Nothing when section or entry is missing; an entry without a value is there and gives "".
 std::optional<std::string> profileLookUp(
     const std::vector<std::string>& lines, std::string_view section, std::string_view entry);
+
+// The number in a value as the library takes it: a sign and the digits that come first, hexadecimal ones after 0x. What
+// stands behind them does not count; without digits it is 0. The largest one stands for every number beyond 32 bits.
+std::int32_t profileNumber(std::string_view value);
 
 } // namespace servopanel::portable

@@ -129,6 +129,18 @@ TEST_F(Check, ComparesWithTheServosOfAProject)
         "4 definitions, 5 findings\n");
 }
 
+// Whatever the panel takes for the number of a servo is one here.
+TEST_F(Check, TakesNumbersOfServosAsThePanelDoes)
+{
+    const tests::TemporaryFolder project;
+    fill(project);
+    project.file("Parameter/Program.ini", "[1Machine]\nServo1=0x02\nServo2=+3 ; winder\nServo3=none\n");
+    const std::string file = database(
+        row("M1", parameter("M1", "_servo_para_", 2), 3) + row("M1", parameter("M1", "_servo_para_", 3), 3));
+    EXPECT_EQ(run({"check", file, "--project", project.path().string()}), 0) << errors;
+    EXPECT_EQ(text, "2 definitions, 0 findings\n");
+}
+
 TEST_F(Check, TakesTheServosOfAProjectWithMistakesElsewhere)
 {
     const tests::TemporaryFolder project;
@@ -174,6 +186,8 @@ TEST_F(Check, NamesTheFileOfAProjectThatIsBroken)
         {"Parameter/Program.ini", nullptr, "there is no such file"},
         {"Parameter/Program.ini", "[1Machine]\nServo1=1\nServo2=99999\n",
             "[1Machine] Servo2: '99999' is no number of a servo"},
+        {"Parameter/Program.ini", "[1Machine]\nServo1=1\nServo2=51\n",
+            "[1Machine] Servo2: '51' is no number of a servo"},
     };
     const std::string file = database(row("M1", parameter("M1", "_servo_para_", 1), 3));
     for (const auto& [name, content, reason] : cases) {

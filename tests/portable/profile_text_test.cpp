@@ -11,6 +11,7 @@
 namespace {
 
 using servopanel::portable::profileLookUp;
+using servopanel::portable::profileNumber;
 
 struct Case {
     const char* name;
@@ -91,6 +92,18 @@ TEST(ProfileLookUpLength, DropsQuotesBeforeItCuts)
 {
     const std::string longest(254, 'x');
     EXPECT_EQ(profileLookUp({"[S]", "a=\"" + longest + "\""}, "S", "a"), longest);
+}
+
+TEST(ProfileNumber, IsASignAndTheDigitsThatComeFirst)
+{
+    const struct {
+        std::string_view value;
+        std::int32_t number;
+    } numbers[]{{"12", 12}, {"007", 7}, {"+3", 3}, {"-4", -4}, {"3 ; winder", 3}, {"0x1F", 31}, {"0X1g", 1},
+        {"-0x10", -16}, {"0x", 0}, {"0xg", 0}, {"", 0}, {"-", 0}, {"--1", 0}, {" 1", 0}, {"two", 0},
+        {"1.9", 1}, {"2147483648", 2147483647}, {"-99999999999", -2147483647}, {"0xFFFFFFFFF", 2147483647}};
+    for (const auto& [value, number] : numbers)
+        EXPECT_EQ(profileNumber(value), number) << value;
 }
 
 } // namespace

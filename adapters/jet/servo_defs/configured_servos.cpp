@@ -61,14 +61,14 @@ std::vector<Machine> machinesOf(const fs::path& description)
     return machines;
 }
 
-std::int16_t servoNumber(
+// 0 for a place of the list that leads to no servo.
+std::int32_t servoNumber(
     const fs::path& file, const std::string& section, const std::string& entry, const std::string& text)
 {
-    try {
-        return basic::roundToInt16(basic::Val(text));
-    } catch (const basic::Error&) {
+    const std::int32_t number = portable::profileNumber(text);
+    if (number < 0 || number > mostServos)
         refuse(file, "[" + section + "] " + entry + ": '" + text + "' is no number of a servo");
-    }
+    return number;
 }
 
 } // namespace
@@ -87,8 +87,8 @@ std::vector<ServoName> configuredServos(const fs::path& project)
         for (int i = 1; i <= mostServos; ++i) {
             const std::string entry = "Servo" + std::to_string(i);
             const std::optional<std::string> text = portable::profileLookUp(lines, section, entry);
-            const std::int16_t number = text ? servoNumber(file, section, entry, *text) : std::int16_t{0};
-            if (number != 0) servos.push_back({machine.designation, basic::decimal(std::int32_t{number})});
+            const std::int32_t number = text ? servoNumber(file, section, entry, *text) : 0;
+            if (number != 0) servos.push_back({machine.designation, std::to_string(number)});
         }
     }
     return servos;
