@@ -71,22 +71,32 @@ JsonMistake jsonMistake(std::string_view text, std::size_t read, std::string_vie
     const auto behind = [&] { return shown(text, beginOf(text, before + 1), before + 1); };
 
     if (text.find_first_not_of(blanks) == std::string_view::npos) return {0, "the file is empty"};
+    if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF"))
+        return {0, "is in UTF-16; save the file as UTF-8"};
+    if (const std::size_t zero = text.find('\0'); zero <= end && zero < text.size())
+        return {zero, "has characters of the number 0: it is damaged, or not in UTF-8"};
     if (says("ill-formed UTF-8")) return {begin, "is not in UTF-8; save the file as UTF-8"};
     if (says("closing quote") || says("must be escaped"))
         return {signBefore(text, text.substr(0, end).find_last_not_of("\r\n") + 1),
             "a text has no closing quote (\")"};
     if (says("after backslash")) return {begin, "a backslash within a text is written twice (\\\\)"};
-    if (says("unexpected end of input"))
+    const bool isCutWithin = says("invalid") && text.find_first_not_of(blanks, end) == std::string_view::npos;
+    if (says("unexpected end of input") || isCutWithin)
         return {signBefore(text, text.size()), "the file breaks off here: a \"}\" or \"]\" is missing"};
     if (says("expected end of input")) return {begin, here() + " stands behind the end of the project"};
     const bool isClosing = says("unexpected '}'") || says("unexpected ']'");
     if (isClosing && text[before] == ',') return {before, "there is a comma too many before " + here()};
     if (says("object key")) return {begin, here() + " stands where a name in quotes belongs"};
     if (says("object separator")) return {before, "a colon is missing behind " + behind()};
-    if (says("invalid literal") || says("invalid number") || says("while parsing value"))
+    if (says("number overflow")) return {begin, here() + " is too large for a number"};
+    // A number with zeros before it ends for the parser behind the first of them.
+    const bool isTwoNumbers = says("unexpected number literal") && isSign(text[before]) && text[begin] == '0';
+    if (says("invalid literal") || says("invalid number") || says("while parsing value") || isTwoNumbers)
         return {begin,
             here() + " is no value: that is a number, a text in quotes, true, false, a list or an object"};
     if (isClosing) return {begin, here() + " closes what another bracket has opened"};
+    if (text[begin] == ':' && says("expected ']'"))
+        return {signBefore(text, beginOf(text, before + 1)), "a \"]\" is missing before " + behind()};
     if (says("expected '}'")) return {before, "a comma is missing behind " + behind()};
     if (says("expected ']'")) return {before, "a comma or \"]\" is missing behind " + behind()};
     return {begin, plainReason(message)};

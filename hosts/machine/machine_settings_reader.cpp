@@ -16,6 +16,7 @@ using Need = JsonObject::Need;
 
 constexpr std::int64_t largest16 = std::numeric_limits<std::int16_t>::max();
 constexpr double milliseconds = 0.001;
+constexpr double leastPeriod = 10; // milliseconds; nobody sees more than a hundred values in a second
 
 struct KindName {
     std::string_view name;
@@ -50,7 +51,7 @@ public:
         if (object.failed()) return std::nullopt;
 
         MachineSettings settings;
-        if (const auto period = object.number("period_ms", Need::Optional, 1, 10'000))
+        if (const auto period = object.number("period_ms", Need::Optional, leastPeriod, 10'000))
             settings.periodSeconds = *period * milliseconds;
         if (const auto seed =
                 object.whole("seed", Need::Optional, 0, std::numeric_limits<std::int64_t>::max()))
@@ -110,6 +111,7 @@ private:
         rule.name = object.text("name", Need::Optional).value_or("");
         rule.place = object.path();
         known_.clear();
+        leftOut_.clear();
         if (const Json* const values = object.array("values", Need::Optional))
             rule.values = each<ValueRule>(*values, object.pathOf("values"), &SettingsReader::value);
         if (const Json* const faults = object.array("faults", Need::Optional))
@@ -128,6 +130,7 @@ private:
         if (kind == std::end(kindNames)) {
             object.problem("kind", "\"" + *name + "\" is not known");
             object.takeRest();
+            leftOut_.push_back(rule.place);
             return std::nullopt;
         }
         rule.kind = kind->kind;
@@ -142,7 +145,10 @@ private:
             rule.switchBit = static_cast<int>(*bit);
         ofKind(object, rule);
 
-        if (object.failed()) return std::nullopt;
+        if (object.failed() || (rule.source && !isKnown(*rule.source))) {
+            leftOut_.push_back(rule.place);
+            return std::nullopt;
+        }
         if (isKnown(rule.place)) {
             object.problem("element", "this place has a value already");
             return std::nullopt;
@@ -232,7 +238,7 @@ private:
         JsonObject member{*json, file_, object.pathOf("source"), problems_};
         const Place found = place(member);
         member.finish();
-        if (member.failed() || !isKnown(found))
+        if (member.failed() || (!isKnown(found) && !isLeftOut(found)))
             object.problem("source", "must be the place of an earlier value of this servo");
         return found;
     }
@@ -289,15 +295,22 @@ private:
         FaultEffect effect;
         effect.place = place(object);
         effect.add = object.number("add", Need::Required).value_or(0);
-        if (!object.failed() && !isKnown(effect.place)) object.problem("element", "this place has no value");
+        if (!object.failed() && !isKnown(effect.place) && !isLeftOut(effect.place))
+            object.problem("element", "this place has no value");
         return effect;
     }
 
     bool isKnown(Place place) const { return std::find(known_.begin(), known_.end(), place) != known_.end(); }
+    bool isLeftOut(Place place) const
+    {
+        return std::find(leftOut_.begin(), leftOut_.end(), place) != leftOut_.end();
+    }
 
     const std::string& file_;
     std::vector<Problem>& problems_;
     std::vector<Place> known_; // places of the servo that is being read
+    std::vector<Place>
+        leftOut_; // those whose value has a mistake; what needs them is left out without a word
 };
 
 } // namespace

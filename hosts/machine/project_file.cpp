@@ -140,7 +140,7 @@ void readLanguages(JsonObject& object, ProjectFile& project, const std::string& 
             if (!entry.failed() && isTaken(project, language, &ProjectFile::Language::number))
                 entry.problem("number", "is that of another language");
             if (!entry.failed() && isTaken(project, language, &ProjectFile::Language::code))
-                entry.problem("code", "is that of another language, so that both have the same texts");
+                entry.problem("code", "is that of another language");
             const bool failed = entry.failed();
             if (!failed && portable::trimBlanks(language.name).empty()) {
                 entry.problem("name", "is empty; the operator sees the code");

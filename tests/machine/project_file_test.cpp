@@ -324,6 +324,33 @@ TEST(MachineSettings, LeaveOutRulesThatCannotWork)
         (Problems{"/low: must be a number or a setpoint", "/period_s: 0 is out of range"}));
 }
 
+// What needs a value with a mistake is left out with it; one mistake is one report.
+TEST(MachineSettings, LeaveOutWhatNeedsARuleThatCannotWork)
+{
+    const ProjectFile project = ProjectFile::parse(
+        R"({"variables": {}, "machine": {"kind": "simulated", "servos": [{"machine": "M1", "servo": 1,
+        "values": [{"page": 1, "element": 2, "kind": "constant", "value": 1, "tau_ms": -600},
+                   {"page": 1, "element": 3, "kind": "value", "source": {"page": 1, "element": 2}},
+                   {"page": 1, "element": 4, "kind": "value", "source": {"page": 1, "element": 3}},
+                   {"page": 1, "element": 5, "kind": "constant", "value": 1}],
+        "faults": [{"text": "x", "mean_interval_s": 1, "duration_s": 1,
+                    "effects": [{"page": 1, "element": 2, "add": 1}]}]}]}})",
+        "p");
+    EXPECT_EQ(problemsOf(project), (Problems{"p: /machine/servos/0/values/0/tau_ms: -600 is out of range"}));
+    EXPECT_EQ(project.machine->servos.at(0).values.size(), 1U);
+    EXPECT_EQ(project.machine->servos.at(0).faults.size(), 1U);
+}
+
+TEST(MachineSettings, KnowTheirShortestPeriod)
+{
+    const auto problems = [](const std::string& period) {
+        return problemsOf(ProjectFile::parse(
+            R"({"variables": {}, "machine": {"kind": "simulated", "period_ms": )" + period + "}}", "p"));
+    };
+    EXPECT_EQ(problems("10"), Problems{});
+    EXPECT_EQ(problems("9"), (Problems{"p: /machine/period_ms: 9 is out of range"}));
+}
+
 TEST(MachineSettings, ReportAMisspeltMemberButKeepTheRule)
 {
     const ProjectFile project =
