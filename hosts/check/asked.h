@@ -67,7 +67,7 @@ struct Asked {
     std::map<std::int16_t, std::string> screens; // other screens, and where their key is
     std::set<std::string> troubled; // variables that are among the findings
     std::vector<jet::ServoName> servos;
-    std::vector<jet::ServoName> unshownServos; // whose flag is neither true nor false; nobody comes to them
+    std::set<jet::ServoName> unshownServos; // that are listed and that nobody comes to
     std::size_t wholeServos = 0; // those of which nothing failed that was asked for
     std::size_t machines = 0;
     std::set<std::string> openMachines; // of whose items none is defined, so that all of them are shown

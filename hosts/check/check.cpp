@@ -1,16 +1,18 @@
 #include "check/check.h"
 
 #include "basic/error.h"
-#include "basic/text.h"
 #include "check/asked.h"
 #include "check/definitions_check.h"
 #include "check/designations_check.h"
+#include "check/folders.h"
 #include "check/ini_files.h"
+#include "check/machine_type.h"
 #include "check/pictures_check.h"
 #include "check/places_check.h"
 #include "check/problems.h"
 #include "check/project.h"
 #include "check/screen_check.h"
+#include "check/servo_lists.h"
 #include "check/simulation_check.h"
 #include "check/start_values.h"
 #include "check/texts_check.h"
@@ -19,6 +21,7 @@
 #include "check/walk.h"
 #include "portable/text_reading.h"
 
+#include <algorithm>
 #include <system_error>
 
 namespace servopanel::check {
@@ -61,6 +64,10 @@ CheckedProject load(const fs::path& folder, const fs::path& file, Findings& find
 
 void checkScreens(const CheckedProject& project, const Asked& asked, Findings& findings)
 {
+    // One that was not taken may be any of those that are missed, and is told.
+    if (std::any_of(project.file.problems.begin(), project.file.problems.end(),
+            [](const machine::Problem& problem) { return problem.place.starts_with("/screens/"); }))
+        return;
     std::set<std::int16_t> known;
     for (const auto& screen : project.file.screens)
         known.insert(screen.number);
@@ -96,18 +103,6 @@ std::string summary(const CheckedProject& project, const Asked& asked, const Fin
         + ")\n";
 }
 
-// A file of the description's name in other letters, which is another file on this system.
-std::string otherwiseNamed(const fs::path& folder)
-{
-    std::error_code code;
-    for (fs::directory_iterator file{folder, code}, end; !code && file != end; file.increment(code)) {
-        const std::string name = file->path().filename().string();
-        if (basic::upperCase(name) == "PROJECT.JSON")
-            return ", but '" + name + "', which must be named in small letters";
-    }
-    return {};
-}
-
 std::string machinesNotSeen(const Asked& asked)
 {
     std::vector<std::string> numbers;
@@ -115,7 +110,8 @@ std::string machinesNotSeen(const Asked& asked)
         numbers.push_back(std::to_string(machine));
     if (numbers.empty()) return {};
     return "what belongs to machine " + listed(numbers)
-        + " was not looked at, because of the designation: once it is mended, more may be found\n";
+        + " was not looked at, because of the designation: once it is mended, more may be "
+          "found\n";
 }
 
 // What a list of servos that the panel cannot use keeps from being found.
@@ -146,13 +142,24 @@ void takeLanguagesOfFolder(CheckedProject& project)
         project.file.languages.push_back({0, each, each, false, {}, false});
 }
 
-// Looks at all files that can be looked at without a description that is whole. What only follows from the part that
-// was not read is told by nobody: that it was not read is what helps.
-Report notWhole(
+// Whether a problem says already why there are no variables: it is about them or about the whole file.
+bool isAboutVariables(const machine::Problem& problem)
+{
+    return problem.place.starts_with("/variables") || !problem.place.starts_with('/');
+}
+
+// Looks at all files that can be looked at without process variables: there are none, or the description is not whole.
+// What only follows from the part that was not read is told by nobody: that it was not read is what helps.
+Report withoutVariables(
     CheckedProject& project, const PictureReader& readPicture, const Computer& computer, Findings& findings)
 {
     Asked asked;
-    takeLanguagesOfFolder(project);
+    const auto& problems = project.file.problems;
+    if (!project.file.isWhole)
+        takeLanguagesOfFolder(project);
+    else if (std::none_of(problems.begin(), problems.end(), isAboutVariables))
+        findings.add("project.json", project.lines.line("/variables"),
+            "variables: there is none: the panel finds no machine");
     checkFooterFile(project, machinesOfFooterFile(project), findings);
     checkEntriesAlone(project, findings);
     checkTextFiles(project, findings);
@@ -162,7 +169,8 @@ Report notWhole(
     checkPlaces(project, computer, findings);
     findings.tellFirst("project.json");
     std::string text = findings.text();
-    text += "servos, pages and variables were not looked at: project.json cannot be read to its end\n";
+    text += "servos, pages and variables were not looked at: project.json ";
+    text += project.file.isWhole ? "has no variables\n" : "cannot be read to its end\n";
     text += counted(findings.count(), "finding") + " in " + counted(findings.files(), "file") + '\n';
     return {Report::Result::Findings, std::move(text)};
 }
@@ -178,18 +186,24 @@ Report checkProject(const fs::path& folder, const PictureReader& readPicture, co
         return {Report::Result::NoProject, shown + what + cannotStart};
     }
     const fs::path file = folder / "project.json";
-    if (!fs::exists(fs::symlink_status(file, code)))
-        return {Report::Result::NoProject,
-            shown + " is no project: it has no project.json" + otherwiseNamed(folder) + cannotStart};
+    if (!fs::exists(fs::symlink_status(file, code))) {
+        std::string what = shown + " is no project: it has no project.json";
+        if (const auto other = inOtherLetters(folder, "project.json"))
+            what += ", but '" + *other + "', which must be named in small letters";
+        return {Report::Result::NoProject, what + cannotStart};
+    }
 
     Findings findings;
     Asked asked;
     CheckedProject project = load(folder, file, findings);
     readIniFiles(project, findings);
-    if (!project.file.isWhole) return notWhole(project, readPicture, computer, findings);
+    if (!project.file.isWhole || project.file.variables.empty())
+        return withoutVariables(project, readPicture, computer, findings);
     setRightTypes(project);
+    settleMachineType(project, findings);
     checkDesignations(project, asked, findings);
     walkThrough(project, asked, findings);
+    checkServoLists(project, asked, findings);
     checkFooterFile(project, asked.machines, findings);
     checkEntries(project, asked, findings);
     checkScreens(project, asked, findings);

@@ -15,11 +15,21 @@
 
 namespace servopanel::check {
 
+const CheckedProject::Ini* iniOf(const CheckedProject& project, const std::string& name)
+{
+    const auto found = project.inis.find(basic::upperCase(name));
+    return found == project.inis.end() ? nullptr : &found->second;
+}
+
+std::string valueOf(const IniFile::Entry& entry)
+{
+    return std::string{portable::withoutQuotes(portable::trimBlanks(entry.value), "\"'")};
+}
+
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* programFile = "Parameter/Program.ini";
 constexpr const char* footerFile = "Servo/Servo.ini";
 constexpr int footerKeys = 10;
 constexpr const char* noProgram = "no such file: the panel finds no servos";
@@ -77,11 +87,6 @@ const EntryRule* ruleOf(const std::string& entry)
     const auto rule =
         std::find_if(rules.begin(), rules.end(), [&](const EntryRule& each) { return each.name == name; });
     return rule == rules.end() ? nullptr : &*rule;
-}
-
-std::string valueOf(const IniFile::Entry& entry)
-{
-    return std::string{portable::withoutQuotes(portable::trimBlanks(entry.value), "\"'")};
 }
 
 std::optional<int> wholeNumber(std::string_view text)
@@ -170,12 +175,6 @@ bool isExcused(const IniFile& ini, const IniFile::Entry& entry, const EntriesRea
     return leadsToNone && read.contains({iniName(entry.section), list});
 }
 
-const CheckedProject::Ini* iniOf(const CheckedProject& project, const std::string& name)
-{
-    const auto found = project.inis.find(basic::upperCase(name));
-    return found == project.inis.end() ? nullptr : &found->second;
-}
-
 // The library takes this file as it stands, blanks and all.
 class FooterCheck {
 public:
@@ -191,9 +190,16 @@ public:
         for (const IniFile::Entry& entry : ini_.entries())
             known(entry, machines);
         std::set<int> used{3}; // key 3 shows the access level, in use or not
-        for (std::size_t machine = 1; machine <= machines; ++machine)
+        for (std::size_t machine = 1; machine <= machines; ++machine) {
+            const std::string section = "Machine" + std::to_string(machine);
+            if (ini_.lineOfSection(section) == 0) {
+                findings_.add(name_, 0,
+                    "section [" + section + "] is missing: the keys may go by those of another machine");
+                continue;
+            }
             for (int key = 1; key <= footerKeys; ++key)
-                if (flag("Machine" + std::to_string(machine), "F" + std::to_string(key))) used.insert(key);
+                if (flag(section, "F" + std::to_string(key))) used.insert(key);
+        }
         for (const int key : used)
             picture("F" + std::to_string(key));
     }
@@ -210,7 +216,10 @@ private:
             key.substr(0, 1) == "F" ? wholeNumber(key.substr(1)) : std::nullopt;
         const bool isSection =
             section == "FOOTER" || (machine && *machine >= 1 && *machine <= static_cast<int>(machines));
-        if (!isSection || !keyNumber || *keyNumber < 1 || *keyNumber > footerKeys)
+        if (!isSection)
+            findings_.add(
+                name_, ini_.lineOfSection(section), "section [" + entry.section + ']' + readByNobody);
+        else if (!keyNumber || *keyNumber < 1 || *keyNumber > footerKeys)
             findings_.add(name_, entry.line, nameOf(entry) + readByNobody);
         else if (portable::trimBlanks(entry.name) != entry.name)
             findings_.add(name_, entry.line,
@@ -260,6 +269,12 @@ std::optional<int> servoNumber(std::string_view value)
 }
 
 bool isServoEntry(std::string_view entry) { return withoutNumbers(iniName(entry)) == servoEntry; }
+
+int machineOfList(std::string_view section)
+{
+    const std::string name = iniName(section);
+    return withoutNumbers(name) == "MACHINE" ? portable::profileNumber(name) : 0;
+}
 
 std::int16_t servosListed(const CheckedProject& project, int machine)
 {

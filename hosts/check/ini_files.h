@@ -13,6 +13,14 @@
 
 namespace servopanel::check {
 
+// The list of servos.
+inline constexpr const char* programFile = "Parameter/Program.ini";
+
+// An INI file of the project, by its name below the folder; nullptr when there is none.
+const CheckedProject::Ini* iniOf(const CheckedProject& project, const std::string& name);
+// The value of an entry as the system's reader gives it, without blanks and quotes around it.
+std::string valueOf(const IniFile::Entry& entry);
+
 // Reads every INI file of the project.
 void readIniFiles(CheckedProject& project, Findings& findings);
 
@@ -35,6 +43,8 @@ void checkFooterFile(const CheckedProject& project, std::size_t machines, Findin
 std::optional<int> servoNumber(std::string_view value);
 // Whether this is such an entry: "Servo3".
 bool isServoEntry(std::string_view entry);
+// The machine whose servos a section of Program.ini lists: 3 for "3Machine"; 0 for any other section.
+int machineOfList(std::string_view section);
 // How many such entries Program.ini has for a machine.
 std::int16_t servosListed(const CheckedProject& project, int machine);
 

@@ -56,8 +56,10 @@ void LookAround::look(recording::ControlInstance& part)
     picture(part.self());
     part.form().forEach([&](platform::ChildId id, recording::MemoryControl& control) {
         if (const auto* keys = dynamic_cast<const recording::MemoryFooter*>(&control)) footer(*keys);
-        if (control.className() == classes::VWSVarIn)
-            watch_.noteVariable(basic::toText(control.get(ids::VWSVarIn::VariablenName)));
+        if (control.className() == classes::VWSVarIn) {
+            const std::string variable = basic::toText(control.get(ids::VWSVarIn::VariablenName));
+            if (!variable.empty()) watch_.noteVariable(variable);
+        }
         const std::string shown = textOf(control);
         if (const std::string key = watch_.keyOf(shown); !key.empty()) asked_.textKeys.insert(key);
         if (!control.isShown()) return;
@@ -111,10 +113,11 @@ void LookAround::picture(recording::MemoryControl& control)
     watch_.requireSize(picture->file(), pixels(platform::names::Width), pixels(platform::names::Height));
 }
 
-int LookAround::lineOf(std::string_view first, std::string_view second, platform::ChildId id) const
+std::string LookAround::variableOf(
+    std::string_view first, std::string_view second, platform::ChildId id) const
 {
     constexpr std::int16_t lastOfFirst = 20;
-    return project_.lineOfVariable(watch_.variableOf(id.index <= lastOfFirst ? first : second));
+    return watch_.variableOf(id.index <= lastOfFirst ? first : second);
 }
 
 // A value beyond its limits looks like any other, but the mask takes it for none.
@@ -123,17 +126,23 @@ void LookAround::input(platform::ChildId id, recording::MemoryControl& input)
     const std::string variable = basic::toText(input.get(ids::VWSVarIn::VariablenName));
     if (!variable.empty()) watch_.requireVariable(variable);
     if (watch_.isTroubled()) return;
+    const std::string setpoint = variableOf(families::setpoints, families::secondSetpoints, id);
+    const std::string lower = variableOf(families::lowerLimits, families::secondLowerLimits, id);
+    const std::string upper = variableOf(families::upperLimits, families::secondUpperLimits, id);
+    // In a list of the wrong length the numbers are not where they were meant to be.
+    for (const std::string& each : {setpoint, lower, upper})
+        if (project_.wrongStarts.contains(each)) return;
     const std::optional<double> low = limitOf(input.get(ids::VWSVarIn::Untergrenze));
     const std::optional<double> high = limitOf(input.get(ids::VWSVarIn::Obergrenze));
     const std::string name = "setpoint " + basic::decimal(std::int32_t{id.index});
     if (low && high && *low > *high)
-        findings_.add({"project.json", lineOf(families::upperLimits, families::secondUpperLimits, id),
+        findings_.add({"project.json", project_.lineOfVariable(upper),
             name + " has the lower limit " + basic::decimal(*low) + " above the upper limit "
                 + basic::decimal(*high) + ": no value can be entered there",
             {}, watch_.view()});
     const std::optional<double> value = limitOf(input.get(ids::VWSVarIn::Wert));
     if (value && low && high && *low <= *high && (*value < *low || *value > *high))
-        findings_.add({"project.json", lineOf(families::setpoints, families::secondSetpoints, id),
+        findings_.add({"project.json", project_.lineOfVariable(setpoint),
             name + " starts with " + basic::decimal(*value) + ", outside its limits " + basic::decimal(*low)
                 + " to " + basic::decimal(*high) + ": the mask does not take this value back",
             {}, watch_.view()});

@@ -27,8 +27,8 @@ private:
     void footer(const recording::MemoryFooter& footer);
     void picture(recording::MemoryControl& control);
     void input(platform::ChildId id, recording::MemoryControl& input);
-    // Of the variable of a setpoint, or of its limits, by the families of setpoints 1 to 20 and of the others.
-    int lineOf(std::string_view first, std::string_view second, platform::ChildId id) const;
+    // The variable of a setpoint, or of its limits, by the families of setpoints 1 to 20 and of the others.
+    std::string variableOf(std::string_view first, std::string_view second, platform::ChildId id) const;
 
     Watch& watch_;
     Asked& asked_;

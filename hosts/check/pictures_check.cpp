@@ -146,11 +146,8 @@ std::set<int> resolutionsOf(const CheckedProject& project)
 {
     std::set<int> result{project.file.resolution};
     for (const char* const folder : {"Servo", "Standard"}) {
-        const std::optional<fs::path> place = project.mapping.find(folder);
-        std::error_code code;
-        if (!place) continue;
-        for (fs::directory_iterator file{*place, code}, end; !code && file != end; file.increment(code)) {
-            const std::string stem = file->path().stem().string();
+        for (const fs::path name : namesIn(project, folder)) {
+            const std::string stem = name.stem().string();
             for (const int resolution : {800, 1024, 1280}) {
                 const std::string part = '_' + std::to_string(resolution);
                 if (stem.size() > part.size()

@@ -28,8 +28,10 @@ struct CheckedProject {
     JsonLines lines;
     std::set<int> resolutions; // those that it has pictures for, and its own
     std::map<std::string, Ini> inis; // by name below the folder, in capitals
-    std::map<std::string, std::string> mistyped =
-        {}; // what is wrong with the type of a variable, by its name
+    std::map<std::string, std::string> wrongStarts =
+        {}; // what is wrong with the type or the length of a start value, by the name of its variable
+
+    std::optional<std::string> machineType = {}; // of ServoWithMachineType, in the place of the project's own
 
     // Line of a process variable in project.json; for one that is missing that of all variables.
     int lineOfVariable(const std::string& name) const { return lines.line("/variables/" + name); }

@@ -12,6 +12,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace servopanel::check {
 
@@ -62,6 +63,36 @@ const Rule* ruleOf(std::string_view variable)
     for (const Rule& rule : familyRules)
         if (rule.name == family) return &rule;
     return nullptr;
+}
+
+// Elements of a list that the library uses.
+struct Length {
+    std::string_view family;
+    std::size_t used;
+};
+
+constexpr std::array lengths{
+    Length{families::setpoints, 20},
+    Length{families::lowerLimits, 20},
+    Length{families::upperLimits, 20},
+    Length{families::secondSetpoints, 4},
+    Length{families::secondLowerLimits, 4},
+    Length{families::secondUpperLimits, 4},
+    Length{families::drawings, 2},
+    Length{families::actualValues, 40},
+};
+
+// What is wrong with a list that has more elements than are used; "" for any other variable.
+std::string lengthMistake(const CheckedProject::Variable& variable)
+{
+    const std::string_view family = machine::familyOf(variable.name);
+    const auto* const length = std::find_if(
+        lengths.begin(), lengths.end(), [&](const Length& each) { return each.family == family; });
+    const auto* const array = variable.value.get<basic::Array>();
+    if (length == lengths.end() || array == nullptr || array->elements.size() <= length->used) return {};
+    std::string what = "has ";
+    what.append(std::to_string(array->elements.size())).append(" elements, of which the first ");
+    return what.append(std::to_string(length->used)).append(" are used: the operator never sees the others");
 }
 
 bool isNumber(const Variant& value)
@@ -175,9 +206,11 @@ std::int16_t machinesOf(const CheckedProject& project)
 void setRightTypes(CheckedProject& project)
 {
     for (auto& variable : project.file.variables) {
+        if (std::string mistake = lengthMistake(variable); !mistake.empty())
+            project.wrongStarts[variable.name] = std::move(mistake);
         const Rule* const rule = ruleOf(variable.name);
         if (rule == nullptr || fits(rule->kind, variable.value)) continue;
-        project.mistyped[variable.name] = mistakeOf(*rule, variable.value);
+        project.wrongStarts[variable.name] = mistakeOf(*rule, variable.value);
         variable.value = rightValue(project, *rule, variable);
     }
 }

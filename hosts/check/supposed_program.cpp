@@ -2,6 +2,7 @@
 
 #include "basic/error.h"
 #include "basic/text.h"
+#include "check/folders.h"
 #include "check/ini_files.h"
 #include "jet/servo_defs/definition_list.h"
 #include "jet/servo_defs/servo_parameter.h"
@@ -10,7 +11,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <system_error>
 
 namespace servopanel::check {
 
@@ -47,13 +47,10 @@ void addDefined(const CheckedProject& project, const std::string& designation, s
 
 bool hasFile(const CheckedProject& project, const std::string& beginning)
 {
-    const std::optional<fs::path> folder = project.mapping.find("Servo");
-    std::error_code code;
-    if (!folder) return false;
-    for (fs::directory_iterator file{*folder, code}, end; !code && file != end; file.increment(code))
-        if (basic::upperCase(file->path().filename().string()).starts_with(basic::upperCase(beginning)))
-            return true;
-    return false;
+    const std::vector<std::string> names = namesIn(project, "Servo");
+    return std::any_of(names.begin(), names.end(), [&](const std::string& name) {
+        return basic::upperCase(name).starts_with(basic::upperCase(beginning));
+    });
 }
 
 } // namespace

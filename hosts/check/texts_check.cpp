@@ -1,6 +1,7 @@
 #include "check/texts_check.h"
 
 #include "basic/text.h"
+#include "check/folders.h"
 #include "check/problems.h"
 #include "machine/panel_words.h"
 #include "machine/texts.h"
@@ -67,21 +68,19 @@ public:
         , unasked_{unasked}
         , findings_{findings}
     {
+        const fs::path folder = project.folder / "Texts";
         std::set<std::string> codes;
         for (const auto& language : project.file.languages) {
             if (!codes.insert(language.code).second) continue;
             Language loaded{language.code, "Texts/" + language.code + ".txt",
-                machine::Texts::load(project.folder / "Texts" / (language.code + ".txt"))};
+                machine::Texts::load(folder / (language.code + ".txt"))};
             loaded.isRead = loaded.texts.size() > 0;
-            for (const machine::Problem& problem : loaded.texts.problems())
-                findings_.add(
-                    loaded.file, lineOf(problem), shownReason(problem.reason, project.folder / loaded.file));
-            // What a full disk or a broken copy leaves.
-            if (!loaded.isRead && loaded.texts.problems().empty())
-                findings_.add(loaded.file, 0, "has no texts: the operator sees the keys of texts instead");
+            // A folder or a file in other letters is told as such, and not that it is missing.
+            if (!inOtherLetters(project.folder, "Texts") && !inOtherLetters(folder, language.code + ".txt"))
+                tellProblems(loaded, project.folder / loaded.file);
             languages_.push_back(std::move(loaded));
         }
-        unusedFiles(project, codes);
+        unusedFiles(folder, codes);
     }
 
     void run()
@@ -100,13 +99,26 @@ public:
     }
 
 private:
-    void unusedFiles(const CheckedProject& project, const std::set<std::string>& codes)
+    void tellProblems(const Language& language, const fs::path& file)
     {
+        for (const machine::Problem& problem : language.texts.problems())
+            findings_.add(language.file, lineOf(problem), shownReason(problem.reason, file));
+        // What a full disk or a broken copy leaves.
+        if (!language.isRead && language.texts.problems().empty())
+            findings_.add(language.file, 0, "has no texts: the operator sees the keys of texts instead");
+    }
+
+    void unusedFiles(const fs::path& folder, const std::set<std::string>& codes)
+    {
+        const auto isMeant = [&](const fs::path& name) {
+            return std::any_of(codes.begin(), codes.end(), [&](const std::string& code) {
+                return code == name.stem() || inOtherLetters(folder, code + ".txt") == name.string();
+            });
+        };
         std::error_code code;
-        for (fs::directory_iterator file{project.folder / "Texts", code}, end; !code && file != end;
-             file.increment(code)) {
+        for (fs::directory_iterator file{folder, code}, end; !code && file != end; file.increment(code)) {
             const fs::path name = file->path().filename();
-            if (name.extension() == ".txt" && !codes.contains(name.stem().string()))
+            if (name.extension() == ".txt" && !isMeant(name))
                 findings_.add("Texts/" + name.string(), 0,
                     "no language of project.json has the code \"" + name.stem().string()
                         + "\": nobody reads this file");

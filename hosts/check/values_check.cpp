@@ -23,19 +23,6 @@ constexpr std::string_view machineVariable = "Ch-1.intern<.aktuelle_maschine>";
 constexpr std::string_view servoVariable = "Ch-1.intern<.servo_zeiger>";
 constexpr std::string_view designation = "parameter<.maschinenbez_";
 
-// Elements of a family that the library uses; nothing for one value.
-std::optional<std::size_t> usedElements(std::string_view family)
-{
-    if (family == families::setpoints || family == families::lowerLimits || family == families::upperLimits)
-        return 20;
-    if (family == families::secondSetpoints || family == families::secondLowerLimits
-        || family == families::secondUpperLimits)
-        return 4;
-    if (family == families::drawings) return 2;
-    if (family == families::actualValues) return 40;
-    return std::nullopt;
-}
-
 std::optional<double> numberOf(const Variant* value)
 {
     try {
@@ -65,10 +52,9 @@ public:
     {
         for (const auto& variable : project_.file.variables) {
             if (!asked_.variableNames.contains(variable.name)) continue;
-            if (const auto mistake = project_.mistyped.find(variable.name);
-                mistake != project_.mistyped.end())
+            if (const auto mistake = project_.wrongStarts.find(variable.name);
+                mistake != project_.wrongStarts.end())
                 add(variable.name, mistake->second);
-            elements(variable.name, variable.value);
             drawings(variable.name, variable.value);
             switchWord(variable.name, variable.value);
             if (variable.name.find(passiveFamily) != std::string::npos)
@@ -100,16 +86,6 @@ private:
         for (const auto& variable : project_.file.variables)
             if (variable.name == name) return &variable.value;
         return nullptr;
-    }
-
-    void elements(const std::string& name, const Variant& value)
-    {
-        const std::optional<std::size_t> used = usedElements(machine::familyOf(name));
-        const auto* array = value.get<basic::Array>();
-        if (!used || array == nullptr || array->elements.size() <= *used) return;
-        add(name,
-            "has " + std::to_string(array->elements.size()) + " elements, of which the first "
-                + std::to_string(*used) + " are used: the operator never sees the others");
     }
 
     // Nine digits, as the page shows them.

@@ -18,7 +18,6 @@ using basic::Variant;
 
 constexpr std::string_view passiveFamily = "_servopassiv_";
 constexpr std::string_view servoCount = "parameter<.servo_anzahl_";
-constexpr std::string_view programFile = "PARAMETER/PROGRAM.INI";
 constexpr const char* definitionFile = "Servo/Servo.mdb";
 constexpr char markStart = '\x02';
 constexpr char markEnd = '\x03';
@@ -226,11 +225,8 @@ void Watch::noteUnshown(std::string_view flag)
     constexpr std::string_view start = "Ch1.";
     const std::size_t end = flag.find("_T_servo_");
     if (!flag.starts_with(start) || end == std::string_view::npos) return;
-    const jet::ServoName servo{
-        std::string{flag.substr(start.size(), end - start.size())}, std::to_string(*listed_)};
-    const auto same = [&](const jet::ServoName& each) { return !(each < servo) && !(servo < each); };
-    if (std::none_of(asked_.unshownServos.begin(), asked_.unshownServos.end(), same))
-        asked_.unshownServos.push_back(servo);
+    asked_.unshownServos.insert(
+        {std::string{flag.substr(start.size(), end - start.size())}, std::to_string(*listed_)});
 }
 
 void Watch::write(std::string_view name, const Variant& value)
@@ -279,6 +275,9 @@ void Watch::noteError(std::int32_t number, std::string_view description, std::st
         }
         break;
     }
+    case Access::Entry:
+        if (is(ErrorNumber::Overflow)) return; // of an entry that is told with its line
+        break;
     default: break;
     }
     LibraryError error{std::string{procedure}, std::string{description}, view_};
@@ -324,14 +323,15 @@ std::optional<std::string> Watch::relative(std::string_view path) const
 std::optional<std::string> Watch::text(
     std::string_view file, std::string_view section, std::string_view entry)
 {
-    last_ = Access::Other;
+    last_ = Access::Entry;
     const std::optional<std::string> name = relative(file);
     if (!name) return std::nullopt;
-    const bool isSupposed = supposed_ != nullptr && basic::upperCase(*name) == programFile;
+    const bool isSupposed = supposed_ != nullptr && basic::upperCase(*name) == basic::upperCase(programFile);
     if (!isSupposed)
         asked_.entries.try_emplace({*name, iniName(section), iniName(entry)},
             AskedEntry{'[' + std::string{section} + "] " + std::string{entry}, view_});
     if (allOptions_ && isSwitch(entry)) return "TRUE";
+    if (project_.machineType && iniName(entry) == "SERVOWITHMACHINETYPE") return project_.machineType;
     if (isSupposed) {
         const std::optional<std::string> value = supposed_->entry(entry);
         if (isServoEntry(entry)) listed_ = value ? servoNumber(*value) : std::nullopt;

@@ -73,7 +73,7 @@ private:
     class Errors;
     class Engine;
 
-    enum class Access { None, Variable, MissingVariable, Definitions, Picture, Other };
+    enum class Access { None, Variable, MissingVariable, Definitions, Picture, Entry, Other };
 
     std::shared_ptr<platform::ProcessVarAccess> createProcessVarAccess() override;
     std::shared_ptr<platform::PathHelper> createPathHelper() override;

@@ -138,7 +138,7 @@ const std::vector<BadProject>& badProjects()
             [](const ProjectCopy& copy) {
                 fs::rename(copy.place("Texts/de.txt"), copy.place("Texts/DE.txt"));
             },
-            {"Texts/DE.txt: must be named de.txt, in these letters", "Texts/de.txt: there is no such file"}},
+            {"Texts/DE.txt: must be named de.txt, in these letters"}},
         {"RubbishForPictures",
             [](const ProjectCopy& copy) {
                 spoilFile(copy, "Servo/Servo_M1_1_1280.gif");

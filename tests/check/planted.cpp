@@ -127,6 +127,16 @@ const std::vector<Planted>& plantedMistakes()
             {{project, "mM1_servo_para_ob_8>",
                 "setpoint 2 has the lower limit 80 above the upper limit 60: no value can be entered there "
                 "(the page of servo 8 of machine M1)"}}},
+        {"a decimal comma",
+            replaced(project, "\"Ch1.M2_T_servo_4<.mM2_servo_para_4>\": [",
+                "\"Ch1.M2_T_servo_4<.mM2_servo_para_4>\": [0, "),
+            {{project, "mM2_servo_para_4",
+                "variable \"Ch1.M2_T_servo_4<.mM2_servo_para_4>\" has 21 elements, of which the first 20 are "
+                "used: the operator never sees the others"}}},
+        {"a variable without a name",
+            replaced(project, "  \"parameter<.mit_navi>\": true,",
+                "  \"parameter<.mit_navi>\": true,\n  \"\": 1,"),
+            {{project, "\"\": 1,", "nobody reads the variable \"\"; is it misspelt?"}}},
         {"too long an array",
             replaced(project, "\"Ch1.M2_T_servo_4<.mM2_servo_zeich_4>\": [",
                 "\"Ch1.M2_T_servo_4<.mM2_servo_zeich_4>\": [1.0, "),
@@ -260,6 +270,12 @@ const std::vector<Planted>& plantedMistakes()
             {{"Servo/Servo_M2_1.ini", "2X",
                 "[Parameter] 2X is \"7940\", which is not from 0 to 7305: the caption stands beside the "
                 "picture"}}},
+        {"a caption far beside the picture", replaced("Servo/Servo_M2_2.ini", "1X=", "1X=99999\n;"),
+            {{"Servo/Servo_M2_2.ini", "99999",
+                "[Parameter] 1X is \"99999\", which is not from 0 to 7305: the caption stands beside the "
+                "picture"}}},
+        {"keys of a machine that there is not", appended(footer, "[Machine5]\nF1=TRUE\nF2=TRUE\n"),
+            {{footer, "[Machine5]", "section [Machine5] is read by nobody; it may be misspelt"}}},
         {"captions of no servo", written("Servo/Servo_M1_99.ini", "[Parameter]\n1Col=ws\n"),
             {{"Servo/Servo_M1_99.ini", "", "nobody reads this file; its name may be misspelt"}}},
         // Definitions

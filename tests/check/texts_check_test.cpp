@@ -1,5 +1,7 @@
 // Texts of a second and a third language, and keys that nobody asks for.
+#include "check/places_check.h"
 #include "check/project_copy.h"
+#include "check/texts_check.h"
 #include "machine/panel_words.h"
 #include "support/standard_project.h"
 
@@ -135,6 +137,27 @@ TEST(PanelWords, StandAllInTheEngineersGuide)
         const std::string row = "\n| `" + std::string{word.key} + "` | " + word.english + " |";
         EXPECT_NE(guide.find(row), std::string::npos) << row;
     }
+}
+
+// The file, or the folder, is there: that it is missing in the right letters is not told beside it.
+TEST(TextFiles, InOtherLettersAreToldOnce)
+{
+    const servopanel::tests::TemporaryFolder folder;
+    folder.file("Texts/DE.txt", "a = b\n");
+    folder.file("Texts/en.txt", "a = b\n");
+    const auto report = [&] {
+        CheckedProject project{
+            folder.path(), portable::PathMapping{folder.path()}, {}, JsonLines{""}, {}, {}};
+        for (const char* const code : {"de", "en"})
+            project.file.languages.push_back({0, code, code, false, {}, false});
+        Findings findings;
+        checkTextFiles(project, findings);
+        checkLetterCase(project, findings);
+        return findings.text();
+    };
+    EXPECT_EQ(report(), "Texts/DE.txt: must be named de.txt, in these letters: the panel does not find it\n");
+    fs::rename(folder.path() / "Texts", folder.path() / "texts");
+    EXPECT_EQ(report(), "texts: must be named Texts, in these letters: the panel does not find it\n");
 }
 
 } // namespace servopanel::check::tests
