@@ -12,7 +12,7 @@ namespace {
 struct Case {
     std::string name;
     std::function<void(const ProjectCopy&)> spoil;
-    int findings = 0; // of the list itself
+    int findings = 0; // of Program.ini itself
 };
 
 class NoList : public ::testing::TestWithParam<Case> { };
@@ -67,7 +67,7 @@ INSTANTIATE_TEST_SUITE_P(Lists, NoList,
             [](const ProjectCopy& copy) {
                 copy.write("Parameter/Program.ini", "[Project]\nServoWithMenu=TRUE\n");
             },
-            2},
+            3},
         Case{"InUtf16",
             [](const ProjectCopy& copy) {
                 copy.write("Parameter/Program.ini", utf16(copy.content("Parameter/Program.ini")));
