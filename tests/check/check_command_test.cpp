@@ -72,6 +72,16 @@ TEST(CheckCommand, SaysNothingBesidesItsFindings)
     EXPECT_EQ(run.status, 1);
 }
 
+// Whoever goes by the status must not take a lost report for a good one.
+TEST(CheckCommand, EndsWithTwoWhenNobodyCanReadWhatItFinds)
+{
+    const ProjectCopy copy;
+    copy.write("project.json", "");
+    const Outcome run = servoPanel("--check " + quoted(copy.path()) + " 2>&1 >/dev/full");
+    EXPECT_EQ(run.output, "servo-panel: the report cannot be written\n");
+    EXPECT_EQ(run.status, 2);
+}
+
 TEST(CheckCommand, EndsWithTwoWithoutAProject)
 {
     const Outcome run = servoPanel("--check /nowhere 2>&1");

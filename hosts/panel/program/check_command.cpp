@@ -67,7 +67,10 @@ int runCheck(const std::filesystem::path& project)
         std::fputs(("servo-panel: " + report.text).c_str(), stderr);
         return 2;
     }
-    std::fputs(report.text.c_str(), stdout);
+    if (std::fputs(report.text.c_str(), stdout) < 0 || std::fflush(stdout) != 0) {
+        std::fputs("servo-panel: the report cannot be written\n", stderr);
+        return 2;
+    }
     return report.result == Result::Good ? 0 : 1;
 }
 
