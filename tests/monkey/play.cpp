@@ -2,6 +2,9 @@
 
 #include "monkey/random_operator.h"
 #include "monkey/rules.h"
+#include "platform/ids.h"
+#include "recording/replay.h"
+#include "servo_page/felder.h"
 #include "support/standard_project.h"
 
 #include <algorithm>
@@ -11,6 +14,60 @@ namespace servopanel::monkey {
 
 namespace {
 
+namespace ids = platform::ids;
+using platform::ChildId;
+
+// The control of a replay.
+class MemoryScreen : public Screen {
+public:
+    explicit MemoryScreen(recording::Replay& replay)
+        : replay_{replay}
+    {
+    }
+    // After a command.
+    void noteShow(const std::string& command)
+    {
+        if (command == "terminate" || command == "create") shown_ = false;
+        if (command == "show" && replay_.host().servo() != nullptr) shown_ = true;
+    }
+
+    const basic::Variant* variable(std::string_view name) override
+    {
+        return replay_.host().world().variables.find(name);
+    }
+    bool isShown() override { return shown_ && replay_.host().servo() != nullptr; }
+    bool isSeen(std::string_view part) override
+    {
+        const auto control = replay_.host().servo()->form().find(ChildId{part});
+        return control && control->isShown();
+    }
+    bool isAnyMarked() override
+    {
+        bool found = false;
+        auto* const page = replay_.host().servo()->inner("ServoMain");
+        if (page == nullptr) return false;
+        page->form().forEach([&](const ChildId& id, recording::MemoryControl& control) {
+            const bool isSetpoint = id.name == "SollwertL" || id.name == "SollwertR";
+            const bool isDrawing = id.name == "ZeichnungL" || id.name == "ZeichnungR";
+            if (!isSetpoint && !isDrawing) return;
+            const basic::Variant colour =
+                control.get(isSetpoint ? ids::VWSVarIn::Vordergrund : ids::VWSIndex::Farbe);
+            if (colour.get<std::int32_t>() && *colour.get<std::int32_t>() == servo_page::farben::Grün)
+                found = true;
+        });
+        return found;
+    }
+    bool offersConfirm() override
+    {
+        replay_.run("get ServoMain.Fußzeile.0x68030007(10)");
+        return replay_.lines("state").find("OK.wmf") != std::string::npos;
+    }
+
+private:
+    recording::Replay& replay_;
+    bool shown_ = false; // since the control was created
+};
+
 class Session {
 public:
     Session() { replay_.run(testing::standardProject); }
@@ -19,7 +76,7 @@ public:
     std::optional<std::string> play(const std::string& command)
     {
         // A host shows a control once.
-        if (command == "show" && rules_.isShown()) return std::nullopt;
+        if (command == "show" && screen_.isShown()) return std::nullopt;
         rules_.before();
         std::string trace;
         try {
@@ -31,12 +88,14 @@ public:
         } catch (...) {
             return "an exception of another kind";
         }
-        return rules_.broken(command, trace);
+        screen_.noteShow(command);
+        return rules_.broken(trace);
     }
 
 private:
     recording::Replay replay_;
-    Rules rules_{replay_};
+    MemoryScreen screen_{replay_};
+    Rules rules_{screen_};
 };
 
 } // namespace
