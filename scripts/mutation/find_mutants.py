@@ -1,0 +1,272 @@
+"""Finds the places where a source can be broken on purpose, and writes it anew with all mutants in it."""
+
+import dataclasses
+import re
+
+from clang import cindex
+from clang.cindex import CursorKind as Kind
+
+COMPARISONS = {"<": "less", "<=": "lessEqual", ">": "greater", ">=": "greaterEqual"}
+EQUALITIES = {"==": "equal", "!=": "unequal"}
+ARITHMETIC = {"+": "plus", "-": "minus", "*": "times", "/": "over", "%": "rest", "&": "both", "|": "either",
+              "<<": "left", ">>": "right"}
+OTHER = {"<": ("<=", ">="), "<=": ("<", ">"), ">": (">=", "<="), ">=": (">", "<"), "==": ("!=",), "!=": ("==",),
+         "+": ("-",), "-": ("+",), "*": ("/",), "/": ("*",), "%": ("*",), "&": ("|",), "|": ("&",), "<<": (">>",),
+         ">>": ("<<",)}
+# What stands between an operand and its operator.
+GAP = re.compile(rb"\s|//[^\n]*\n|/\*.*?\*/", re.S)
+STATEMENTS = (Kind.CALL_EXPR, Kind.BINARY_OPERATOR, Kind.COMPOUND_ASSIGNMENT_OPERATOR, Kind.UNARY_OPERATOR)
+JUMPS = (Kind.CONTINUE_STMT, Kind.BREAK_STMT)
+
+
+@dataclasses.dataclass(frozen=True)
+class Mutant:
+    """One way to break one place."""
+    number: int
+    file: str  # from the project's folder
+    line: int
+    kind: str
+    text: str  # of the place, in one line
+    change: str
+
+
+@dataclasses.dataclass(frozen=True)
+class Place:
+    """A part of a source, with what to write before and behind it for the number of its first mutant."""
+    start: int
+    end: int
+    kind: str
+    changes: tuple
+    before: str  # with {} for the number
+    behind: str
+    cut: tuple = ()  # (start, end, text): what is written instead of an operator
+    steps: tuple = ()  # (offset, text) for each further statement of a run
+
+
+class Source:
+    def __init__(self, path, name, unit):
+        self.name = name
+        self.data = path.read_bytes()
+        self.path = str(path)
+        self.places = []
+        self.fixed = set()  # offsets of 'constexpr' that become 'const'
+        self.visit(unit.cursor, None)
+
+    # -- the syntax tree
+
+    def is_here(self, cursor):
+        start = cursor.extent.start
+        return start.file is not None and start.file.name == self.path
+
+    def text(self, cursor):
+        return self.data[cursor.extent.start.offset:cursor.extent.end.offset]
+
+    def visit(self, cursor, parent):
+        for child in cursor.get_children():
+            if parent is None and not self.is_here(child):
+                continue
+            self.look(child, cursor)
+            self.visit(child, cursor)
+
+    def look(self, cursor, parent):
+        kind = cursor.kind
+        if kind in (Kind.STATIC_ASSERT, Kind.CASE_STMT, Kind.ENUM_CONSTANT_DECL):
+            # What has to be known when compiling; of a case only its label.
+            for inner in list(cursor.get_children())[:1]:
+                self.exclude(inner)
+        if not self.is_here(cursor) or self.is_excluded(cursor):
+            return
+        if kind == Kind.VAR_DECL:
+            self.constant(cursor)
+        elif kind in (Kind.INTEGER_LITERAL, Kind.FLOATING_LITERAL):
+            self.number(cursor, parent)
+        elif kind == Kind.CXX_BOOL_LITERAL_EXPR:
+            self.wrap(cursor, "constant", ("not " + self.text(cursor).decode(),), "(mutants::acts({}) != ", ")")
+        elif kind == Kind.IF_STMT:
+            self.condition(list(cursor.get_children())[0])
+        elif kind == Kind.CONDITIONAL_OPERATOR:
+            self.condition(list(cursor.get_children())[0])
+        elif kind == Kind.UNARY_OPERATOR and self.text(cursor).startswith(b"!") and parent.kind != Kind.IF_STMT:
+            self.wrap(cursor, "condition", ("without !",), "(mutants::acts({}) != ", ")")
+        elif kind in (Kind.BINARY_OPERATOR, Kind.CALL_EXPR):
+            self.operator(cursor)
+        if kind == Kind.COMPOUND_STMT:
+            self.block(cursor)
+
+    excluded = ()
+
+    def exclude(self, cursor):
+        self.excluded = (*self.excluded, (cursor.extent.start.offset, cursor.extent.end.offset))
+
+    def is_excluded(self, cursor):
+        start = cursor.extent.start.offset
+        return any(low <= start < high for low, high in self.excluded)
+
+    def wrap(self, cursor, kind, changes, before, behind, **more):
+        extent = cursor.extent
+        if extent.end.file is None or extent.end.file.name != self.path or extent.end.offset <= extent.start.offset:
+            return
+        self.places.append(Place(extent.start.offset, extent.end.offset, kind, changes, before, behind, **more))
+
+    def constant(self, cursor):
+        start = self.data.rfind(b"\n", 0, cursor.extent.start.offset) + 1
+        head = self.data[start:cursor.location.offset]
+        found = re.search(rb"\bconstexpr\b", head)
+        if found:
+            self.fixed.add(start + found.start())
+
+    def number(self, cursor, parent):
+        text = self.text(cursor)
+        if not text[:1].isdigit() and not text.startswith(b"."):
+            return
+        self.wrap(cursor, "constant", (text.decode() + " + 1",), "mutants::oneMore({}, ", ")")
+
+    def condition(self, cursor):
+        if not cursor.kind.is_expression():
+            return
+        self.wrap(cursor, "condition", ("turned round",), "(mutants::acts({}) != static_cast<bool>(", "))")
+
+    def operator(self, cursor):
+        children = list(cursor.get_children())
+        if cursor.kind == Kind.CALL_EXPR:
+            children = [child for child in children if not child.spelling.startswith("operator")
+                        or child.extent.end.offset - child.extent.start.offset > 3]
+            if not cursor.spelling.startswith("operator"):
+                return
+        if len(children) != 2:
+            return
+        left, right = sorted(children, key=lambda child: child.extent.start.offset)
+        if not (self.is_here(left) and self.is_here(right)):
+            return
+        begin, end = left.extent.end.offset, right.extent.start.offset
+        sign = GAP.sub(b"", self.data[begin:end]).decode("utf-8", "replace")
+        if sign in ("&&", "||"):
+            before = "(mutants::acts({}) || static_cast<bool>(" if sign == "&&" else \
+                "(!mutants::acts({}) && static_cast<bool>("
+            for side in (left, right):
+                self.wrap(side, "condition", (f"dropped from {sign}",), before, "))")
+            return
+        names = {**COMPARISONS, **EQUALITIES}
+        if cursor.kind == Kind.BINARY_OPERATOR and "*" not in cursor.type.spelling:
+            names.update(ARITHMETIC)
+        if sign not in names:
+            return
+        kind = "comparison" if sign in COMPARISONS or sign in EQUALITIES else "arithmetic"
+        changes = tuple(f"{sign} becomes {other}" for other in OTHER[sign])
+        self.wrap(cursor, kind, changes, "mutants::" + names[sign] + "({}, ", ")", cut=(begin, end, ", "))
+
+    # -- statements
+
+    def semicolon(self, cursor):
+        """Behind the ; that ends a statement, None for anything else."""
+        place = cursor.extent.end.offset
+        while self.data[place:place + 1].isspace():
+            place += 1
+        return place + 1 if self.data[place:place + 1] == b";" else None
+
+    def is_statement(self, cursor):
+        if cursor.kind in STATEMENTS or cursor.kind == Kind.UNEXPOSED_EXPR:
+            return self.is_here(cursor) and self.semicolon(cursor) is not None
+        return False
+
+    def block(self, cursor):
+        run = []
+        for child in list(cursor.get_children()) + [None]:
+            if child is not None and self.is_statement(child):
+                run.append(child)
+                continue
+            self.swaps(run)
+            run = []
+            if child is not None and child.kind in JUMPS:
+                self.dropped(child)
+            if child is not None and child.kind == Kind.RETURN_STMT and self.text(child) == b"return":
+                self.dropped(child)
+            self.bodies(child)
+
+    def bodies(self, cursor):
+        """Single statements without braces."""
+        if cursor is None or cursor.kind not in (Kind.IF_STMT, Kind.FOR_STMT, Kind.CXX_FOR_RANGE_STMT, Kind.WHILE_STMT):
+            return
+        children = list(cursor.get_children())
+        for child in children[1:] if cursor.kind != Kind.CXX_FOR_RANGE_STMT else children[-1:]:
+            in_head = cursor.kind == Kind.FOR_STMT and child.extent != children[-1].extent
+            is_jump = child.kind in JUMPS or (child.kind == Kind.RETURN_STMT and self.text(child) == b"return")
+            if not in_head and (self.is_statement(child) or is_jump):
+                self.dropped(child)
+            self.bodies(child)
+
+    def dropped(self, cursor):
+        end = self.semicolon(cursor)
+        if end is not None:
+            self.places.append(Place(cursor.extent.start.offset, end, "statement", ("dropped",),
+                                     "{{ if (!mutants::acts({})) ", " }}"))
+
+    def swaps(self, run):
+        for statement in run:
+            self.dropped(statement)
+        if len(run) < 2:
+            return
+        count = len(run)
+        name = f"mutants_place_{run[0].extent.start.offset}"
+        before = (f"for (int {name} = 0; {name} < {count}; ++{name}) "
+                  f"switch (mutants::step({{}}, {count}, {name})) {{{{ case 0: ")
+        steps = tuple((statement.extent.start.offset, f"break; case {i}: ")
+                      for i, statement in enumerate(run[1:], 1))
+        changes = tuple("swapped with the next one" for _ in range(count - 1))
+        self.places.append(Place(run[0].extent.start.offset, self.semicolon(run[-1]), "order", changes, before,
+                                 " break; }}", steps=steps))
+
+    # -- writing
+
+    def line_of(self, offset):
+        return self.data.count(b"\n", 0, offset) + 1
+
+    def mutants(self, first, without_lines):
+        """All mutants, numbered from `first`, but for those on lines where they cannot be compiled; and the places."""
+        made, used = [], []
+        seen = set()
+        for place in self.places:
+            key = (place.start, place.end, place.kind, place.before)
+            if key in seen or self.line_of(place.start) in without_lines:
+                continue
+            seen.add(key)
+            number = first + len(made)
+            used.append((place, number))
+            for i, change in enumerate(place.changes):
+                start, end = place.start, place.end
+                if place.kind == "order" and i:
+                    start = place.steps[i - 1][0]
+                text = " ".join(self.data[start:end].decode().split())
+                made.append(Mutant(number + i, self.name, self.line_of(start), place.kind, text[:160], change))
+        return made, used
+
+    def written(self, used, without_lines, kept_constants):
+        """The text with all its mutants."""
+        inserts = []  # (offset, order, text)
+        cuts = []
+        for place, number in used:
+            width = place.end - place.start
+            inserts.append((place.start, (1, -width, -len(place.before)), place.before.format(number)))
+            inserts.append((place.end, (0, width, len(place.before)), place.behind.format(number)))
+            inserts += [(offset, (1, -width, -1000), text) for offset, text in place.steps]
+            if place.cut:
+                cuts.append(place.cut)
+        for offset in self.fixed:
+            if self.line_of(offset) not in kept_constants:
+                cuts.append((offset, offset + len("constexpr"), "const"))
+        events = [(offset, 1, order, text, None) for offset, order, text in inserts]
+        events += [(start, 2, (), text, end) for start, end, text in cuts]
+        events.sort(key=lambda event: (event[0], event[2][:1] == (1,) if event[1] == 1 else 0, event[1],
+                                       event[2] if event[1] == 1 else ()))
+        out, position = [], 0
+        for offset, _, _, text, end in events:
+            if offset > position:
+                out.append(self.data[position:offset])
+                position = offset
+            out.append(text.encode())
+            if end is not None:
+                # Lines keep their numbers: compilers tell where something is wrong.
+                out.append(b"\n" * self.data.count(b"\n", offset, end))
+                position = max(position, end)
+        out.append(self.data[position:])
+        return b"".join(out)
