@@ -16,6 +16,11 @@ OTHER = {"<": ("<=", ">="), "<=": ("<", ">"), ">": (">=", "<="), ">=": (">", "<"
 # What stands between an operand and its operator.
 GAP = re.compile(rb"\s|//[^\n]*\n|/\*.*?\*/", re.S)
 STATEMENTS = (Kind.CALL_EXPR, Kind.BINARY_OPERATOR, Kind.COMPOUND_ASSIGNMENT_OPERATOR, Kind.UNARY_OPERATOR)
+FUNCTIONS = (Kind.FUNCTION_DECL, Kind.CXX_METHOD, Kind.CONSTRUCTOR, Kind.CONVERSION_FUNCTION, Kind.FUNCTION_TEMPLATE)
+ASSIGNMENT = re.compile(rb"([\w.\[\]\x80-\xff]+) = ([-\w.:\[\]\x80-\xff]+)")
+LATE_HEADERS = ("src/servo_page/structure/entwurf.h",)
+# In front of an array's size and first index.
+ARRAY = re.compile(rb"\b(CheckedArray|array)<[^;>]*$")
 JUMPS = (Kind.CONTINUE_STMT, Kind.BREAK_STMT)
 
 
@@ -41,6 +46,8 @@ class Place:
     behind: str
     cut: tuple = ()  # (start, end, text): what is written instead of an operator
     steps: tuple = ()  # (offset, text) for each further statement of a run
+    same: tuple = ()  # changes that change nothing
+    number: str = "{}"  # how the number is told within a constant
 
 
 class Source:
@@ -48,8 +55,10 @@ class Source:
         self.name = name
         self.data = path.read_bytes()
         self.path = str(path)
+        # Elsewhere constants of headers mostly size arrays and label cases, which is done when compiling.
+        self.is_late = name.endswith(".cpp") or name in LATE_HEADERS
         self.places = []
-        self.fixed = set()  # offsets of 'constexpr' that become 'const'
+        self.fixed = {}  # offsets of 'constexpr' that become 'const', and where that constant ends
         self.visit(unit.cursor, None)
 
     # -- the syntax tree
@@ -66,7 +75,17 @@ class Source:
             if parent is None and not self.is_here(child):
                 continue
             self.look(child, cursor)
+            outside = self.in_constexpr
+            self.in_constexpr = outside or self.is_constexpr(child)
             self.visit(child, cursor)
+            self.in_constexpr = outside
+
+    def is_constexpr(self, cursor):
+        """Such functions may run when compiling, where no mutant can act, and when the program runs."""
+        if cursor.kind not in FUNCTIONS or not self.is_here(cursor):
+            return False
+        head = self.data[cursor.extent.start.offset:cursor.location.offset]
+        return re.search(rb"\bconstexpr\b", head) is not None
 
     def look(self, cursor, parent):
         kind = cursor.kind
@@ -94,6 +113,7 @@ class Source:
             self.block(cursor)
 
     excluded = ()
+    in_constexpr = False
 
     def exclude(self, cursor):
         self.excluded = (*self.excluded, (cursor.extent.start.offset, cursor.extent.end.offset))
@@ -106,14 +126,17 @@ class Source:
         extent = cursor.extent
         if extent.end.file is None or extent.end.file.name != self.path or extent.end.offset <= extent.start.offset:
             return
-        self.places.append(Place(extent.start.offset, extent.end.offset, kind, changes, before, behind, **more))
+        self.add(extent.start.offset, extent.end.offset, kind, changes, before, behind, **more)
+
+    def add(self, *what, **more):
+        self.places.append(Place(*what, **more, number="{}" if self.in_constexpr else "(&mutants::run() ? {} : 0)"))
 
     def constant(self, cursor):
         start = self.data.rfind(b"\n", 0, cursor.extent.start.offset) + 1
         head = self.data[start:cursor.location.offset]
         found = re.search(rb"\bconstexpr\b", head)
         if found:
-            self.fixed.add(start + found.start())
+            self.fixed[start + found.start()] = cursor.extent.end.offset
 
     def number(self, cursor, parent):
         text = self.text(cursor)
@@ -198,8 +221,15 @@ class Source:
     def dropped(self, cursor):
         end = self.semicolon(cursor)
         if end is not None:
-            self.places.append(Place(cursor.extent.start.offset, end, "statement", ("dropped",),
-                                     "{{ if (!mutants::acts({})) ", " }}"))
+            self.add(cursor.extent.start.offset, end, "statement", ("dropped",), "{{ if (!mutants::acts({})) ", " }}")
+
+    def independent(self, first, second):
+        """Two plain assignments that have nothing to do with each other: their order is nothing to notice."""
+        parts = [ASSIGNMENT.fullmatch(self.text(statement)) for statement in (first, second)]
+        if not all(parts):
+            return False
+        (target, value), (other, other_value) = (part.groups() for part in parts)
+        return target != other and target not in other_value and other not in value
 
     def swaps(self, run):
         for statement in run:
@@ -213,41 +243,68 @@ class Source:
         steps = tuple((statement.extent.start.offset, f"break; case {i}: ")
                       for i, statement in enumerate(run[1:], 1))
         changes = tuple("swapped with the next one" for _ in range(count - 1))
-        self.places.append(Place(run[0].extent.start.offset, self.semicolon(run[-1]), "order", changes, before,
-                                 " break; }}", steps=steps))
+        same = tuple(i for i in range(count - 1) if self.independent(run[i], run[i + 1]))
+        self.add(run[0].extent.start.offset, self.semicolon(run[-1]), "order", changes, before, " break; }}", steps=steps,
+                 same=same)
+
+    def constant_around(self, place):
+        """Where the constant begins whose value the place is part of."""
+        for offset, end in self.fixed.items():
+            if offset <= place < end:
+                return offset
+        return None
+
+    def constants_at(self, line):
+        """Lines on which constants begin that this line is part of."""
+        return {self.line_of(offset) for offset, end in self.fixed.items()
+                if self.line_of(offset) <= line <= self.line_of(end)}
+
+    def is_compiled_in(self, place, constant):
+        """Whether the compiler works it out whatever is written there: then no mutant can act."""
+        before = self.data[self.data.rfind(b"\n", 0, place.start) + 1:place.start]
+        return (constant is not None and not self.is_late) or ARRAY.search(before) is not None
+
+    def mutants(self, first, without_lines, kept_constants):
+        """All mutants, numbered from `first`; the places with their numbers; how many numbers are taken; how many mutants
+        are left out because they cannot be compiled (on these lines, or within constants on those lines) or cannot act."""
+        made, used = [], []
+        seen = set()
+        number, left_out = first, 0
+        for place in self.places:
+            key = (place.start, place.end, place.kind, place.before)
+            if key in seen:
+                continue
+            seen.add(key)
+            constant = self.constant_around(place.start)
+            is_kept = constant is not None and self.line_of(constant) in kept_constants
+            is_used = not is_kept and self.line_of(place.start) not in without_lines
+            if is_used:
+                used.append((place, place.number.format(number) if constant is not None and self.is_late else number))
+            if is_used and not self.is_compiled_in(place, constant):
+                for i, change in enumerate(place.changes):
+                    if i in place.same:
+                        continue
+                    start = place.steps[i - 1][0] if place.kind == "order" and i else place.start
+                    text = " ".join(self.data[start:place.end].decode().split())
+                    made.append(Mutant(number + i, self.name, self.line_of(start), place.kind, text[:160], change))
+            else:
+                left_out += len(place.changes)
+            number += len(place.changes)
+        return made, used, number - first, left_out
 
     # -- writing
 
     def line_of(self, offset):
         return self.data.count(b"\n", 0, offset) + 1
 
-    def mutants(self, first, without_lines):
-        """All mutants, numbered from `first`, but for those on lines where they cannot be compiled; and the places."""
-        made, used = [], []
-        seen = set()
-        for place in self.places:
-            key = (place.start, place.end, place.kind, place.before)
-            if key in seen or self.line_of(place.start) in without_lines:
-                continue
-            seen.add(key)
-            number = first + len(made)
-            used.append((place, number))
-            for i, change in enumerate(place.changes):
-                start, end = place.start, place.end
-                if place.kind == "order" and i:
-                    start = place.steps[i - 1][0]
-                text = " ".join(self.data[start:end].decode().split())
-                made.append(Mutant(number + i, self.name, self.line_of(start), place.kind, text[:160], change))
-        return made, used
-
-    def written(self, used, without_lines, kept_constants):
+    def written(self, used, kept_constants):
         """The text with all its mutants."""
         inserts = []  # (offset, order, text)
         cuts = []
         for place, number in used:
             width = place.end - place.start
             inserts.append((place.start, (1, -width, -len(place.before)), place.before.format(number)))
-            inserts.append((place.end, (0, width, len(place.before)), place.behind.format(number)))
+            inserts.append((place.end, (0, width, len(place.before)), place.behind.format()))
             inserts += [(offset, (1, -width, -1000), text) for offset, text in place.steps]
             if place.cut:
                 cuts.append(place.cut)

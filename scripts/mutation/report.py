@@ -1,56 +1,71 @@
 """The report of a run with mutants."""
 
 import collections
+import datetime
 import pathlib
 
 EXPLAINED = pathlib.Path(__file__).with_name("survivors.txt")
 NOTICED = ("noticed", "did not end")
+COLUMNS = ("mutants", "noticed", "survived, explained", "survived, not explained", "never run", "share noticed")
 
 
 def explanations():
-    """Why a survivor cannot be noticed: blocks of "file | kind | text | change" and an indented reason."""
-    known = {}
-    current = None
-    if EXPLAINED.exists():
-        for line in EXPLAINED.read_text().splitlines():
-            if line.startswith("    ") and current:
-                known[current] = (known[current] + " " + line.strip()).strip()
-            elif line and not line.startswith("#"):
-                current = tuple(part.strip() for part in line.split(" | "))
-                known[current] = ""
-    return known
+    """Why survivors cannot be noticed: lines "file | kind | text | change", then a reason for all of these, indented."""
+    groups = []
+    for line in EXPLAINED.read_text().splitlines() if EXPLAINED.exists() else []:
+        if line.startswith("    "):
+            groups[-1][1].append(line.strip())
+        elif line and not line.startswith("#"):
+            if not groups or groups[-1][1]:
+                groups.append(([], []))
+            file, kind, *text, change = line.split(" | ")
+            groups[-1][0].append((file, kind, " | ".join(text), change))
+    return {key: " ".join(reason) for keys, reason in groups for key in keys}
 
 
-def row(name, entries):
+def row(name, entries, known):
     count = collections.Counter(entry["outcome"] for entry in entries)
     noticed = sum(count[outcome] for outcome in NOTICED)
-    share = 100 * noticed / len(entries)
-    return f"| {name} | {len(entries)} | {noticed} | {count['survived']} | {count['never run']} | {share:.1f} % |"
+    explained = sum(entry["outcome"] == "survived" and tuple(entry["key"]) in known for entry in entries)
+    share = f"{100 * noticed / len(entries):.1f} %"
+    cells = (name, len(entries), noticed, explained, count["survived"] - explained, count["never run"], share)
+    return "| " + " | ".join(map(str, cells)) + " |"
 
 
-def table(heading, results, group):
+def table(heading, results, known, group):
     groups = collections.defaultdict(list)
     for entry in results:
         groups[group(entry)].append(entry)
-    lines = [f"| {heading} | mutants | noticed | survived | never run | noticed |", "| --- | --- | --- | --- | --- | --- |"]
-    lines += [row(name, entries) for name, entries in sorted(groups.items())]
-    return lines + [row("**all**", results)]
+    lines = ["| " + " | ".join((heading, *COLUMNS)) + " |", "|" + " --- |" * (len(COLUMNS) + 1)]
+    lines += [row(name, entries, known) for name, entries in sorted(groups.items())]
+    return [*lines, row("**all**", results, known), ""]
 
 
-def report(results, left_out, seconds):
+def report(results, mutants, left_out, seconds):
     known = explanations()
-    survivors = [entry for entry in results if entry["outcome"] not in NOTICED]
     lines = ["# What the tests notice", "",
-             "The library was broken on purpose, one place at a time, and its tests were run: conditions turned round, bounds",
-             "moved, constants changed, statements dropped or swapped. Made by `scripts/mutation/mutate.py --report",
-             "docs/mutation.md`.", "",
-             f"{len(results)} mutants in {seconds / 60:.0f} minutes; on {left_out} lines the mutants cannot be compiled and are not",
-             "counted.", ""]
-    lines += table("kind", results, lambda entry: entry["key"][1]) + [""]
-    lines += table("folder", results, lambda entry: "/".join(entry["key"][0].split("/")[:2])) + [""]
+             "The library (`src/`) was broken on purpose, one place at a time, and its tests were run with each of these mutants:",
+             "conditions turned round, bounds moved, constants changed, statements dropped or swapped. A mutant is noticed when a",
+             "test fails, crashes or does not end. Made by", "",
+             "    apt-get install python3-clang-14",
+             "    /usr/bin/python3 scripts/mutation/mutate.py --report docs/mutation.md", "",
+             "which builds everything once in `build/mutation` (`--help` tells how to try single mutants). Why a survivor cannot be",
+             "noticed is kept in `scripts/mutation/survivors.txt`.", "",
+             f"{datetime.date.today().isoformat()}: {len(results)} of {mutants} mutants tried, in {seconds / 60:.0f} minutes."
+             f" {left_out} more are not counted:", "the compiler works them out, so that none can act (sizes of arrays, constants of headers"
+             " and the like).", ""]
+    lines += table("folder", results, known, lambda entry: "/".join(entry["key"][0].split("/")[:2]))
+    lines += table("kind", results, known, lambda entry: entry["key"][1])
+    survivors = [entry for entry in results if entry["outcome"] not in NOTICED]
     lines += [f"## Not noticed: {len(survivors)}", ""]
+    reasons = collections.defaultdict(list)
     for entry in survivors:
-        file, kind, text, change = entry["key"]
-        reason = known.get((file, kind, text, change), "**not explained**")
-        lines.append(f"- {file}:{entry['line']} {kind} `{text}`: {change} ({entry['outcome']}). {reason}")
-    return "\n".join(lines) + "\n"
+        reasons[known.get(tuple(entry["key"]), "Not explained.")].append(entry)
+    for reason, entries in reasons.items():
+        lines += [reason, ""]
+        for entry in entries:
+            file, kind, text, change = entry["key"]
+            never = ", never run" if entry["outcome"] == "never run" else ""
+            lines.append(f"- `{file}:{entry['line']}` {kind} `{text}`: {change}{never}")
+        lines.append("")
+    return "\n".join(lines).rstrip() + "\n"
