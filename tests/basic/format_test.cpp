@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <memory>
 
 namespace {
@@ -62,6 +63,7 @@ TEST(Format, IsEmptyForNothing)
 
 TEST(Format, FailsForWhatHasNoNumber)
 {
+    EXPECT_EQ(errorNumber([] { return Format(std::numeric_limits<double>::infinity(), "00"); }), 6);
     EXPECT_EQ(errorNumber([] { return Format(Array{}, "00"); }), 13);
     EXPECT_EQ(errorNumber([] { return Format(Variant{std::make_shared<Object>()}, "00"); }), 13);
 }

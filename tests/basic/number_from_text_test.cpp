@@ -24,6 +24,7 @@ TEST(NumberFromText, ReadsTheWholeText)
 
 TEST(NumberFromText, ReadsHexadecimalNumbersWithTheirSign)
 {
+    EXPECT_EQ(numberFromText("&HF"), 15.0);
     EXPECT_EQ(numberFromText("&HFF"), 255.0);
     EXPECT_EQ(numberFromText("&hffff"), -1.0);
     EXPECT_EQ(numberFromText("&H8000"), -32768.0);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string_view>
+
 namespace {
 
 using servopanel::basic::trim;
@@ -35,6 +37,7 @@ TEST(UpperCase, PassesBrokenTextThrough)
     EXPECT_EQ(upperCase("a\xC3"), "A\xC3");
     EXPECT_EQ(upperCase("\xC3z\xA4"), "\xC3Z\xA4");
     EXPECT_EQ(upperCase("\xE4"), "\xE4");
+    EXPECT_EQ(upperCase(std::string_view{"ä"}.substr(0, 1)), "\xC3");
 }
 
 TEST(Trim, TakesBlanksFromTheEnds)

@@ -39,8 +39,8 @@ TEST(Val, IsZeroWithoutALeadingNumber)
 
 TEST(Val, ReadsHexadecimalDigits)
 {
-    const Row rows[]{{"&HFF", 255}, {"&hff rest", 255}, {"&HFFFF", -1}, {"&H10000", 65536}, {"& H 1 0", 16},
-        {"&HFFFFFFFF", -1}};
+    const Row rows[]{{"&HF", 15}, {"&HFF", 255}, {"&hff rest", 255}, {"&HFFFF", -1}, {"&H10000", 65536},
+        {"& H 1 0", 16}, {"&HFFFFFFFF", -1}};
     for (const Row& row : rows)
         EXPECT_EQ(Val(row.text), row.value) << '"' << row.text << '"';
 }
