@@ -72,6 +72,13 @@ TEST_F(ZeichnenDesMainBereichsTeile, MeasuresInPixelsOfTheScreen)
         half(1).substr(0, half(1).find('\n')), "line ServoMain.MainBereich(1) (0,12)-(8451,582) C0C0C0 38");
 }
 
+TEST_F(ZeichnenDesMainBereichsTeile, MeasuresDownwardsInTheHeightOfPixels)
+{
+    show("db Servo\\Servo.mdb empty\nscreen 15 12\n");
+    EXPECT_EQ(
+        half(1).substr(0, half(1).find('\n')), "line ServoMain.MainBereich(1) (0,12)-(9015,582) C0C0C0 38");
+}
+
 class MainBereichsBand : public ::testing::Test {
 protected:
     MainBereichsBand()

@@ -78,6 +78,17 @@ TEST_F(ScrollBarAlone, IsAtTheEndOfTheListOnlyBeyondItsLength)
     EXPECT_EQ(rebuiltAt(4), (Texts{"Top = 0", "Top = 0"}));
 }
 
+// The page has gone to its top, and nothing moves it from there.
+TEST_F(ScrollBarAlone, StaysAtTheTopForAPositionThatCannotBe)
+{
+    page.fake("ScrollBar")->properties["SEITE"] = std::int16_t{5};
+    page.fake("ScrollBar")->properties["ANZAHL"] = std::int16_t{9};
+    EXPECT_EQ(rebuiltAt(4), (Texts{"Top = 0", "Top = 0"}));
+    forget("MainBereich");
+    page.control.ScrollBar_NeuePos(-32768);
+    EXPECT_EQ(puts("MainBereich"), (Texts{"Top = 0", "Top = 0"}));
+}
+
 TEST_F(ScrollBarAlone, ServesAMoveThatArrivesWhileOneRuns)
 {
     forget("MainBereich");

@@ -503,5 +503,34 @@ TEST_F(WerteSchreibenAlone, LosesWhatCannotBeReadFromItsControl)
     EXPECT_EQ(variables[variable("_servo_schalt_")], basic::Variant{std::int32_t{4}});
 }
 
+// The page before its first reading: its inputs show nothing but what is entered.
+class WerteSchreibenUngelesen : public testing::LonePage {
+protected:
+    void enter(std::int16_t field)
+    {
+        touch(field);
+        page.control.Eingabemaske_EingabeAenderung();
+        page.fake("Eingabemaske")->properties["OFFEN"] = false;
+    }
+    const basic::Variant& written(const char* family, std::int32_t element)
+    {
+        return basic::element(page.surround.world().variables[variable(family)], element);
+    }
+};
+
+// An input that refuses the colour of a change has taken the change all the same. All setpoints of the half are one
+// fake: field 5 has what field 22 was given last.
+TEST_F(WerteSchreibenUngelesen, WritesWhatWasEnteredEvenWithoutItsColour)
+{
+    page.fake("SollwertL")->missing = {"VORDERGRUND"};
+    page.fake("ZeichnungL")->missing = {"FARBE"};
+    page.fake("ZeichnungL")->properties["TEXT"] = "7";
+    for (const int field : {5, 41, 43, 45})
+        enter(static_cast<std::int16_t>(field));
+    page.control.WerteSchreiben();
+    EXPECT_EQ(written("_servo_para_", 4), basic::Variant{20.0});
+    EXPECT_EQ(written("_servo_zeich_", 0), basic::Variant{7070007.0});
+}
+
 } // namespace
 } // namespace servopanel::servo_page::tests
