@@ -1,1 +1,0 @@
-// Only here so that there is something to precompile GoogleTest for.
