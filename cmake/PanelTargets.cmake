@@ -3,11 +3,13 @@
 #
 #   panel_library(NAME SOURCES a.cpp ... LINK panel_basic ...)   static library, or INTERFACE without any SOURCES
 #   panel_program(NAME SOURCES main.cpp ... LINK ...)            executable
-#   panel_test(NAME SOURCES a_test.cpp ... LINK ...)             GoogleTest program whose cases ctest lists one by one
+#   panel_test(NAME [QT] SOURCES a_test.cpp ... LINK ...)        GoogleTest program whose cases ctest lists one by one
 #   panel_add_folder(folder ...)                                 add_subdirectory for the folders that have a CMakeLists.txt
 #
-# PRECOMPILE <header> ... of a library or a test: large headers of others that most of its sources include. Tests of what
-# uses Qt need one of Qt's there: its options differ from those that GoogleTest is precompiled with for all other tests.
+# PRECOMPILE <header> ...: large headers of others that most of the sources include. All other libraries share what the
+# standard library is precompiled to, and with <nlohmann/json.hpp> alone what that is; all other tests share GoogleTest, those
+# of what uses Qt (QT) together with Qt. The static checks precompile nothing and so find out what a file of the library
+# forgets to include.
 
 # Files below src/, hosts/ and adapters/ are included by their path from there: "basic/variant.h", "jet/jet_engine.h".
 set(PANEL_INCLUDE_DIRS "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}/hosts" "${PROJECT_SOURCE_DIR}/adapters")
@@ -75,7 +77,13 @@ function(panel_library name)
     target_compile_features(${name} PUBLIC cxx_std_20)
     target_include_directories(${name} PUBLIC ${PANEL_LIBRARY_INCLUDE_DIRS})
     target_link_libraries(${name} PUBLIC ${arg_LINK})
-    panel_precompile(${name} ${arg_PRECOMPILE})
+    if(NOT arg_PRECOMPILE)
+        panel_share_precompiled(${name} precompiled_std)
+    elseif(arg_PRECOMPILE STREQUAL "<nlohmann/json.hpp>")
+        panel_share_precompiled(${name} precompiled_json)
+    else()
+        panel_precompile(${name} ${arg_PRECOMPILE})
+    endif()
 endfunction()
 
 function(panel_program name)
@@ -89,11 +97,15 @@ function(panel_program name)
     target_link_libraries(${name} PRIVATE ${arg_LINK})
 endfunction()
 
-# Building takes longer than testing: no time is spent on making the tests themselves fast.
-set(PANEL_TEST_OPTIONS $<$<CONFIG:Release>:-O1>)
+# Building takes longer than testing: no time is spent on making the tests themselves fast, nor on watching what their own
+# code does.
+set(PANEL_TEST_OPTIONS $<$<CONFIG:Release>:-O0>)
+if(SERVOPANEL_SANITIZE MATCHES "undefined")
+    list(APPEND PANEL_TEST_OPTIONS -fno-sanitize=undefined)
+endif()
 
 function(panel_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK;PRECOMPILE")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "" "SOURCES;LINK;PRECOMPILE")
     if(arg_UNPARSED_ARGUMENTS)
         message(FATAL_ERROR "panel_test(${name}): do not know what to do with ${arg_UNPARSED_ARGUMENTS}")
     endif()
@@ -106,6 +118,8 @@ function(panel_test name)
     target_compile_options(${name} PRIVATE ${PANEL_TEST_OPTIONS})
     if(arg_PRECOMPILE)
         panel_precompile(${name} <gtest/gtest.h> ${arg_PRECOMPILE})
+    elseif(arg_QT)
+        panel_share_precompiled(${name} precompiled_qt_gtest)
     else()
         panel_share_precompiled(${name} precompiled_gtest)
     endif()

@@ -3,6 +3,8 @@
 #include "basic/conversions.h"
 #include "basic/error.h"
 
+template class std::vector<servopanel::basic::Variant>;
+
 namespace servopanel::basic {
 
 bool operator==(const Array& left, const Array& right)
@@ -10,6 +12,39 @@ bool operator==(const Array& left, const Array& right)
     return left.elementType == right.elementType && left.lowerBound == right.lowerBound
         && left.elements == right.elements;
 }
+
+Variant::Variant(const Variant& other) = default;
+Variant::Variant(Variant&& other) noexcept = default;
+Variant& Variant::operator=(const Variant& other) = default;
+Variant& Variant::operator=(Variant&& other) noexcept = default;
+Variant::~Variant() = default;
+
+Variant::Variant(std::string value)
+    : value_{std::move(value)}
+{
+}
+
+Variant::Variant(std::string_view value)
+    : value_{std::string{value}}
+{
+}
+
+Variant::Variant(const char* value)
+    : value_{std::string{value}}
+{
+}
+
+Variant::Variant(Array value)
+    : value_{std::move(value)}
+{
+}
+
+Variant::Variant(AnyObject value)
+    : value_{std::move(value.object)}
+{
+}
+
+bool operator==(const Variant& left, const Variant& right) { return left.value_ == right.value_; }
 
 VariantType Variant::type() const
 {

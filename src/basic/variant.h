@@ -68,6 +68,12 @@ struct Array {
 class Variant {
 public:
     Variant() = default;
+    // Nearly every file has to do with variants: what copies, compares and ends fifteen types is compiled once.
+    Variant(const Variant& other);
+    Variant(Variant&& other) noexcept;
+    Variant& operator=(const Variant& other);
+    Variant& operator=(Variant&& other) noexcept;
+    ~Variant();
     template <class T>
     requires std::same_as<T, bool> || std::same_as<T, std::uint8_t> || std::same_as<T,
         std::int16_t> || std::same_as<T, std::int32_t> || std::same_as<T, float> || std::same_as<T,
@@ -77,26 +83,14 @@ public:
         : value_{value}
     {
     }
-    Variant(std::string value) // NOLINT(google-explicit-constructor)
-        : value_{std::move(value)}
-    {
-    }
-    Variant(std::string_view value) // NOLINT(google-explicit-constructor)
-        : value_{std::string{value}}
-    {
-    }
-    Variant(const char* value) // NOLINT(google-explicit-constructor)
-        : value_{std::string{value}}
-    {
-    }
-    Variant(Array value) // NOLINT(google-explicit-constructor)
-        : value_{std::move(value)}
-    {
-    }
+    Variant(std::string value); // NOLINT(google-explicit-constructor)
+    Variant(std::string_view value); // NOLINT(google-explicit-constructor)
+    Variant(const char* value); // NOLINT(google-explicit-constructor)
+    Variant(Array value); // NOLINT(google-explicit-constructor)
     template <class T>
     requires std::derived_from<T, Object> Variant(
         std::shared_ptr<T> value) // NOLINT(google-explicit-constructor)
-        : value_{ObjectRef{std::move(value)}}
+        : Variant{AnyObject{std::move(value)}}
     {
     }
 
@@ -120,13 +114,24 @@ public:
     }
 
     // Same type and same value; objects by identity.
-    friend bool operator==(const Variant&, const Variant&) = default;
+    friend bool operator==(const Variant& left, const Variant& right);
 
 private:
+    struct AnyObject {
+        ObjectRef object;
+    };
+    explicit Variant(AnyObject value);
+
     std::variant<std::monostate, Null, Missing, bool, std::uint8_t, std::int16_t, std::int32_t, float, double,
         Currency, Date, std::string, ErrorCode, ObjectRef, Array>
         value_;
 };
+
+} // namespace servopanel::basic
+
+extern template class std::vector<servopanel::basic::Variant>;
+
+namespace servopanel::basic {
 
 // An array of doubles with lower bound 0, the usual form of a family of setpoints.
 Variant doubles(const std::vector<double>& values);

@@ -54,8 +54,8 @@ void RecordedPathHelper::openScreen(std::int16_t number)
 void RecordedErrorDisplay::ErrMessage(
     std::int32_t number, std::string_view source, std::string_view description, std::string_view text)
 {
-    sink_.line("error " + basic::decimal(number) + " " + quoted(procedureOf(text)) + " "
-        + quoted(paths_.message(description)));
+    sink_.line("error " + basic::decimal(number) + " " + inQuotes(procedureOf(text)) + " "
+        + inQuotes(paths_.message(description)));
     inner_->ErrMessage(number, source, description, text);
 }
 
@@ -67,7 +67,7 @@ void RecordedErrorDisplay::CloseMe()
 
 void RecordedMessages::show(std::string_view text)
 {
-    sink_.line("message " + quoted(paths_.message(text)));
+    sink_.line("message " + inQuotes(paths_.message(text)));
     inner_.show(text);
 }
 
@@ -76,9 +76,9 @@ std::optional<std::string> RecordedProfile::text(
 {
     const std::string line =
         "profile " + paths_.name(file) + " [" + std::string{section} + "] " + std::string{entry} + " = ";
-    TraceSink::Slot slot = sink_.open(line + quoted({}));
+    TraceSink::Slot slot = sink_.open(line + inQuotes({}));
     std::optional<std::string> found = inner_.text(file, section, entry);
-    if (found) slot.complete(line + quoted(*found));
+    if (found) slot.complete(line + inQuotes(*found));
     return found;
 }
 

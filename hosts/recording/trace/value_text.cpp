@@ -54,7 +54,7 @@ std::string numberText(float value) { return shortest(value); }
 
 std::string numberText(double value) { return shortest(value); }
 
-std::string quoted(std::string_view text)
+std::string inQuotes(std::string_view text)
 {
     std::string result = "\"";
     for (const char sign : text) {
@@ -80,7 +80,7 @@ std::string valueText(const basic::Variant& value, const PathNames& paths, Value
     switch (value.type()) {
     case VariantType::Empty: return "empty";
     case VariantType::Null: return "null";
-    case VariantType::Text: return quoted(*value.get<std::string>());
+    case VariantType::Text: return inQuotes(*value.get<std::string>());
     case VariantType::Boolean: return *value.get<bool>() ? "true" : "false";
     case VariantType::Single: return numberText(*value.get<float>());
     case VariantType::Object: return objectReference(*value.get<basic::ObjectRef>(), paths);

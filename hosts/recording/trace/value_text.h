@@ -28,7 +28,7 @@ enum class ValueKind { Plain, Boolean };
 std::string valueText(const basic::Variant& value, const PathNames& paths, ValueKind kind = ValueKind::Plain);
 
 // A text in double quotes, its own quotes doubled. Line breaks become visible signs: an access is one line.
-std::string quoted(std::string_view text);
+std::string inQuotes(std::string_view text);
 
 // Decimal, in the shortest form that reads back as the same number.
 std::string numberText(float value);

@@ -1,0 +1,1 @@
+// Only here so that there is something to precompile headers for.
