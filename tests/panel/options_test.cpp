@@ -45,6 +45,17 @@ TEST(ParseOptions, APanelHasANameAndAJournal)
     EXPECT_EQ(parseOptions({"demo", "--name="}).problem, "--name takes the name of this panel, not ''");
 }
 
+TEST(ParseOptions, APanelOnABrokerKeepsAJournalOrSaysThatItDoesNot)
+{
+    EXPECT_TRUE(writesUnseen(parseOptions({"demo", "--broker", "localhost"})));
+    EXPECT_FALSE(writesUnseen(parseOptions({"demo", "--broker", "localhost", "--journal", "/srv/journal"})));
+    EXPECT_FALSE(writesUnseen(parseOptions({"demo", "--broker", "localhost", "--no-journal"})));
+    EXPECT_FALSE(writesUnseen(parseOptions({"demo", "--broker", "localhost", "--view-only"})));
+    EXPECT_FALSE(writesUnseen(parseOptions({"demo"})));
+    EXPECT_EQ(parseOptions({"demo", "--journal", "/srv/journal", "--no-journal"}).problem,
+        "either --journal or --no-journal");
+}
+
 TEST(ParseOptions, HelpNeedsNoProject)
 {
     EXPECT_TRUE(parseOptions({"--help"}).help);

@@ -76,6 +76,12 @@ void takeBroker(Options& options)
 
 } // namespace
 
+bool writesUnseen(const Options& options)
+{
+    return options.settings.broker && !options.viewing && options.settings.journal.empty()
+        && !options.noJournal;
+}
+
 Options parseOptions(const std::vector<std::string>& arguments)
 {
     Options options;
@@ -91,6 +97,10 @@ Options parseOptions(const std::vector<std::string>& arguments)
         }
         if (argument == "--view-only") {
             options.viewing = true;
+            continue;
+        }
+        if (argument == "--no-journal") {
+            options.noJournal = true;
             continue;
         }
         if (argument.starts_with("--")) {
@@ -112,6 +122,8 @@ Options parseOptions(const std::vector<std::string>& arguments)
         takeBroker(options);
     else if (options.problem.empty() && options.viewing)
         options.problem = "--view-only needs --broker";
+    if (options.problem.empty() && options.noJournal && !options.settings.journal.empty())
+        options.problem = "either --journal or --no-journal";
     return options;
 }
 
@@ -132,6 +144,7 @@ std::string helpText()
            "restart or "
            "a power cut\n"
            "  --journal FOLDER             keep every write to the machines there, for servo-journal\n"
+           "  --no-journal                 do without, and without a word about it\n"
            "  --broker ADDRESS             the machines are on the broker at HOST[:PORT] or unix:/PATH, not "
            "in the\n"
            "                               panel itself\n"

@@ -123,6 +123,11 @@ int runProgram(int argc, char** argv)
         const QCoreApplication application{argc, argv}; // it finds the readers of pictures
         return runCheck(options.settings.project);
     }
+    if (writesUnseen(options))
+        say(stderr,
+            "servo-panel: what this panel writes to the machines is recorded nowhere; --journal FOLDER keeps "
+            "it, "
+            "--no-journal says that this is meant.\n");
     if (!findScreen(options)) {
         say(stderr,
             "servo-panel: there is no screen (DISPLAY and WAYLAND_DISPLAY are not set). "
