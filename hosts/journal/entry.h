@@ -3,6 +3,8 @@
 #include "basic/variant.h"
 #include "machine/json_text.h"
 
+#include <nlohmann/json.hpp>
+
 #include <cstdint>
 #include <optional>
 #include <string>

@@ -2,6 +2,8 @@
 
 #include "basic/conversions.h"
 
+#include <nlohmann/json.hpp>
+
 #include <utility>
 
 namespace servopanel::machine {

@@ -2,6 +2,8 @@
 
 #include "machine/json_mistake.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>

@@ -2,7 +2,7 @@
 
 #include "machine/problem.h"
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include <string>
 #include <string_view>

@@ -2,6 +2,8 @@
 
 #include "machine/json_object.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <cstdint>
 #include <limits>

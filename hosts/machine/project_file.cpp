@@ -10,6 +10,8 @@
 #include "portable/text_reading.h"
 #include "portable/trimming.h"
 
+#include <nlohmann/json.hpp>
+
 #include <algorithm>
 #include <array>
 #include <charconv>

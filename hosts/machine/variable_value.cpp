@@ -4,6 +4,8 @@
 #include "basic/error.h"
 #include "machine/type_names.h"
 
+#include <nlohmann/json.hpp>
+
 #include <cstdint>
 #include <limits>
 #include <optional>

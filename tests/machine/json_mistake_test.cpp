@@ -1,6 +1,8 @@
 // What is wrong with the signs of a JSON text, in the words of those who write it by hand.
 #include "machine/json_text.h"
 
+#include <nlohmann/json.hpp>
+
 #include <gtest/gtest.h>
 
 namespace servopanel::machine {

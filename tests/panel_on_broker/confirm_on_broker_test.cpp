@@ -2,6 +2,7 @@
 #include "panel_on_broker/panel_on_broker.h"
 
 #include "panel/form/fusszeile.h"
+#include "panel/runtime/broker_connection.h"
 
 #include <QEvent>
 

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "mqtt/broker_variables.h"
-#include "mqtt/clock.h"
-#include "mqtt/link.h"
+#include "panel/runtime/broker_settings.h"
 #include "platform/process_var_access.h"
 
 #include <QTimer>
@@ -14,13 +13,6 @@
 #include <vector>
 
 namespace servopanel::panel {
-
-// Where the machines are, when they are not in the panel itself.
-struct BrokerSettings {
-    bool viewing = false; // it shows everything and writes nothing
-    std::function<std::unique_ptr<mqtt::Link>()> makeLink; // throws basic::Error when there can be none
-    mqtt::Clock clock = mqtt::steadyClock();
-};
 
 // The panel's way to its machines over a broker. It is polled from the event loop; everything it holds belongs to the
 // thread of the panel.

@@ -1,8 +1,10 @@
 #include "panel/runtime/panel.h"
 
+#include "journal/journaled_variables.h"
 #include "panel/look/language_look.h"
 #include "panel/look/qt_text.h"
 #include "panel/look/touch_size.h"
+#include "panel/runtime/broker_connection.h"
 
 #include <QSysInfo>
 

@@ -2,11 +2,10 @@
 
 #include "jet/jet_engine.h"
 #include "journal/journal_file.h"
-#include "journal/journaled_variables.h"
 #include "machine/project_file.h"
 #include "machine/variable_store.h"
 #include "panel/form/control_host.h"
-#include "panel/runtime/broker_connection.h"
+#include "panel/runtime/broker_settings.h"
 #include "panel/runtime/confirm_answers.h"
 #include "panel/runtime/edit_check.h"
 #include "panel/runtime/header_writer.h"
@@ -31,7 +30,13 @@
 #include <optional>
 #include <string>
 
+namespace servopanel::journal {
+class JournaledVariables;
+}
+
 namespace servopanel::panel {
+
+class BrokerConnection;
 
 // What a panel held when it ended, for the one that comes after it.
 struct Held {

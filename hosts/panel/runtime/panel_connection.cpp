@@ -1,5 +1,7 @@
 // The way to the panel's machines, which may be on a broker.
 #include "basic/conversions.h"
+#include "journal/journaled_variables.h"
+#include "panel/runtime/broker_connection.h"
 #include "panel/runtime/panel.h"
 #include "panel/runtime/panel_variables.h"
 

@@ -1,6 +1,8 @@
 // What a panel begins with: settings, what the operator chose before, and what the panel before it held.
 #include "basic/conversions.h"
+#include "journal/journaled_variables.h"
 #include "machine/carry_over.h"
+#include "panel/runtime/broker_connection.h"
 #include "panel/runtime/panel.h"
 #include "panel/runtime/panel_variables.h"
 

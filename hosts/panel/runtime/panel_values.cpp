@@ -3,6 +3,7 @@
 #include "panel/form/fusszeile.h"
 #include "panel/form/ini_eingabe.h"
 #include "panel/form/schalter.h"
+#include "panel/runtime/broker_connection.h"
 #include "panel/runtime/panel.h"
 #include "platform/ids.h"
 
