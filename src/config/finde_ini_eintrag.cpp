@@ -17,12 +17,17 @@ template <class Speicher>
 std::optional<std::int32_t> stelle(basic::StatementTrap& trap, const Speicher& sätze, std::int32_t erster,
     std::int32_t letzter, std::string_view nameGross)
 {
-    for (std::int32_t i = erster;; ++i) {
-        const std::optional<bool> gleich = trap.decision([&] { return sätze[i].NameGross == nameGross; });
-        if (!gleich) return std::nullopt;
-        if (*gleich) return i;
-        if (i > letzter) return std::nullopt;
-    }
+    std::optional<std::int32_t> gefunden;
+    trap([&] {
+        for (std::int32_t i = erster;; ++i) {
+            if (sätze[i].NameGross == nameGross) {
+                gefunden = i;
+                return;
+            }
+            if (i > letzter) return;
+        }
+    });
+    return gefunden;
 }
 
 } // namespace
