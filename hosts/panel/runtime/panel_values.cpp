@@ -63,6 +63,7 @@ Services::FamilyRead Panel::familyRead(std::string_view family)
 void Panel::showValueStates()
 {
     if (servo_) servo_->showValueStates();
+    trends_.showMarks();
     showConfirmKey();
 }
 

@@ -38,15 +38,16 @@ Sampler::Sampler(Read read, Clock clock)
 {
 }
 
-void Sampler::seen(std::string_view name, const basic::Variant* value)
+bool Sampler::seen(std::string_view name, const basic::Variant* value)
 {
-    if (name.find(actualValues) == std::string_view::npos) return;
+    if (name.find(actualValues) == std::string_view::npos) return false;
     if (name != variable_) {
         variable_ = name;
         history_.clear();
         if (changed_) changed_();
     }
     add(value);
+    return true;
 }
 
 void Sampler::sample()

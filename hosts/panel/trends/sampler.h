@@ -22,8 +22,9 @@ public:
     using Clock = std::function<double()>; // seconds, never jumping
     Sampler(Read read, Clock clock);
 
-    // A page has read a variable; those without actual values do not matter. nullptr: it could not be read.
-    void seen(std::string_view name, const basic::Variant* value);
+    // A page has read a variable; those without actual values do not matter, and false comes back. nullptr: it could not be
+    // read.
+    bool seen(std::string_view name, const basic::Variant* value);
     // Reads the variable once more.
     void sample();
 

@@ -71,9 +71,7 @@ void Trends::watchWidget(QObject* widget)
 
 void Trends::seen(std::string_view name, const basic::Variant* value)
 {
-    sampler_.seen(name, value);
-    showMarks();
-    if (isOpen()) showValues();
+    if (sampler_.seen(name, value) && isOpen()) showValues();
 }
 
 void Trends::refresh()
@@ -93,7 +91,7 @@ void Trends::showValues()
 void Trends::showMarks()
 {
     if (page_ == nullptr || page_->hasEnded() || box_ == nullptr || !box_->isVisible()) return;
-    for (const ValueCell& cell : valueCells(*page_)) {
+    for (const ValueCell& cell : valueCellsWithoutTouch(*page_)) {
         QPointer<TrendMark>& mark = marks_[cell.view];
         if (mark.isNull()) mark = new TrendMark{*cell.view};
         mark->setOn(std::isfinite(sampler_.history().newest(cell.column)));

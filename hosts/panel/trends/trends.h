@@ -32,6 +32,9 @@ public:
     void forget();
     // What a page has read, see Sampler::seen.
     void seen(std::string_view name, const basic::Variant* value);
+    // Signs on the values that have a trend; after each procedure of the library, which may have brought, shown or hidden
+    // some.
+    void showMarks();
     void languageChanged();
 
     // Where a touch opens a trend now: values that were read and are numbers.
@@ -55,7 +58,6 @@ private:
     bool touched(QWidget& widget, QPoint at);
     void open(const ValueCell& cell);
     void lay();
-    void showMarks();
     void showValues();
 
     QWidget& stage_;

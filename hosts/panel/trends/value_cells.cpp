@@ -50,10 +50,9 @@ QStringList tableTitles(ControlHost& page)
 }
 
 // A place of the page that the servo does not use has no text.
-bool isNamed(ControlHost& page, int number)
+bool isNamed(ControlHost& page, int number, bool hasTable)
 {
-    return number <= lastLine ? !shownText(page, "Beschriftung", number).isEmpty()
-                              : !tableTitles(page).isEmpty();
+    return number <= lastLine ? !shownText(page, "Beschriftung", number).isEmpty() : hasTable;
 }
 
 TextView* valueView(ControlHost& page, int number)
@@ -71,17 +70,27 @@ QWidget* valueBox(ControlHost& page)
     return box == nullptr ? nullptr : &box->view();
 }
 
-std::vector<ValueCell> valueCells(ControlHost& page)
+std::vector<ValueCell> valueCellsWithoutTouch(ControlHost& page)
 {
     std::vector<ValueCell> cells;
+    const bool hasTable = !tableTitles(page).isEmpty();
     for (int number = firstValue; number <= lastCell; ++number) {
         if (isColumnHead(number)) continue;
         TextView* view = valueView(page, number);
-        if (view == nullptr || !view->isVisible() || !isNamed(page, number)) continue;
-        QRect touch = view->geometry();
+        if (view == nullptr || !view->isVisible() || !isNamed(page, number, hasTable)) continue;
+        cells.push_back({static_cast<std::size_t>(number - firstValue), view, {}});
+    }
+    return cells;
+}
+
+std::vector<ValueCell> valueCells(ControlHost& page)
+{
+    std::vector<ValueCell> cells = valueCellsWithoutTouch(page);
+    for (ValueCell& cell : cells) {
+        const int number = firstValue + static_cast<int>(cell.column);
+        QRect touch = cell.view->geometry();
         if (number <= lastLine) touch |= seen(page, "Beschriftung", number) | seen(page, "Einheit", number);
-        cells.push_back(
-            {static_cast<std::size_t>(number - firstValue), view, forFinger(touch, leastTouch(*view))});
+        cell.touch = forFinger(touch, leastTouch(*cell.view));
     }
     return cells;
 }

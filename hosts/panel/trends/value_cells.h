@@ -22,6 +22,8 @@ struct ValueCell {
 QWidget* valueBox(ControlHost& page);
 // Those that are visible and have a text that says what they are.
 std::vector<ValueCell> valueCells(ControlHost& page);
+// The same without what belongs to them for a finger, which is no rectangle then: for what happens at each refresh.
+std::vector<ValueCell> valueCellsWithoutTouch(ControlHost& page);
 
 // The cell that a touch means, pixels of the box; nullptr where there is none.
 const ValueCell* nearestCell(const std::vector<ValueCell>& cells, QPoint at);

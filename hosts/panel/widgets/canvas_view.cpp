@@ -1,5 +1,6 @@
 #include "panel/widgets/canvas_view.h"
 
+#include <QPaintEvent>
 #include <QPainter>
 #include <QResizeEvent>
 
@@ -11,11 +12,17 @@ CanvasView::CanvasView(QWidget* parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-void CanvasView::paintEvent(QPaintEvent*)
+void CanvasView::paintEvent(QPaintEvent* event)
 {
     QPainter painter{this};
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(0, 0, canvas_.image());
+    if (painter.deviceTransform().type() > QTransform::TxTranslate) {
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawImage(0, 0, canvas_.image());
+        return;
+    }
+    // Qt takes several threads for a large picture, even where little of it is to be painted.
+    for (const QRect& part : event->region())
+        painter.drawImage(part.topLeft(), canvas_.image(), part);
 }
 
 void CanvasView::resizeEvent(QResizeEvent* event)

@@ -5,19 +5,37 @@
 #include "panel/look/language_look.h"
 #include "panel/look/reading_order.h"
 
+#include <QPaintEvent>
 #include <QPainter>
+#include <QStyle>
+
+#include <algorithm>
 
 namespace servopanel::panel {
 
 namespace {
 constexpr int framePadding = 6; // between frame and text, pixels
+
+// A sign that lies on a view stands at its left end and is hidden where the text needs the room.
+QRegion signsBeside(const QWidget& view, Qt::Alignment text)
+{
+    const Qt::Alignment side = QStyle::visualAlignment(view.layoutDirection(), text);
+    const bool isClear = (side & (Qt::AlignRight | Qt::AlignHCenter)) != 0;
+    return isClear ? view.childrenRegion() : QRegion{};
 }
+
+} // namespace
 
 void TextView::setText(const QString& text)
 {
     if (text_ == text) return;
+    const bool stoodWithin = standsWithinFrame();
     text_ = text;
-    update();
+    // Drawing the frame takes far longer than the digits of a value, which change ten times a second.
+    if (stoodWithin && standsWithinFrame())
+        update(QRegion{withinFrame()} - signsBeside(*this, alignment_));
+    else
+        update();
 }
 
 void TextView::setLook(const QFont& font, const QColor& ink, Qt::Alignment alignment)
@@ -89,9 +107,15 @@ void TextView::setBeingEdited(bool edited)
 
 QSize TextView::textSize() const
 {
+    const bool digits = languageLook().arabicIndicDigits;
+    const QString& text = shownText();
+    if (!size_.isNull() && text == sizedText_ && font_ == sizedFont_ && digits == sizedDigits_) return size_;
     const QFontMetrics metrics{font_};
-    return {metrics.horizontalAdvance(forDrawing(shownText(), runsRightToLeft(shownText()))) + 1,
-        metrics.height()};
+    size_ = {metrics.horizontalAdvance(forDrawing(text, runsRightToLeft(text))) + 1, metrics.height()};
+    sizedText_ = text;
+    sizedFont_ = font_;
+    sizedDigits_ = digits;
+    return size_;
 }
 
 QRect TextView::ink() const
@@ -129,6 +153,23 @@ QRect TextView::inside() const
     if (frame_ == Frame::None) return rect();
     const int padding = std::min(framePadding, width() / 8);
     return rect().adjusted(padding, 1, -padding, -1);
+}
+
+QRect TextView::withinFrame() const
+{
+    constexpr int corner = 4; // pixels
+    return rect().adjusted(corner, 1, -corner, -1);
+}
+
+// Whether the text touches neither the frame nor the signs of a state. Of letters outside of ASCII nobody knows how far
+// they reach, they may come from another font.
+bool TextView::standsWithinFrame() const
+{
+    const bool isPlain = frame_ != Frame::None && !wrapping_ && !edited_ && marks() == ValueMarks{};
+    if (!isPlain || !isVisible() || inside().left() < withinFrame().left()) return false;
+    const auto isAscii = [](QChar letter) { return letter.unicode() < 0x80; };
+    return std::all_of(text_.begin(), text_.end(), isAscii)
+        && QFontMetrics{fit().font}.height() <= withinFrame().height();
 }
 
 // Letters such as "r" reach over their width; without a frame the widget's right edge would cut them. In pixels, as far
@@ -179,11 +220,15 @@ QPen TextView::border() const
     return QPen{frame_ == Frame::Field && !isLocked() ? colours::border : colours::faintBorder, 1};
 }
 
-void TextView::paintEvent(QPaintEvent*)
+void TextView::paintEvent(QPaintEvent* event)
 {
     QPainter painter{this};
+    // On a scaled screen the place of a pixel is not known to the pixel.
+    const bool isScaled = painter.deviceTransform().type() > QTransform::TxTranslate;
     if (frame_ == Frame::None) {
         if (background_) painter.fillRect(rect(), *background_);
+    } else if (!isScaled && withinFrame().contains(event->rect())) {
+        painter.fillRect(event->rect(), face());
     } else {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(border());

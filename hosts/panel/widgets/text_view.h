@@ -68,6 +68,8 @@ protected:
 private:
     bool isStale() const;
     QRect inside() const; // where the text may stand
+    QRect withinFrame() const; // neither the frame nor its corners
+    bool standsWithinFrame() const;
     int overhang() const;
     QRect ink() const; // around the glyphs of a text of one line, the base line at 0
     const TextFit& fit() const;
@@ -95,6 +97,11 @@ private:
     mutable QSize fittedSize_;
     mutable bool fittedWrapping_ = false;
     mutable bool fittedDigits_ = false;
+    // And how wide it would like to be.
+    mutable QSize size_;
+    mutable QString sizedText_;
+    mutable QFont sizedFont_;
+    mutable bool sizedDigits_ = false;
 };
 
 } // namespace servopanel::panel
