@@ -14,6 +14,7 @@
 #define SI_NO_CONVERSION // the files are UTF-8 already
 #include <SimpleIni.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -143,6 +144,26 @@ void loadQSettings(benchmark::State& state)
     }
 }
 
+// Names of all sections and entries, walked through until they are the same.
+void lookUpFloor(benchmark::State& state)
+{
+    const Sample sample{static_cast<int>(state.range(0))};
+    std::vector<std::string> sections;
+    std::vector<std::string> entries;
+    for (int i = 0; i < sample.entries; ++i) {
+        if (i % entriesOfSection == 0) sections.push_back(Sample::section(i));
+        entries.push_back(Sample::entry(i));
+    }
+    int i = 0;
+    for (auto _ : state) {
+        const int n = asked(++i, sample.entries);
+        const auto section = std::find(sections.begin(), sections.end(), Sample::section(n));
+        const auto first = entries.begin() + (section - sections.begin()) * entriesOfSection;
+        const auto entry = std::find(first, first + entriesOfSection, Sample::entry(n));
+        if (entry - entries.begin() != n) throw std::runtime_error{"another entry was found"};
+    }
+}
+
 void lookUpLibrary(benchmark::State& state)
 {
     const Sample sample{static_cast<int>(state.range(0))};
@@ -197,6 +218,7 @@ BENCHMARK(loadLibrary)->Apply(sizes);
 BENCHMARK(loadInih)->Apply(sizes);
 BENCHMARK(loadSimpleIni)->Apply(sizes);
 BENCHMARK(loadQSettings)->Apply(sizes);
+BENCHMARK(lookUpFloor)->Apply(sizes);
 BENCHMARK(lookUpLibrary)->Apply(sizes);
 BENCHMARK(lookUpInih)->Apply(sizes);
 BENCHMARK(lookUpSimpleIni)->Apply(sizes);

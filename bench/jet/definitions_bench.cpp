@@ -1,22 +1,21 @@
 // Definitions read and written back by the panel, beside mdb-export, which prints the same table, and the floor: reading
 // the bytes of the file.
 #include "jet/sample_definitions.h"
+#include "support/run.h"
 
 #include <benchmark/benchmark.h>
 
 #include <fcntl.h>
-#include <spawn.h>
-#include <stdexcept>
-#include <sys/wait.h>
 #include <unistd.h>
 
-extern char** environ;
+#include <stdexcept>
 
 namespace servopanel::jet {
 
 namespace {
 
 using namespace testing;
+using bench::run;
 
 // Formats and sizes: 60 rows are the definitions of one servo or two, 2000 are what the panel keeps at most.
 void sizes(benchmark::internal::Benchmark* bench)
@@ -31,24 +30,6 @@ SampleProject project(const benchmark::State& state)
 {
     const JetVersion version = state.range(0) == 3 ? JetVersion::Jet3 : JetVersion::Jet4;
     return SampleProject{sampleRows(static_cast<std::size_t>(state.range(1))), {.version = version}};
-}
-
-// Runs a program as a user would, its output goes nowhere.
-void run(std::vector<std::string> words)
-{
-    std::vector<char*> arguments;
-    for (std::string& word : words)
-        arguments.push_back(word.data());
-    arguments.push_back(nullptr);
-    posix_spawn_file_actions_t actions{};
-    ::posix_spawn_file_actions_init(&actions);
-    ::posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    pid_t child = 0;
-    const int error = ::posix_spawnp(&child, arguments[0], &actions, nullptr, arguments.data(), environ);
-    ::posix_spawn_file_actions_destroy(&actions);
-    int status = 0;
-    if (error != 0 || ::waitpid(child, &status, 0) != child || !WIFEXITED(status) || WEXITSTATUS(status) != 0)
-        throw std::runtime_error{words[0] + " has failed"};
 }
 
 // What the panel does when a servo is chosen: opens the file, takes every value of every row.
@@ -82,6 +63,23 @@ void panelWritesBack(benchmark::State& state)
     }
 }
 BENCHMARK(panelWritesBack)->Apply(sizes);
+
+// The floor of that: as many bytes are written into a file and are on the disk.
+void bytesAreWritten(benchmark::State& state)
+{
+    const SampleProject sample = project(state);
+    const Bytes bytes = bytesOf(sample.file());
+    const std::filesystem::path file = sample.file().parent_path() / "floor";
+    for (auto _ : state) {
+        const int descriptor = ::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+        const bool isWritten = descriptor >= 0
+            && ::write(descriptor, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size())
+            && ::fsync(descriptor) == 0;
+        ::close(descriptor);
+        if (!isWritten) throw std::runtime_error{"cannot write " + file.string()};
+    }
+}
+BENCHMARK(bytesAreWritten)->Apply(sizes);
 
 void servoDefsExports(benchmark::State& state)
 {

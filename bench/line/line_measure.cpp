@@ -1,8 +1,7 @@
 // What a whole line costs on one broker: memory, start of a panel, refresh, the time from a write to its answer.
 //
-//   line_measure [FILE]     prints the report, and writes it into FILE besides when there is one
+//   line_measure [FILE]     prints what was found as JSON, or writes it into FILE
 #include "basic/error.h"
-#include "figures.h"
 #include "follower.h"
 #include "report.h"
 #include "running_line.h"
@@ -13,6 +12,8 @@
 #include <exception>
 #include <fstream>
 #include <iostream>
+#include <stdexcept>
+#include <string>
 
 namespace servopanel::bench {
 
@@ -89,8 +90,13 @@ Findings measure()
 int main(int count, char** arguments)
 try {
     const std::string text = servopanel::bench::report(servopanel::bench::measure());
-    std::cout << text;
-    if (count > 1) std::ofstream{arguments[1]} << text;
+    if (count == 1) {
+        std::cout << text;
+        return EXIT_SUCCESS;
+    }
+    std::ofstream file{arguments[1]};
+    file << text;
+    if (!file.flush()) throw std::runtime_error{std::string{"cannot write "}.append(arguments[1])};
     return EXIT_SUCCESS;
 } catch (const servopanel::basic::Error& error) {
     std::cerr << "line_measure: " << error.description << '\n';

@@ -23,7 +23,7 @@ struct Findings {
     std::vector<double> echoes; // milliseconds to the broker and back
 };
 
-// A page of the documentation, in Markdown.
+// As JSON.
 std::string report(const Findings& findings);
 
 } // namespace servopanel::bench

@@ -59,7 +59,7 @@ void projectAlone(benchmark::State& state)
         const Bench bench{state};
 }
 
-void startToMenu(benchmark::State& state)
+void startToMenuAlone(benchmark::State& state)
 {
     const auto steps = parseScenario("create\nshow");
     for (auto _ : state) {
@@ -68,7 +68,7 @@ void startToMenu(benchmark::State& state)
     }
 }
 
-void startToPage(benchmark::State& state)
+void startToPageAlone(benchmark::State& state)
 {
     const auto steps = parseScenario(std::string{page} + "create\nshow");
     for (auto _ : state) {
@@ -97,7 +97,7 @@ void tick(benchmark::State& state)
         bench.play(steps);
 }
 
-void confirm(benchmark::State& state)
+void confirmAlone(benchmark::State& state)
 {
     Bench bench{state};
     bench.run(std::string{page} + "create\nshow");
@@ -116,14 +116,14 @@ void withoutAndWith(benchmark::internal::Benchmark* bench)
 }
 
 BENCHMARK(projectAlone)->Apply(withoutAndWith);
-BENCHMARK(startToMenu)->Apply(withoutAndWith);
-BENCHMARK(startToPage)->Apply(withoutAndWith);
+BENCHMARK(startToMenuAlone)->Apply(withoutAndWith);
+BENCHMARK(startToPageAlone)->Apply(withoutAndWith);
 BENCHMARK(openPage)->Apply(withoutAndWith);
 BENCHMARK(tick)
     ->ArgNames({"trace", "diagnosis"})
     ->ArgsProduct({{0, 1}, {0, 1}})
     ->Unit(benchmark::kMicrosecond);
-BENCHMARK(confirm)->Apply(withoutAndWith);
+BENCHMARK(confirmAlone)->Apply(withoutAndWith);
 
 } // namespace
 
