@@ -7,6 +7,7 @@
 #include "panel/form/row_touch.h"
 #include "panel/form/schalter.h"
 #include "panel/form/scroll_bar.h"
+#include "panel/form/timer_child.h"
 #include "panel/widgets/answer_strip.h"
 #include "panel/widgets/message_sheet.h"
 #include "panel/widgets/scroll_pane.h"
@@ -17,6 +18,7 @@
 
 #include <QLabel>
 #include <QTest>
+#include <QTimer>
 
 #include <algorithm>
 #include <cmath>
@@ -124,6 +126,19 @@ QRect reach(panel::ControlHost& page, const std::string& name, std::int16_t inde
     return place;
 }
 
+// What cannot be read is reported with every refresh, and how many of them come before somebody looks depends on the
+// computer.
+class NoRefresh : public QObject {
+public:
+    void of(Panel& panel)
+    {
+        auto& page = panel.servo()->require<panel::ControlHost>("ServoMain");
+        for (QTimer* timer : page.require<panel::TimerChild>("Timer").view().findChildren<QTimer*>())
+            timer->installEventFilter(this);
+    }
+    bool eventFilter(QObject* /*timer*/, QEvent* event) override { return event->type() == QEvent::Timer; }
+};
+
 void setNumber(const std::filesystem::path& file, const std::string& member, int value)
 {
     std::ifstream in{file};
@@ -181,6 +196,8 @@ void show(const Start& start, const State& state, const std::function<void(Panel
         panel.window().show();
         if (!QTest::qWaitForWindowExposed(&panel.window())) throw panel::NotThere{"the window"};
         panel.openServo();
+        NoRefresh noRefresh;
+        if (!state.unreadable.empty()) noRefresh.of(panel);
         panel::Operator hands{panel, settleMs};
         bool seen = false;
         state.visit(hands, panel, [&] {
