@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 namespace servopanel::machine {
 
 namespace {
@@ -12,6 +14,8 @@ namespace {
 struct Case {
     std::string text;
     std::string problem; // "line 2: reason"
+    // Otherwise GoogleTest prints the bytes of it, unset ones as well.
+    friend void PrintTo(const Case& value, std::ostream* out) { *out << value.problem; }
 };
 
 class JsonMistakeTest : public ::testing::TestWithParam<Case> { };
