@@ -1,0 +1,47 @@
+#pragma once
+
+#include "monkey/random_operator.h"
+
+#include <cstdint>
+#include <deque>
+#include <random>
+#include <string>
+#include <string_view>
+
+namespace servopanel::monkey {
+
+// The operator without sense in front of a real panel: the commands that a scenario has as well, and what only a screen
+// and its surroundings have, in lines that begin with "# panel: " so that a scenario of them remains one.
+//
+//   at X Y, drag X Y X2 Y2     a touch of the stage, thousandths of its size
+//   press KEY                  a key of the keyboard, by its name
+//   back                       from another screen
+//   open                       the servo screen, when the panel shows none
+//   link good, link bad        the connection to the machine
+//   lose FILE, spoil FILE, bring FILE    a file of the project goes, holds rubbish, is as it was
+//   forge N                    footer key N of the page, by nobody: what a broken panel could do, for tests of the rules
+//   probe                      whatever is open is closed, and the panel must answer a touch
+class RandomHands {
+public:
+    explicit RandomHands(std::uint32_t seed)
+        : operator_{seed}
+        , random_{seed + 1}
+    {
+    }
+
+    std::string next();
+
+private:
+    unsigned upTo(unsigned most) { return static_cast<unsigned>(random_() % (most + 1)); }
+    std::string place();
+    void beginEdit();
+    std::string ofThePanel();
+
+    RandomOperator operator_;
+    std::minstd_rand random_;
+    std::deque<std::string> coming_; // what is begun already
+};
+
+inline constexpr std::string_view panelOnly = "# panel: ";
+
+} // namespace servopanel::monkey
