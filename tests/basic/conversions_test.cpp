@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <memory>
 #include <ostream>
 #include <vector>
@@ -100,6 +101,8 @@ const Row rows[]{
     {"CurrencyTooLarge", 1e15, VariantType::Currency, {}, 6},
     {"DoubleToSingleTooLarge", 1e39, VariantType::Single, {}, 6},
     {"DoubleToSingle", 0.1, VariantType::Single, 0.1F},
+    {"InfinityToSingle", std::numeric_limits<double>::infinity(), VariantType::Single,
+        std::numeric_limits<float>::infinity()},
 
     {"TextToInt16", "12", VariantType::Int16, i16(12)},
     {"TextWithBlanks", "  -12.5 ", VariantType::Int16, i16(-12)},

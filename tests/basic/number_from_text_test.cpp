@@ -35,7 +35,7 @@ TEST(NumberFromText, ReadsHexadecimalNumbersWithTheirSign)
 TEST(NumberFromText, RefusesWhatIsNoNumber)
 {
     for (const char* text : {"", " ", "a", "12a", "1 2", "1,5", "--1", "++1", "+-1", "-+1", "+", "-", ".",
-             "e5", "inf", "nan", "infinity", "0x10", "&H", "&HG", "&H-1", "\t1"})
+             "e5", "inf", "nan", "infinity", "0x10", "&H", "&HG", "&H-1", "&X12", "1H5", "\t1"})
         EXPECT_EQ(errorNumber([&] { return numberFromText(text); }), 13) << '"' << text << '"';
 }
 

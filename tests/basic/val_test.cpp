@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace {
 
 using servopanel::basic::Val;
@@ -25,7 +27,7 @@ TEST(Val, ReadsTheLeadingNumber)
 TEST(Val, SkipsBlanksAnywhere)
 {
     const Row rows[]{
-        {"  12", 12}, {"1 2 3", 123}, {"\t4\n5", 45}, {"- 6", -6}, {"1 E 2", 100}, {"1. 5", 1.5}};
+        {"  12", 12}, {"1 2 3", 123}, {"\t4\n5\r6", 456}, {"- 6", -6}, {"1 E 2", 100}, {"1. 5", 1.5}};
     for (const Row& row : rows)
         EXPECT_EQ(Val(row.text), row.value) << '"' << row.text << '"';
 }
@@ -50,6 +52,7 @@ TEST(Val, TakesNumbersTooSmallForZero) { EXPECT_EQ(Val("1E-999"), 0.0); }
 TEST(Val, ReportsNumbersBeyondTheRange)
 {
     EXPECT_EQ(errorNumber([] { return Val("1E999"); }), 6);
+    EXPECT_EQ(errorNumber([] { return Val("1" + std::string(400, '0')); }), 6);
     EXPECT_EQ(errorNumber([] { return Val("&H123456789"); }), 6);
 }
 

@@ -69,6 +69,13 @@ TEST_F(KorrekturTwipPix, ReportsEachDirectionOfADesignWithoutPixels)
     EXPECT_EQ(surround.reports(), (Reports{{11, "KorrekturTwipPix"}, {11, "KorrekturTwipPix"}}));
 }
 
+TEST_F(KorrekturTwipPix, MeasuresHorizontallyFirst)
+{
+    screen(0, 15);
+    EXPECT_EQ(global.KorrekturTwipPix(100, true, 0, 0), 0);
+    EXPECT_EQ(surround.reports(), (Reports{{6, "KorrekturTwipPix"}, {11, "KorrekturTwipPix"}}));
+}
+
 TEST_F(KorrekturTwipPix, ReportsAResultBeyond16BitsAndGivesZero)
 {
     EXPECT_EQ(global.KorrekturTwipPix(32767, true, 15, 15), 32760);

@@ -202,6 +202,15 @@ TEST_F(PosObjekt, ReportsAControlWithoutAFontAndPlacesIt)
     EXPECT_EQ(surround.reports(), (Reports{{438, "PosObjekt"}, {438, "PosObjekt"}}));
 }
 
+// A size that cannot be read counts as 0, whatever the class of that is.
+TEST_F(PosObjekt, TakesASizeThatCannotBeReadForNone)
+{
+    textanzeige.missing = {"FONT.SIZE"};
+    global.PosObjekt(textanzeige, {.schriftAnpassen = true});
+    EXPECT_EQ(textanzeige.puts(), Texts{"FontClass = LSU0"});
+    EXPECT_EQ(surround.reports(), (Reports{{438, "PosObjekt"}}));
+}
+
 TEST_F(PosObjekt, ReportsADesignWithoutPixelsForItsDirectionOnly)
 {
     panel(1024, 0.8F, 0.75F);

@@ -54,6 +54,30 @@ TEST(MenuErrorNames, AreThoseOfTheProcedures)
     }
 }
 
+TEST(MenuWelcheTaste, IsNoneBesideTheKeys)
+{
+    Lone<servo_menu::ServoMenu> menu;
+    std::int16_t key = 5;
+    menu.control.WelcheTaste(-1, -1, key);
+    EXPECT_EQ(key, 0);
+}
+
+TEST(MenuTasteZeichnen, KnowsNoKeyBeforeTheFirst)
+{
+    Lone<servo_menu::ServoMenu> menu;
+    menu.control.TasteZeichnen(0, true);
+    menu.control.TasteZeichnen(-1, true);
+    EXPECT_EQ(menu.drawn, Texts{});
+    EXPECT_EQ(menu.surround.reports(), Reports{});
+}
+
+TEST(MenuAtFirst, HasNotBeenBuiltOrShown)
+{
+    Lone<servo_menu::ServoMenu> menu;
+    EXPECT_EQ(menu.control.BildInit(), 0);
+    EXPECT_EQ(menu.control.BildShow(), 0);
+}
+
 TEST(MenuAufbauen, ChangesNoNameAndMakesNothingWhenAFileCannotBeLookedFor)
 {
     Lone<servo_menu::ServoMenu> menu;

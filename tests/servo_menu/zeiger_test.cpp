@@ -159,6 +159,15 @@ TEST_F(MenuZeiger, TakesPointsOnCaptionsAndPicturesAsPointsOfTheMenu)
     EXPECT_EQ(replay.lines("raise"), "");
 }
 
+TEST_F(MenuZeiger, ReleasesAKeyWhenThePointerLeavesItsPicture)
+{
+    shown(menuProject(8));
+    run("menudown BildIm 6 10 10");
+    run("menumove BildIm 6 -500 10");
+    EXPECT_EQ(replay.lines("put ServoMenu.BildIm"),
+        "put ServoMenu.BildIm(6).Left = 9225\nput ServoMenu.BildIm(6).Top = 8040\n");
+}
+
 TEST_F(MenuZeiger, ForgetsThePressedKeyWhereverThePointerComesUp)
 {
     shown(menuProject(8));

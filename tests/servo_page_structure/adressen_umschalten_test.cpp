@@ -109,6 +109,9 @@ TEST_F(AdressenUmschalten, DoesNotLayOutAnythingForAServoOutsideTheList)
     EXPECT_GT(count(lines("error 9 \"Ma AdressenUmschalten\""), "\n"), 20U);
     EXPECT_EQ(lines("put ServoMain.BeschriftungL(1).28"), "");
     EXPECT_EQ(lines("put ServoMain.Überschrift.28"), "");
+    EXPECT_EQ(lines({"put ServoMain.SollwertL(1).Visible", "put ServoMain.SchalterL(31).Visible",
+                  "put ServoMain.ZeichnungL(41).Visible"}),
+        "");
 }
 
 TEST_F(AdressenUmschalten, ShowsAnEmptyTextForAMissingOne)

@@ -36,6 +36,13 @@ TEST_F(ServoMainEntries, LetAScenarioChangeTheModifiedFlag)
     EXPECT_EQ(state("DetailBox.Visible"), "false");
 }
 
+TEST(ServoMainAtFirst, HasNotBeenBuiltOrShown)
+{
+    Lone<servo_page::ServoMain> page;
+    EXPECT_EQ(page.control.BildInit(), 0);
+    EXPECT_EQ(page.control.BildShow(), 0);
+}
+
 TEST(ServoMainAlone, KeepsTheNumbersThatWerePut)
 {
     Lone<servo_page::ServoMain> page;

@@ -1,4 +1,6 @@
 #include "page_test.h"
+#include "servo_page/servo_main.h"
+#include "support/lone.h"
 
 namespace servopanel::testing {
 
@@ -13,6 +15,16 @@ protected:
         return state("BeschriftungL(1).28") + " " + state("EinheitL(1).28");
     }
 };
+
+TEST(TextAufdroeselnAlone, LeavesNoUnitOfAnEarlierText)
+{
+    Lone<servo_page::ServoMain> page;
+    std::string caption = "Speed";
+    std::string unit = "mm/s";
+    page.control.TextAufdröseln("Weg", caption, unit);
+    EXPECT_EQ(caption, "Weg");
+    EXPECT_EQ(unit, "");
+}
 
 TEST_F(TextAufdroeseln, SplitsAtTheFirstSemicolon) { EXPECT_EQ(split("Weg;mm"), "\"Weg\" \"mm\""); }
 

@@ -297,6 +297,8 @@ TEST(IniSchreiben, WritesEvenWhenNoFieldCanBeLookedUp)
     EXPECT_EQ(count(trace, "error 9 \"Ma IniSchreiben\""), 30U);
     EXPECT_EQ(count(trace, "db update "), 30U);
     EXPECT_EQ(count(trace, "db close\n"), 1U);
+    // No record has taken the place of the first.
+    EXPECT_EQ(count(trace, "db update " + variable("_servo_para_") + " 0\n"), 1U);
 }
 
 TEST(IniEingabe, ChangesTheAccessLevelOfTheRightDrawingNumberAlone)

@@ -138,6 +138,7 @@ TEST(WerteSchreiben, KeepsTheMachinesBitOfATouchedSwitchThatShowsNone)
     const std::string written = page.run("key 10\n");
     EXPECT_EQ(holding(written, "write " + variable("_servo_schalt_")),
         "write " + variable("_servo_schalt_") + " = 5\n");
+    EXPECT_EQ(holding(written, "error "), mismatches("Ma WerteSchreiben", 1));
 }
 
 // The first servo's values still stand in the inputs when the second one's cannot be read.
@@ -517,6 +518,21 @@ protected:
         return basic::element(page.surround.world().variables[variable(family)], element);
     }
 };
+
+// What the machine told has not reached its inputs: whatever they show is not its value.
+TEST_F(WerteSchreibenUngelesen, KeepsTheMachinesValueWhereAnInputRefusedIt)
+{
+    page.fake("SchalterL")->missing = {"ZUSTAND"};
+    page.fake("ZeichnungL")->missing = {"TEXT"};
+    page.control.WerteLesen(true);
+    page.fake("SchalterL")->missing.clear();
+    page.fake("ZeichnungL")->missing.clear();
+    enter(41);
+    touch(31);
+    page.control.WerteSchreiben();
+    EXPECT_EQ(page.surround.world().variables[variable("_servo_schalt_")], basic::Variant{std::int32_t{5}});
+    EXPECT_EQ(written("_servo_zeich_", 0), basic::Variant{123456789.0});
+}
 
 // An input that refuses the colour of a change has taken the change all the same. All setpoints of the half are one
 // fake: field 5 has what field 22 was given last.
