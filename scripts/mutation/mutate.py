@@ -263,7 +263,7 @@ def main():
     parser.add_argument("--only", default="", metavar="PATH-PART", help="mutants in files whose path contains this")
     parser.add_argument("--every", type=int, default=1, metavar="N", help="only each N-th mutant")
     parser.add_argument("--minutes", type=int, default=1440, metavar="N", help="stops after so much running of tests")
-    parser.add_argument("--again", action="store_true", help="only those that were not noticed the last time")
+    parser.add_argument("--again", action="store_true", help="only those that were not tried or not noticed the last time")
     parser.add_argument("--report", type=pathlib.Path, metavar="FILE", help="writes the report that docs/mutation.md is")
     options = parser.parse_args()
 
@@ -279,10 +279,11 @@ def main():
         if options.again:
             last = json.loads(LAST.read_text())
             earlier = last["seconds"]
-            noticed = {tuple(entry["key"]): entry for entry in last["results"] if entry["outcome"] in report.NOTICED}
-            results = {mutant.number: {**noticed[known[mutant.number]], "line": mutant.line}
-                       for mutant in chosen if known[mutant.number] in noticed}
-            chosen = [mutant for mutant in chosen if mutant.number not in results]
+            tried = {tuple(entry["key"]): entry for entry in last["results"]}
+            results = {mutant.number: {**tried[known[mutant.number]], "line": mutant.line, "number": mutant.number}
+                       for mutant in chosen if known[mutant.number] in tried}
+            chosen = [mutant for mutant in chosen if mutant.number not in results
+                      or results[mutant.number]["outcome"] not in report.NOTICED]
         # From all over the library, in case that the time does not last.
         chosen = [mutant for i in range(PARTS) for mutant in chosen[i::PARTS]]
         print(f"{len(mutants)} mutants, {len(chosen)} of them to be tried", flush=True)
