@@ -48,7 +48,7 @@ bool isWholeBitmap(const QByteArray& data)
     if (compression == runs8 || compression == runs4)
         return runsReachTheEnd(data, pixels, compression == runs4, height);
     const qint64 line = (width * bits + 31) / 32 * 4;
-    return pixels + line * height <= data.size();
+    return line == 0 || height <= (data.size() - pixels) / line; // both come from the file and may be huge
 }
 
 // Blocks of data: a length, so many bytes, and on; 0 ends them. The place behind them, or -1.
