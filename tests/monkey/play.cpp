@@ -8,6 +8,7 @@
 #include "support/standard_project.h"
 
 #include <algorithm>
+#include <array>
 #include <exception>
 
 namespace servopanel::monkey {
@@ -68,6 +69,15 @@ private:
     bool shown_ = false; // since the control was created
 };
 
+// Whether the command is a touch or a tick, and not something that the host, the machine or an engineer does.
+bool needsScreen(std::string_view command)
+{
+    constexpr std::array<std::string_view, 6> others{
+        "create", "show", "terminate", "var ", "input ", "fail "};
+    return std::none_of(
+        others.begin(), others.end(), [&](std::string_view other) { return command.starts_with(other); });
+}
+
 class Session {
 public:
     Session() { replay_.run(testing::standardProject); }
@@ -75,8 +85,9 @@ public:
     // What the command broke.
     std::optional<std::string> play(const std::string& command)
     {
-        // A host shows a control once.
+        // A host shows a control once, and nobody touches what is not shown.
         if (command == "show" && screen_.isShown()) return std::nullopt;
+        if (needsScreen(command) && !screen_.isShown()) return std::nullopt;
         rules_.before();
         std::string trace;
         try {
