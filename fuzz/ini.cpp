@@ -14,7 +14,7 @@ void feed(std::string_view bytes)
     testing::Surround surround;
     config::MService service{surround.umfeld};
     const std::vector<std::string> lines = portable::decodeLines(bytes);
-    surround.world().texts["P:\\a.ini"] = {lines, std::nullopt};
+    surround.world().texts["P:\\a.ini"] = {portable::decodedText(std::string{bytes}), std::nullopt};
     service.OpenIni("a.ini", true);
 
     const config::IniSpeicher& cache = service.speicher();

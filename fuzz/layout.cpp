@@ -1,4 +1,4 @@
-// The files that say where captions stand and which keys there are: the page of a servo whose INI files hold these lines
+// The files that say where captions stand and which keys there are: the page of a servo whose INI files hold these bytes
 // is shown, its diagnosis page too, and left for the menu.
 #include "fuzz/fuzz.h"
 #include "portable/text_decoding.h"
@@ -6,19 +6,18 @@
 #include "support/standard_project.h"
 
 #include <string>
-#include <vector>
 
 namespace servopanel::fuzz {
 
 void feed(std::string_view bytes)
 {
-    std::vector<std::string> lines = portable::decodeLines(bytes);
-    if (lines.size() > 300) lines.resize(300);
+    std::string text = portable::decodedText(std::string{bytes});
+    if (text.size() > 10'000) text.resize(10'000);
 
     recording::Replay replay;
     replay.run(testing::standardProject);
     for (const char* name : {"Servo\\Servo_3.ini", "Servo\\Servo.ini"})
-        replay.host().memoryProject().putText(name, lines);
+        replay.host().memoryProject().putText(name, text);
     replay.run("var Ch-1.intern<.servo_zeiger> = 1\ncreate\nshow\nkey! 8\nkey! 11\nmenukey! 11\nterminate\n");
 }
 

@@ -85,11 +85,11 @@ private:
     basic::ObjectRef load(std::string_view path) override;
     void save(platform::Control& box, std::string_view path) override { inner_.pictures.save(box, path); }
     bool exists(std::string_view path) override;
-    platform::TextLines openText(std::string_view path) override { return inner_.files.openText(path); }
+    platform::TextFile openText(std::string_view path) override { return inner_.files.openText(path); }
     void closeText() override { inner_.files.closeText(); }
-    void writeText(std::string_view path, const std::vector<std::string>& lines) override
+    void writeText(std::string_view path, std::string_view text) override
     {
-        inner_.files.writeText(path, lines);
+        inner_.files.writeText(path, text);
     }
     void createFolder(std::string_view path) override { inner_.files.createFolder(path); }
 

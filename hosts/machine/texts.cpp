@@ -1,6 +1,7 @@
 #include "machine/texts.h"
 
 #include "basic/error.h"
+#include "basic/lines.h"
 #include "portable/text_decoding.h"
 #include "portable/text_reading.h"
 #include "portable/trimming.h"
@@ -28,11 +29,12 @@ std::vector<std::string> decoded(
     std::size_t foreign = 0;
     std::size_t firstForeign = 0;
     std::optional<std::size_t> firstZero;
-    for (const std::string_view line : portable::splitLines(portable::withoutByteOrderMark(bytes))) {
-        const bool isUtf8 = portable::isUtf8(line);
+    basic::Lines parts{portable::withoutByteOrderMark(bytes)};
+    while (const std::optional<std::string_view> line = parts.next()) {
+        const bool isUtf8 = portable::isUtf8(*line);
         if (!isUtf8 && foreign++ == 0) firstForeign = lines.size();
-        if (!firstZero && line.find('\0') != std::string_view::npos) firstZero = lines.size();
-        lines.push_back(isUtf8 ? std::string{line} : portable::fromWindows1252(line));
+        if (!firstZero && line->find('\0') != std::string_view::npos) firstZero = lines.size();
+        lines.push_back(isUtf8 ? std::string{*line} : portable::fromWindows1252(*line));
     }
     if (foreign > 0)
         problems.push_back({file, lineNumber(firstForeign),

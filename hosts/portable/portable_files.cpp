@@ -11,19 +11,14 @@ namespace servopanel::portable {
 
 namespace fs = std::filesystem;
 
-platform::TextLines PortableFiles::openText(std::string_view path)
+platform::TextFile PortableFiles::openText(std::string_view path)
 {
     FileBytes content = readFile(mapping_.resolve(path), path);
-    return {decodeLines(content.bytes), std::move(content.failure)};
+    return {decodedText(std::move(content.bytes)), std::move(content.failure)};
 }
 
-void PortableFiles::writeText(std::string_view path, const std::vector<std::string>& lines)
+void PortableFiles::writeText(std::string_view path, std::string_view text)
 {
-    std::string text;
-    for (const std::string& line : lines) {
-        text += line;
-        text += "\r\n";
-    }
     replaceFile(mapping_.resolve(path), text, path);
 }
 

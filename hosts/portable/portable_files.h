@@ -16,10 +16,10 @@ public:
     }
 
     // Reads the whole file at once, 20 MB at most. A failure in the middle keeps the lines before it.
-    platform::TextLines openText(std::string_view path) override;
+    platform::TextFile openText(std::string_view path) override;
     void closeText() override { }
     // Writes UTF-8. The old content stays until the new one is completely on the disk.
-    void writeText(std::string_view path, const std::vector<std::string>& lines) override;
+    void writeText(std::string_view path, std::string_view text) override;
     bool exists(std::string_view path) override;
     void createFolder(std::string_view path) override;
 

@@ -5,14 +5,16 @@
 #include "portable/text_decoding.h"
 #include "portable/text_reading.h"
 
+#include <utility>
+
 namespace servopanel::portable {
 
 std::optional<std::string> PortableProfile::text(
     std::string_view file, std::string_view section, std::string_view entry)
 {
     try {
-        const FileBytes content = readFile(mapping_.resolve(file), file);
-        return profileLookUp(decodeLines(content.bytes), section, entry);
+        FileBytes content = readFile(mapping_.resolve(file), file);
+        return profileLookUp(decodedText(std::move(content.bytes)), section, entry);
     } catch (const basic::Error&) {
         return std::nullopt;
     }

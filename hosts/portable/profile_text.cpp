@@ -1,5 +1,6 @@
 #include "portable/profile_text.h"
 
+#include "basic/lines.h"
 #include "basic/text.h"
 #include "portable/trimming.h"
 
@@ -37,15 +38,16 @@ std::optional<std::string_view> sectionName(std::string_view line)
 } // namespace
 
 std::optional<std::string> profileLookUp(
-    const std::vector<std::string>& lines, std::string_view section, std::string_view entry)
+    std::string_view text, std::string_view section, std::string_view entry)
 {
     const std::string wantedSection = basic::upperCase(trimBlanks(section));
     const std::string wantedEntry = basic::upperCase(trimBlanks(entry));
     if (wantedEntry.empty()) return std::nullopt;
 
     bool inside = false;
-    for (const std::string& text : lines) {
-        const std::string_view line = trimBlanks(text);
+    basic::Lines lines{text};
+    while (const std::optional<std::string_view> next = lines.next()) {
+        const std::string_view line = trimBlanks(*next);
         if (line.empty() || line.front() == ';') continue;
         if (const auto name = sectionName(line)) {
             if (inside) return std::nullopt;

@@ -1,6 +1,7 @@
 #include "portable/text_decoding.h"
 
-#include <algorithm>
+#include "basic/lines.h"
+
 #include <array>
 #include <cstddef>
 
@@ -98,21 +99,6 @@ std::string_view withoutByteOrderMark(std::string_view bytes)
                                                                   : bytes;
 }
 
-std::vector<std::string_view> splitLines(std::string_view bytes)
-{
-    std::vector<std::string_view> lines;
-    // One sign is found far faster than the first of two; each line feed is looked for once.
-    std::size_t feed = bytes.find('\n');
-    for (std::size_t at = 0; at < bytes.size();) {
-        if (feed < at) feed = bytes.find('\n', at);
-        const std::size_t end = at + std::min(bytes.substr(at, feed - at).find('\r'), feed - at);
-        lines.push_back(bytes.substr(at, end - at));
-        if (end >= bytes.size()) break;
-        at = end + (bytes.substr(end, 2) == "\r\n" ? 2 : 1);
-    }
-    return lines;
-}
-
 std::optional<std::string> fromUtf16(std::string_view bytes)
 {
     constexpr std::string_view littleEndianMark{"\xFF\xFE"};
@@ -146,15 +132,21 @@ std::optional<std::string> fromUtf16(std::string_view bytes)
     return text;
 }
 
-std::vector<std::string> decodeLines(std::string_view bytes)
+std::string decodedText(std::string bytes)
 {
     const std::string_view content = withoutByteOrderMark(bytes);
-    const bool utf8 = isUtf8(content);
+    if (!isUtf8(content)) return fromWindows1252(content);
+    bytes.erase(0, bytes.size() - content.size());
+    return bytes;
+}
+
+std::vector<std::string> decodeLines(std::string_view bytes)
+{
+    const std::string text = decodedText(std::string{bytes});
     std::vector<std::string> lines;
-    const std::vector<std::string_view> parts = splitLines(content);
-    lines.reserve(parts.size());
-    for (const std::string_view line : parts)
-        lines.push_back(utf8 ? std::string{line} : fromWindows1252(line));
+    basic::Lines parts{text};
+    while (const std::optional<std::string_view> line = parts.next())
+        lines.emplace_back(*line);
     return lines;
 }
 

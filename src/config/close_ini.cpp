@@ -3,25 +3,25 @@
 #include "basic/silent_sink.h"
 #include "basic/statement_trap.h"
 
-#include <vector>
+#include <string>
 
 namespace servopanel::config {
 
 namespace {
 
-// The lines of the sections. LEGACY: entries before the first section are lost.
-std::vector<std::string> zeilen(basic::StatementTrap& trap, const IniSpeicher& speicher)
+// The sections, each line ended by CR LF. LEGACY: entries before the first section are lost.
+std::string inhalt(basic::StatementTrap& trap, const IniSpeicher& speicher)
 {
-    std::vector<std::string> ergebnis;
+    std::string ergebnis;
     for (std::int32_t i = 1; i <= speicher.IniSektionAnzahl; ++i) {
         const IniSektion* sektion = nullptr;
         trap([&] { sektion = &speicher.IniSektionen[i]; });
         if (!sektion) break;
-        ergebnis.push_back("[" + sektion->Name + "]");
+        ergebnis += "[" + sektion->Name + "]\r\n";
         for (std::int32_t j = sektion->ErsterEintrag; j <= sektion->LetzterEintrag; ++j) {
             trap([&] {
                 const IniEintrag& eintrag = speicher.IniEintraege[j];
-                ergebnis.push_back(eintrag.Name + "=" + eintrag.Wert);
+                ergebnis += eintrag.Name + "=" + eintrag.Wert + "\r\n";
             });
         }
     }
@@ -41,8 +41,8 @@ void MService::CloseIni()
     if (speicher.IniGeaendert) {
         basic::SilentSink schweigen;
         basic::StatementTrap still{schweigen, "CloseIni"};
-        const std::vector<std::string> inhalt = zeilen(still, speicher);
-        still([&] { umfeld_.platform.files.writeText(speicher.IniDateiName, inhalt); });
+        const std::string text = inhalt(still, speicher);
+        still([&] { umfeld_.platform.files.writeText(speicher.IniDateiName, text); });
     }
     speicher.IniGeoeffnet = false;
 }

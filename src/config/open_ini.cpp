@@ -1,7 +1,10 @@
 #include "config/mservice.h"
 
+#include "basic/lines.h"
 #include "basic/statement_trap.h"
 #include "basic/text.h"
+
+#include <optional>
 
 namespace servopanel::config {
 
@@ -76,22 +79,23 @@ bool MService::OpenIni(std::string_view name, bool auflösen)
     }
 
     // 4. Read it line by line. Nothing is trimmed: blanks belong to names and values.
-    platform::TextLines text;
+    platform::TextFile datei;
     const bool offen = bekannt && trap.condition([&] {
-        text = umfeld_.platform.files.openText(speicher.IniDateiName);
+        datei = umfeld_.platform.files.openText(speicher.IniDateiName);
         return true;
     });
     if (!offen) return false;
-    for (const std::string& zeile : text.lines) {
-        if (!enthält(zeile, '[')) {
-            if (enthält(zeile, '=')) eintragAnhängen(trap, speicher, zeile);
-        } else if (enthält(zeile, ']')) {
-            sektionAnhängen(trap, speicher, zeile);
+    basic::Lines zeilen{datei.text};
+    while (const std::optional<std::string_view> zeile = zeilen.next()) {
+        if (!enthält(*zeile, '[')) {
+            if (enthält(*zeile, '=')) eintragAnhängen(trap, speicher, *zeile);
+        } else if (enthält(*zeile, ']')) {
+            sektionAnhängen(trap, speicher, *zeile);
         }
     }
-    const bool vollständig = !text.failure;
+    const bool vollständig = !datei.failure;
     trap([&] {
-        if (text.failure) throw *text.failure;
+        if (datei.failure) throw *datei.failure;
     });
 
     // 5. The cache answers from now on, also with what was read before a failure; nothing needs the file any more.

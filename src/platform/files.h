@@ -5,13 +5,12 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace servopanel::platform {
 
-// The lines of a text file without their ends, in UTF-8. failure: why reading stopped before the end.
-struct TextLines {
-    std::vector<std::string> lines;
+// What a text file holds, in UTF-8; CR LF, LF and CR alone all end a line. failure: why reading stopped before the end.
+struct TextFile {
+    std::string text;
     std::optional<basic::Error> failure;
 };
 
@@ -22,11 +21,11 @@ public:
 
     // Opens and reads a configuration file; error 53, 75 or 76 when it cannot be opened. One file at a time is in
     // use: closeText ends the use, and a host may keep the file to itself until then.
-    virtual TextLines openText(std::string_view path) = 0;
+    virtual TextFile openText(std::string_view path) = 0;
     // Comes once more for a file that is no longer in use, which is no error.
     virtual void closeText() = 0;
-    // Replaces a text file by these lines, each ended by CR LF.
-    virtual void writeText(std::string_view path, const std::vector<std::string>& lines) = 0;
+    // Replaces a text file; the text is UTF-8 and its lines end with CR LF.
+    virtual void writeText(std::string_view path, std::string_view text) = 0;
 
     // Whether a file or a folder of this name exists.
     virtual bool exists(std::string_view path) = 0;

@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace servopanel::testing {
@@ -18,9 +17,12 @@ struct IniTest : ::testing::Test {
     config::IniSpeicher& speicher = service.speicher();
 
     // The file of this project-relative name has these lines.
-    void file(const std::string& name, std::vector<std::string> lines)
+    void file(const std::string& name, const std::vector<std::string>& lines)
     {
-        surround.world().texts["P:\\" + name] = {std::move(lines), std::nullopt};
+        std::string& text = surround.world().texts["P:\\" + name].text;
+        text.clear();
+        for (const std::string& line : lines)
+            text += line + "\r\n";
     }
     bool open(const std::string& name) { return service.OpenIni(name, true); }
     std::string find(const char* section, const char* entry)

@@ -103,7 +103,7 @@ TEST_F(OpenIni, NeverClearsRecords)
 
 TEST_F(OpenIni, OpensANameUnchangedWhenToldTo)
 {
-    surround.world().texts["D:\\a.ini"] = {{"[A]"}, std::nullopt};
+    surround.world().texts["D:\\a.ini"] = {"[A]\n", std::nullopt};
     EXPECT_TRUE(service.OpenIni("D:\\a.ini", false));
     EXPECT_EQ(surround.world().log, (Texts{"open D:\\a.ini", "close"}));
 }
@@ -174,7 +174,7 @@ TEST_F(OpenIni, OpensNothingWhenThePathCannotBeMade)
 
 TEST_F(OpenIni, KeepsWhatWasReadBeforeAReadError)
 {
-    surround.world().texts["P:\\a.ini"] = {{"[A]", "x=1"}, basic::Error{57, "Files", "device error"}};
+    surround.world().texts["P:\\a.ini"] = {"[A]\nx=1", basic::Error{57, "Files", "device error"}};
     EXPECT_FALSE(open("a.ini"));
     EXPECT_EQ(find("A", "x"), "1");
     EXPECT_EQ(reports(), (Reports{{57, "OpenIni"}}));

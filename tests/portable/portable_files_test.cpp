@@ -42,12 +42,12 @@ protected:
     portable::PortableFiles files{mapping};
 };
 
-TEST_F(PortableFilesTest, ReadsLines)
+TEST_F(PortableFilesTest, ReadsText)
 {
     project.file("Servo/Servo.ini", "[Footer]\r\nName=L\xE4nge");
-    const platform::TextLines text = files.openText(mapping.fullName("SERVO\\servo.ini"));
-    EXPECT_EQ(text.lines, (Lines{"[Footer]", "Name=Länge"}));
-    EXPECT_FALSE(text.failure);
+    const platform::TextFile file = files.openText(mapping.fullName("SERVO\\servo.ini"));
+    EXPECT_EQ(file.text, "[Footer]\r\nName=Länge");
+    EXPECT_FALSE(file.failure);
 }
 
 TEST_F(PortableFilesTest, SaysWhatCannotBeOpened)
@@ -69,7 +69,7 @@ TEST_F(PortableFilesTest, RefusesFilesAbove20Megabytes)
 {
     fs::resize_file(project.file("just"), 20'000'000);
     fs::resize_file(project.file("more"), 20'000'001);
-    EXPECT_EQ(files.openText("just").lines.size(), 1U);
+    EXPECT_EQ(files.openText("just").text.size(), 20'000'000U);
     EXPECT_EQ(errorOf([&] { files.openText("more"); }),
         "75: 'more': the file is larger than 20 MB and is not read");
 }
@@ -78,7 +78,7 @@ TEST_F(PortableFilesTest, WritesLinesWithCrLfAndKeepsPermissions)
 {
     const fs::path file = project.file("Servo/Servo.ini", "old");
     fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
-    files.writeText("servo\\SERVO.INI", {"[Größe]", "", "a=1"});
+    files.writeText("servo\\SERVO.INI", "[Größe]\r\n\r\na=1\r\n");
     EXPECT_EQ(tests::contentOf(file), "[Größe]\r\n\r\na=1\r\n");
     EXPECT_EQ(fs::status(file).permissions(),
         fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
@@ -87,17 +87,17 @@ TEST_F(PortableFilesTest, WritesLinesWithCrLfAndKeepsPermissions)
 
 TEST_F(PortableFilesTest, WritesNewFilesInTheCaseGivenButNeverADriveName)
 {
-    files.writeText("Neu.INI", {});
+    files.writeText("Neu.INI", "");
     EXPECT_TRUE(fs::exists(root / "Neu.INI"));
-    EXPECT_EQ(errorOf([&] { files.writeText("x\\y", {}); }), "76: 'x\\y': its folder does not exist");
-    EXPECT_EQ(errorOf([&] { files.writeText("C:\\x", {"a"}); }).substr(0, 3), "76:");
+    EXPECT_EQ(errorOf([&] { files.writeText("x\\y", ""); }), "76: 'x\\y': its folder does not exist");
+    EXPECT_EQ(errorOf([&] { files.writeText("C:\\x", "a"); }).substr(0, 3), "76:");
     EXPECT_EQ(std::distance(fs::directory_iterator{root}, fs::directory_iterator{}), 1);
 }
 
 TEST_F(PortableFilesTest, WritingToAFolderLeavesNothingBehind)
 {
     project.folder("folder");
-    EXPECT_EQ(errorOf([&] { files.writeText("folder", {"a"}); }), "75: 'folder': it is a folder");
+    EXPECT_EQ(errorOf([&] { files.writeText("folder", "a"); }), "75: 'folder': it is a folder");
     EXPECT_EQ(std::distance(fs::directory_iterator{root}, fs::directory_iterator{}), 1);
 }
 

@@ -10,8 +10,16 @@
 
 namespace {
 
-using servopanel::portable::profileLookUp;
 using servopanel::portable::profileNumber;
+
+std::optional<std::string> profileLookUp(
+    const std::vector<std::string>& lines, std::string_view section, std::string_view entry)
+{
+    std::string text;
+    for (const std::string& line : lines)
+        text += line + "\r\n";
+    return servopanel::portable::profileLookUp(text, section, entry);
+}
 
 struct Case {
     const char* name;

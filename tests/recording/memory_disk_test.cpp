@@ -12,9 +12,9 @@ using servopanel::testing::errorNumber;
 TEST(MemoryDisk, FindsFilesWithoutRegardToCase)
 {
     MemoryDisk disk;
-    disk.putText("C:\\Projekt\\Servo\\Servo.ini", {"[A]", "x=1"});
+    disk.putText("C:\\Projekt\\Servo\\Servo.ini", "[A]\r\nx=1");
     EXPECT_TRUE(disk.exists("c:\\projekt\\SERVO\\servo.INI"));
-    EXPECT_EQ(disk.openText("C:/Projekt/Servo/Servo.ini").lines.size(), 2U);
+    EXPECT_EQ(disk.openText("C:/Projekt/Servo/Servo.ini").text, "[A]\r\nx=1");
     EXPECT_FALSE(disk.exists("C:\\Projekt\\Servo\\Servo.mdb"));
 }
 
@@ -42,8 +42,8 @@ TEST(MemoryDisk, TellsAMissingFileFromAMissingFolder)
 {
     MemoryDisk disk;
     disk.putText("C:\\Projekt\\A.ini", {});
-    EXPECT_EQ(errorNumber([&] { return disk.openText("C:\\Projekt\\B.ini").lines.size(); }), 53);
-    EXPECT_EQ(errorNumber([&] { return disk.openText("C:\\Projekt\\B\\B.ini").lines.size(); }), 76);
+    EXPECT_EQ(errorNumber([&] { return disk.openText("C:\\Projekt\\B.ini").text; }), 53);
+    EXPECT_EQ(errorNumber([&] { return disk.openText("C:\\Projekt\\B\\B.ini").text; }), 76);
 }
 
 TEST(MemoryDisk, KeepsPicturesApartFromTexts)
@@ -56,7 +56,7 @@ TEST(MemoryDisk, KeepsPicturesApartFromTexts)
     EXPECT_EQ(errorNumber([&] { return disk.loadPicture("C:\\A.ini").width; }), 481);
     EXPECT_EQ(errorNumber([&] { return disk.loadPicture("C:\\A.mdb").width; }), 481);
     EXPECT_EQ(errorNumber([&] { return disk.loadPicture("C:\\B.gif").width; }), 53);
-    EXPECT_EQ(errorNumber([&] { return disk.openText("C:\\A.gif").lines.size(); }), 75);
+    EXPECT_EQ(errorNumber([&] { return disk.openText("C:\\A.gif").text; }), 75);
 }
 
 TEST(MemoryDisk, SavesOnlyIntoAFolderThatIsThere)
@@ -72,7 +72,7 @@ TEST(MemoryDisk, SavesOnlyIntoAFolderThatIsThere)
 TEST(MemoryDisk, AnswersProfileLookUps)
 {
     MemoryDisk disk;
-    disk.putText("C:\\Program.ini", {"[Project]", "ServoWithMenu = TRUE"});
+    disk.putText("C:\\Program.ini", "[Project]\nServoWithMenu = TRUE");
     EXPECT_EQ(disk.text("C:\\Program.ini", "project", "servowithmenu"), "TRUE");
     EXPECT_EQ(disk.text("C:\\Program.ini", "Project", "Other"), std::nullopt);
     EXPECT_EQ(disk.text("C:\\Other.ini", "Project", "ServoWithMenu"), std::nullopt);

@@ -96,11 +96,11 @@ TEST_F(RecorderTest, PassesTheFailureOfMakingAnObjectOn)
 
 TEST_F(RecorderTest, WritesFilesByTheNamesThatTheLibraryBuilt)
 {
-    inner.fake.world.texts["P:\\Servo\\Servo.ini"] = {{"[A]"}, std::nullopt};
+    inner.fake.world.texts["P:\\Servo\\Servo.ini"] = {"[A]", std::nullopt};
     const std::string path = full("Servo\\Servo.ini");
-    EXPECT_EQ(library.files.openText(path).lines.size(), 1U);
+    EXPECT_EQ(library.files.openText(path).text, "[A]");
     library.files.closeText();
-    EXPECT_EQ(errorNumber([&] { return library.files.openText(full("Servo\\No.ini")).lines.size(); }), 53);
+    EXPECT_EQ(errorNumber([&] { return library.files.openText(full("Servo\\No.ini")).text; }), 53);
     library.files.writeText(path, {});
     EXPECT_EQ(written,
         "ini open Servo\\Servo.ini\n"

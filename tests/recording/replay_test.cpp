@@ -499,10 +499,9 @@ TEST_F(ReplayTest, ReplacesAFileAndKeepsItsLinesAsTheyStand)
 {
     replay.run("file A.ini\n[A]\n  # no comment = 1\n\nend\n");
     const std::string path = fake.library->objects.createPathHelper()->path("A.ini");
-    EXPECT_EQ(fake.library->files.openText(path).lines,
-        (std::vector<std::string>{"[A]", "  # no comment = 1", ""}));
+    EXPECT_EQ(fake.library->files.openText(path).text, "[A]\n  # no comment = 1\n\n");
     replay.run("file A.ini\n[B]\n  end\n");
-    EXPECT_EQ(fake.library->files.openText(path).lines, (std::vector<std::string>{"[B]"}));
+    EXPECT_EQ(fake.library->files.openText(path).text, "[B]\n");
 }
 
 TEST_F(ReplayTest, MakesRowsOfAnyValues)

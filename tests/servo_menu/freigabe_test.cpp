@@ -14,7 +14,7 @@ protected:
     MenuFußzeileFreigabe()
     {
         lone.surround.world().texts["P:\\\\.ini"] = {
-            {"[Machine0]", "F1=TRUE", "F4=TRUE", "F10=TRUE", "[Footer]", "F3=x"}, {}};
+            "[Machine0]\nF1=TRUE\nF4=TRUE\nF10=TRUE\n[Footer]\nF3=x\n", {}};
         lone.surround.world().variables["parameter<.maschinenanzahl>"] = std::int16_t{2};
         menu.BildShow(-1);
         lone.fake("Fußzeile")->crossings.clear();

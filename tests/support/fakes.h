@@ -44,7 +44,7 @@ public:
 // What the fakes share. Files and pictures go by full path; "P:\" is the project's folder.
 struct World {
     std::map<std::string, basic::Variant> variables;
-    std::map<std::string, platform::TextLines> texts; // files that can be opened
+    std::map<std::string, platform::TextFile> texts; // files that can be opened
     std::set<std::string> existing; // paths that a search finds
     std::map<std::string, std::map<std::string, std::string>> profiles; // by file, then "[section] entry"
     std::map<std::string, basic::ObjectRef> pictures;
@@ -246,7 +246,7 @@ public:
     std::map<std::string, FakeTable> tables; // databases, by full path
     std::shared_ptr<platform::DBEngine> engine; // another one than that over the tables
     std::vector<std::string> shown; // texts of message boxes
-    std::map<std::string, std::vector<std::string>> written; // files that were replaced
+    std::map<std::string, std::string> written; // files that were replaced
     std::function<void()> loading = [] {}; // what comes in while a picture is loaded
 
     platform::LibraryPlatform library() { return {*this, *this, *this, *this, *this, *this}; }
@@ -286,7 +286,7 @@ public:
         return value->second;
     }
 
-    platform::TextLines openText(std::string_view path) override
+    platform::TextFile openText(std::string_view path) override
     {
         world.access("open " + std::string{path});
         const auto found = world.texts.find(std::string{path});
@@ -294,10 +294,10 @@ public:
         return found->second;
     }
     void closeText() override { world.access("close"); }
-    void writeText(std::string_view path, const std::vector<std::string>& lines) override
+    void writeText(std::string_view path, std::string_view text) override
     {
         world.access("write " + std::string{path});
-        written[std::string{path}] = lines;
+        written[std::string{path}] = text;
     }
     bool exists(std::string_view path) override
     {

@@ -77,16 +77,16 @@ std::vector<ServoName> configuredServos(const fs::path& project)
 {
     const std::vector<Machine> machines = machinesOf(project / "project.json");
     const fs::path file = portable::PathMapping{project}.resolve(profile);
-    const portable::FileBytes content = portable::readFile(file, file.string());
+    portable::FileBytes content = portable::readFile(file, file.string());
     if (content.failure) throw *content.failure;
-    const std::vector<std::string> lines = portable::decodeLines(content.bytes);
+    const std::string ini = portable::decodedText(std::move(content.bytes));
 
     std::vector<ServoName> servos;
     for (const Machine& machine : machines) {
         const std::string section = machine.number + "Machine";
         for (int i = 1; i <= mostServos; ++i) {
             const std::string entry = "Servo" + std::to_string(i);
-            const std::optional<std::string> text = portable::profileLookUp(lines, section, entry);
+            const std::optional<std::string> text = portable::profileLookUp(ini, section, entry);
             const std::int32_t number = text ? servoNumber(file, section, entry, *text) : 0;
             if (number != 0) servos.push_back({machine.designation, std::to_string(number)});
         }

@@ -52,9 +52,9 @@ void MemoryDisk::putFolder(std::string_view path)
         folders_.insert(folder);
 }
 
-void MemoryDisk::putText(std::string_view path, std::vector<std::string> lines)
+void MemoryDisk::putText(std::string_view path, std::string_view text)
 {
-    putFile(path, {std::move(lines), std::nullopt});
+    putFile(path, {std::string{text}, std::nullopt});
 }
 
 void MemoryDisk::putPicture(std::string_view path, PictureSize size) { putFile(path, {std::nullopt, size}); }
@@ -101,17 +101,17 @@ void MemoryDisk::savePicture(std::string_view path, PictureSize size)
     putPicture(path, size);
 }
 
-platform::TextLines MemoryDisk::openText(std::string_view path)
+platform::TextFile MemoryDisk::openText(std::string_view path)
 {
     const File& file = require(path);
-    if (!file.lines) raiseError(pathFileAccess, named("No text file", path));
-    return {*file.lines, std::nullopt};
+    if (!file.text) raiseError(pathFileAccess, named("No text file", path));
+    return {*file.text, std::nullopt};
 }
 
-void MemoryDisk::writeText(std::string_view path, const std::vector<std::string>& lines)
+void MemoryDisk::writeText(std::string_view path, std::string_view text)
 {
     requireParent(path);
-    putText(path, lines);
+    putText(path, text);
 }
 
 bool MemoryDisk::exists(std::string_view path)
@@ -130,8 +130,8 @@ std::optional<std::string> MemoryDisk::text(
     std::string_view file, std::string_view section, std::string_view entry)
 {
     const File* found = find(file);
-    if (found == nullptr || !found->lines) return std::nullopt;
-    return portable::profileLookUp(*found->lines, section, entry);
+    if (found == nullptr || !found->text) return std::nullopt;
+    return portable::profileLookUp(*found->text, section, entry);
 }
 
 } // namespace servopanel::recording

@@ -17,7 +17,7 @@ namespace servopanel::recording {
 // folders exist.
 class MemoryDisk : public platform::Files, public platform::Profile {
 public:
-    void putText(std::string_view path, std::vector<std::string> lines);
+    void putText(std::string_view path, std::string_view text);
     void putPicture(std::string_view path, PictureSize size);
     // A file that is neither text nor picture, such as a database.
     void putOther(std::string_view path);
@@ -26,9 +26,9 @@ public:
     PictureSize loadPicture(std::string_view path) const;
     void savePicture(std::string_view path, PictureSize size);
 
-    platform::TextLines openText(std::string_view path) override;
+    platform::TextFile openText(std::string_view path) override;
     void closeText() override { }
-    void writeText(std::string_view path, const std::vector<std::string>& lines) override;
+    void writeText(std::string_view path, std::string_view text) override;
     bool exists(std::string_view path) override;
     void createFolder(std::string_view path) override;
 
@@ -37,7 +37,7 @@ public:
 
 private:
     struct File {
-        std::optional<std::vector<std::string>> lines;
+        std::optional<std::string> text;
         std::optional<PictureSize> picture;
     };
 

@@ -36,9 +36,9 @@ std::shared_ptr<platform::DBEngine> MemoryProject::database()
     return std::make_shared<MemoryEngine>(databases_);
 }
 
-void MemoryProject::putText(std::string_view name, std::vector<std::string> lines)
+void MemoryProject::putText(std::string_view name, std::string_view text)
 {
-    disk_.putText(fullName(name), std::move(lines));
+    disk_.putText(fullName(name), text);
 }
 
 void MemoryProject::putPicture(std::string_view name, PictureSize size)

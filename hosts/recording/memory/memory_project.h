@@ -24,7 +24,7 @@ public:
     void savePicture(std::string_view path, PictureSize size) override { disk_.savePicture(path, size); }
 
     // name: project-relative or absolute.
-    void putText(std::string_view name, std::vector<std::string> lines);
+    void putText(std::string_view name, std::string_view text);
     void putPicture(std::string_view name, PictureSize size);
     void putDatabase(std::string_view name);
     void putRow(std::string_view name, DefinitionRow row);

@@ -105,16 +105,16 @@ std::optional<std::string> MemoryServices::text(
     return project_->profile().text(file, section, entry);
 }
 
-platform::TextLines MemoryServices::openText(std::string_view path)
+platform::TextFile MemoryServices::openText(std::string_view path)
 {
     return project_->files().openText(path);
 }
 
 void MemoryServices::closeText() { project_->files().closeText(); }
 
-void MemoryServices::writeText(std::string_view path, const std::vector<std::string>& lines)
+void MemoryServices::writeText(std::string_view path, std::string_view text)
 {
-    project_->files().writeText(path, lines);
+    project_->files().writeText(path, text);
 }
 
 bool MemoryServices::exists(std::string_view path) { return project_->files().exists(path); }

@@ -42,9 +42,9 @@ private:
     std::optional<std::string> text(
         std::string_view file, std::string_view section, std::string_view entry) override;
 
-    platform::TextLines openText(std::string_view path) override;
+    platform::TextFile openText(std::string_view path) override;
     void closeText() override;
-    void writeText(std::string_view path, const std::vector<std::string>& lines) override;
+    void writeText(std::string_view path, std::string_view text) override;
     bool exists(std::string_view path) override;
     void createFolder(std::string_view path) override;
 

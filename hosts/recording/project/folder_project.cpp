@@ -53,17 +53,17 @@ void FolderProject::savePicture(std::string_view path, PictureSize size)
         written_.savePicture(path, size);
 }
 
-platform::TextLines FolderProject::openText(std::string_view path)
+platform::TextFile FolderProject::openText(std::string_view path)
 {
     return written_.exists(path) || !isInside(path) ? written_.openText(path) : files_.openText(path);
 }
 
-void FolderProject::writeText(std::string_view path, const std::vector<std::string>& lines)
+void FolderProject::writeText(std::string_view path, std::string_view text)
 {
     if (isInside(path))
-        written_.putText(path, lines);
+        written_.putText(path, text);
     else
-        written_.writeText(path, lines);
+        written_.writeText(path, text);
 }
 
 bool FolderProject::exists(std::string_view path)

@@ -30,9 +30,9 @@ public:
     void savePicture(std::string_view path, PictureSize size) override;
 
 private:
-    platform::TextLines openText(std::string_view path) override;
+    platform::TextFile openText(std::string_view path) override;
     void closeText() override { }
-    void writeText(std::string_view path, const std::vector<std::string>& lines) override;
+    void writeText(std::string_view path, std::string_view text) override;
     bool exists(std::string_view path) override;
     void createFolder(std::string_view path) override;
     std::optional<std::string> text(

@@ -67,9 +67,9 @@ private:
         const std::string name = line.word("the file's name");
         line.end();
         if (isNested_) throw Malformed{"a file cannot be put there with 'on pump'"};
-        std::vector<std::string> content;
+        std::string content;
         while (++next_ < lines_.size() && trimmed(lines_[next_]) != "end")
-            content.push_back(lines_[next_]);
+            content += lines_[next_] + "\n";
         if (next_ >= lines_.size()) throw Malformed{"'end' of the file is missing"};
         return [name, content](Player& player) { player.host().memoryProject().putText(name, content); };
     }

@@ -82,13 +82,13 @@ std::optional<std::string> RecordedProfile::text(
     return found;
 }
 
-platform::TextLines RecordedFiles::openText(std::string_view path)
+platform::TextFile RecordedFiles::openText(std::string_view path)
 {
     const std::string line = "ini open " + paths_.name(path);
     TraceSink::Slot slot = sink_.open(line + " failed");
-    platform::TextLines text = inner_.openText(path);
+    platform::TextFile file = inner_.openText(path);
     slot.complete(line);
-    return text;
+    return file;
 }
 
 void RecordedFiles::closeText()
@@ -97,10 +97,10 @@ void RecordedFiles::closeText()
     inner_.closeText();
 }
 
-void RecordedFiles::writeText(std::string_view path, const std::vector<std::string>& lines)
+void RecordedFiles::writeText(std::string_view path, std::string_view text)
 {
     sink_.line("ini write " + paths_.name(path));
-    inner_.writeText(path, lines);
+    inner_.writeText(path, text);
 }
 
 bool RecordedFiles::exists(std::string_view path)
