@@ -120,7 +120,9 @@ if(SERVOPANEL_QT)
     install(TARGETS servopanel_designer DESTINATION ${CMAKE_INSTALL_LIBDIR}/qt6/plugins/designer COMPONENT dev)
     install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples/embed"
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/libservopanel-dev/examples COMPONENT dev)
-    install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs" DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/servo-panel COMPONENT panel)
+    # The two pages that are left out are for those who have the sources.
+    install(DIRECTORY "${PROJECT_SOURCE_DIR}/docs" DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/servo-panel COMPONENT panel
+            PATTERN mutation.md EXCLUDE PATTERN robustness.md EXCLUDE)
 endif()
 
 include(PanelPackages)
