@@ -18,16 +18,17 @@ ControlInstance::ControlInstance(std::string className, std::shared_ptr<MemoryCo
 {
 }
 
-void ControlInstance::create(const ControlMaker& make)
+void ControlInstance::create(ControlMaker make)
 {
-    hosted_ = make(className_, platform::ControlPlatform{form_, surface_, *this});
+    make_ = std::move(make);
+    hosted_ = make_(className_, platform::ControlPlatform{form_, surface_, *this});
     if (!hosted_) throw std::logic_error{"the library has no control " + className_};
     form_.build(hosted_->form(), *self_);
     for (const platform::FormChild& row : hosted_->form()) {
         const auto child = std::dynamic_pointer_cast<MemoryHostedChild>(form_.find(row.id));
         if (!child) continue;
         inner_.push_back(std::make_unique<ControlInstance>(std::string{row.className}, child, this, world_));
-        inner_.back()->create(make);
+        inner_.back()->create(make_);
         child->setHosted(&inner_.back()->hosted());
     }
     hosted_->initialize();

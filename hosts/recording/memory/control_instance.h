@@ -27,8 +27,9 @@ public:
     ControlInstance& operator=(const ControlInstance&) = delete;
     ~ControlInstance() override = default;
 
-    // Makes the control, its children and the controls among them, and initializes all from the inside out.
-    void create(const ControlMaker& make);
+    // Makes the control, its children and the controls among them, and initializes all from the inside out. make is kept:
+    // a library that lives as long as what makes its controls outlives this one.
+    void create(ControlMaker make);
     void show() { hosted_->show(); }
     // Ends the inner controls and then this one. Nothing is destroyed: one of its procedures may still run.
     void end();
@@ -55,6 +56,7 @@ private:
     MemoryWorld& world_;
     MemoryForm form_;
     MemorySurface surface_;
+    ControlMaker make_;
     std::vector<std::unique_ptr<ControlInstance>> inner_;
     std::unique_ptr<platform::HostedControl> hosted_;
 };

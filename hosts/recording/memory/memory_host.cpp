@@ -4,12 +4,12 @@
 
 namespace servopanel::recording {
 
-void MemoryHost::createServo(const ControlMaker& make)
+void MemoryHost::createServo(ControlMaker make)
 {
     auto self = std::make_shared<MemoryControl>("Servo", "Servo", world_);
     self->put(platform::named("Visible"), true);
     servo_ = std::make_unique<ControlInstance>("Servo", std::move(self), nullptr, world_);
-    servo_->create(make);
+    servo_->create(std::move(make));
 }
 
 void MemoryHost::endServo()

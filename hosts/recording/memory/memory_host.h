@@ -29,7 +29,8 @@ public:
 
     // nullptr while there is none.
     ControlInstance* servo() { return servo_.get(); }
-    void createServo(const ControlMaker& make);
+    // make is kept as long as the control.
+    void createServo(ControlMaker make);
     void endServo();
     // Destroys the controls that have ended; called when none of their procedures runs.
     void destroyEnded() { ended_.clear(); }
