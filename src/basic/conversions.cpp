@@ -169,7 +169,7 @@ Variant convert(const Variant& value, VariantType type)
     case VariantType::Date: return Date{toDouble(value)};
     case VariantType::Currency: {
         const double scaled = roundHalfToEven(toDouble(value) * currencyUnit);
-        if (!(std::fabs(scaled) < 9.2e18)) raise(ErrorNumber::Overflow);
+        if (!(scaled >= -0x1p63 && scaled < 0x1p63)) raise(ErrorNumber::Overflow);
         return Currency{static_cast<std::int64_t>(scaled)};
     }
     case VariantType::Variant: return value;

@@ -24,9 +24,7 @@ LeadingDecimal leadingDecimal(std::string_view text)
     const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
     const auto length = static_cast<std::size_t>(result.ptr - text.data());
     // The standard library reads "inf" and "nan" too.
-    if (result.ec == std::errc::invalid_argument
-        || text.substr(0, length).find_first_of("nN") != std::string_view::npos)
-        return {};
+    if (text.substr(0, length).find_first_of("nN") != std::string_view::npos) return {};
     if (result.ec == std::errc::result_out_of_range) {
         if (!isTiny(text.substr(0, length))) raise(ErrorNumber::Overflow);
         return {0, length};

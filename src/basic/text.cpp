@@ -18,8 +18,7 @@ unsigned capital(unsigned letter)
     const bool odd = letter % 2 == 1;
     if (letter >= 0xE0 && letter <= 0xFE && letter != 0xF7) return letter - 0x20; // but the division sign
     if (letter == 0xFF) return 0x178; // y with diaeresis
-    if (letter == 0x131 || letter == 0x138 || letter == 0x149)
-        return letter; // dotless i, kra, n with apostrophe
+    if (letter == 0x131) return letter; // dotless i
     // Capital and small letters in turn, the capital on even numbers, odd ones, even ones, odd ones.
     if (letter >= 0x100 && letter <= 0x137) return odd ? letter - 1 : letter;
     if (letter >= 0x139 && letter <= 0x148) return odd ? letter : letter - 1;
@@ -62,7 +61,8 @@ namespace {
 
 bool isDigit(char sign) { return sign >= '0' && sign <= '9'; }
 
-// The longest start of the text that is a decimal number, with "D" accepted for the exponent.
+// The text as the start of a decimal number is read elsewhere: without a plus sign, and with "e" where the exponent begins
+// with any of its four letters. Empty when it begins with no number.
 std::string leadingNumber(std::string_view text)
 {
     std::string number;
@@ -72,22 +72,11 @@ std::string leadingNumber(std::string_view text)
         ++i;
     }
     const std::size_t first = i;
-    bool point = false;
-    while (i < text.size() && (isDigit(text[i]) || (text[i] == '.' && !point))) {
-        point = point || text[i] == '.';
+    while (i < text.size() && (isDigit(text[i]) || text[i] == '.'))
         number += text[i++];
-    }
     if (i == first) return {};
-    if (i < text.size() && (text[i] == 'E' || text[i] == 'e' || text[i] == 'D' || text[i] == 'd')) {
-        std::size_t digits = i + 1;
-        std::string exponent = "e";
-        if (digits < text.size() && (text[digits] == '-' || text[digits] == '+')) exponent += text[digits++];
-        if (digits < text.size() && isDigit(text[digits])) {
-            while (digits < text.size() && isDigit(text[digits]))
-                exponent += text[digits++];
-            number += exponent;
-        }
-    }
+    if (i < text.size() && (text[i] == 'E' || text[i] == 'e' || text[i] == 'D' || text[i] == 'd'))
+        number.append("e").append(text.substr(i + 1));
     return number;
 }
 

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 
 namespace {
 
@@ -28,15 +29,23 @@ TEST(NumberFromText, ReadsHexadecimalNumbersWithTheirSign)
     EXPECT_EQ(numberFromText("&HFF"), 255.0);
     EXPECT_EQ(numberFromText("&hffff"), -1.0);
     EXPECT_EQ(numberFromText("&H8000"), -32768.0);
+    EXPECT_EQ(numberFromText("&H18000"), 98304.0);
     EXPECT_EQ(numberFromText("&HC0C0C0"), 12632256.0);
     EXPECT_EQ(numberFromText("&HFFFFFFFF"), -1.0);
 }
 
 TEST(NumberFromText, RefusesWhatIsNoNumber)
 {
-    for (const char* text : {"", " ", "a", "12a", "1 2", "1,5", "--1", "++1", "+-1", "-+1", "+", "-", ".",
-             "e5", "inf", "nan", "infinity", "0x10", "&H", "&HG", "&H-1", "&X12", "1H5", "\t1"})
+    for (const char* text :
+        {"", " ", "a", "12a", "1 2", "1,5", "--1", "++1", "+-1", "-+1", "+", "-", ".", "e5", "inf", "nan",
+            "infinity", "0x10", "&H", "&HG", "&HFG", "&H123456789", "&H-1", "&X12", "1H5", "\t1"})
         EXPECT_EQ(errorNumber([&] { return numberFromText(text); }), 13) << '"' << text << '"';
+}
+
+TEST(NumberFromText, ReadsNothingBehindTheText)
+{
+    EXPECT_EQ(numberFromText(std::string_view{"1234"}.substr(0, 2)), 12.0);
+    EXPECT_EQ(numberFromText(std::string_view{"&H1234"}.substr(0, 4)), 18.0);
 }
 
 TEST(NumberFromText, ReportsNumbersBeyondTheRangeAsOverflow)

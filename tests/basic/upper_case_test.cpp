@@ -29,7 +29,8 @@ TEST(UpperCase, LeavesWhatHasNoCapital)
     EXPECT_EQ(upperCase("ß"), "ß");
     EXPECT_EQ(upperCase("÷×µ§°"), "÷×µ§°");
     EXPECT_EQ(upperCase("ĸŉſ"), "ĸŉſ");
-    EXPECT_EQ(upperCase("€ 日本"), "€ 日本");
+    EXPECT_EQ(upperCase("ƀƒʒώя"), "ƀƒʒώя");
+    EXPECT_EQ(upperCase("€ 日本 กา"), "€ 日本 กา");
 }
 
 TEST(UpperCase, PassesBrokenTextThrough)

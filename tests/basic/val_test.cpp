@@ -19,7 +19,7 @@ TEST(Val, ReadsTheLeadingNumber)
 {
     const Row rows[]{{"12", 12}, {"12abc", 12}, {"-3.5 mm", -3.5}, {"+7", 7}, {".5", 0.5}, {"5.", 5},
         {"1.2.3", 1.2}, {"1,5", 1}, {"007", 7}, {"1E2", 100}, {"1e+2", 100}, {"1D2", 100}, {"1d-1", 0.1},
-        {"1E", 1}, {"1E+", 1}, {"1Ex", 1}};
+        {"1E", 1}, {"1E+", 1}, {"1Ex", 1}, {"1E2E3", 100}, {"1D2D3", 100}, {"1E2.5", 100}, {"1H5", 1}};
     for (const Row& row : rows)
         EXPECT_EQ(Val(row.text), row.value) << '"' << row.text << '"';
 }
@@ -35,7 +35,7 @@ TEST(Val, SkipsBlanksAnywhere)
 TEST(Val, IsZeroWithoutALeadingNumber)
 {
     for (const char* text : {"", " ", "abc", "-", "+", ".", "-.", "--5", "+-5", "e5", "inf", "nan", "mm 5",
-             "&", "&H", "&HG", "ä5"})
+             "&", "&H", "&HG", "&15", "ä5"})
         EXPECT_EQ(Val(text), 0.0) << '"' << text << '"';
 }
 

@@ -52,6 +52,15 @@ TEST(Variant, ComparesTypeAndValue)
     EXPECT_NE(Variant{object}, Variant{std::make_shared<Object>()});
 }
 
+TEST(Variant, ComparesArraysWithTheirElementTypeAndLowerBound)
+{
+    const Variant array{Array{VariantType::Int16, 1, {std::int16_t{7}}}};
+    EXPECT_EQ(array, (Variant{Array{VariantType::Int16, 1, {std::int16_t{7}}}}));
+    EXPECT_NE(array, (Variant{Array{VariantType::Variant, 1, {std::int16_t{7}}}}));
+    EXPECT_NE(array, (Variant{Array{VariantType::Int16, 0, {std::int16_t{7}}}}));
+    EXPECT_NE(array, (Variant{Array{VariantType::Int16, 1, {std::int16_t{8}}}}));
+}
+
 TEST(Element, CountsFromTheArraysLowerBound)
 {
     const Variant fromOne{Array{VariantType::Variant, 1, {"a", "b"}}};

@@ -24,6 +24,15 @@ TEST_F(CloseIni, DoesNothingWhenNothingIsOpen)
     EXPECT_TRUE(surround.world().log.empty());
 }
 
+TEST_F(CloseIni, WritesNothingWhenNothingIsOpenAnyMore)
+{
+    openChanged({"[A]"});
+    service.CloseIni();
+    surround.platform.written.clear();
+    service.CloseIni();
+    EXPECT_TRUE(surround.platform.written.empty());
+}
+
 TEST_F(CloseIni, WritesNothingThatWasNotChanged)
 {
     file("a.ini", {"[A]", "x=1"});

@@ -1,5 +1,8 @@
 #include "definitions_fixture.h"
 
+#include <memory>
+#include <string_view>
+
 namespace {
 
 using namespace servopanel;
@@ -7,6 +10,72 @@ using servopanel::testing::Reports;
 using servopanel::testing::Texts;
 
 struct IniDatenbankEinlesen : servopanel::testing::DefinitionsTest { };
+
+// A database without rows that notes when it and its rows are let go, or one that has no rows to hand out.
+class NotedDatabase final : public platform::Database {
+public:
+    NotedDatabase(Texts& log, bool hasRows)
+        : log_{log}
+        , hasRows_{hasRows}
+    {
+    }
+    std::unique_ptr<platform::RecordSet> openRecordSet(std::string_view) override
+    {
+        return hasRows_ ? std::make_unique<Rows>(log_) : nullptr;
+    }
+    void close() override { log_.emplace_back("close"); }
+
+private:
+    struct Rows final : platform::RecordSet {
+        explicit Rows(Texts& noted)
+            : log{noted}
+        {
+        }
+        ~Rows() override { log.emplace_back("rows gone"); }
+        bool atEnd() override { return true; }
+        void moveNext() override { }
+        basic::Variant field(std::string_view) override { return {}; }
+        basic::Variant bookmark() override { return {}; }
+        void moveTo(const basic::Variant&) override { }
+        void edit() override { }
+        void setField(std::string_view, const basic::Variant&) override { }
+        void update() override { }
+        Texts& log;
+    };
+
+    Texts& log_;
+    bool hasRows_;
+};
+struct NotedEngine final : platform::DBEngine {
+    std::unique_ptr<platform::Database> open(std::string_view) override
+    {
+        return hasDatabase ? std::make_unique<NotedDatabase>(log, hasRows) : nullptr;
+    }
+    Texts log;
+    bool hasDatabase = true;
+    bool hasRows = true;
+};
+
+TEST_F(IniDatenbankEinlesen, LetsTheRowsGoBeforeItClosesTheFile)
+{
+    const auto engine = std::make_shared<NotedEngine>();
+    surround.platform.engine = engine;
+    EXPECT_EQ(read(), 0);
+    EXPECT_EQ(engine->log, (Texts{"rows gone", "close"}));
+}
+
+// A host that hands out nothing at all is treated like one that failed.
+TEST_F(IniDatenbankEinlesen, ReportsADatabaseOrRowsThatThereAreNot)
+{
+    const auto engine = std::make_shared<NotedEngine>();
+    surround.platform.engine = engine;
+    engine->hasRows = false;
+    EXPECT_EQ(read(), 0);
+    EXPECT_EQ(engine->log, (Texts{"close"}));
+    engine->hasDatabase = false;
+    EXPECT_EQ(read(), 0);
+    EXPECT_EQ(reports(), (Reports{{91, "INI_Datenbank_Einlesen"}, {91, "INI_Datenbank_Einlesen"}}));
+}
 
 TEST_F(IniDatenbankEinlesen, TakesEveryRowOfTheMachineInTableOrder)
 {

@@ -36,7 +36,7 @@ TEST_F(LoadIniInteger, ReadsSignAndLeadingDigits)
     };
     const Row rows[]{{"0", 0}, {"12", 12}, {"-12", -12}, {"+12", 12}, {"007", 7}, {"12abc", 12},
         {"12 34", 12}, {"1.9", 1}, {"32767", 32767}, {"-32768", -32768}, {"0x10", 16}, {"0XfF", 255},
-        {"-0x10", -16}, {"0x1g", 1}, {"1x5", 1}, {"0xA", 10}, {"0512", 512}};
+        {"-0x10", -16}, {"0x1g", 1}, {"0xa1", 161}, {"0xF", 15}, {"1x5", 1}, {"0xA", 10}, {"0512", 512}};
     for (const Row& row : rows) {
         entry(row.text);
         EXPECT_EQ(load(true), row.value) << row.text;

@@ -101,6 +101,16 @@ TEST_F(OpenIni, NeverClearsRecords)
     EXPECT_EQ(speicher.IniEintraege[2].Name, "y");
 }
 
+TEST_F(OpenIni, EndsASectionWithoutEntriesBeforeThoseOfTheFileBefore)
+{
+    file("a.ini", {"[A]", "x=1", "y=2"});
+    file("b.ini", {"[A]"});
+    EXPECT_TRUE(open("a.ini"));
+    service.CloseIni();
+    EXPECT_TRUE(open("b.ini"));
+    EXPECT_EQ(find("A", "y"), "");
+}
+
 TEST_F(OpenIni, OpensANameUnchangedWhenToldTo)
 {
     surround.world().texts["D:\\a.ini"] = {"[A]\n", std::nullopt};

@@ -92,6 +92,25 @@ TEST_F(HoleAufloesung, ReportsADesignThatNoPanelHas)
     EXPECT_EQ(surround.reports(), (Reports{{11, "HoleAufloesung"}}));
 }
 
+TEST_F(HoleAufloesung, HasNoFactorsForADesignWithoutWidth)
+{
+    panel(800);
+    global.HoleAufloesung(0);
+    EXPECT_EQ(zustand.Aufloesung, 0);
+    EXPECT_EQ(zustand.FaktorX, 0.0F);
+    EXPECT_EQ(zustand.FaktorY, 0.0F);
+    EXPECT_EQ(surround.reports(), (Reports{{6, "HoleAufloesung"}}));
+}
+
+TEST_F(HoleAufloesung, HasNoPixelsWhileTheScreenIsUnknown)
+{
+    surround.world().fail("twipsPerPixelX");
+    surround.world().fail("twipsPerPixelY");
+    global.HoleAufloesung(1280);
+    EXPECT_EQ(zustand.TwipsProPixelX, 0.0F);
+    EXPECT_EQ(zustand.TwipsProPixelY, 0.0F);
+}
+
 TEST_F(HoleAufloesung, KeepsTheWidthWhenItCannotBeRead)
 {
     panel(1024);

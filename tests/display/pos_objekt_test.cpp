@@ -211,12 +211,23 @@ TEST_F(PosObjekt, TakesASizeThatCannotBeReadForNone)
     EXPECT_EQ(surround.reports(), (Reports{{438, "PosObjekt"}}));
 }
 
+TEST_F(PosObjekt, LeavesTheFontOfAControlThatDoesNotTellItsClass)
+{
+    textanzeige.isClassUnknown = true;
+    global.PosObjekt(textanzeige, {.links = 30, .schriftAnpassen = true});
+    EXPECT_EQ(textanzeige.puts(), Texts{"Left = 30"});
+    EXPECT_EQ(surround.reports(), (Reports{{91, "PosObjekt"}}));
+}
+
 TEST_F(PosObjekt, ReportsADesignWithoutPixelsForItsDirectionOnly)
 {
     panel(1024, 0.8F, 0.75F);
     global.PosObjekt(label, {.entwurfTwipsX = 0});
     EXPECT_EQ(label.puts(), (Texts{"Height = 225", "Top = 45"}));
     EXPECT_EQ(surround.reports(), (Reports{{11, "PosObjekt"}, {11, "PosObjekt"}, {11, "PosObjekt"}}));
+    global.PosObjekt(label, {.höhe = 100, .entwurfTwipsY = 0});
+    EXPECT_EQ(
+        label.puts(), (Texts{"Height = 225", "Top = 45", "Height = 100", "Left = 120", "Width = 1200"}));
 }
 
 TEST_F(PosObjekt, ReportsAValueThatIsNoLength)

@@ -28,6 +28,16 @@ TEST(Umfeld, TriesAgainAfterAFailure)
     EXPECT_EQ(errorNumber([&] { return &display::dbEngine(surround.umfeld); }), 0);
 }
 
+// A host that hands out nothing at all is treated like one that failed.
+TEST(Umfeld, ReportsAnObjectThatThereIsNot)
+{
+    Surround surround;
+    surround.platform.withoutObjects = true;
+    EXPECT_EQ(errorNumber([&] { return &display::processVarAccess(surround.umfeld); }), 91);
+    EXPECT_EQ(errorNumber([&] { return &display::pathHelper(surround.umfeld); }), 91);
+    EXPECT_EQ(errorNumber([&] { return &display::dbEngine(surround.umfeld); }), 91);
+}
+
 TEST(Umfeld, ReadsAndWritesProcessVariables)
 {
     Surround surround;

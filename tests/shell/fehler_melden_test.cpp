@@ -103,6 +103,14 @@ TEST_F(FehlerMelden, TriesAgainWhenTheDisplayCannotBeMade)
     EXPECT_EQ(objects.asked, 2);
 }
 
+TEST_F(FehlerMelden, CountsNothingWithoutADisplay)
+{
+    objects.display = nullptr;
+    report();
+    EXPECT_EQ(zustand.FehlerAnzahl, 0);
+    EXPECT_EQ(objects.asked, 1);
+}
+
 TEST_F(FehlerMelden, MakesANewDisplayAfterTheOldOneWasClosedAndKeepsCounting)
 {
     report();

@@ -335,6 +335,14 @@ TEST_F(UserControlInitialize, KeepsTheValuesOfTheControlBeforeWhenTheyCannotBeRe
     EXPECT_EQ(replay.lines("write Ch-1.intern<.servo_zeiger>"), "write Ch-1.intern<.servo_zeiger> = 2\n");
 }
 
+TEST_F(UserControlInitialize, HasAccessLevel0WhenItCouldNeverBeRead)
+{
+    run(standardProject);
+    run("fail read Ch-1.intern<.passwort>\ncreate\nshow");
+    EXPECT_EQ(replay.lines("call ServoMenu.Fußzeile.0x68030007(3"),
+        "call ServoMenu.Fußzeile.0x68030007(3, \"Standard\\F_Pass_0_1280.gif\")\n");
+}
+
 TEST_F(UserControlInitialize, KeepsTheAccessLevelOfTheControlBeforeWhenItCannotBeRead)
 {
     run(standardProject);

@@ -56,7 +56,12 @@ public:
         note("call", member, args, {});
         return result;
     }
-    std::string_view className() const override { return className_; }
+    std::string_view className() const override
+    {
+        if (isClassUnknown) basic::raise(basic::ErrorNumber::ObjectNotSet);
+        return className_;
+    }
+    bool isClassUnknown = false;
 
     // "Left = 30" for each property that was set, in order.
     std::vector<std::string> puts() const

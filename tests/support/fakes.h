@@ -247,6 +247,7 @@ public:
     std::shared_ptr<platform::DBEngine> engine; // another one than that over the tables
     std::vector<std::string> shown; // texts of message boxes
     std::map<std::string, std::string> written; // files that were replaced
+    bool withoutObjects = false; // hands out nothing
     std::function<void()> loading = [] {}; // what comes in while a picture is loaded
 
     platform::LibraryPlatform library() { return {*this, *this, *this, *this, *this, *this}; }
@@ -254,17 +255,20 @@ public:
     std::shared_ptr<platform::ProcessVarAccess> createProcessVarAccess() override
     {
         world.access("create ProcessVarAccess");
+        if (withoutObjects) return nullptr;
         return std::make_shared<FakeVariables>(world);
     }
     std::shared_ptr<platform::PathHelper> createPathHelper() override
     {
         world.access("create PathHelper");
+        if (withoutObjects) return nullptr;
         return std::make_shared<FakePaths>(world);
     }
     std::shared_ptr<platform::ErrorDisplay> createErrorDisplay() override { return nullptr; }
     std::shared_ptr<platform::DBEngine> createDBEngine() override
     {
         world.access("create DBEngine");
+        if (withoutObjects) return nullptr;
         if (engine) return engine;
         return std::make_shared<FakeEngine>(world, tables);
     }
