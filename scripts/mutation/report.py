@@ -6,7 +6,7 @@ import pathlib
 
 EXPLAINED = pathlib.Path(__file__).with_name("survivors.txt")
 NOTICED = ("noticed", "did not end")
-COLUMNS = ("mutants", "noticed", "survived, explained", "survived, not explained", "never run", "share noticed")
+COLUMNS = ("mutants", "noticed", "cannot be noticed", "not noticed", "share noticed", "share of those that can be")
 
 
 def explanations():
@@ -26,9 +26,10 @@ def explanations():
 def row(name, entries, known):
     count = collections.Counter(entry["outcome"] for entry in entries)
     noticed = sum(count[outcome] for outcome in NOTICED)
-    explained = sum(entry["outcome"] == "survived" and tuple(entry["key"]) in known for entry in entries)
-    share = f"{100 * noticed / len(entries):.1f} %"
-    cells = (name, len(entries), noticed, explained, count["survived"] - explained, count["never run"], share)
+    explained = sum(entry["outcome"] not in NOTICED and tuple(entry["key"]) in known for entry in entries)
+    others = len(entries) - explained
+    cells = (name, len(entries), noticed, explained, others - noticed, f"{100 * noticed / len(entries):.1f} %",
+             f"{100 * noticed / others:.1f} %" if others else "")
     return "| " + " | ".join(map(str, cells)) + " |"
 
 
@@ -49,8 +50,8 @@ def report(results, mutants, left_out, seconds):
              "test fails, crashes or does not end. Made by", "",
              "    apt-get install python3-clang-14",
              "    /usr/bin/python3 scripts/mutation/mutate.py --report docs/mutation.md", "",
-             "which builds everything once in `build/mutation` (`--help` tells how to try single mutants). Why a survivor cannot be",
-             "noticed is kept in `scripts/mutation/survivors.txt`.", "",
+             "which builds everything once in `build/mutation` (`--help` tells how to try single mutants). Why a mutant cannot be",
+             "noticed, by any test, is kept in `scripts/mutation/survivors.txt` and told below.", "",
              f"{datetime.date.today().isoformat()}: {len(results)} of {mutants} mutants tried, in {seconds / 60:.0f} minutes."
              f" {left_out} more are not counted:", "the compiler works them out, so that none can act (sizes of arrays, constants of headers"
              " and the like).", ""]
