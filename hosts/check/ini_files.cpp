@@ -3,15 +3,14 @@
 #include "basic/text.h"
 #include "portable/profile_text.h"
 #include "portable/trimming.h"
+#include "portable/whole_number.h"
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <map>
 #include <optional>
 #include <set>
 #include <string_view>
-#include <system_error>
 
 namespace servopanel::check {
 
@@ -93,10 +92,7 @@ std::optional<int> wholeNumber(std::string_view text)
 {
     const bool isHex = text.substr(0, 2) == "0x" || text.substr(0, 2) == "0X";
     if (isHex) text.remove_prefix(2);
-    int value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, isHex ? 16 : 10);
-    if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
-    return value;
+    return portable::wholeNumber<int>(text, isHex ? 16 : 10);
 }
 
 std::string nameOf(const IniFile::Entry& entry)

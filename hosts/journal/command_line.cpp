@@ -3,23 +3,15 @@
 #include "journal/time_text.h"
 #include "machine/access_level.h"
 #include "mqtt/broker_options.h"
+#include "portable/whole_number.h"
 
-#include <charconv>
 #include <utility>
 
 namespace servopanel::journal {
 
 namespace {
 
-template <class T>
-std::optional<T> wholeNumber(std::string_view text)
-{
-    T number{};
-    const char* const end = text.data() + text.size();
-    const auto read = std::from_chars(text.data(), end, number);
-    if (read.ec != std::errc{} || read.ptr != end) return {};
-    return number;
-}
+using portable::wholeNumber;
 
 class Parser {
 public:

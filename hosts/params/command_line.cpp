@@ -1,9 +1,9 @@
 #include "params/command_line.h"
 
 #include "machine/access_level.h"
+#include "portable/whole_number.h"
 
 #include <algorithm>
-#include <charconv>
 #include <map>
 #include <utility>
 
@@ -50,26 +50,18 @@ unsigned bitOf(Command command)
     return command == Command::Dump ? forDump : command == Command::Diff ? forDiff : forLoad;
 }
 
-std::optional<int> numberOf(const std::string& text)
-{
-    int number = 0;
-    const char* const end = text.data() + text.size();
-    const auto read = std::from_chars(text.data(), end, number);
-    return read.ec == std::errc{} && read.ptr == end && !text.empty() ? std::optional{number} : std::nullopt;
-}
-
 // What is wrong with a value; empty when nothing is.
 std::string take(CommandLine& line, std::string_view option, const std::string& value)
 {
     if (option == "--servo" || option == "--from") {
-        const auto number = numberOf(value);
+        const auto number = portable::wholeNumber<int>(value);
         if (!number) return "'" + value + "' is no number of a servo";
         if (option == "--from")
             line.from = number;
         else if (std::find(line.servos.begin(), line.servos.end(), *number) == line.servos.end())
             line.servos.push_back(*number);
     } else if (option == "--level") {
-        const auto level = numberOf(value);
+        const auto level = portable::wholeNumber<int>(value);
         if (!level || *level < 0 || *level > machine::highestAccessLevel)
             return "'" + value + "' is no level from 0 to 5";
         line.level = static_cast<std::int16_t>(*level);

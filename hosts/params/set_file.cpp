@@ -6,6 +6,7 @@
 #include "jet/servo_defs/named_errors.h"
 #include "portable/csv.h"
 #include "portable/text_reading.h"
+#include "portable/whole_number.h"
 
 #include <algorithm>
 #include <array>
@@ -44,15 +45,6 @@ std::string cellText(const Cells& cells, std::size_t i)
     return portable::withFormula(*cells[i]);
 }
 
-template <class T>
-std::optional<T> wholeNumber(std::string_view text)
-{
-    T number = 0;
-    const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (text.empty() || read.ec != std::errc{} || read.ptr != text.data() + text.size()) return {};
-    return number;
-}
-
 double finiteNumber(const std::string& text)
 {
     double number = 0;
@@ -89,7 +81,7 @@ void takeHeader(ParameterSet& set, const std::string& what, const std::string& t
     if (what == "time") set.time = text;
     if (what == "description") set.description = text;
     if (what != "epoch") return;
-    set.epoch = wholeNumber<std::int64_t>(text);
+    set.epoch = portable::wholeNumber<std::int64_t>(text);
     if (!set.epoch) refuse("the epoch '" + text + "' is no whole number");
 }
 
@@ -103,7 +95,7 @@ Row rowOf(const Cells& cells, const std::array<std::size_t, columns.size()>& pos
         refuse("the variable '" + variable + "' belongs to machine " + parameter->machine
             + ", this file is of " + machine);
     const std::string element = cellText(cells, positions[Element]);
-    const auto number = wholeNumber<int>(element);
+    const auto number = portable::wholeNumber<int>(element);
     if (!number || *number < 0) refuse("the element '" + element + "' is no whole number from 0 on");
     const std::string value =
         positions[Value] < cells.size() && cells[positions[Value]] ? *cells[positions[Value]] : "";
