@@ -5,9 +5,9 @@
 #include "params/set_file.h"
 #include "params/sources.h"
 #include "portable/text_table.h"
+#include "portable/whole_number.h"
 
 #include <algorithm>
-#include <charconv>
 #include <system_error>
 #include <utility>
 
@@ -27,17 +27,16 @@ Side sideOf(const std::string& text)
 {
     Side side{text, false, text, {}};
     std::error_code code;
-    side.isFile = std::filesystem::exists(text, code);
+    // A folder that has a machine's name by chance says nothing.
+    side.isFile = std::filesystem::exists(text, code) && !std::filesystem::is_directory(text, code);
     const std::size_t slash = text.rfind('/');
     if (side.isFile || slash == std::string::npos) return side;
-    int servo = 0;
-    const char* const end = text.data() + text.size();
-    const auto read = std::from_chars(text.data() + slash + 1, end, servo);
-    if (read.ec != std::errc{} || read.ptr != end)
+    const auto servo = portable::wholeNumber<int>(std::string_view{text}.substr(slash + 1));
+    if (!servo)
         basic::raise(basic::ErrorNumber::FileNotFound,
             "'" + text + "': there is no such file, and it is no servo such as M1/3");
     side.machine = text.substr(0, slash);
-    side.servos = {servo};
+    side.servos = {*servo};
     return side;
 }
 

@@ -6,6 +6,7 @@
 #include "mqtt/outcome.h"
 
 #include <cstdint>
+#include <exception>
 #include <map>
 #include <utility>
 
@@ -53,9 +54,13 @@ try {
 } catch (const basic::Error& error) {
     row.set(End::Refused, error.description);
     return false;
+} catch (const std::exception& error) {
+    row.set(End::Refused, error.what());
+    return false;
 }
 
-// Whether the machine holds anything new.
+// Whether the machine holds anything new, or may. Whatever fails ends these rows and no others: what was written before
+// them must be announced and shown.
 bool writeFamily(const Rows& rows, const std::string& name, platform::ProcessVarAccess& variables)
 {
     basic::Variant value;
@@ -63,6 +68,9 @@ bool writeFamily(const Rows& rows, const std::string& name, platform::ProcessVar
         value = variables.ReadValue(name);
     } catch (const basic::Error& error) {
         endAll(rows, End::NotSent, reasonOf(error, name));
+        return false;
+    } catch (const std::exception& error) {
+        endAll(rows, End::NotSent, error.what());
         return false;
     }
     bool any = false;
@@ -76,6 +84,9 @@ bool writeFamily(const Rows& rows, const std::string& name, platform::ProcessVar
         endAll(rows, end, reasonOf(error, name));
         return end == End::Differs
             || static_cast<mqtt::Outcome>(error.number) == mqtt::Outcome::NoAnswerButWritten;
+    } catch (const std::exception& error) {
+        endAll(rows, End::Unknown, error.what());
+        return true;
     }
     endAll(rows, End::Done, {});
     return true;
@@ -104,12 +115,16 @@ std::vector<std::string> writeRows(std::vector<PlannedRow>& rows, const std::str
         if (!changed) continue;
         // The machine takes new parameters over only when it is told.
         const std::string flag = variableName(machine, servo, machine::families::changedFlag);
+        const auto trouble = [&, servo = servo](bool isUnknown, const std::string& reason) {
+            troubles.push_back("servo " + std::to_string(servo) + ": the machine has the values and "
+                + (isUnknown ? "may" : "does") + " not know of it: " + reason);
+        };
         try {
             variables.WriteValue(flag, std::int16_t{1});
         } catch (const basic::Error& error) {
-            const bool isUnknown = endOf(error.number) == End::Unknown;
-            troubles.push_back("servo " + std::to_string(servo) + ": the machine has the values and "
-                + (isUnknown ? "may" : "does") + " not know of it: " + reasonOf(error, flag));
+            trouble(endOf(error.number) == End::Unknown, reasonOf(error, flag));
+        } catch (const std::exception& error) {
+            trouble(true, error.what());
         }
     }
     return troubles;

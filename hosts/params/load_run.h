@@ -13,6 +13,8 @@ namespace servopanel::params {
 // moment, and then the word to the servo that its parameters were changed. Each open row gets its end. A row whose element
 // holds something else than the engineer saw is refused.
 //
+// Whatever a read or a write throws ends the rows of its family; the others go on, and the servo is told.
+//
 // The caller holds the machine's confirm, so that the first write without an answer ends the rest. Once isStopped, what
 // was written is announced and nothing else is sent. Returns what went wrong besides, one sentence each: a servo that was
 // not told.

@@ -33,6 +33,14 @@ Variant inType(double number, basic::VariantType type)
     return value;
 }
 
+// Elements count from 0 here, whatever the machine's array begins with.
+void requireElement(const basic::Array& array, int element)
+{
+    if (element < 0 || static_cast<std::size_t>(element) >= array.elements.size())
+        basic::raise(basic::ErrorNumber::SubscriptOutOfRange,
+            "the machine has no element " + std::to_string(element) + " there");
+}
+
 } // namespace
 
 std::vector<int> servosOf(const std::string& machine, const mqtt::Description& description)
@@ -122,7 +130,8 @@ double numberAt(const Family& family, const Variant& value, int element)
         return (static_cast<std::uint32_t>(basic::toInt32(value)) >> static_cast<unsigned>(element)) & 1U;
     const auto* const array = value.get<basic::Array>();
     if (!array) basic::raise(basic::ErrorNumber::TypeMismatch);
-    return asNumber(array->elements.at(static_cast<std::size_t>(element)));
+    requireElement(*array, element);
+    return asNumber(array->elements[static_cast<std::size_t>(element)]);
 }
 
 void setNumber(const Family& family, Variant& value, int element, double number)
@@ -130,7 +139,8 @@ void setNumber(const Family& family, Variant& value, int element, double number)
     if (!family.isWord) {
         auto* const array = value.get<basic::Array>();
         if (!array) basic::raise(basic::ErrorNumber::TypeMismatch);
-        Variant& place = array->elements.at(static_cast<std::size_t>(element));
+        requireElement(*array, element);
+        Variant& place = array->elements[static_cast<std::size_t>(element)];
         place = inType(number, place.type());
         return;
     }

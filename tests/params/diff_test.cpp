@@ -33,6 +33,18 @@ TEST_F(ServoParamsDiff, ComparesAFileWithTheMachine)
     EXPECT_EQ(run({"diff", file, file}), 0);
 }
 
+TEST_F(ServoParamsDiff, AFolderOfAMachinesNameIsNoFile)
+{
+    folder.folder("M1");
+    folder.folder("M2/3");
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.path());
+    EXPECT_EQ(run({"diff", "M1/3", "M2/3", "--project", project()}), 1) << output.errors;
+    EXPECT_TRUE(shows("1 row differs, of 1 servo\n")) << output.text;
+    EXPECT_EQ(run({"diff", "M1", "M1", "--project", project()}), 0) << output.errors;
+    std::filesystem::current_path(before);
+}
+
 TEST_F(ServoParamsDiff, HoldsValuesAgainstTheDefinitions)
 {
     EXPECT_EQ(run({"diff", "M1", "--limits", "--project", project()}), 0) << output.text;

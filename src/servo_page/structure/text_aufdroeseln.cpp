@@ -1,3 +1,5 @@
+#include "servo_page/structure/text_aufdroeseln.h"
+
 #include "servo_page/servo_main.h"
 
 namespace servopanel::servo_page {
@@ -13,7 +15,6 @@ struct Trennung {
     std::size_t länge = 0;
 };
 
-// A separator on the text's first place separates nothing.
 Trennung trennung(std::string_view text)
 {
     const std::size_t semikolon = text.find(';');
@@ -27,21 +28,21 @@ Trennung trennung(std::string_view text)
 
 } // namespace
 
+TextTeile textTeile(std::string_view text)
+{
+    const Trennung gefunden = trennung(text);
+    if (gefunden.stelle == std::string_view::npos) return {text, {}};
+    return {text.substr(0, gefunden.stelle), text.substr(gefunden.stelle + gefunden.länge)};
+}
+
 void ServoMain::TextAufdröseln(std::string_view text, std::string& beschriftung, std::string& einheit)
 {
     basic::StatementTrap trap{fehler(), "Ma TextAufdröseln"};
-    const Trennung gefunden = trennung(text);
+    const TextTeile teile = textTeile(text);
 
-    // 1. and 2. Caption and unit.
-    if (gefunden.stelle != std::string_view::npos) {
-        trap([&] { beschriftung = text.substr(0, gefunden.stelle); });
-        trap([&] { einheit = text.substr(gefunden.stelle + gefunden.länge); });
-        return;
-    }
-
-    // 3. A caption alone.
-    trap([&] { beschriftung = text; });
-    trap([&] { einheit.clear(); });
+    // 1. to 3. Caption and unit; a text without a separator is a caption alone.
+    trap([&] { beschriftung = teile.Beschriftung; });
+    trap([&] { einheit = teile.Einheit; });
 }
 
 } // namespace servopanel::servo_page
