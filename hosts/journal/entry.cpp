@@ -63,8 +63,9 @@ bool isValue(const Json& json)
 const Json* valueMember(JsonObject& object, const char* member)
 {
     const Json* const value = object.any(member, Need::Required);
-    if (value && !isValue(*value)) object.problem(member, "must be one value or a list of values");
-    return value;
+    if (!value || isValue(*value)) return value;
+    object.problem(member, "must be one value or a list of values");
+    return nullptr;
 }
 
 Result resultMember(JsonObject& object)

@@ -93,20 +93,23 @@ Variant JournaledVariables::ReadValue(std::string_view name)
 void JournaledVariables::WriteValue(std::string_view name, const Variant& value)
 {
     if (!machine::SplitVariables::isOfMachine(name)) return inner_->WriteValue(name, value);
-    begin(name, value);
+    const bool isBegun = begin(name, value);
+    const auto finish = [&](Result result, std::int32_t number, std::string_view text) {
+        if (isBegun) end(name, result, number, text);
+    };
     try {
         inner_->WriteValue(name, value);
     } catch (const basic::Error& error) {
-        end(name, resultOf(error.number), error.number, error.description);
+        finish(resultOf(error.number), error.number, error.description);
         throw;
     } catch (const std::exception& error) {
-        end(name, Result::Unknown, 0, error.what());
+        finish(Result::Unknown, 0, error.what());
         throw;
     }
-    end(name, Result::Done, 0, {});
+    finish(Result::Done, 0, {});
 }
 
-void JournaledVariables::begin(std::string_view name, const Variant& value) noexcept
+bool JournaledVariables::begin(std::string_view name, const Variant& value) noexcept
 try {
     std::optional<Variant> oldValue;
     if (const auto known = read_.find(name); known != read_.end()) {
@@ -123,10 +126,13 @@ try {
         lines.push_back(lineOf(entry));
     }
     append(lines);
+    return true;
 } catch (const basic::Error& error) {
     tell(error.description);
+    return false;
 } catch (const std::exception& error) {
     tell(error.what());
+    return false;
 }
 
 void JournaledVariables::end(

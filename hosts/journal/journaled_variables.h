@@ -40,7 +40,8 @@ public:
     void WriteValue(std::string_view name, const basic::Variant& value) override;
 
 private:
-    void begin(std::string_view name, const basic::Variant& value) noexcept;
+    // False when the write will not be in the journal: its end must not be there either.
+    bool begin(std::string_view name, const basic::Variant& value) noexcept;
     void end(std::string_view name, Result result, std::int32_t number, std::string_view text) noexcept;
     Entry common(std::string_view name);
     void append(const std::vector<std::string>& lines);

@@ -14,6 +14,9 @@ namespace servopanel::machine {
 
 namespace {
 
+// Far more than anything needs; what is nested deeper is left out. What copies or compares a value goes as deep as the value is nested.
+constexpr std::size_t deepest = 64;
+
 // Builds the document event by event and keeps it when the text breaks off.
 class Builder : public nlohmann::json_sax<Json> {
 public:
@@ -41,6 +44,7 @@ public:
 
     bool key(std::string& name) override
     {
+        if (skipped_ > 0) return true;
         Open& open = open_.back();
         open.isNew = open.names.insert(name).second;
         if (!open.isNew)
@@ -81,12 +85,29 @@ private:
 
     bool open(Json value)
     {
+        if (open_.size() == deepest) {
+            if (skipped_++ == 0) tellDepth();
+            return true;
+        }
         open_.push_back({std::move(value), {}, true, {}});
         return true;
     }
 
+    void tellDepth()
+    {
+        if (std::exchange(isDepthTold_, true)) return;
+        const Open& outermost = open_.front();
+        problems_.push_back({file_,
+            "/" + (outermost.value.is_array() ? std::to_string(outermost.value.size()) : outermost.key),
+            "is nested deeper than " + std::to_string(deepest) + " levels"});
+    }
+
     bool close()
     {
+        if (skipped_ > 0) {
+            --skipped_;
+            return true;
+        }
         Json value = std::move(open_.back().value);
         open_.pop_back();
         return add(std::move(value));
@@ -94,6 +115,7 @@ private:
 
     bool add(Json value)
     {
+        if (skipped_ > 0) return true;
         if (open_.empty())
             root_ = std::move(value);
         else if (Open& outer = open_.back(); outer.value.is_array())
@@ -108,6 +130,7 @@ private:
     // Complete members of the top level and complete entries of a member that broke off; half an entry is worth nothing.
     void keepWhatIsComplete()
     {
+        skipped_ = 0;
         if (open_.size() > 2) open_.resize(2);
         while (!open_.empty())
             close();
@@ -118,6 +141,8 @@ private:
     std::vector<Problem>& problems_;
     Json root_;
     std::vector<Open> open_;
+    std::size_t skipped_ = 0; // lists and objects that are open beyond the deepest level
+    bool isDepthTold_ = false;
 };
 
 } // namespace

@@ -108,6 +108,23 @@ TEST(Entry, WhatIsNoEntryIsSaid)
     EXPECT_TRUE(std::holds_alternative<std::string>(readLine(lineOf(deep))));
 }
 
+TEST(Entry, AValueThatIsNestedDeeperThanAStackIsSaid)
+{
+    constexpr std::size_t depth = 450'000; // in a line that is not too long yet
+    const std::string value = std::string(depth, '[').append(depth, ']');
+    const std::string plain = lineOf(someEntry());
+    const auto said = [&](const std::string& member, const std::string& old) {
+        std::string line = plain;
+        line.replace(line.find(member) + member.size(), old.size(), value);
+        const Line read = readLine(line);
+        const auto* const text = std::get_if<std::string>(&read);
+        return text ? *text : "nothing";
+    };
+    EXPECT_EQ(said("\"old\":", "35.5"), "old is nested deeper than 64 levels");
+    EXPECT_EQ(said("\"new\":", "36.0"), "new is nested deeper than 64 levels");
+    EXPECT_EQ(said("\"panel\":", "\"Größe\""), "panel is nested deeper than 64 levels");
+}
+
 TEST(Entry, EndsAreThoseOfTheMachine)
 {
     using mqtt::Outcome;

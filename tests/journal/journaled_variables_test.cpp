@@ -238,6 +238,27 @@ TEST_F(JournaledVariables, AWriteGoesOnWhenItsSurroundingsFail)
     EXPECT_EQ(machine->ReadValue(text), basic::Variant{"stopped"});
 }
 
+TEST_F(JournaledVariables, AWriteThatIsNotKeptHasNoEndEither)
+{
+    change(0, 21);
+    const std::string before = content();
+    for (const bool isBeforeTheNumber : {true, false}) {
+        if (isBeforeTheNumber)
+            context.now = []() -> std::int64_t { throw std::runtime_error{"no clock"}; };
+        else
+            context.panel = []() -> std::string { throw std::runtime_error{"no name"}; };
+        journal::JournaledVariables careless{machine, file, context};
+        careless.WriteValue(text, "stopped");
+        EXPECT_EQ(content(), before);
+        EXPECT_EQ(problems(), "");
+        machine->failure = basic::Error{5, "Process variables", "no"};
+        EXPECT_THROW(careless.WriteValue(text, "ready"), basic::Error);
+        machine->failure.reset();
+        EXPECT_EQ(content(), before);
+        context.now = [this] { return now; };
+    }
+}
+
 TEST_F(JournaledVariables, AnotherPanelInTheSameFolderWritesWithoutAJournal)
 {
     change(0, 21);

@@ -257,6 +257,18 @@ TEST(ProjectFile, SaysSoWhenThereIsNoProject)
     EXPECT_NE(missing.problems[0].reason.find("there is no such file"), std::string::npos);
 }
 
+TEST(ProjectFile, WhatIsNestedAbsurdlyDeepIsLeftOutAndTheRestRead)
+{
+    const std::string deep = std::string(450'000, '[').append(450'000, ']');
+    const ProjectFile project = ProjectFile::parse(
+        R"({"title": "Deep", "variables": {"a": )" + deep + R"(, "b": 2}, "level": 3})", "project.json");
+    EXPECT_EQ(project.title, "Deep");
+    EXPECT_EQ(project.level, 3);
+    EXPECT_TRUE(project.isWhole);
+    ASSERT_FALSE(project.problems.empty());
+    EXPECT_EQ(project.problems[0].text(), "project.json: /variables: is nested deeper than 64 levels");
+}
+
 TEST(ProjectFile, TellsWhatIsGivenTwice)
 {
     const ProjectFile project =
