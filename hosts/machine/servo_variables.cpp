@@ -36,7 +36,17 @@ void ServoVariables::limitSetpoints(const std::string& family)
     if (changed) write(name(family), basic::doubles(values));
 }
 
-int ServoVariables::switches() { return static_cast<int>(number(name("servo_schalt"))); }
+int ServoVariables::switches()
+{
+    const std::string word = name("servo_schalt");
+    try {
+        // As the page takes the word: a project may have any number there.
+        return basic::toInt32(number(word));
+    } catch (const basic::Error& error) {
+        problem(word, error.description);
+        return 0;
+    }
+}
 
 bool ServoVariables::changeAnnounced() { return number(name("servoaender")) == 1.0; }
 

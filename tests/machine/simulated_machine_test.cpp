@@ -209,6 +209,24 @@ TEST_F(SimulatedMachineTest, SwitchesTurnValuesOffOnceTheyAreTakenOver)
     EXPECT_DOUBLE_EQ(shown(2), 5);
 }
 
+TEST_F(SimulatedMachineTest, AWordOfSwitchesThatIsNoneIsSaidAndCountsAsZero)
+{
+    for (const double word : {1e300, -1e10, std::nan("")}) {
+        VariableStore other;
+        other.declare(setpoints, basic::doubles({0}));
+        other.declare(switches, word);
+        ValueRule& rule = add(2, ValueKind::Constant);
+        rule.value = 5;
+        rule.switchBit = 0;
+        SimulatedMachine machine{settings, other};
+        machine.step(1);
+        bool isSaid = false;
+        for (const machine::Problem& problem : machine.problems())
+            isSaid = isSaid || problem.text().find(switches) != std::string::npos;
+        EXPECT_TRUE(isSaid) << word;
+    }
+}
+
 TEST_F(SimulatedMachineTest, RampsTheLineFromPhaseToPhase)
 {
     settings.lines[0].phases = {{60, 10}, {20, 10}};
