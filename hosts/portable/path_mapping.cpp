@@ -167,6 +167,8 @@ try {
     if (components.size() < 2) return;
     std::string place{name};
     std::replace(place.begin(), place.end(), '\\', '/');
+    // Where it cannot be made, each picture that does not come into being is reported.
+    fs::create_directories(place, code);
     if (fs::is_directory(place, code)) mapFolder(name, place);
 } catch (const basic::Error&) {
     // A value that is no usable name maps nothing; the files below it will be refused with their names.

@@ -23,9 +23,9 @@ public:
     // repeated one replaces the former folder. Error 76 when the folder does not exist.
     void mapFolder(std::string_view name, const std::filesystem::path& folder);
 
-    // Lets the value of the environment variable TEMPVELM name a temporary folder: an existing folder of this system
-    // is used as it is; a drive name that leads nowhere yet becomes the system's temporary folder. Any other text
-    // does nothing.
+    // Lets the value of the environment variable TEMPVELM name a temporary folder: one of this system is used as it is,
+    // and made where it is missing; a drive name that leads nowhere yet becomes the system's temporary folder. Any other
+    // text, such as a relative name, does nothing.
     void mapTemporaryFolder(std::string_view name);
 
     // The full name of a project-relative name, with backslashes: the project's own place, so that a message tells

@@ -175,10 +175,25 @@ TEST_F(PathMappingTest, TakesTheTemporaryFolderOfTheEnvironment)
 
 TEST_F(PathMappingTest, TakesNoUselessTemporaryFolder)
 {
-    for (const char* name : {"", "/", "\\", "//", "relative", "/does/not/exist", "C:x", "\\\\server\\x"})
+    const fs::path before = fs::current_path();
+    fs::current_path(outside.folder("empty"));
+    const std::string below = (outside.file("file") / "below").string();
+    for (const std::string& name :
+        {std::string{}, std::string{"/"}, std::string{"\\"}, std::string{"//"}, std::string{"relative"},
+            std::string{"C:x"}, std::string{"C:\\Temp"}, std::string{"\\\\server\\x"}, below})
         EXPECT_NO_THROW(mapping.mapTemporaryFolder(name)) << name;
+    EXPECT_TRUE(fs::is_empty(".")) << "nothing is made that nobody uses";
+    fs::current_path(before);
     EXPECT_EQ(refusal("/etc/passwd"), "refused");
-    EXPECT_EQ(refusal("/does/not/exist/x"), "refused");
+    EXPECT_EQ(refusal(below + "/x"), "refused");
+}
+
+TEST_F(PathMappingTest, MakesTheTemporaryFolderWhereItIsMissing)
+{
+    const fs::path own = fs::canonical(outside.path()) / "new" / "folder";
+    mapping.mapTemporaryFolder(own.string());
+    EXPECT_TRUE(fs::is_directory(own));
+    EXPECT_EQ(mapping.resolve(own.string() + "\\x"), own / "x");
 }
 
 TEST_F(PathMappingTest, WorksWithAProjectThatIsReachedThroughALink)

@@ -29,12 +29,7 @@ portable::PathMapping mapping(const PanelSettings& settings)
 {
     portable::PathMapping result{settings.project};
     const platform::EnvironmentValue folder = portable::environmentValue("TEMPVELM");
-    if (folder.state == platform::EnvironmentValue::State::Present) {
-        // Without it the menu would have no pictures; where it cannot be made, each of them is reported.
-        std::error_code ignored;
-        std::filesystem::create_directories(folder.text, ignored);
-        result.mapTemporaryFolder(folder.text);
-    }
+    if (folder.state == platform::EnvironmentValue::State::Present) result.mapTemporaryFolder(folder.text);
     if (!settings.temporary.empty()) {
         result.mapFolder("C:\\Temp", settings.temporary);
         if (folder.state == platform::EnvironmentValue::State::Present && !folder.text.empty())
