@@ -1,5 +1,6 @@
 #include "test_project.h"
 
+#include "portable/temporary_folder.h"
 #include "recording/memory/memory_database.h"
 #include "recording/replay.h"
 
@@ -7,6 +8,7 @@
 
 #include <fstream>
 #include <sstream>
+#include <stdexcept>
 
 namespace servopanel::testing {
 
@@ -78,6 +80,15 @@ void TestProject::write(const std::string& name, const std::string& content) con
 {
     std::filesystem::create_directories(file(name).parent_path());
     std::ofstream{file(name), std::ios::binary} << content;
+}
+
+void TestProject::replaceInFile(
+    const std::string& name, const std::string& old, const std::string& text) const
+{
+    std::string content = tests::contentOf(file(name));
+    const std::size_t at = content.find(old);
+    if (at == std::string::npos) throw std::runtime_error{name + " has no '" + old + "'"};
+    write(name, content.replace(at, old.size(), text));
 }
 
 void TestProject::variable(std::string_view rest)

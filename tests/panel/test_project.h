@@ -24,6 +24,8 @@ public:
     std::filesystem::path file(const std::string& name) const { return folder() / name; }
     // Writes a file of the project anew.
     void write(const std::string& name, const std::string& content) const;
+    // One text of such a file by another.
+    void replaceInFile(const std::string& name, const std::string& old, const std::string& text) const;
     // Texts that the scenario does not have become empty ones, as a replay reads them; a panel shows the key of a missing
     // text.
     void addEmptyTexts();

@@ -11,6 +11,34 @@ using namespace servopanel;
 using servopanel::testing::standardProject;
 using servopanel::testing::TestProject;
 
+namespace {
+
+struct Played {
+    int status = -1;
+    std::string said;
+    std::string complained;
+};
+
+enum class Screen { Open, Closed };
+
+// Nobody looks, so it does not wait.
+Played play(const TestProject& project, Screen screen = Screen::Open)
+{
+    panel::Panel panel{project.settings()};
+    panel.window().show();
+    ::testing::internal::CaptureStdout();
+    ::testing::internal::CaptureStderr();
+    panel::Tour tour{panel, project.file("pictures"), {.settle = 0, .look = 0, .curve = 0}};
+    if (screen == Screen::Open) panel.openServo();
+    Played played;
+    played.status = tour.play();
+    played.said = ::testing::internal::GetCapturedStdout();
+    played.complained = ::testing::internal::GetCapturedStderr();
+    return played;
+}
+
+} // namespace
+
 TEST(Tour, GoesToTheMenuFromThePageOfAServo)
 {
     const TestProject project{standardProject + "\nvar Ch-1.intern<.servo_zeiger> = 2\n"};
@@ -29,21 +57,48 @@ TEST(Tour, GoesToTheMenuFromThePageOfAServo)
     EXPECT_EQ(panel.shownPart()->className(), "ServoMenu");
 }
 
-TEST(Tour, SaysThatThereIsNoMenu)
+TEST(Tour, PlaysToItsEnd)
+{
+    const Played played = play(TestProject{standardProject});
+    EXPECT_EQ(played.status, 0);
+    EXPECT_EQ(played.complained, "");
+    // The definitions of the second servo show none.
+    EXPECT_NE(played.said.find("left out: setpoints, none can be changed"), std::string::npos) << played.said;
+    EXPECT_TRUE(played.said.ends_with(" back\n")) << played.said;
+}
+
+TEST(Tour, LeavesOutTheMenuOfAProjectWithoutOne)
 {
     const TestProject project{standardProject};
-    std::string options = servopanel::tests::contentOf(project.file("Parameter/Program.ini"));
-    const std::string with = "ServoWithMenu=TRUE";
-    ASSERT_NE(options.find(with), std::string::npos);
-    project.write(
-        "Parameter/Program.ini", options.replace(options.find(with), with.size(), "ServoWithMenu=FALSE"));
-    panel::Panel panel{project.settings()};
-    panel.window().show();
-    panel.openServo();
-    ::testing::internal::CaptureStderr();
-    EXPECT_EQ((panel::Tour{panel, project.file("pictures")}.play()), 1);
-    EXPECT_EQ(::testing::internal::GetCapturedStderr(),
-        "servo-panel: step 1 of the tour did not find the menu of servos\n");
+    project.replaceInFile("Parameter/Program.ini", "ServoWithMenu=TRUE", "ServoWithMenu=FALSE");
+    const Played played = play(project);
+    EXPECT_EQ(played.status, 0) << played.complained;
+    EXPECT_TRUE(played.said.starts_with("   left out: the menu, this project has none\n01 parameter-page\n"))
+        << played.said;
+    EXPECT_EQ(played.said.find("menu-at-the-end"), std::string::npos) << played.said;
+    EXPECT_TRUE(played.said.ends_with(" back\n")) << played.said;
+}
+
+TEST(Tour, LeavesOutWhatAServoDoesNotHave)
+{
+    TestProject project{standardProject};
+    project.addEmptyTexts();
+    project.replaceInFile(
+        "project.json", R"("parameter<.servo_anzahl_1>": 3)", R"("parameter<.servo_anzahl_1>": 1)");
+    const Played played = play(project);
+    EXPECT_EQ(played.status, 0) << played.complained;
+    for (const char* part :
+        {"trends, no value of this page has one", "neighbours, the machine has one servo"})
+        EXPECT_NE(played.said.find(std::string{"   left out: "} + part + "\n"), std::string::npos)
+            << part << "\n"
+            << played.said;
+}
+
+TEST(Tour, SaysWhatItDidNotFind)
+{
+    const Played played = play(TestProject{standardProject}, Screen::Closed);
+    EXPECT_EQ(played.status, 1);
+    EXPECT_EQ(played.complained, "servo-panel: step 1 of the tour did not find the menu of servos\n");
 }
 
 TEST(Tour, ReadsMessagesAndKeepsAPictureOfEach)

@@ -202,15 +202,17 @@ void Operator::editorCancel()
     tap(part("ServoMain").require<IniEingabeChild>("IniEingabe").editor().cancelKey());
 }
 
-void Operator::backFromOtherScreen()
+OtherScreen* Operator::otherScreen()
 {
     for (QObject* each : panel_.window().stage().children()) {
         auto* screen = dynamic_cast<OtherScreen*>(each);
-        if (screen == nullptr || !screen->isVisible()) continue;
-        tap(screen->backKey());
-        return;
+        if (screen != nullptr && screen->isVisible()) return screen;
     }
-    throw NotThere{"another screen"};
+    return nullptr;
 }
+
+bool Operator::isOnOtherScreen() { return otherScreen() != nullptr; }
+
+void Operator::backFromOtherScreen() { tap(there(otherScreen(), "another screen").backKey()); }
 
 } // namespace servopanel::panel

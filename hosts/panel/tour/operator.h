@@ -56,6 +56,7 @@ public:
     void editorOk();
     void editorCancel();
 
+    bool isOnOtherScreen();
     void backFromOtherScreen();
 
     ControlHost& part(std::string_view className);
@@ -63,6 +64,7 @@ public:
     bool isFree(std::string_view name, std::int16_t index);
 
 private:
+    class OtherScreen* otherScreen();
     void settle();
     // The window of the system and a place in it; the panel may stand in the window of another program.
     QWindow* window();

@@ -19,8 +19,6 @@ namespace servopanel::panel {
 
 namespace {
 
-constexpr int lookMs = 700; // long enough for the page to refresh its values once
-
 std::string twoDigits(int number)
 {
     std::string digits = basic::decimal(std::int32_t{number});
@@ -28,12 +26,23 @@ std::string twoDigits(int number)
     return digits;
 }
 
+// A limit may be an empty text, and any value one of the machine that is no number.
+std::optional<double> number(const basic::Variant& value)
+{
+    try {
+        return basic::toDouble(value);
+    } catch (const basic::Error&) {
+        return {};
+    }
+}
+
 } // namespace
 
-Tour::Tour(Panel& panel, std::filesystem::path folder)
+Tour::Tour(Panel& panel, std::filesystem::path folder, Pace pace)
     : panel_{panel}
-    , operator_{panel}
+    , operator_{panel, pace.settle}
     , folder_{std::move(folder)}
+    , pace_{pace}
 {
     std::error_code ignored;
     std::filesystem::create_directories(folder_, ignored);
@@ -51,6 +60,8 @@ void Tour::say(const std::string& line)
     std::fputs((line + "\n").c_str(), stdout);
     std::fflush(stdout);
 }
+
+void Tour::leaveOut(const std::string& what) { say("   left out: " + what); }
 
 // Zoomed, the window shows what the operator sees.
 QImage Tour::picture()
@@ -70,7 +81,7 @@ void Tour::step(const std::string& name, const std::function<void()>& action)
     ++number_;
     say(twoDigits(number_) + " " + name);
     if (action) action();
-    operator_.wait(lookMs);
+    operator_.wait(pace_.look);
     save(name);
 }
 
@@ -119,13 +130,23 @@ int Tour::play()
 void Tour::menu()
 {
     // The panel may come up with the page of the servo that was shown last.
-    step("menu", [&] { operator_.goToMenu(); });
-    ScrollView& scroll = operator_.part("ServoMenu").require<ScrollBarChild>("ScrollBar").scroll();
+    operator_.goToMenu();
+    if (operator_.isOnOtherScreen()) {
+        hasMenu_ = false;
+        leaveOut("the menu, this project has none");
+        step("parameter-page", [&] { operator_.backFromOtherScreen(); });
+        return;
+    }
+    step("menu");
+    ControlHost& menu = operator_.part("ServoMenu");
+    ScrollView& scroll = menu.require<ScrollBarChild>("ScrollBar").scroll();
     if (scroll.last() > 1) {
         step("menu-scrolled", [&] { operator_.scrollDown(); });
         step("menu-back", [&] { operator_.scrollUp(); });
     }
-    QWidget& key = operator_.part("ServoMenu").require<PictureChild>("BildIm", 2).view();
+    // The second servo has neighbours on both sides.
+    QWidget& second = menu.require<PictureChild>("BildIm", 2).view();
+    QWidget& key = second.isVisible() ? second : menu.require<PictureChild>("BildIm", 1).view();
     step("menu-key-down", [&] { operator_.press(key, key.rect().center()); });
     const QPoint place = panel_.window().toWindow(key, key.rect().center());
     step("parameter-page", [&] { operator_.release(panel_.window(), place); });
@@ -138,19 +159,34 @@ void Tour::diagnosis()
     step("parameters-again", [&] { operator_.footerKey(10); });
 }
 
+// The plot lies over the other half of the page, so all values are from the half with the first of them.
+std::vector<int> Tour::valuesWithTrend()
+{
+    constexpr std::size_t most = 3;
+    constexpr int firstValue = 101;
+    constexpr std::size_t firstOfTable = 20;
+    std::vector<int> numbers;
+    const std::vector<ValueCell> offered = panel_.trends().offered();
+    for (const ValueCell& cell : offered)
+        if (numbers.size() < most && (cell.column < firstOfTable) == (offered.front().column < firstOfTable))
+            numbers.push_back(firstValue + static_cast<int>(cell.column));
+    return numbers;
+}
+
 void Tour::trend()
 {
-    constexpr int curveMs = 4000; // a curve of some length
     step("diagnosis-again", [&] { operator_.footerKey(10); });
+    const std::vector<int> numbers = valuesWithTrend();
+    if (numbers.empty()) {
+        leaveOut("trends, no value of this page has one");
+        step("parameters-without-trend", [&] { operator_.footerKey(10); });
+        return;
+    }
     TrendSheet& sheet = panel_.trends().sheet();
     step("trend", [&] {
-        for (const int number : {105, 106, 113})
-            if (operator_.part("ServoMain")
-                    .find("IstWert", static_cast<std::int16_t>(number))
-                    ->view()
-                    .isVisible())
-                operator_.actualValue(number);
-        operator_.wait(curveMs);
+        for (const int number : numbers)
+            operator_.actualValue(number);
+        operator_.wait(pace_.curve);
     });
     step("trend-frozen-and-read", [&] {
         operator_.tap(sheet.freezeKey());
@@ -164,7 +200,7 @@ void Tour::trend()
     step("parameters-after-trend", [&] { operator_.footerKey(10); });
 }
 
-Tour::Input Tour::freeSetpoint(int which)
+std::optional<Tour::Input> Tour::freeSetpoint(int which)
 {
     namespace ids = platform::ids::VWSVarIn;
     int found = 0;
@@ -172,42 +208,45 @@ Tour::Input Tour::freeSetpoint(int which)
         const std::string name = index <= 10 ? "SollwertL" : "SollwertR";
         if (!operator_.isFree(name, index)) continue;
         Child& input = *operator_.part("ServoMain").find(name, index);
-        const double value = basic::toDouble(input.get(ids::Wert, {}));
-        const double lower = basic::toDouble(input.get(ids::Untergrenze, {}));
-        const double upper = basic::toDouble(input.get(ids::Obergrenze, {}));
-        if (upper - lower < 2 || ++found < which) continue;
+        const std::optional<double> value = number(input.get(ids::Wert, {}));
+        const std::optional<double> lower = number(input.get(ids::Untergrenze, {}));
+        const std::optional<double> upper = number(input.get(ids::Obergrenze, {}));
+        if (!value || !lower || !upper || *upper - *lower < 2 || ++found < which) continue;
         // Half way to the farther limit, with one decimal.
-        const double limit = upper - value > value - lower ? upper : lower;
-        const double next = std::round(5 * (value + limit)) / 10;
-        return {name, index, basic::decimal(next), basic::decimal(std::floor(upper) + 1)};
+        const double limit = *upper - *value > *value - *lower ? *upper : *lower;
+        const double next = std::round(5 * (*value + limit)) / 10;
+        return Input{name, index, basic::decimal(next), basic::decimal(std::floor(*upper) + 1)};
     }
-    throw NotThere{"a setpoint that can be changed"};
+    return {};
 }
 
 void Tour::setpoints()
 {
-    const Input first = freeSetpoint(1);
-    step("mask", [&] { operator_.input(first.name, first.index); });
+    const std::optional<Input> first = freeSetpoint(1);
+    if (!first) return leaveOut("setpoints, none can be changed by 2 or more");
+    step("mask", [&] { operator_.input(first->name, first->index); });
     step("mask-refuses", [&] {
-        operator_.type(*first.tooLarge);
+        operator_.type(first->tooLarge);
         operator_.ok();
     });
     step("setpoint-changed", [&] {
         operator_.clear();
-        operator_.type(first.value);
+        operator_.type(first->value);
         operator_.ok();
     });
     step("setpoint-written", [&] { operator_.footerKey(10); });
 
-    const Input second = freeSetpoint(2);
+    std::optional<Input> second = freeSetpoint(2);
+    if (!second) second = freeSetpoint(1);
+    if (!second) return;
     step("another-setpoint-changed", [&] {
-        operator_.input(second.name, second.index);
-        operator_.type(second.value);
+        operator_.input(second->name, second->index);
+        operator_.type(second->value);
         operator_.ok();
     });
     step("change-discarded", [&] { operator_.footerKey(11); });
     step("mask-left", [&] {
-        operator_.input(second.name, second.index);
+        operator_.input(second->name, second->index);
         operator_.type("9");
         operator_.cancel();
     });
@@ -233,7 +272,9 @@ void Tour::switchAndDrawing()
 
 void Tour::neighbours()
 {
-    step("next-servo", [&] { operator_.footerKey(6); });
+    if (!operator_.isKeyOn(5) && !operator_.isKeyOn(6))
+        return leaveOut("neighbours, the machine has one servo");
+    if (operator_.isKeyOn(6)) step("next-servo", [&] { operator_.footerKey(6); });
     if (operator_.isKeyOn(6)) {
         step("next-servo-again", [&] { operator_.footerKey(6); });
         diagnosis();
@@ -257,16 +298,17 @@ void Tour::definition()
     constexpr std::int16_t service = 5;
     const basic::Variant* level = panel_.variables().find(levelVariable);
     if (level == nullptr || basic::toInt16(*level) != service) return;
-    const Input first = freeSetpoint(1);
+    const std::optional<Input> first = freeSetpoint(1);
+    if (!first || !operator_.isKeyOn(4)) return leaveOut("definitions, none can be edited");
     step("second-input-mode", [&] { operator_.footerKey(4); });
-    step("definition-editor", [&] { operator_.input(first.name, first.index); });
+    step("definition-editor", [&] { operator_.input(first->name, first->index); });
     step("definition-refused", [&] {
         operator_.editorType("999999");
         operator_.editorOk();
     });
     step("definition-left", [&] { operator_.editorCancel(); });
     step("definition-confirmed", [&] {
-        operator_.input(first.name, first.index);
+        operator_.input(first->name, first->index);
         operator_.editorOk();
     });
     step("second-input-mode-left", [&] { operator_.footerKey(4); });
@@ -274,7 +316,7 @@ void Tour::definition()
 
 void Tour::leave()
 {
-    step("menu-at-the-end", [&] { operator_.footerKey(11); });
+    if (hasMenu_) step("menu-at-the-end", [&] { operator_.footerKey(11); });
     step("other-screen", [&] { operator_.footerKey(11); });
     step("back", [&] { operator_.backFromOtherScreen(); });
 }
