@@ -59,14 +59,18 @@ TEST_F(BildShow, ShowsTheEngineOnKeyFourForLevelFiveEvenWhenItIsNotInUse)
 
 TEST_F(BildShow, ShowsNoEngineForLevelSix)
 {
-    EXPECT_FALSE(contains(show("var Ch-1.intern<.passwort> = 6\n"), "F_engine"));
+    const std::string trace = show("var Ch-1.intern<.passwort> = 6\n");
+    EXPECT_TRUE(contains(trace, picture(1, "Standard\\F_Help_1280.gif")));
+    EXPECT_FALSE(contains(trace, "F_engine"));
 }
 
 TEST_F(BildShow, ShowsNoEngineOnADiagnosisPage)
 {
     show("var Ch-1.intern<.passwort> = 5\n");
     run("key 10\n");
-    EXPECT_FALSE(contains(run("show\n"), "F_engine"));
+    const std::string trace = run("show\n");
+    EXPECT_TRUE(contains(trace, picture(1, "Standard\\F_Help_1280.gif")));
+    EXPECT_FALSE(contains(trace, "F_engine"));
 }
 
 TEST_F(BildShow, AddsAccessLevelAndResolutionToThePictureOfKeyThree)

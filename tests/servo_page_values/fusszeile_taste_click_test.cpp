@@ -93,7 +93,9 @@ TEST(Fußzeile_TasteClick, AnotherServosDiagnosisBeginsWithItsFirstPage)
 TEST(Fußzeile_TasteClick, AnotherServosParametersFollowParameters)
 {
     Page page;
-    EXPECT_EQ(holding(page.run("key 6\n"), "_servo_diag_"), "");
+    const std::string trace = page.run("key 6\n");
+    EXPECT_EQ(count(trace, "read " + variable("_servo_para_", {}, "5")), 1U);
+    EXPECT_EQ(holding(trace, "_servo_diag_"), "");
 }
 
 TEST(Fußzeile_TasteClick, LeavesTheListWithReportsWhenItIsPushed)

@@ -42,9 +42,12 @@ db Servo\Servo.mdb A7 Ch1.A7_T_servo_12<.mA7_servo_schalt_12> 2 0 1 0 1 3
 
 TEST(IniLesen, LooksUpNothingForNumbersWithoutAParameter)
 {
-    Page page{definition("_servo_para2_", 4, 9) + definition("_servo_schalt_", 4, 9)
-        + definition("_servo_zeich_", 2, 9)};
-    EXPECT_EQ(locked(page.start()), "");
+    Page page{definition("_servo_para_", 0, 3) + definition("_servo_para2_", 4, 9)
+        + definition("_servo_schalt_", 4, 9) + definition("_servo_zeich_", 2, 9)};
+    const std::string fields = locked(page.start());
+    EXPECT_GE(count(fields, "BeschriftungL(1)"), 1U);
+    // Nothing but what the first setpoint has.
+    EXPECT_EQ(fields, locked(Page{definition("_servo_para_", 0, 3)}.start()));
 }
 
 TEST(IniLesen, KeepsThePagesDefinitionsWhenTheDatabaseHoldsNothing)
@@ -74,6 +77,8 @@ TEST(IniLesen, LooksNothingUpWithoutDefinitions)
     // Each look-up would report that there is no servo of this number.
     Page page{"var Ch-1.intern<.servo_zeiger> = 51\n"};
     EXPECT_EQ(holding(page.start(), "\"Ma IniLesen\""), "");
+    // As reading its values does.
+    EXPECT_NE(holding(page.start(), "error 9 \"Ma WerteLesen\""), "");
 }
 
 TEST(IniEingabe, ChangesLimitsAndAccessLevelOfAField)

@@ -89,7 +89,9 @@ TEST(Sollwert_MouseDown, OnlyTellsAUserWithoutPermission)
 TEST(Sollwert_MouseDown, TakesAnyPermissionButZero)
 {
     Page page{"input 1\n"};
-    EXPECT_EQ(count(page.run("touch SollwertL 5\n"), "message"), 0U);
+    const std::string trace = page.run("touch SollwertL 5\n");
+    EXPECT_EQ(count(trace, "put ServoMain.Eingabemaske.0x68030000 = true\n"), 1U);
+    EXPECT_EQ(count(trace, "message"), 0U);
 }
 
 TEST(Sollwert_MouseDown, IgnoresATouchWhileTheMaskIsOpen)

@@ -150,6 +150,7 @@ TEST_F(UserControlInitialize, CountsAServoWhoseFlagIsOneAsPassive)
     created("var Ch1.M1_T_servo_2<.mM1_servopassiv_2> = 1\n");
     run("show");
     EXPECT_EQ(replay.lines("picture Servo\\Servo_2"), "");
+    EXPECT_EQ(replay.lines("picture Servo\\Servo_1"), "picture Servo\\Servo_1_1280.gif\n");
 }
 
 TEST_F(UserControlInitialize, ShowsAllServosOfAMachineWithoutPassiveFlags)
