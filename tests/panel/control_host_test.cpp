@@ -1,5 +1,6 @@
 #include "panel/form/control_host.h"
 
+#include "event_turns.h"
 #include "fakes.h"
 #include "support/error_number.h"
 
@@ -20,6 +21,7 @@
 using namespace servopanel;
 using basic::Variant;
 using servopanel::testing::errorNumber;
+using servopanel::testing::letEventsPass;
 namespace classes = platform::classes;
 namespace names = platform::names;
 
@@ -156,7 +158,7 @@ TEST_F(ControlHostTest, WhatTheOperatorDoesWithinARunningProcedureDoesNotEnter)
     };
     around_.host->deliver({"Text", 1}, "Click", {});
     EXPECT_EQ(around_.log, (std::vector<std::string>{"Text(1).Click", "Text(1).NeuePos", "Text(1).Timer"}));
-    QTest::qWait(20);
+    letEventsPass();
     EXPECT_EQ(around_.log.size(), 3U);
     // Afterwards the panel answers again.
     EXPECT_TRUE(around_.host->deliver({"Text", 1}, "Click", {}));
@@ -177,12 +179,12 @@ TEST_F(ControlHostTest, AControlThatIsDestroyedWithinItsProcedureGoesAfterIt)
     bool wasAlive = false;
     around_.hosted->during = [&] {
         around_.gate.later([&] { around_.host.reset(); });
-        QTest::qWait(20); // events run meanwhile
+        letEventsPass(); // events run meanwhile
         wasAlive = around_.host != nullptr;
     };
     QTest::mousePress(&view("Eingabe", 1), Qt::LeftButton);
     EXPECT_TRUE(wasAlive);
-    QTest::qWait(20);
+    letEventsPass();
     EXPECT_EQ(around_.host, nullptr);
     EXPECT_EQ(around_.log.back(), "terminate");
 }

@@ -1,10 +1,11 @@
 #include "panel/form/event_gate.h"
 
+#include "event_turns.h"
+
 #include <gtest/gtest.h>
 
-#include <QTest>
-
 using servopanel::panel::EventGate;
+using servopanel::testing::letEventsPass;
 
 TEST(EventGate, DoesATaskFromTheEventLoop)
 {
@@ -12,7 +13,7 @@ TEST(EventGate, DoesATaskFromTheEventLoop)
     bool done = false;
     gate.later([&] { done = true; });
     EXPECT_FALSE(done);
-    QTest::qWait(10);
+    letEventsPass();
     EXPECT_TRUE(done);
 }
 
@@ -26,13 +27,13 @@ TEST(EventGate, WaitsUntilNoProcedureRuns)
         {
             // A procedure that lets events run meanwhile.
             const EventGate::Entry inner{gate};
-            QTest::qWait(10);
+            letEventsPass();
         }
-        QTest::qWait(10);
+        letEventsPass();
         EXPECT_FALSE(done);
         EXPECT_TRUE(gate.isBusy());
     }
-    QTest::qWait(10);
+    letEventsPass();
     EXPECT_TRUE(done);
 }
 
@@ -44,7 +45,7 @@ TEST(EventGate, ATaskMayAskForAnother)
         ++count;
         gate.later([&] { ++count; });
     });
-    QTest::qWait(20);
+    letEventsPass();
     EXPECT_EQ(count, 2);
 }
 

@@ -4,6 +4,7 @@
 #include "platform/process_var_access.h"
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <set>
 #include <string>
@@ -19,6 +20,7 @@ public:
     }
     basic::Variant ReadValue(std::string_view name) override
     {
+        ++reads[std::string{name}];
         if (unreadable.count(std::string{name}) > 0) fail(name, "no answer");
         return inner_->ReadValue(name);
     }
@@ -32,6 +34,7 @@ public:
         if (written) written(name);
     }
 
+    std::map<std::string, int> reads; // also those that failed
     std::set<std::string> unreadable;
     std::set<std::string> unwritable;
     std::int32_t number = 5; // of the errors

@@ -4,12 +4,15 @@
 #include "panel/widgets/touch_key.h"
 #include "panel/window/panel_window.h"
 
+#include "event_turns.h"
+
 #include <gtest/gtest.h>
 
 #include <QTest>
 #include <QWindow>
 
 using namespace servopanel::panel;
+using servopanel::testing::letEventsPass;
 
 namespace {
 
@@ -28,7 +31,7 @@ protected:
         window_.setKeyHandler([this](int number) { keys_.push_back(number); });
         window_.show();
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&window_));
-        QTest::qWait(20);
+        letEventsPass();
     }
     QWindow* window() { return window_.windowHandle(); }
     // As a window system does it: the events wait until the event loop comes to them.
@@ -68,11 +71,11 @@ TEST_F(InputGuardTest, OfAStormOnlyTheFirstTouchCounts)
 {
     for (int i = 0; i < 300; ++i)
         queueTap(onLeft);
-    QTest::qWait(50);
+    letEventsPass();
     EXPECT_EQ(actions_, 1);
     // What comes afterwards is meant for what is now on the screen.
     queueTap(onLeft);
-    QTest::qWait(50);
+    letEventsPass();
     EXPECT_EQ(actions_, 2);
 }
 
@@ -84,14 +87,14 @@ TEST_F(InputGuardTest, ATouchThatCameWhileAProcedureRanIsDroppedAsAWhole)
         during_ = nullptr;
     };
     queueTap(onLeft);
-    QTest::qWait(50);
+    letEventsPass();
     EXPECT_EQ(actions_, 1);
     EXPECT_FALSE(right_.isDown());
     queue(onRight, Qt::NoButton, QEvent::MouseButtonRelease);
-    QTest::qWait(50);
+    letEventsPass();
     EXPECT_EQ(actions_, 1);
     queueTap(onRight);
-    QTest::qWait(50);
+    letEventsPass();
     EXPECT_EQ(actions_, 2);
 }
 
@@ -101,7 +104,7 @@ TEST_F(InputGuardTest, TheEndOfATouchIsNeverLost)
     right_.setRepeating(true);
     during_ = [this] { queue(onRight, Qt::NoButton, QEvent::MouseButtonRelease); };
     queue(onRight, Qt::LeftButton, QEvent::MouseButtonPress);
-    QTest::qWait(50);
+    letEventsPass();
     EXPECT_FALSE(right_.isDown());
 }
 
@@ -110,7 +113,7 @@ TEST_F(InputGuardTest, ARefreshCostsNoTouch)
     kind_ = EventGate::Entry::Kind::Refresh;
     queueTap(onLeft);
     queueTap(onRight);
-    QTest::qWait(50);
+    letEventsPass();
     EXPECT_EQ(actions_, 2);
 }
 
@@ -118,10 +121,10 @@ TEST_F(InputGuardTest, AMessageIsNotReadByTouchesFromBefore)
 {
     gate_.close();
     queueTap(onLeft);
-    QTest::qWait(50);
+    letEventsPass();
     EXPECT_EQ(actions_, 0);
     queueTap(onLeft);
-    QTest::qWait(50);
+    letEventsPass();
     EXPECT_EQ(actions_, 1);
     gate_.open();
 }
@@ -172,7 +175,7 @@ TEST_F(InputGuardTest, DigitsMayOverlapAsFastTypistsDo)
     auto* target = new Typed{&window_.stage(), typed};
     target->show();
     target->setFocus();
-    QTest::qWait(20);
+    letEventsPass();
     QTest::keyPress(window(), Qt::Key_1);
     QTest::keyPress(window(), Qt::Key_2);
     QTest::keyRelease(window(), Qt::Key_1);
@@ -184,16 +187,16 @@ TEST_F(InputGuardTest, AQuickSecondTouchCounts)
 {
     // The window system tells of it as a press and a double click.
     queueTap(onLeft);
-    QTest::qWait(30);
+    letEventsPass();
     queueTap(onLeft);
-    QTest::qWait(30);
+    letEventsPass();
     EXPECT_EQ(actions_, 2);
 }
 
 TEST_F(InputGuardTest, TellsOfEveryTouchThatCounts)
 {
     QTest::mouseClick(window(), Qt::LeftButton, {}, onLeft);
-    QTest::qWait(30);
+    letEventsPass();
     QTest::keyClick(window(), Qt::Key_F5);
     EXPECT_EQ(touches_, 2);
 }
@@ -215,7 +218,7 @@ TEST_F(InputGuardTest, ASecondButtonIsLeftOutAsAWhole)
     const QPoint on{150, 350};
     const auto mouse = [&](Qt::MouseButtons buttons, Qt::MouseButton button, QEvent::Type type) {
         qt_handleMouseEvent(window(), on, window()->mapToGlobal(on), buttons, button, type, {}, 0);
-        QTest::qWait(20);
+        letEventsPass();
     };
     mouse(Qt::LeftButton, Qt::LeftButton, QEvent::MouseButtonPress);
     mouse(Qt::LeftButton | Qt::RightButton, Qt::RightButton, QEvent::MouseButtonPress);

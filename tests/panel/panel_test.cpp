@@ -1,4 +1,5 @@
 // The panel with the real library on a small project.
+#include "event_turns.h"
 #include "panel/form/header.h"
 #include "panel/form/vws_index.h"
 #include "panel/form/vws_var.h"
@@ -15,6 +16,7 @@ using namespace servopanel;
 using basic::Variant;
 using panel::Operator;
 using panel::Panel;
+using servopanel::testing::letEventsPass;
 using servopanel::testing::TestProject;
 
 namespace {
@@ -104,8 +106,8 @@ TEST_F(PanelTest, TheTimerBringsNewValuesOfTheMachine)
     Variant values = variable(setpoints);
     basic::setElement(values, 0, 77.0);
     panel_->variables().write(setpoints, values, machine::Writer::Machine);
-    hands_->wait(700);
-    EXPECT_EQ(input("SollwertL", 1).get(platform::ids::VWSVarIn::Wert, {}), Variant{77.0});
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return input("SollwertL", 1).get(platform::ids::VWSVarIn::Wert, {}) == Variant{77.0}; }));
 }
 
 TEST_F(PanelTest, AMessageHoldsEverythingUpUntilItIsRead)
@@ -159,7 +161,7 @@ TEST_F(PanelTest, AScreenThatTheProjectDoesNotHaveIsNoted)
 {
     openFirstServo();
     panel_->pressKey(31);
-    hands_->wait(50);
+    letEventsPass();
     EXPECT_EQ(panel_->otherScreen(), 1131);
     EXPECT_TRUE(isReported("The project has no screen 1131"));
 }
@@ -168,7 +170,7 @@ TEST_F(PanelTest, AControlMadeAnewFindsTheRememberedServo)
 {
     openFirstServo();
     panel_->openServo();
-    hands_->wait(30);
+    letEventsPass();
     EXPECT_EQ(panel_->shownPart()->className(), "ServoMain");
 }
 
@@ -186,7 +188,7 @@ TEST_F(PanelTest, ClosingTheWindowEndsTheControl)
 {
     openFirstServo();
     panel_->window().close();
-    hands_->wait(50);
+    letEventsPass();
     EXPECT_EQ(panel_->servo(), nullptr);
     EXPECT_FALSE(panel_->window().isVisible());
 }

@@ -115,8 +115,9 @@ TEST_F(ValueStatesTest, EveryFamilyHasItsOwnFields)
 
 TEST_F(ValueStatesTest, LimitsThatCannotBeReadDoNotMakeAValueStale)
 {
-    flaky_->unreadable.insert("Ch1.M1_T_servo_3<.mM1_servo_para_un_3>");
+    flaky_->unreadable = {"Ch1.M1_T_servo_3<.mM1_servo_para_un_3>", secondSetpoints};
     hands_->wait(refreshMs);
+    EXPECT_TRUE(text("SollwertL", 21).marks().stale); // read after the limits
     EXPECT_FALSE(text("SollwertL", 1).marks().stale);
 }
 

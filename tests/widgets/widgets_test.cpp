@@ -1,5 +1,6 @@
 // The three controls in windows of somebody else.
 #include "machine/split_variables.h"
+#include "panel/event_turns.h"
 #include "panel/runtime/panel.h"
 #include "panel/test_project.h"
 #include "panel/tour/operator.h"
@@ -47,7 +48,7 @@ protected:
     {
         window_.show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&window_));
-        QTest::qWait(50); // the controls start from the event loop
+        servopanel::testing::letEventsPass(); // the controls start from the event loop
     }
     static std::string shown(ControlWidget& widget)
     {
@@ -84,7 +85,7 @@ TEST_F(WidgetsTest, FillsItsPlaceInTheShapeOfTheDesign)
     auto& servo = add<ServoWidget>();
     show();
     window_.resize(500, 800);
-    QTest::qWait(50);
+    servopanel::testing::letEventsPass();
     EXPECT_EQ(servo.panel()->window().size(), servo.size());
     panel::PanelWindow& window = servo.panel()->window();
     const QPoint topLeft = window.toWindow(window.stage(), {0, 0});
@@ -390,7 +391,7 @@ TEST_F(WidgetsTest, AnotherLevelLeavesInputsAlone)
     hands.ok();
     const panel::Panel* const before = servo.panel();
     servo.setAccessLevel(3);
-    QTest::qWait(100);
+    servopanel::testing::letEventsPass();
     ASSERT_EQ(servo.panel(), before);
     EXPECT_TRUE(servo.panel()->hasUnfinishedInput());
     EXPECT_EQ(*servo.panel()->variables().find("Ch-1.intern<.passwort>"), Variant{std::int16_t{3}});
