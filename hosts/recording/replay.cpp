@@ -37,8 +37,11 @@ std::string Replay::run(std::string_view scenario)
 
 void Replay::play(const std::vector<Step>& steps)
 {
-    for (const Step& step : steps)
+    for (const Step& step : steps) {
         player_.play(step);
+        // The controls that have ended are destroyed by now.
+        if (host_.servo() == nullptr) recorded_.clear();
+    }
 }
 
 std::string Replay::lines(std::initializer_list<std::string_view> beginnings) const

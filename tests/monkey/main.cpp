@@ -1,3 +1,4 @@
+#include "monkey/allocations.h"
 #include "monkey/long_run.h"
 #include "monkey/program.h"
 
@@ -5,21 +6,25 @@ namespace {
 
 constexpr std::string_view usage =
     R"(servo-monkey [--seed N] [--runs N] [--commands N] [--keep FOLDER]
+servo-monkey --play FILE
 servo-monkey --days N
 
 Plays random touches, keys, values and failures on the servo pages without a screen, and checks after each that nothing
-reaches the machine that nobody confirmed, that nothing untouched changes, and that one picture is to be seen.
+reaches the machine but what was entered and confirmed, that what was entered is to be seen as such, that one picture is
+to be seen, and at the end that the memory is given back. Says at the end what was done.
 
   --seed N        of the first run, at first 1
   --runs N        how many runs, at first 1000, each with the next seed
   --commands N    of each run, at first 1000
-  --keep FOLDER   where a scenario for servo-replay is kept of a run that breaks a rule, at first the current folder
+  --keep FOLDER   where a scenario for servo-replay is kept of a run that breaks a rule or crashes, at first the current
+                  folder
+  --play FILE     plays such a scenario again, with the same rules
 
 With --days it plays the ticks of the page's timer of that many days in fast motion instead, with looks at all servos, their
 diagnosis pages and the menu, first with a machine that answers and then with one that does not, and compares the memory at
 the end with that after the first hour.
 
-Ends with 0 when all rules held and the memory stayed, with 1 when not.
+Ends with 0 when all rules held and the memory stayed, with 1 when not, with 2 when nothing could be played.
 )";
 
 } // namespace
@@ -31,7 +36,11 @@ int main(int count, char** arguments)
         {.usage = usage,
             .runs = 1000,
             .commands = 1000,
-            .playSeed = playSeed,
-            .play = play,
+            .commandsOf = commandsOf,
+            .played =
+                [](const Commands& commands, const Progress& progress, std::string_view rule) {
+                    const bool isOfMemory = rule.empty() || rule == memoryRule;
+                    return played(commands, progress, isOfMemory ? allocationsAlive : nullptr);
+                },
             .playDays = playDays});
 }

@@ -1,11 +1,13 @@
 #include "monkey/play.h"
 
+#include "basic/conversions.h"
+#include "monkey/project.h"
 #include "monkey/random_operator.h"
 #include "monkey/rules.h"
 #include "platform/ids.h"
+#include "recording/memory/sibling_controls.h"
 #include "recording/replay.h"
 #include "servo_page/felder.h"
-#include "support/standard_project.h"
 
 #include <algorithm>
 #include <array>
@@ -45,7 +47,7 @@ public:
     bool isAnyMarked() override
     {
         bool found = false;
-        auto* const page = replay_.host().servo()->inner("ServoMain");
+        auto* const page = pageOrNull();
         if (page == nullptr) return false;
         page->form().forEach([&](const ChildId& id, recording::MemoryControl& control) {
             const bool isSetpoint = id.name == "SollwertL" || id.name == "SollwertR";
@@ -60,11 +62,46 @@ public:
     }
     bool offersConfirm() override
     {
-        replay_.run("get ServoMain.Fußzeile.0x68030007(10)");
-        return replay_.lines("state").find("OK.wmf") != std::string::npos;
+        const auto keys = footer();
+        const auto picture = keys ? keys->setting(ids::Fußzeile::Bild, confirmKey) : std::nullopt;
+        return picture && *picture == basic::Variant{"Standard\\OK.wmf"};
+    }
+    bool isConfirmOn() override
+    {
+        const auto keys = footer();
+        return keys && keys->isKeyOn(confirmKey);
+    }
+    // Nobody touches what is not to be seen. The header is there with both parts.
+    bool isOperable(std::string_view command)
+    {
+        if (!isShown()) return false;
+        if (command.starts_with("language")) return true;
+        return isSeen(
+            command.starts_with("menu") || command.starts_with("scroll") ? "ServoMenu" : "ServoMain");
+    }
+    bool isInputOpen() override
+    {
+        return isOpen("Eingabemaske", ids::Eingabemaske::Offen)
+            || isOpen("IniEingabe", ids::IniEingabe::Offen);
     }
 
 private:
+    static constexpr std::int16_t confirmKey = 10;
+
+    recording::ControlInstance* pageOrNull() { return replay_.host().servo()->inner("ServoMain"); }
+    std::shared_ptr<recording::MemoryFooter> footer()
+    {
+        auto* const page = pageOrNull();
+        if (page == nullptr) return nullptr;
+        return std::dynamic_pointer_cast<recording::MemoryFooter>(page->form().find(ChildId{"Fußzeile"}));
+    }
+    bool isOpen(std::string_view name, const platform::Member& open)
+    {
+        auto* const page = pageOrNull();
+        const auto input = page == nullptr ? nullptr : page->form().find(ChildId{name});
+        return input && basic::toBoolean(input->get(open));
+    }
+
     recording::Replay& replay_;
     bool shown_ = false; // since the control was created
 };
@@ -72,23 +109,39 @@ private:
 // Whether the command is a touch or a tick, and not something that the host, the machine or an engineer does.
 bool needsScreen(std::string_view command)
 {
-    constexpr std::array<std::string_view, 6> others{
-        "create", "show", "terminate", "var ", "input ", "fail "};
+    constexpr std::array<std::string_view, 10> others{
+        "create", "show", "terminate", "var ", "input ", "fail ", "lose ", "file ", "picture ", "db "};
     return std::none_of(
         others.begin(), others.end(), [&](std::string_view other) { return command.starts_with(other); });
 }
 
 class Session {
 public:
-    Session() { replay_.run(testing::standardProject); }
+    Session() { replay_.run(monkeyProject()); }
+
+    // Back to the state of the beginning, with a control that is made anew and was looked at everywhere.
+    void beginAnew()
+    {
+        rules_.reset();
+        if (replay_.host().servo() != nullptr) replay_.run("terminate");
+        std::string setUp = "fail none\ninput -1\nvar Ch-1.param_client<.arabisch> = false\n";
+        replay_.run(setUp + monkeyProject());
+        replay_.run(
+            "create\nshow\nmenudown BildIm 1 100 100\nmenuup BildIm 1 100 100\nkey 10\nkey 7\nkey 8\n");
+        replay_.run("key 10\nkey 6\nkey 6\nkey 11\nterminate");
+        replay_.run(monkeyProject());
+        std::string{}.swap(replay_.host().world().lastReport);
+    }
+    void begin() { rules_.emplace(screen_); }
 
     // What the command broke.
     std::optional<std::string> play(const std::string& command)
     {
+        wasPlayed_ = false;
         // A host shows a control once, and nobody touches what is not shown.
         if (command == "show" && screen_.isShown()) return std::nullopt;
-        if (needsScreen(command) && !screen_.isShown()) return std::nullopt;
-        rules_.before();
+        if (needsScreen(command) && !screen_.isOperable(command)) return std::nullopt;
+        rules_->before();
         std::string trace;
         try {
             trace = replay_.run(command);
@@ -99,43 +152,73 @@ public:
         } catch (...) {
             return "an exception of another kind";
         }
+        wasPlayed_ = true;
         screen_.noteShow(command);
-        return rules_.broken(trace);
+        return rules_->broken(trace);
     }
+    // Nobody else can play the other ones either.
+    bool wasPlayed() const { return wasPlayed_; }
+    const Tally& tally() const { return rules_->tally(); }
 
 private:
     recording::Replay replay_;
     MemoryScreen screen_{replay_};
-    Rules rules_{screen_};
+    std::optional<Rules> rules_;
+    bool wasPlayed_ = false;
 };
 
-} // namespace
-
-std::optional<Finding> playSeed(unsigned seed, std::size_t commands)
+// Plays the commands until one breaks a rule, and says which of them were played.
+std::optional<std::string> playAll(
+    Session& session, const Commands& commands, const Progress& progress, std::vector<bool>& wasPlayed)
 {
-    Session session;
-    RandomOperator person{seed};
-    Finding finding{{}, {"create", "show"}};
-    for (const std::string& command : finding.commands)
-        session.play(command);
-    while (finding.commands.size() < commands) {
-        finding.commands.push_back(person.next());
-        if (const auto rule = session.play(finding.commands.back())) {
-            finding.rule = *rule;
-            return finding;
-        }
+    session.begin();
+    for (std::size_t i = 0; i < commands.size(); ++i) {
+        if (progress) progress(i);
+        const auto rule = session.play(commands[i]);
+        wasPlayed[i] = rule || session.wasPlayed();
+        if (rule) return rule;
     }
     return std::nullopt;
 }
 
-std::optional<Finding> play(const std::vector<std::string>& commands)
+// What is kept on purpose, such as pictures, is kept by now; a second time nothing more may be.
+bool isMoreTheSecondTime(Session& session, const Commands& commands, const Progress& progress, Pieces pieces)
 {
-    Session session;
-    for (std::size_t i = 0; i < commands.size(); ++i)
-        if (const auto rule = session.play(commands[i]))
-            return Finding{*rule, {commands.begin(), commands.begin() + static_cast<std::ptrdiff_t>(i) + 1}};
-    return std::nullopt;
+    std::vector<bool> wasPlayed(commands.size());
+    session.beginAnew();
+    const std::size_t first = pieces();
+    static_cast<void>(playAll(session, commands, progress, wasPlayed));
+    session.beginAnew();
+    return pieces() > first;
 }
+
+} // namespace
+
+Commands commandsOf(unsigned seed, std::size_t count)
+{
+    RandomOperator person{seed};
+    Commands commands{"create", "show"};
+    while (commands.size() < count)
+        commands.push_back(person.next());
+    return commands;
+}
+
+Played played(const Commands& commands, const Progress& progress, Pieces pieces)
+{
+    std::vector<bool> wasPlayed(commands.size());
+    Session session;
+    std::optional<std::string> rule = playAll(session, commands, progress, wasPlayed);
+    Played result{std::nullopt, session.tally()};
+    if (!rule && pieces != nullptr && isMoreTheSecondTime(session, commands, progress, pieces))
+        rule = memoryRule;
+    if (!rule) return result;
+    result.finding = Finding{*rule, {}};
+    for (std::size_t i = 0; i < commands.size(); ++i)
+        if (wasPlayed[i]) result.finding->commands.push_back(commands[i]);
+    return result;
+}
+
+std::optional<Finding> play(const Commands& commands) { return played(commands).finding; }
 
 Finding shrunk(const Finding& finding, const Play& play)
 {
@@ -145,7 +228,7 @@ Finding shrunk(const Finding& finding, const Play& play)
          piece = std::max<std::size_t>(piece / 2, 1)) {
         bool wasShorter = false;
         for (std::size_t at = 0; at < least.commands.size();) {
-            std::vector<std::string> fewer = least.commands;
+            Commands fewer = least.commands;
             const auto first = fewer.begin() + static_cast<std::ptrdiff_t>(at);
             fewer.erase(
                 first, fewer.begin() + static_cast<std::ptrdiff_t>(std::min(at + piece, fewer.size())));

@@ -1,16 +1,24 @@
 #include "monkey/program.h"
 
-#include "support/standard_project.h"
+#include "monkey/in_child.h"
+#include "monkey/kept_scenario.h"
 
+#include <algorithm>
 #include <charconv>
 #include <chrono>
 #include <cstdio>
-#include <fstream>
+#include <exception>
+#include <filesystem>
+#include <stdexcept>
 #include <string>
 
 namespace servopanel::monkey {
 
 namespace {
+
+constexpr int held = 0;
+constexpr int broken = 1;
+constexpr int misunderstood = 2;
 
 struct Options {
     unsigned seed = 1;
@@ -18,6 +26,7 @@ struct Options {
     unsigned commands = 0;
     unsigned days = 0;
     std::string keep = ".";
+    std::string play;
 };
 
 bool number(std::string_view text, unsigned& value)
@@ -32,24 +41,91 @@ bool take(std::string_view option, std::string_view value, Options& options)
     if (option == "--runs") return number(value, options.runs);
     if (option == "--commands") return number(value, options.commands);
     if (option == "--days") return number(value, options.days) && options.days > 0;
-    options.keep = value;
-    return option == "--keep" && !value.empty();
+    std::string& text = option == "--play" ? options.play : options.keep;
+    text = value;
+    return (option == "--keep" || option == "--play") && !value.empty();
 }
 
-// The project and the commands that matter, for servo-replay.
-std::string keepScenario(const Finding& least, const std::string& folder, unsigned seed)
+// What was played as one text and back: the counts, the rule, the commands.
+constexpr char separator = '\x1f';
+
+std::string asText(const Played& played)
 {
-    const std::string file = folder + "/monkey_" + std::to_string(seed) + ".scenario";
-    std::ofstream out{file};
-    out << "# " << least.rule << "\n" << testing::standardProject;
-    for (const std::string& command : least.commands)
-        out << command << "\n";
-    return file;
+    std::string text = played.tally.lines();
+    if (!played.finding) return text;
+    text.append(1, separator).append(played.finding->rule);
+    for (const std::string& command : played.finding->commands)
+        text.append(1, separator).append(command);
+    return text;
+}
+
+Played fromText(std::string_view text)
+{
+    const auto next = [&text] {
+        const std::string_view part = text.substr(0, text.find(separator));
+        text.remove_prefix(std::min(part.size() + 1, text.size()));
+        return std::string{part};
+    };
+    Played played{std::nullopt, Tally::fromLines(next())};
+    if (text.empty()) return played;
+    played.finding = Finding{next(), {}};
+    while (!text.empty())
+        played.finding->commands.push_back(next());
+    return played;
+}
+
+int playAgain(const Kind& kind, const std::string& file)
+{
+    const Played again = playedInChild(readKept(file), kind);
+    std::printf("%s: %s\n", file.c_str(), again.finding ? again.finding->rule.c_str() : "all rules held");
+    return again.finding ? broken : held;
+}
+
+int report(const Kind& kind, const Options& options, unsigned seed, const Finding& found)
+{
+    std::printf("seed %u: %s\n  at command %zu\n", seed, found.rule.c_str(), found.commands.size());
+    std::fflush(stdout);
+    const Finding least = shrunk(
+        found, [&](const Commands& commands) { return playedInChild(commands, kind, found.rule).finding; });
+    std::printf("  %zu commands are enough for it: ", least.commands.size());
+    try {
+        std::printf("%s\n", keep(least, options.keep, seed).c_str());
+    } catch (const std::exception& error) {
+        std::printf("%s\n%s", error.what(), scenarioOf(least).c_str());
+    }
+    return broken;
+}
+
+int playRuns(const Kind& kind, const Options& options)
+{
+    const auto start = std::chrono::steady_clock::now();
+    Tally tally;
+    for (unsigned run = 0; run < options.runs; ++run) {
+        const unsigned seed = options.seed + run;
+        const Played played = playedInChild(kind.commandsOf(seed, options.commands), kind);
+        if (played.finding) return report(kind, options, seed, *played.finding);
+        tally.add(played.tally);
+    }
+    const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
+    std::printf("%u runs of %u commands in %.0f s: all rules held; %s\n", options.runs, options.commands,
+        seconds.count(), tally.text().c_str());
+    return held;
 }
 
 } // namespace
 
-int runProgram(int count, char** arguments, const Kind& kind)
+Played playedInChild(const Commands& commands, const Kind& kind, std::string_view rule)
+{
+    const ChildEnd end =
+        inChild([&](const Progress& tell) { return asText(kind.played(commands, tell, rule)); });
+    if (end.crash.empty()) return fromText(end.result);
+    // A leak that a sanitizer finds at the end of the process belongs to no command.
+    const std::size_t until = std::min(end.place + 1, commands.size());
+    const auto last = commands.begin() + static_cast<std::ptrdiff_t>(until);
+    return {Finding{"a crash: " + end.crash, {commands.begin(), last}}, {}};
+}
+
+int runProgram(int count, const char* const* arguments, const Kind& kind)
 {
     Options options;
     options.runs = kind.runs;
@@ -59,26 +135,18 @@ int runProgram(int count, char** arguments, const Kind& kind)
         const std::string_view value = i + 1 < count ? arguments[i + 1] : "";
         if (take(option, value, options) && (options.days == 0 || kind.playDays)) continue;
         std::fputs(kind.usage.data(), option == "--help" ? stdout : stderr);
-        return option == "--help" ? 0 : 2;
+        return option == "--help" ? held : misunderstood;
     }
-    if (options.days > 0) return kind.playDays(options.days) ? 0 : 1;
-
-    const auto start = std::chrono::steady_clock::now();
-    for (unsigned run = 0; run < options.runs; ++run) {
-        const unsigned seed = options.seed + run;
-        const auto found = kind.playSeed(seed, options.commands);
-        if (!found) continue;
-        std::printf("seed %u: %s\n  at command %zu\n", seed, found->rule.c_str(), found->commands.size());
-        std::fflush(stdout);
-        const Finding least = shrunk(*found, kind.play);
-        std::printf("  %zu commands are enough for it: %s\n", least.commands.size(),
-            keepScenario(least, options.keep, seed).c_str());
-        return 1;
+    if (options.days > 0) return kind.playDays(options.days) ? held : broken;
+    try {
+        if (!options.play.empty()) return playAgain(kind, options.play);
+        if (!std::filesystem::is_directory(options.keep))
+            throw std::runtime_error{"the folder " + options.keep + " for what is found does not exist"};
+        return playRuns(kind, options);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        return misunderstood;
     }
-    const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
-    std::printf("%u runs of %u commands in %.0f s: all rules held\n", options.runs, options.commands,
-        seconds.count());
-    return 0;
 }
 
 } // namespace servopanel::monkey

@@ -2,142 +2,244 @@
 
 #include "basic/conversions.h"
 #include "basic/error.h"
+#include "monkey/project.h"
 #include "servo_page/felder.h"
 
+#include <algorithm>
 #include <array>
-#include <sstream>
-#include <vector>
 
 namespace servopanel::monkey {
 
 namespace {
 
-constexpr std::array<std::string_view, 4> families{
-    "_servo_para2_", "_servo_para_", "_servo_schalt_", "_servo_zeich_"};
-constexpr std::array servos{3, 5, 7};
+using servo_page::familien::Geaendert;
 
-std::string variable(int servo, std::string_view family)
+// What only a write may change, of each servo.
+constexpr std::array<std::string_view, 9> kept{"_servo_para_", "_servo_para_un_", "_servo_para_ob_",
+    "_servo_para2_", "_servo_para2_un_", "_servo_para2_ob_", "_servo_schalt_", "_servo_zeich_", Geaendert};
+
+const std::array<std::array<std::string, kept.size()>, std::size(servos)>& keptNames()
 {
-    const std::string number = std::to_string(servo);
-    return "Ch1.M1_T_servo_" + number + "<.mM1" + std::string{family} + number + ">";
+    static const auto names = [] {
+        std::array<std::array<std::string, kept.size()>, std::size(servos)> all;
+        for (std::size_t servo = 0; servo < all.size(); ++servo)
+            for (std::size_t family = 0; family < kept.size(); ++family)
+                all[servo][family] = servoVariable(servos[servo], kept[family]);
+        return all;
+    }();
+    return names;
 }
 
-// The family of a parameter; nothing for limits, flags and what is not a servo's.
-std::optional<std::string_view> familyOf(std::string_view name)
+std::string inQuotes(std::string_view text)
 {
-    for (const std::string_view family : families)
-        for (const int servo : servos)
-            if (name == variable(servo, family)) return family;
+    std::string made{"'"};
+    return made.append(text).append("'");
+}
+
+std::string numberText(const std::optional<double>& number)
+{
+    return number ? basic::toText(*number) : "nothing";
+}
+
+bool isOneOf(std::string_view text, std::initializer_list<std::string_view> others)
+{
+    return std::find(others.begin(), others.end(), text) != others.end();
+}
+
+// What is neither an input nor a change of the page.
+bool staysOnPage(const TraceBlock& block)
+{
+    return isOneOf(block.verb(), {"touch", "mask", "ini", "timer", "language", "scroll", "pagescroll"})
+        || isOneOf(block.operation, {"key 1", "key 2", "key 3", "key 4"});
+}
+
+bool isConfirmKey(const TraceBlock& block) { return isOneOf(block.operation, {"key 10", "key! 10"}); }
+
+// What panel and machine tell each other, apart from parameters: where it may come from, and what it may be.
+std::optional<std::string> brokenOther(const Access& write, const TraceBlock& block)
+{
+    const std::string wrong = inQuotes(write.name) + " is written by " + inQuotes(block.operation);
+    if (staysOnPage(block)) return wrong;
+    const std::optional<basic::Variant> value = write.value ? valueOf(*write.value) : std::nullopt;
+    if (write.value && !value) return wrong + ", and it is no value";
+    if (write.name == "Ch-1.intern<.ocxname>") {
+        if (value && *value != basic::Variant{"Servo"}) return wrong + " with another name";
+        return std::nullopt;
+    }
+    if (write.name == "Ch-1.intern<.navi_password_countdown>")
+        return block.verb() == "create" ? std::nullopt : std::optional{wrong};
+    if (write.name != "Ch-1.intern<.servo_zeiger>" || isConfirmKey(block)) return wrong;
+    if (!value) return std::nullopt;
+    const int place = basic::toInt32(*value);
+    const bool leaves = isOneOf(block.operation, {"key 9", "key 11", "key 31", "menukey 11", "menukey 31"});
+    // At its start the panel takes over whatever place is remembered.
+    if (place > static_cast<int>(std::size(servos)) || (leaves && place != 0))
+        return wrong + " as " + std::to_string(place);
     return std::nullopt;
 }
 
-std::string element(std::string_view family, int number)
-{
-    return std::string{family} + " " + std::to_string(number);
-}
-
-// Where the value of a field or drawing item goes.
-std::string elementOf(std::int16_t field)
-{
-    if (servo_page::istZeichnung(field))
-        return element("_servo_zeich_", servo_page::istZeichnungLinks(field) ? 0 : 1);
-    if (servo_page::istSchalter(field)) return element("_servo_schalt_", field - 31);
-    if (field > 20) return element("_servo_para2_", field - 21);
-    return element("_servo_para_", field - 1);
-}
-
-// All elements of a value as numbers; of a switch word the four bits that are switches.
-std::vector<double> elementsOf(std::string_view family, const basic::Variant& value)
-{
-    std::vector<double> found;
-    if (family == "_servo_schalt_") {
-        const std::int32_t word = basic::toInt32(value);
-        for (int bit = 0; bit < 4; ++bit)
-            found.push_back((word >> bit) & 1);
-        return found;
-    }
-    for (std::int32_t i = 0;; ++i)
-        try {
-            found.push_back(basic::toDouble(basic::element(value, i)));
-        } catch (const basic::Error&) {
-            return found;
-        }
-}
-
-bool startsWith(std::string_view line, std::string_view start)
-{
-    return line.substr(0, start.size()) == start;
-}
-
-bool isFlag(std::string_view name) { return name.find("_servoaender_") != std::string_view::npos; }
-
 } // namespace
 
-bool isWrittenByConfirm(std::string_view name) { return isFlag(name) || familyOf(name).has_value(); }
+Rules::Rules(Screen& screen)
+    : screen_{screen}
+{
+    // What is shared by all rules is made now, so that memory that is counted later on does not seem to grow.
+    keptNames();
+}
 
 void Rules::before()
 {
-    held_.clear();
-    for (const int servo : servos)
-        for (const std::string_view family : families)
-            if (const basic::Variant* value = screen_.variable(variable(servo, family)))
-                held_.emplace(variable(servo, family), *value);
+    for (const auto& names : keptNames())
+        for (const std::string& name : names) {
+            const basic::Variant* const value = screen_.variable(name);
+            if (value == nullptr)
+                held_.erase(name);
+            else
+                held_.insert_or_assign(name, *value);
+        }
 }
 
-std::optional<std::string> Rules::broken(const std::string& trace)
+std::optional<std::string> Rules::broken(std::string_view trace)
 {
-    std::istringstream lines{trace};
-    std::string operation;
-    for (std::string line; std::getline(lines, line);) {
-        if (startsWith(line, "> ")) {
-            ends(operation);
-            operation = line.substr(2);
-        }
-        if (startsWith(line, "refused ")) operation.clear();
-        if (startsWith(line, "error 51 ")) return "an internal error: " + line;
-        if (!startsWith(line, "write ")) continue;
-        const std::string name =
-            line.substr(6, line.find(line.find(" = ") == std::string::npos ? " failed" : " = ") - 6);
-        if (const auto wrong = brokenWrite(name, operation)) return wrong;
+    bool isFirst = true;
+    bool wasOperated = false;
+    for (const TraceBlock& block : blocksOf(trace)) {
+        if (block.operation.empty() && block.lines.empty()) continue;
+        if (const auto wrong = brokenBlock(block, isFirst)) return wrong;
+        if (!block.operation.empty()) isFirst = false;
+        wasOperated = wasOperated || !block.operation.empty();
     }
-    ends(operation);
+    if (wasOperated)
+        if (const auto wrong = changedAlone(trace)) return wrong;
     return brokenScreen();
 }
 
-// What the operation means for what may be written by the next ones.
-void Rules::ends(const std::string& operation)
+std::optional<std::string> Rules::brokenBlock(const TraceBlock& block, bool isOperators)
 {
-    std::istringstream words{operation};
-    std::string verb;
-    words >> verb;
-    if (verb == "touch") {
-        std::string control;
-        std::int16_t field = 0;
-        words >> control >> field;
-        touched_.insert(elementOf(field));
+    hasTold_ = false;
+    confirmed_ = edits_.changed();
+    const int servo = edits_.servo();
+    if (const auto wrong = edits_.begin(block, isOperators)) return wrong;
+    const bool isConfirm = edits_.isConfirm();
+    for (const std::string_view line : block.lines) {
+        if (line.starts_with("error 51 ")) return "an internal error: " + std::string{line};
+        if (const auto write = accessOf(line, "write "))
+            if (const auto wrong = brokenWrite(*write, block)) return wrong;
+        if (const auto wrong = edits_.line(block, line)) return wrong;
     }
-    if (operation == "key 10" || operation == "key 11" || verb == "terminate" || verb == "create")
-        touched_.clear();
+    if (isConfirm) {
+        if (const auto wrong = unwritten(block)) return wrong;
+        tally_.add(Tally::confirms, std::to_string(servo));
+    }
+    edits_.end();
+    count(block);
+    return std::nullopt;
 }
 
-// What the machine is given is what it held, but for the elements that the operator touched.
-std::optional<std::string> Rules::brokenWrite(std::string_view name, const std::string& operation)
+std::optional<std::string> Rules::brokenWrite(const Access& write, const TraceBlock& block)
 {
-    if (!isWrittenByConfirm(name)) return std::nullopt;
-    if (operation != "key 10") return "'" + std::string{name} + "' is written by '" + operation + "'";
-    if (isFlag(name)) return std::nullopt;
+    if (block.isRefused)
+        return inQuotes(write.name) + " is written by " + inQuotes(block.operation) + ", which was refused";
+    const std::optional<ServoName> name = servoNameOf(write.name);
+    if (!name) return brokenOther(write, block);
+    if (name->written == nullptr && name->family != Geaendert)
+        return inQuotes(write.name) + " is written by " + inQuotes(block.operation)
+            + ", and nothing writes it";
+    if (!isConfirmKey(block)) return inQuotes(write.name) + " is written by " + inQuotes(block.operation);
+    if (!edits_.isConfirm()) {
+        if (hasTold_) return inQuotes(write.name) + " is written after the confirm is over";
+        return inQuotes(write.name) + " is written by " + inQuotes(block.operation)
+            + ", and nothing was entered";
+    }
+    if (name->servo != edits_.servo())
+        return inQuotes(write.name) + " is written on the page of servo " + std::to_string(edits_.servo());
+    if (!write.value) {
+        tally_.add(Tally::failedWrites);
+        return block.has("error ")
+            ? std::nullopt
+            : std::optional{inQuotes(write.name) + " cannot be written, and nobody is told"};
+    }
+    if (name->written == nullptr) {
+        hasTold_ = true;
+        return brokenFlag(write);
+    }
+    return brokenParameters(write, *name);
+}
 
-    const std::string_view family = *familyOf(name);
-    const basic::Variant* const now = screen_.variable(name);
-    const auto before = held_.find(name);
-    if (now == nullptr || before == held_.end()) return "'" + std::string{name} + "' came out of nothing";
-    const std::vector<double> is = elementsOf(family, *now);
-    const std::vector<double> was = elementsOf(family, before->second);
-    if (is.size() != was.size()) return "'" + std::string{name} + "' has another length";
+std::optional<std::string> Rules::brokenFlag(const Access& write) const
+{
+    const std::optional<basic::Variant> value = valueOf(*write.value);
+    if (!value || basic::toInt32(*value) != 1) return inQuotes(write.name) + " is written, and not as 1";
+    return std::nullopt;
+}
+
+// What the machine is given is what it held, but for the fields that the operator touched; those get what he entered.
+std::optional<std::string> Rules::brokenParameters(const Access& write, const ServoName& name)
+{
+    const std::optional<basic::Variant> value = valueOf(*write.value);
+    const auto before = held_.find(write.name);
+    const basic::Variant* const now = screen_.variable(write.name);
+    if (!value || now == nullptr || before == held_.end())
+        return inQuotes(write.name) + " came out of nothing";
+    const Elements is = elementsOf(*name.written, *value);
+    if (is != elementsOf(*name.written, *now))
+        return inQuotes(write.name) + " is held otherwise than it was written";
+    const Elements was = elementsOf(*name.written, before->second);
+    if (is.size() != was.size()) return inQuotes(write.name) + " has another length";
+    if (const auto wrong = brokenElements(write, *name.written, is, was)) return wrong;
     for (std::size_t i = 0; i < is.size(); ++i) {
-        const std::string changed = element(family, static_cast<int>(i));
-        if (is[i] != was[i] && touched_.count(changed) == 0)
-            return "nobody touched element " + std::to_string(i) + " of '" + std::string{name} + "'";
+        const auto field = static_cast<std::int16_t>(name.written->firstField + static_cast<int>(i));
+        if (confirmed_.count(field) > 0) tally_.add(Tally::values, name.written->inWords);
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> Rules::brokenElements(
+    const Access& write, const Family& family, const Elements& is, const Elements& was) const
+{
+    for (std::size_t i = 0; i < is.size(); ++i) {
+        const auto field = static_cast<std::int16_t>(family.firstField + static_cast<int>(i));
+        const std::string place = "element " + std::to_string(i) + " of " + inQuotes(write.name);
+        if (!edits_.isTouched(field)) {
+            if (is[i] != was[i]) return "nobody touched " + place;
+            continue;
+        }
+        const std::optional<double> expected = edits_.expected(field);
+        if (is[i] != (expected ? expected : was[i]))
+            return place + " is written as " + numberText(is[i]) + ", and the operator meant "
+                + numberText(expected ? expected : was[i]);
+    }
+    return std::nullopt;
+}
+
+// Everything that was entered is written, unless the machine does not answer or holds nothing that it could go into.
+std::optional<std::string> Rules::unwritten(const TraceBlock& block) const
+{
+    const int servo = edits_.servo();
+    const std::string flag = "write " + servoVariable(servo, Geaendert);
+    if (!block.has(flag))
+        return inQuotes(block.operation) + " confirms, and does not tell servo " + std::to_string(servo);
+    for (const std::int16_t field : confirmed_) {
+        const Family& family = familyOf(field);
+        const std::string name = servoVariable(servo, family.name);
+        if (block.has("write " + name) || block.has("read " + name + " failed")) continue;
+        const auto before = held_.find(name);
+        const Elements was = before == held_.end() ? Elements{} : elementsOf(family, before->second);
+        if (static_cast<std::size_t>(field - family.firstField) < was.size())
+            return inQuotes(name) + " was changed and confirmed, and is not written";
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> Rules::changedAlone(std::string_view trace) const
+{
+    for (const auto& [name, before] : held_) {
+        const basic::Variant* const now = screen_.variable(name);
+        if (now != nullptr && *now == before) continue;
+        std::string line = "\nwrite ";
+        line.append(name).append(" = ");
+        if (trace.find(line) == std::string_view::npos)
+            return inQuotes(name) + " has changed, and nothing wrote it";
     }
     return std::nullopt;
 }
@@ -149,9 +251,29 @@ std::optional<std::string> Rules::brokenScreen()
     const bool menu = screen_.isSeen("ServoMenu");
     if (page && menu) return "page and menu are to be seen at once";
     if (!page && !menu) return "neither page nor menu is to be seen";
-    if (page && screen_.isAnyMarked() && !screen_.offersConfirm())
-        return "an input is marked as changed, and nothing offers to confirm it";
+    if (!page) return std::nullopt;
+    const bool isMarked = screen_.isAnyMarked();
+    const bool isOffered = screen_.offersConfirm();
+    if (isMarked && !isOffered) return "an input is marked as changed, and nothing offers to confirm it";
+    if (isMarked && !edits_.isWaiting()) return "an input is marked as changed, and nothing was entered";
+    if (isOffered && !edits_.isWaiting()) return "a confirm is offered, and nothing was entered";
+    if (edits_.isWaiting() && !isOffered) return "something was entered, and nothing offers to confirm it";
+    if (edits_.isWaitingInColour() && !isMarked) return "something was entered, and no input is marked";
+    if (isOffered && !screen_.isInputOpen() && !screen_.isConfirmOn())
+        return "a confirm is offered, and its key is off";
     return std::nullopt;
+}
+
+void Rules::count(const TraceBlock& block)
+{
+    if (block.isRefused) {
+        tally_.add(Tally::refused);
+        return;
+    }
+    if (block.verb() == "ini" && block.operation != "ini cancel") tally_.add(Tally::editors);
+    if (block.verb() == "pagescroll" || block.verb() == "scroll") tally_.add(Tally::scrolls);
+    if (isOneOf(block.operation, {"key 7", "key 8"})) tally_.add(Tally::diagnosis);
+    if (block.operation == "key 11" && !confirmed_.empty()) tally_.add(Tally::discards);
 }
 
 } // namespace servopanel::monkey

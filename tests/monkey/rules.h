@@ -1,10 +1,11 @@
 #pragma once
 
 #include "basic/variant.h"
+#include "monkey/edits.h"
+#include "monkey/tally.h"
 
 #include <map>
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
 
@@ -20,36 +21,56 @@ public:
     virtual bool isShown() = 0;
     // part: "ServoMain" or "ServoMenu".
     virtual bool isSeen(std::string_view part) = 0;
-    // Whether an input of the page is marked as changed.
+    // Whether an input of the page is marked as changed by its colour.
     virtual bool isAnyMarked() = 0;
+    // Whether footer key 10 of the page shows that it confirms.
     virtual bool offersConfirm() = 0;
+    // Whether that key can be pressed.
+    virtual bool isConfirmOn() = 0;
+    // Whether the mask or the definition editor lies open over the page.
+    virtual bool isInputOpen() = 0;
 };
 
-// What holds after every command, whatever the operator and the machine did before. An element is "FAMILY NUMBER", as
-// "_servo_para_ 0"; the bits of the switch word count as its elements.
+// What holds after every command, whatever the operator and the machine did before:
+//
+//   - The parameters of a servo are written by a confirm alone, those of the servo that is shown, and with nothing but what
+//     the operator entered; everything that was entered is written, unless the machine cannot be read or written.
+//   - Nothing else is written but the few variables by which panel and machine tell each other where they are.
+//   - What the machine holds changes by a write alone. A parameter that cannot be written is reported.
+//   - Only the page or the menu is to be seen. What was entered is marked and a confirm is offered, and nothing else is.
+//
+// Whether changes wait, the page tells by its footer and its confirm key alone; both are held against what was entered.
 class Rules {
 public:
-    explicit Rules(Screen& screen)
-        : screen_{screen}
-    {
-    }
+    explicit Rules(Screen& screen);
 
     // Before a command is played.
     void before();
     // After it, with its trace, in which each operation stands before what it causes: what is broken, in words.
-    std::optional<std::string> broken(const std::string& trace);
+    std::optional<std::string> broken(std::string_view trace);
+
+    const Edits& edits() const { return edits_; }
+    const Tally& tally() const { return tally_; }
+    Tally& tally() { return tally_; }
 
 private:
-    void ends(const std::string& operation);
-    std::optional<std::string> brokenWrite(std::string_view name, const std::string& operation);
+    std::optional<std::string> brokenBlock(const TraceBlock& block, bool isOperators);
+    std::optional<std::string> brokenWrite(const Access& write, const TraceBlock& block);
+    std::optional<std::string> brokenParameters(const Access& write, const ServoName& name);
+    std::optional<std::string> brokenElements(
+        const Access& write, const Family& family, const Elements& is, const Elements& was) const;
+    std::optional<std::string> brokenFlag(const Access& write) const;
+    std::optional<std::string> unwritten(const TraceBlock& block) const;
+    std::optional<std::string> changedAlone(std::string_view trace) const;
     std::optional<std::string> brokenScreen();
+    void count(const TraceBlock& block);
 
     Screen& screen_;
+    Edits edits_;
+    Tally tally_;
     std::map<std::string, basic::Variant, std::less<>> held_; // by the machine before the command
-    std::set<std::string> touched_; // elements, since the values were last read or written as a whole
+    std::set<std::int16_t> confirmed_; // fields that the confirm of this block is about
+    bool hasTold_ = false; // the machine, that its parameters were changed
 };
-
-// Whether a variable holds parameters of a servo, or says that they were changed: it is written by a confirm alone.
-bool isWrittenByConfirm(std::string_view name);
 
 } // namespace servopanel::monkey

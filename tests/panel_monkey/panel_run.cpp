@@ -1,17 +1,19 @@
 #include "panel_monkey/panel_run.h"
 
+#include "monkey/parameters.h"
+#include "monkey/project.h"
 #include "monkey/rules.h"
 #include "panel/flaky_variables.h"
 #include "panel/form/eingabemaske.h"
 #include "panel/form/fusszeile.h"
 #include "panel/form/header.h"
 #include "panel/form/ini_eingabe.h"
+#include "panel/form/scroll_bar.h"
 #include "panel/form/timer_child.h"
 #include "panel/test_project.h"
 #include "panel_monkey/random_hands.h"
 #include "platform/ids.h"
 #include "recording/scenario/line_reader.h"
-#include "support/standard_project.h"
 
 #include <QKeySequence>
 
@@ -65,7 +67,7 @@ void replace(std::string& text, std::string_view what, std::string_view by)
 class Project : public testing::TestProject {
 public:
     Project()
-        : TestProject{testing::standardProject}
+        : TestProject{monkeyProject()}
     {
         addEmptyTexts();
         std::string json = content("project.json");
@@ -77,10 +79,15 @@ public:
         write("Texts/ar.txt", content("Texts/en.txt"));
     }
 
-    void lose(const std::string& name) { away(name); }
+    void lose(const std::string& name)
+    {
+        if (away_.count(name) == 0) away_[name] = content(name);
+        remove(name);
+    }
     void spoil(const std::string& name)
     {
-        if (away(name)) write(name, "[\x01\xFF=,;1e999\r\n=TRUE");
+        lose(name);
+        write(name, "[\x01\xFF=,;1e999\r\n=TRUE");
     }
     void bring(const std::string& name)
     {
@@ -96,12 +103,6 @@ private:
         std::ifstream in{file(name), std::ios::binary};
         return {std::istreambuf_iterator<char>{in}, {}};
     }
-    bool away(const std::string& name)
-    {
-        if (away_.count(name) == 0) away_[name] = content(name);
-        remove(name);
-        return true;
-    }
 
     std::map<std::string, std::string> away_; // what stood in them
 };
@@ -109,8 +110,14 @@ private:
 // A panel under the hands of the operator, and what the rules see of it.
 class PanelRun : public Screen {
 public:
-    explicit PanelRun(int resolution)
+    explicit PanelRun(int resolution) { start(resolution); }
+
+    // The panel as a program is started anew, with what is on its disk.
+    void start(int resolution)
     {
+        hands_.reset();
+        reader_.reset();
+        panel_.reset();
         panel::PanelSettings settings = project_.settings();
         settings.resolution = resolution;
         settings.trace = project_.file("panel.trace");
@@ -126,9 +133,15 @@ public:
         panel_->window().show();
         static_cast<void>(QTest::qWaitForWindowExposed(&panel_->window()));
         hands_ = std::make_unique<Operator>(*panel_, 0);
+        trace_.close();
+        trace_.clear();
         trace_.open(project_.file("panel.trace"), std::ios::binary);
+        Tally done = rules_ ? rules_->tally() : Tally{};
+        rules_.emplace(*this);
+        rules_->tally() = std::move(done);
+        offersConfirm_ = false;
         open();
-        newTrace();
+        static_cast<void>(rules_->broken(newTrace()));
     }
 
     // Everything that crossed the library's border in the last command.
@@ -136,14 +149,14 @@ public:
     // What the command broke.
     std::optional<std::string> play(const std::string& command)
     {
-        rules_.before();
+        rules_->before();
         written_.clear();
         mayConfirm_ = false;
         std::optional<std::string> wrong;
         try {
             wrong = perform(command);
         } catch (const NotThere&) {
-            // nothing that could be done now
+            rules_->tally().add(Tally::refused); // nothing that could be done now
         } catch (const recording::Malformed&) {
         } catch (const basic::Error& error) {
             return "an error came out of '" + command + "': " + error.description;
@@ -153,7 +166,7 @@ public:
         keepTimerStill();
         lastTrace_ = newTrace();
         noteConfirmKey(lastTrace_);
-        if (const auto broken = rules_.broken(lastTrace_)) return broken;
+        if (const auto broken = rules_->broken(lastTrace_)) return broken;
         if (!wrong) wrong = brokenOnScreen(command, lastTrace_);
         return wrong;
     }
@@ -175,14 +188,28 @@ public:
         return marked;
     }
     bool offersConfirm() override { return offersConfirm_; }
+    bool isConfirmOn() override
+    {
+        auto& footer = page()->require<panel::FußzeileChild>("Fußzeile");
+        return footer.enabled() && footer.bar().key(confirmKey).isOn();
+    }
+    bool isInputOpen() override
+    {
+        return page()->require<panel::EingabemaskeChild>("Eingabemaske").isOpen()
+            || page()->require<panel::IniEingabeChild>("IniEingabe").isOpen();
+    }
+    const Tally& tally() const { return rules_->tally(); }
 
 private:
     std::optional<std::string> perform(const std::string& command);
     std::optional<std::string> ofThePanel(const std::string& command);
     void machine(std::string_view rest);
     void fail(Words words);
+    void loss(const std::string& command);
     void enter(const std::string& number);
     void editDefinition(Words words);
+    void touchInput(const std::string& control, std::int16_t index);
+    void scroll(std::string_view part, bool up);
     void touch(const std::vector<QPoint>& places);
     void press(const std::string& key);
     void tick();
@@ -227,7 +254,7 @@ private:
     std::unique_ptr<Operator> hands_;
     std::ifstream trace_;
     std::string lastTrace_;
-    Rules rules_{*this};
+    std::optional<Rules> rules_;
     std::set<std::string> written_; // by the library or the panel in this command
     bool mayConfirm_ = false; // the operator pressed the confirm key in this command
     bool offersConfirm_ = false; // the picture of that key says so
@@ -240,7 +267,7 @@ std::optional<std::string> PanelRun::perform(const std::string& command)
     const std::string verb = words.word();
     if (verb == "touch") {
         const std::string control = words.word();
-        hands_->input(control, static_cast<std::int16_t>(words.whole()));
+        touchInput(control, static_cast<std::int16_t>(words.whole()));
     } else if (verb == "mask") {
         const std::string number = words.word();
         number == "cancel" ? hands_->cancel() : enter(number);
@@ -256,7 +283,7 @@ std::optional<std::string> PanelRun::perform(const std::string& command)
     } else if (verb == "language") {
         hands_->language(words.whole());
     } else if (verb == "scroll" || verb == "pagescroll") {
-        words.whole() % 2 == 0 ? hands_->scrollUp() : hands_->scrollDown();
+        scroll(verb == "scroll" ? "ServoMenu" : "ServoMain", words.whole() % 2 == 0);
     } else if (verb == "menudown") {
         words.word();
         hands_->menuKey(words.whole());
@@ -268,6 +295,8 @@ std::optional<std::string> PanelRun::perform(const std::string& command)
         machine(std::string_view{command}.substr(4));
     } else if (verb == "fail") {
         fail(std::move(words));
+    } else if (verb == "lose" || verb == "file" || verb == "picture" || verb == "db") {
+        loss(command);
     }
     return std::nullopt;
 }
@@ -291,6 +320,7 @@ std::optional<std::string> PanelRun::ofThePanel(const std::string& command)
     if (verb == "press") press(words.word());
     if (verb == "back") hands_->backFromOtherScreen();
     if (verb == "open") open();
+    if (verb == "restart") start(words.whole());
     if (verb == "link") {
         const bool isGood = words.word() == "good";
         panel_->setLink({isGood, isGood ? "" : "the cable is out"});
@@ -332,6 +362,22 @@ void PanelRun::fail(Words words)
     flaky_->unwritable.clear();
 }
 
+// A file goes, comes back as it was, or holds rubbish.
+void PanelRun::loss(const std::string& command)
+{
+    for (const ProjectFile& file : projectFiles()) {
+        std::string name = file.name;
+        if (name.find(':') != std::string::npos) continue; // the temporary folder is the run's own
+        std::replace(name.begin(), name.end(), '\\', '/');
+        if (command == "lose " + file.name)
+            project_.lose(name);
+        else if (command == file.bringBack)
+            project_.bring(name);
+        else if (file.isText && command.starts_with("file " + file.name + "\n"))
+            project_.spoil(name);
+    }
+}
+
 void PanelRun::enter(const std::string& number)
 {
     hands_->clear();
@@ -362,6 +408,22 @@ bool PanelRun::isOnConfirmKey(QPoint place)
     if (part == nullptr || part->className() != "ServoMain") return false;
     const panel::TouchKey& key = part->require<panel::FußzeileChild>("Fußzeile").bar().key(confirmKey);
     return QRect{key.mapTo(&panel_->window().stage(), QPoint{}), key.size()}.contains(place);
+}
+
+// What is scrolled out of its pane cannot be touched; a finger there would touch something else.
+void PanelRun::touchInput(const std::string& control, std::int16_t index)
+{
+    panel::Child* const input = hands_->part("ServoMain").find(control, index);
+    if (input == nullptr) throw NotThere{control};
+    QWidget& view = input->view();
+    if (!view.visibleRegion().contains(view.rect().center())) throw NotThere{control + " is out of sight"};
+    hands_->input(control, index);
+}
+
+void PanelRun::scroll(std::string_view part, bool up)
+{
+    auto& bar = hands_->part(part).require<panel::ScrollBarChild>("ScrollBar").scroll();
+    hands_->tap(up ? bar.upKey() : bar.downKey());
 }
 
 // The finger comes down on the first place and is lifted at the last.
@@ -453,7 +515,7 @@ std::optional<std::string> PanelRun::brokenOnScreen(const std::string& command, 
         return "'" + command
             + "' reached another input: " + trace.substr(touched, trace.find('\n', touched) - touched);
     for (const std::string& name : written_)
-        if (isWrittenByConfirm(name) && trace.find("write " + name + " = ") == std::string::npos)
+        if (servoNameOf(name) && trace.find("write " + name + " = ") == std::string::npos)
             return "'" + name + "' was written past the library";
     if (panel_->errors().entries().size() > mostReports) return "the list of reports grows without end";
     if (static_cast<std::size_t>(std::count(trace.begin(), trace.end(), '\n')) > mostLinesOfACommand)
@@ -467,7 +529,7 @@ std::string seededResolution(unsigned seed)
     return std::string{resolutionCommand} + std::to_string(resolutions[seed % resolutions.size()]);
 }
 
-int resolutionOf(const std::vector<std::string>& commands)
+int resolutionOf(const Commands& commands)
 {
     if (commands.empty() || !commands.front().starts_with(resolutionCommand)) return 1280;
     return std::atoi(commands.front().c_str() + resolutionCommand.size());
@@ -475,31 +537,31 @@ int resolutionOf(const std::vector<std::string>& commands)
 
 } // namespace
 
-std::optional<Finding> playSeedOnPanel(unsigned seed, std::size_t commands)
+Commands commandsOnPanel(unsigned seed, std::size_t count)
 {
-    Finding finding{{}, {seededResolution(seed)}};
-    PanelRun run{resolutionOf(finding.commands)};
     RandomHands hands{seed};
-    while (finding.commands.size() < commands) {
-        finding.commands.push_back(hands.next());
-        if (const auto rule = run.play(finding.commands.back())) {
-            finding.rule = *rule;
-            return finding;
-        }
-    }
-    return std::nullopt;
+    Commands commands{seededResolution(seed)};
+    while (commands.size() < count)
+        commands.push_back(hands.next());
+    return commands;
 }
 
-std::optional<Finding> playOnPanel(const std::vector<std::string>& commands)
+Played playedOnPanel(const Commands& commands, const Progress& progress)
 {
     PanelRun run{resolutionOf(commands)};
-    for (std::size_t i = 0; i < commands.size(); ++i)
-        if (const auto rule = run.play(commands[i]))
-            return Finding{*rule, {commands.begin(), commands.begin() + static_cast<std::ptrdiff_t>(i) + 1}};
-    return std::nullopt;
+    for (std::size_t i = 0; i < commands.size(); ++i) {
+        if (progress) progress(i);
+        if (const auto rule = run.play(commands[i])) {
+            const auto last = commands.begin() + static_cast<std::ptrdiff_t>(i) + 1;
+            return {Finding{*rule, {commands.begin(), last}}, run.tally()};
+        }
+    }
+    return {std::nullopt, run.tally()};
 }
 
-std::string tracedOnPanel(const std::vector<std::string>& commands)
+std::optional<Finding> playOnPanel(const Commands& commands) { return playedOnPanel(commands).finding; }
+
+std::string tracedOnPanel(const Commands& commands)
 {
     PanelRun run{resolutionOf(commands)};
     std::string trace;

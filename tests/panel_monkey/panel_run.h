@@ -4,14 +4,15 @@
 
 namespace servopanel::monkey {
 
-// Plays this many commands of a seed on a real panel over the standard project, on a window of its own. Nothing when all
-// rules held. Needs a QApplication. The first command is the panel's resolution.
-std::optional<Finding> playSeedOnPanel(unsigned seed, std::size_t commands);
+// What the operator of this seed does on a panel; the first command is the panel's resolution.
+Commands commandsOnPanel(unsigned seed, std::size_t count);
 
-// Plays these commands on a new panel; those that cannot be played count for nothing.
-std::optional<Finding> playOnPanel(const std::vector<std::string>& commands);
+// Plays these commands on a new panel over the project, on a window of its own; those that cannot be played count for
+// nothing. Needs a QApplication.
+Played playedOnPanel(const Commands& commands, const Progress& progress = {});
+std::optional<Finding> playOnPanel(const Commands& commands);
 
 // What crosses the library's border meanwhile, as the panel's own trace tells it; or the rule that is broken.
-std::string tracedOnPanel(const std::vector<std::string>& commands);
+std::string tracedOnPanel(const Commands& commands);
 
 } // namespace servopanel::monkey

@@ -3,12 +3,13 @@
 #include "monkey/random_operator.h"
 
 #include <cstdint>
-#include <deque>
 #include <random>
 #include <string>
 #include <string_view>
 
 namespace servopanel::monkey {
+
+inline constexpr std::string_view panelOnly = "# panel: ";
 
 // The operator without sense in front of a real panel: the commands that a scenario has as well, and what only a screen
 // and its surroundings have, in lines that begin with "# panel: " so that a scenario of them remains one.
@@ -17,6 +18,7 @@ namespace servopanel::monkey {
 //   press KEY                  a key of the keyboard, by its name
 //   back                       from another screen
 //   open                       the servo screen, when the panel shows none
+//   restart N                  the panel is started anew, for a screen of N pixels
 //   link good, link bad        the connection to the machine
 //   lose FILE, spoil FILE, bring FILE    a file of the project goes, holds rubbish, is as it was
 //   forge N                    footer key N of the page, by nobody: what a broken panel could do, for tests of the rules
@@ -24,7 +26,7 @@ namespace servopanel::monkey {
 class RandomHands {
 public:
     explicit RandomHands(std::uint32_t seed)
-        : operator_{seed}
+        : operator_{seed, {std::string{panelOnly} + "link good", std::string{panelOnly} + "probe"}}
         , random_{seed + 1}
     {
     }
@@ -34,14 +36,10 @@ public:
 private:
     unsigned upTo(unsigned most) { return static_cast<unsigned>(random_() % (most + 1)); }
     std::string place();
-    void beginEdit();
     std::string ofThePanel();
 
     RandomOperator operator_;
     std::minstd_rand random_;
-    std::deque<std::string> coming_; // what is begun already
 };
-
-inline constexpr std::string_view panelOnly = "# panel: ";
 
 } // namespace servopanel::monkey

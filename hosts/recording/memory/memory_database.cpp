@@ -145,6 +145,8 @@ void MemoryDatabases::create(std::string_view path)
     tables_.insert_or_assign(normalisedPath(path), std::make_shared<DefinitionTable>());
 }
 
+void MemoryDatabases::remove(std::string_view path) { tables_.erase(normalisedPath(path)); }
+
 void MemoryDatabases::addRow(std::string_view path, DefinitionRow row)
 {
     std::shared_ptr<DefinitionTable>& table = tables_[normalisedPath(path)];

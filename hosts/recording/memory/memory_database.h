@@ -35,6 +35,7 @@ public:
 
     // Makes the file exist, with an empty table.
     void create(std::string_view path);
+    void remove(std::string_view path);
     void addRow(std::string_view path, DefinitionRow row);
     // False when no row has this variable and element.
     bool removeRow(std::string_view path, std::string_view variable, const basic::Variant& element);

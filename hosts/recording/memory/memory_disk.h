@@ -13,6 +13,9 @@
 
 namespace servopanel::recording {
 
+// One spelling for all spellings of a path: upper case, backslashes, none at the end.
+std::string normalisedPath(std::string_view path);
+
 // Files and folders in memory, by full path without regard to case. Every drive root exists, and a file makes its
 // folders exist.
 class MemoryDisk : public platform::Files, public platform::Profile {
@@ -22,6 +25,8 @@ public:
     // A file that is neither text nor picture, such as a database.
     void putOther(std::string_view path);
     void putFolder(std::string_view path);
+    // Its folder stays.
+    void remove(std::string_view path) { files_.erase(normalisedPath(path)); }
 
     PictureSize loadPicture(std::string_view path) const;
     void savePicture(std::string_view path, PictureSize size);
@@ -50,8 +55,5 @@ private:
     std::map<std::string, File> files_;
     std::set<std::string> folders_;
 };
-
-// One spelling for all spellings of a path: upper case, backslashes, none at the end.
-std::string normalisedPath(std::string_view path);
 
 } // namespace servopanel::recording

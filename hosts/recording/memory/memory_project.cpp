@@ -52,6 +52,12 @@ void MemoryProject::putDatabase(std::string_view name)
     databases_.create(fullName(name));
 }
 
+void MemoryProject::lose(std::string_view name)
+{
+    disk_.remove(fullName(name));
+    databases_.remove(fullName(name));
+}
+
 void MemoryProject::putRow(std::string_view name, DefinitionRow row)
 {
     disk_.putOther(fullName(name));

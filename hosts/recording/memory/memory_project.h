@@ -28,6 +28,8 @@ public:
     void putPicture(std::string_view name, PictureSize size);
     void putDatabase(std::string_view name);
     void putRow(std::string_view name, DefinitionRow row);
+    // A file, picture or database is there no more.
+    void lose(std::string_view name);
     bool removeRow(std::string_view name, std::string_view variable, const basic::Variant& element);
 
 private:

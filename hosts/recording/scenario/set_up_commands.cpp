@@ -152,6 +152,12 @@ Action picture(LineReader& line)
     return [name, size](Player& player) { player.host().memoryProject().putPicture(name, size); };
 }
 
+Action lose(LineReader& line)
+{
+    return
+        [name = line.word("the file's name")](Player& player) { player.host().memoryProject().lose(name); };
+}
+
 Action project(LineReader& line)
 {
     return [folder = line.word("the project's folder")](Player& player) { player.useProjectFolder(folder); };
@@ -171,6 +177,7 @@ constexpr Row rows[]{
     {"text", text},
     {"db", database},
     {"picture", picture},
+    {"lose", lose},
     {"project", project},
 };
 

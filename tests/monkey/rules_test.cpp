@@ -1,0 +1,348 @@
+// Each rule notices the fault that it is about, and lets what is right pass. Traces and screens are made up here: a
+// library that does such things is not to be had.
+#include "monkey/rules.h"
+
+#include "monkey/project.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+namespace servopanel::monkey {
+
+namespace {
+
+using basic::Variant;
+
+class FakeScreen : public Screen {
+public:
+    const Variant* variable(std::string_view name) override
+    {
+        const auto found = variables.find(name);
+        return found == variables.end() ? nullptr : &found->second;
+    }
+    bool isShown() override { return true; }
+    bool isSeen(std::string_view part) override { return part == "ServoMain" ? page : menu; }
+    bool isAnyMarked() override { return marked; }
+    bool offersConfirm() override { return offered; }
+    bool isConfirmOn() override { return confirmOn; }
+    bool isInputOpen() override { return inputOpen; }
+
+    std::map<std::string, Variant, std::less<>> variables;
+    bool page = true;
+    bool menu = false;
+    bool marked = false;
+    bool offered = false;
+    bool confirmOn = true;
+    bool inputOpen = false;
+};
+
+const std::string offer = "call ServoMain.Fußzeile.0x68030007(10, \"Standard\\OK.wmf\")\n";
+const std::string maskOpens = "put ServoMain.Eingabemaske.0x68030000 = true\n";
+
+class RulesTest : public ::testing::Test {
+protected:
+    RulesTest()
+    {
+        for (const int servo : servos) {
+            screen_.variables[name(servo, "_servo_para_")] = Variant{basic::doubles({1.5, 2, 3})};
+            screen_.variables[name(servo, "_servo_para2_")] = Variant{basic::doubles({21, 22})};
+            screen_.variables[name(servo, "_servo_para_ob_")] = Variant{basic::doubles({100, 100, 100})};
+            screen_.variables[name(servo, "_servo_schalt_")] = Variant{std::int32_t{5}};
+            screen_.variables[name(servo, "_servo_zeich_")] = Variant{basic::doubles({123456789, 0})};
+            screen_.variables[name(servo, "_servoaender_")] = Variant{std::int16_t{0}};
+        }
+    }
+
+    static std::string name(int servo, std::string_view family) { return servoVariable(servo, family); }
+    static std::string read(int servo, std::string_view family, const std::string& value)
+    {
+        return "read " + name(servo, family) + " = " + value + "\n";
+    }
+    static std::string readAll(int servo)
+    {
+        return read(servo, "_servo_para_", "[1.5, 2, 3]") + read(servo, "_servo_para_un_", "[0, 0, 0]")
+            + read(servo, "_servo_para_ob_", "[100, 100, 100]") + read(servo, "_servo_para2_", "[21, 22]")
+            + read(servo, "_servo_schalt_", "5") + read(servo, "_servo_zeich_", "[123456789, 0]");
+    }
+
+    // What is broken after a command with this trace; "" when nothing is.
+    std::string after(const std::string& trace)
+    {
+        const std::optional<std::string> wrong = rules_.broken(trace);
+        rules_.before();
+        return wrong.value_or("");
+    }
+    void showServo(int place)
+    {
+        rules_.before();
+        ASSERT_EQ(
+            after("> menuup BildIm " + std::to_string(place) + " 1 1\nwrite Ch-1.intern<.servo_zeiger> = "
+                + std::to_string(place) + "\n" + readAll(servos[place - 1])),
+            "");
+    }
+    // An input with a number of the operator's that waits.
+    std::string enter(const std::string& input, const std::string& number)
+    {
+        screen_.inputOpen = true;
+        std::string wrong = after("> touch " + input + "\n" + maskOpens);
+        screen_.inputOpen = false;
+        screen_.marked = true;
+        screen_.offered = true;
+        return wrong + after("> mask " + number + "\n" + offer);
+    }
+    void nothingWaits()
+    {
+        screen_.marked = false;
+        screen_.offered = false;
+    }
+    // A write that the machine takes.
+    std::string write(int servo, std::string_view family, const Variant& value, const std::string& text)
+    {
+        screen_.variables[name(servo, family)] = value;
+        return "write " + name(servo, family) + " = " + text + "\n";
+    }
+    std::string setpoints(int servo, double first, const std::string& text)
+    {
+        return write(servo, "_servo_para_", Variant{basic::doubles({first, 2, 3})}, "[" + text + ", 2, 3]");
+    }
+    std::string told(int servo) { return write(servo, "_servoaender_", Variant{std::int16_t{1}}, "1"); }
+    std::string confirmed(const std::string& writes)
+    {
+        nothingWaits();
+        return after("> key 10\n" + writes);
+    }
+
+    FakeScreen screen_;
+    Rules rules_{screen_};
+};
+
+#define EXPECT_RULE(text, broken) EXPECT_NE((broken).find(text), std::string::npos) << (broken)
+
+TEST_F(RulesTest, AConfirmWritesWhatWasEntered)
+{
+    showServo(1);
+    EXPECT_EQ(enter("SollwertL 1", "9"), "");
+    EXPECT_EQ(confirmed(setpoints(3, 9, "9") + told(3) + readAll(3)), "");
+    EXPECT_EQ(rules_.tally().times(Tally::confirms, "3"), 1U);
+    EXPECT_EQ(rules_.tally().times(Tally::values, "setpoints"), 1U);
+}
+
+TEST_F(RulesTest, AConfirmWritesNoOtherNumber)
+{
+    showServo(1);
+    enter("SollwertL 1", "9");
+    EXPECT_RULE("is written as 777, and the operator meant 9", confirmed(setpoints(3, 777, "777") + told(3)));
+}
+
+TEST_F(RulesTest, AConfirmWritesTheServoThatIsShown)
+{
+    showServo(1);
+    enter("SollwertL 1", "9");
+    EXPECT_RULE("is written on the page of servo 3", confirmed(setpoints(5, 9, "9")));
+}
+
+TEST_F(RulesTest, AConfirmTellsTheServoThatIsShown)
+{
+    showServo(1);
+    enter("SollwertL 1", "9");
+    EXPECT_RULE("'Ch1.M1_T_servo_5<.mM1_servoaender_5>' is written on the page of servo 3",
+        confirmed(setpoints(3, 9, "9") + told(5)));
+}
+
+TEST_F(RulesTest, AConfirmTellsTheMachine)
+{
+    showServo(1);
+    enter("SollwertL 1", "9");
+    EXPECT_RULE("does not tell servo 3", confirmed(setpoints(3, 9, "9")));
+}
+
+TEST_F(RulesTest, TheMachineIsToldOfAConfirmAlone)
+{
+    showServo(1);
+    EXPECT_RULE("and nothing was entered", confirmed(told(3)));
+    EXPECT_RULE("is written by 'timer'", after("> timer\n" + told(3)));
+}
+
+TEST_F(RulesTest, NothingThatNobodyTouchedChanges)
+{
+    showServo(1);
+    enter("SollwertL 2", "9");
+    EXPECT_RULE("nobody touched element 0", confirmed(setpoints(3, 9, "9") + told(3)));
+}
+
+TEST_F(RulesTest, WhatWasEnteredIsWritten)
+{
+    showServo(1);
+    enter("SollwertL 21", "9");
+    EXPECT_RULE(
+        "was changed and confirmed, and is not written", confirmed(setpoints(3, 1.5, "1.5") + told(3)));
+}
+
+TEST_F(RulesTest, WhatTheMachineDoesNotTakeIsReported)
+{
+    showServo(1);
+    enter("SollwertL 1", "9");
+    const std::string failed = "write " + name(3, "_servo_para_") + " failed\n";
+    EXPECT_EQ(confirmed(failed + "error 5 \"Ma WerteSchreiben\" \"no answer\"\n" + told(3)), "");
+    enter("SollwertL 1", "9");
+    EXPECT_RULE("cannot be written, and nobody is told", confirmed(failed + told(3)));
+}
+
+// The mask was left; on the way to another servo and back the touch is forgotten.
+TEST_F(RulesTest, AnInputThatWasGivenUpIsNotWritten)
+{
+    showServo(1);
+    after("> touch SollwertL 1\n" + maskOpens);
+    after("> mask cancel\n" + readAll(3));
+    after("> key 6\nwrite Ch-1.intern<.servo_zeiger> = 2\n" + readAll(5));
+    after("> key 5\nwrite Ch-1.intern<.servo_zeiger> = 1\n" + readAll(3));
+    enter("SollwertL 2", "9");
+    EXPECT_RULE("nobody touched element 0",
+        confirmed(write(3, "_servo_para_", Variant{basic::doubles({777, 9, 3})}, "[777, 9, 3]") + told(3)));
+}
+
+// It keeps the value of the moment when it was touched, as it is to be seen.
+TEST_F(RulesTest, ATouchedInputIsWrittenAsItIsShown)
+{
+    showServo(1);
+    enter("SollwertL 2", "9");
+    after("> touch SollwertL 1\n" + maskOpens);
+    after("> mask cancel\n" + offer);
+    EXPECT_EQ(
+        confirmed(write(3, "_servo_para_", Variant{basic::doubles({1.5, 9, 3})}, "[1.5, 9, 3]") + told(3)),
+        "");
+}
+
+TEST_F(RulesTest, NothingIsTakenBeyondItsLimits)
+{
+    showServo(1);
+    EXPECT_RULE("lies outside its limits", enter("SollwertL 1", "100.5"));
+}
+
+TEST_F(RulesTest, ATouchTurnsASwitch)
+{
+    showServo(1);
+    screen_.offered = true;
+    const std::string touch = "> touch SchalterL 31\nput ServoMain.SchalterL(31).0x68030000 = ";
+    EXPECT_EQ(after(touch + "false\n" + offer), "");
+    EXPECT_RULE("leaves switch 31 as it was", after(touch + "false\n" + offer));
+}
+
+TEST_F(RulesTest, ASwitchIsWrittenAsItWasTurned)
+{
+    showServo(1);
+    screen_.offered = true;
+    EXPECT_EQ(after("> touch SchalterL 31\nput ServoMain.SchalterL(31).0x68030000 = false\n" + offer), "");
+    EXPECT_EQ(
+        confirmed(write(3, "_servo_schalt_", Variant{std::int32_t{4}}, "4") + told(3) + readAll(3)), "");
+    screen_.offered = true;
+    after("> touch SchalterL 32\nput ServoMain.SchalterL(32).0x68030000 = true\n" + offer);
+    EXPECT_RULE("the operator meant 1",
+        confirmed(write(3, "_servo_schalt_", Variant{std::int32_t{4}}, "4") + told(3)));
+}
+
+TEST_F(RulesTest, ADrawingNumberIsWrittenOfItsParts)
+{
+    showServo(1);
+    enter("ZeichnungL 43", "7");
+    EXPECT_EQ(confirmed(write(3, "_servo_zeich_", Variant{basic::doubles({123076789, 0})}, "[123076789, 0]")
+                  + told(3) + readAll(3)),
+        "");
+    enter("ZeichnungL 43", "8");
+    EXPECT_RULE("the operator meant 123086789",
+        confirmed(
+            write(3, "_servo_zeich_", Variant{basic::doubles({8456789, 0})}, "[8456789, 0]") + told(3)));
+}
+
+TEST_F(RulesTest, LimitsAreNotWritten)
+{
+    showServo(1);
+    EXPECT_RULE("is written by 'timer', and nothing writes it",
+        after("> timer\nwrite " + name(3, "_servo_para_ob_") + " = [100, 100, 100]\n"));
+}
+
+TEST_F(RulesTest, OtherVariablesAreWrittenByTheirKeysAlone)
+{
+    showServo(1);
+    EXPECT_RULE("'Ch-1.intern<.passwort>' is written by 'touch SollwertL 1'",
+        after("> touch SollwertL 1\nwrite Ch-1.intern<.passwort> = 5\n"));
+    EXPECT_RULE("is written by 'key 5'", after("> key 5\nwrite Ch-1.intern<.passwort> = 5\n"));
+    EXPECT_RULE("is written by 'timer'", after("> timer\nwrite Ch-1.intern<.servo_zeiger> = 1\n"));
+    EXPECT_RULE("as 2", after("> key 11\nwrite Ch-1.intern<.servo_zeiger> = 2\n"));
+    EXPECT_EQ(after("> key 11\nwrite Ch-1.intern<.servo_zeiger> = 0\n"), "");
+    EXPECT_EQ(after("> create\nwrite Ch-1.intern<.ocxname> = \"Servo\"\n"), "");
+}
+
+TEST_F(RulesTest, WhatIsRefusedWritesNothing)
+{
+    showServo(1);
+    EXPECT_RULE("which was refused", after("> key 10\nrefused key\n" + setpoints(3, 9, "9")));
+}
+
+TEST_F(RulesTest, TheMachineHoldsWhatWasWritten)
+{
+    showServo(1);
+    enter("SollwertL 1", "9");
+    EXPECT_RULE("is held otherwise than it was written", confirmed(setpoints(3, 8, "9") + told(3)));
+}
+
+TEST_F(RulesTest, NothingChangesWithoutAWrite)
+{
+    showServo(1);
+    screen_.variables[name(5, "_servo_para_ob_")] = Variant{basic::doubles({500, 100, 100})};
+    EXPECT_RULE("has changed, and nothing wrote it", after("> timer\n"));
+    screen_.variables[name(5, "_servo_para_ob_")] = Variant{basic::doubles({600, 100, 100})};
+    EXPECT_EQ(after(""), ""); // the machine's own doing
+}
+
+TEST_F(RulesTest, ThePageReadsItsServoAlone)
+{
+    showServo(1);
+    EXPECT_RULE("on the page of servo 3 reads", after("> timer\n" + readAll(5)));
+}
+
+TEST_F(RulesTest, PageOrMenuIsSeen)
+{
+    showServo(1);
+    screen_.menu = true;
+    EXPECT_RULE("at once", after("> timer\n"));
+    screen_.menu = screen_.page = false;
+    EXPECT_RULE("neither", after("> timer\n"));
+}
+
+TEST_F(RulesTest, WhatWaitsIsMarkedAndOffered)
+{
+    showServo(1);
+    enter("SollwertL 1", "9");
+    screen_.marked = false;
+    EXPECT_RULE("no input is marked", after("> timer\n"));
+    nothingWaits();
+    EXPECT_RULE("nothing offers to confirm it", after("> timer\n"));
+    screen_.marked = screen_.offered = true;
+    screen_.confirmOn = false;
+    EXPECT_RULE("its key is off", after("> timer\n"));
+    screen_.inputOpen = true; // the mask withdraws the keys
+    EXPECT_EQ(after("> timer\n"), "");
+}
+
+TEST_F(RulesTest, NothingElseIsMarkedOrOffered)
+{
+    showServo(1);
+    screen_.offered = true;
+    EXPECT_RULE("a confirm is offered, and nothing was entered", after("> timer\n"));
+    screen_.marked = true;
+    EXPECT_RULE("marked as changed, and nothing was entered", after("> timer\n"));
+    screen_.offered = false;
+    EXPECT_RULE("marked as changed, and nothing offers to confirm it", after("> timer\n"));
+}
+
+TEST_F(RulesTest, AnInternalErrorIsNone)
+{
+    showServo(1);
+    EXPECT_RULE("an internal error", after("> timer\nerror 51 \"Ma WerteLesen\" \"Internal error\"\n"));
+}
+
+} // namespace
+
+} // namespace servopanel::monkey
