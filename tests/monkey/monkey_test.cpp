@@ -43,7 +43,7 @@ TEST(Monkey, BreaksNoRuleAndDoesWhatTheRulesAreAbout)
         tally.add(done.tally);
     }
     constexpr std::size_t often = 20;
-    constexpr std::size_t seldom = 10;
+    constexpr std::size_t seldom = 5;
     for (const char* const servo : {"3", "5", "7"})
         EXPECT_GE(tally.times(Tally::confirms, servo), often) << tally.text();
     for (const Family& family : families)

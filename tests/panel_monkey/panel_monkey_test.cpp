@@ -52,6 +52,32 @@ TEST(PanelRun, SeesAConfirmThatNobodyTouched)
         "broken: '# panel: forge 10' confirms, and no confirm key was touched");
 }
 
+TEST(PanelRun, SeesAWritePastTheLibrary)
+{
+    EXPECT_EQ(tracedOnPanel({toThePage, "# panel: forge write"}),
+        "broken: 'Ch1.M1_T_servo_3<.mM1_servo_schalt_3>' was written past the library");
+}
+
+TEST(PanelRun, SeesATouchOfAnotherInput)
+{
+    EXPECT_EQ(tracedOnPanel({toThePage, "touch SollwertL 02"}),
+        "broken: 'touch SollwertL 02' reached another input: > touch SollwertL 2");
+}
+
+TEST(PanelRun, SeesAPanelThatDoesNotAnswer)
+{
+    EXPECT_EQ(tracedOnPanel({toThePage, "# panel: forge deaf", "# panel: probe"}),
+        "broken: a touch of key 11 does nothing");
+}
+
+TEST(PanelRun, StartsAnewForAnotherScreen)
+{
+    const std::string trace = tracedOnPanel({toThePage, "touch SollwertL 1", "mask 42.5",
+        "# panel: restart 800", toThePage, "touch SollwertL 1", "mask 42.5", "key 10"});
+    EXPECT_EQ(trace.find("broken"), std::string::npos) << trace;
+    EXPECT_NE(trace.find("picture Servo\\ServoMain_800."), std::string::npos);
+}
+
 TEST(PanelRun, TellsTheResolutionByTheFirstCommand)
 {
     const std::string trace = tracedOnPanel({"# panel: resolution 800", toThePage});

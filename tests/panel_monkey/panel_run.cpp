@@ -203,6 +203,7 @@ public:
 private:
     std::optional<std::string> perform(const std::string& command);
     std::optional<std::string> ofThePanel(const std::string& command);
+    void forge(const std::string& what);
     void machine(std::string_view rest);
     void fail(Words words);
     void loss(const std::string& command);
@@ -329,11 +330,25 @@ std::optional<std::string> PanelRun::ofThePanel(const std::string& command)
     if (verb == "spoil") project_.spoil(words.word());
     if (verb == "bring") project_.bring(words.word());
     if (verb == "probe") return probe();
-    if (verb == "forge" && page() != nullptr) {
-        const Variant key{static_cast<std::int16_t>(words.whole())};
+    if (verb == "forge") forge(words.word());
+    return std::nullopt;
+}
+
+// What a broken panel could do, for tests of the rules.
+void PanelRun::forge(const std::string& what)
+{
+    if (what == "write") {
+        const std::int32_t word = 9;
+        panel_->variables().write(servoVariable(3, "_servo_schalt_"), Variant{word}, machine::Writer::Host);
+    } else if (what == "deaf") {
+        auto* const cover = new QWidget{&panel_->window().stage()}; // the stage ends it
+        cover->setGeometry(panel_->window().stage().rect());
+        cover->show();
+        cover->raise();
+    } else if (page() != nullptr) {
+        const Variant key{static_cast<std::int16_t>(std::atoi(what.c_str()))};
         page()->deliver(ChildId{"Fußzeile"}, "TasteClick", {&key, 1});
     }
-    return std::nullopt;
 }
 
 // What the machine's control or another panel changes.

@@ -21,7 +21,8 @@ inline constexpr std::string_view panelOnly = "# panel: ";
 //   restart N                  the panel is started anew, for a screen of N pixels
 //   link good, link bad        the connection to the machine
 //   lose FILE, spoil FILE, bring FILE    a file of the project goes, holds rubbish, is as it was
-//   forge N                    footer key N of the page, by nobody: what a broken panel could do, for tests of the rules
+//   forge N, forge write, forge deaf    what a broken panel could do, for tests of the rules: footer key N of the page by
+//                              nobody, a switch word past the library, a panel that takes no touch
 //   probe                      whatever is open is closed, and the panel must answer a touch
 class RandomHands {
 public:

@@ -64,6 +64,16 @@ TEST_F(ReplayOfTheLibrary, ReportsAFailedReadAndReadsTheRest)
         "state ErrorDisplay.Last = \"###U:### ###B:false### ###F:0###UserControl_Initialize\"\n");
 }
 
+TEST_F(ReplayOfTheLibrary, LosesFilesAndBringsThemBack)
+{
+    run("lose Servo\\ServoMenu_1280.bmp\nlose Servo\\Servo.mdb\nvar Ch-1.intern<.servo_zeiger> = "
+        "1\ncreate\nshow");
+    EXPECT_NE(replay.lines("db open").find("failed"), std::string::npos) << replay.lines("db");
+    run("terminate\npicture Servo\\ServoMenu_1280.bmp 1280 1024\ndb Servo\\Servo.mdb empty\ncreate\nshow");
+    EXPECT_EQ(replay.lines({"db open", "picture Servo\\ServoMenu"}).find("failed"), std::string::npos);
+    EXPECT_EQ(replay.lines("picture").find("ServoMenu_1280.bmp missing"), std::string::npos);
+}
+
 TEST_F(ReplayOfTheLibrary, ShowsTheOperatorWhichPictureIsMissing)
 {
     run("fail load Servo\\ServoMenu_1280.bmp\ncreate");
