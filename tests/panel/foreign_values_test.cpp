@@ -2,6 +2,7 @@
 #include "servo_page_test.h"
 
 #include "basic/conversions.h"
+#include "portable/temporary_folder.h"
 
 #include <limits>
 
@@ -12,6 +13,11 @@ namespace {
 
 class ForeignValuesTest : public ServoPageTest {
 protected:
+    explicit ForeignValuesTest(const std::function<void(panel::PanelSettings&)>& adjust = {})
+        : ServoPageTest{1280, adjust}
+    {
+    }
+
     // The page of servo 3 as it comes after that of servo 5, when a family of servo 3 cannot be read.
     void comeBackUnread(const std::string& variable)
     {
@@ -36,6 +42,20 @@ protected:
         Variant values = *panel_->variables().find(variable);
         basic::setElement(values, index, number);
         panel_->variables().write(variable, values, machine::Writer::Machine);
+    }
+};
+
+// A machine that keeps its drawing numbers as numbers with a point.
+class AnyDrawingNumberTest : public ForeignValuesTest {
+protected:
+    AnyDrawingNumberTest()
+        : ForeignValuesTest{[this](panel::PanelSettings&) {
+            std::string file = tests::contentOf(project_.file("project.json"));
+            const std::string whole = "[123456789, 7000012]";
+            file.replace(file.find(whole), whole.size(), "[123456789.5, 7000012.5]");
+            project_.write("project.json", file);
+        }}
+    {
     }
 };
 
@@ -131,6 +151,17 @@ TEST_F(ForeignValuesTest, ADrawingNumberOfTheServoBeforeIsNotShownAndItsPartIsNo
     hands_->input("ZeichnungL", 43);
     EXPECT_FALSE(mask().isVisible());
     EXPECT_EQ(answer(), "Cannot be changed: Servo.M1.Servo3.35: cannot be read");
+}
+
+// The machine may hold any number there; its parts are shown by the page's own rules.
+TEST_F(AnyDrawingNumberTest, IsFreshOnceItWasRead)
+{
+    for (const double number : {12.6, -1.0, 1234567890123.0, 0.0}) {
+        machineSets(drawings, 0, number);
+        hands_->wait(refreshMs);
+        for (const std::int16_t part : std::initializer_list<std::int16_t>{41, 43, 45})
+            EXPECT_FALSE(text("ZeichnungL", part).marks().stale) << number << ", " << part;
+    }
 }
 
 TEST_F(ForeignValuesTest, OverABadLinkNothingIsWritten)

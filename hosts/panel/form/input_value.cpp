@@ -3,8 +3,9 @@
 #include "basic/conversions.h"
 #include "basic/text.h"
 #include "platform/ids.h"
+#include "servo_page/felder.h"
+#include "servo_page/values/zeichnungsnummer.h"
 
-#include <array>
 #include <cmath>
 #include <string>
 #include <vector>
@@ -15,42 +16,34 @@ using basic::Variant;
 
 namespace {
 
-constexpr std::int16_t firstPart =
-    41; // of the first drawing number; those of the second follow each of the first
-constexpr std::int16_t lastPart = 46;
-constexpr std::array weights{1000000.0, 10000.0, 1.0}; // of the parts
-
-std::vector<Child*> drawingParts(ControlHost& page, std::string_view name, std::int16_t index)
+// All parts of the drawing number to which an item belongs; fewer where the page lacks one.
+std::vector<Child*> drawingParts(ControlHost& page, std::string_view name, std::int16_t item)
 {
     std::vector<Child*> parts;
-    for (std::int16_t part = firstPart; part <= lastPart; ++part)
-        if (part % 2 == index % 2)
-            if (Child* const child = page.find(name, part)) parts.push_back(child);
+    for (const std::int16_t each : servo_page::zeichnungsItems(servo_page::zeichnungsFeld(item)))
+        if (Child* const child = page.find(name, each)) parts.push_back(child);
     return parts;
 }
 
 // "312", "45" and "0017" are 312450017, as the page puts them together.
 std::optional<double> drawingNumber(const std::vector<Child*>& parts)
 {
-    if (parts.size() != weights.size()) return {};
-    double number = 0;
-    for (std::size_t i = 0; i < weights.size(); ++i) {
+    servo_page::ZeichnungsTeile numbers{};
+    if (parts.size() != numbers.size()) return {};
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
         const std::string text = basic::toText(parts[i]->get(platform::ids::VWSIndex::Text, {}));
         if (text.empty()) return {};
-        number += basic::Val(text) * weights[i];
+        numbers[i] = basic::Val(text);
     }
-    return number;
+    return servo_page::zeichnungZusammensetzen(numbers);
 }
 
-// What a part shows of a number.
-double partOf(double number, std::int16_t index)
+// What an item shows of a number; basic::Error where the page shows nothing of it.
+std::string partText(double number, std::int16_t item)
 {
-    const double whole = std::trunc(number);
-    switch ((index - firstPart) / 2) {
-    case 0: return std::trunc(whole / weights[0]);
-    case 1: return std::fmod(std::trunc(whole / weights[1]), weights[0] / weights[1]);
-    default: return std::fmod(whole, weights[1]);
-    }
+    const servo_page::ZeichnungsTeile parts = servo_page::zeichnungZerlegen(number);
+    return basic::Format(parts[static_cast<std::size_t>(servo_page::zeichnungsTeil(item))],
+        servo_page::zeichnungsMuster(item));
 }
 
 // What cannot be told counts as the most exact of them.
@@ -104,9 +97,12 @@ bool showsElement(ControlHost& page, std::string_view name, std::int16_t index, 
     const std::optional<double> held = elementValue(source, variable);
     if (!held) return false;
     if (name.starts_with("Zeichnung")) {
-        const std::string text =
-            basic::toText(page.find(name, index)->get(platform::ids::VWSIndex::Text, {}));
-        return !text.empty() && basic::Val(text) == partOf(*held, index);
+        try {
+            return basic::toText(page.find(name, index)->get(platform::ids::VWSIndex::Text, {}))
+                == partText(*held, index);
+        } catch (const basic::Error&) {
+            return false;
+        }
     }
     const std::optional<double> shown = inputValue(page, name, index);
     return shown && isSameValue(*shown, *held, Variant{});
