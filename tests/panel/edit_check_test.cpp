@@ -6,6 +6,8 @@
 #include "panel/form/fusszeile.h"
 #include "panel/form/ini_eingabe.h"
 
+#include <stdexcept>
+
 namespace servopanel::testing {
 
 namespace {
@@ -532,6 +534,46 @@ TEST(WatchedVariablesTest, WhatCouldNotBeReadAtLastIsNotWritten)
     watched.ReadValue(setpoints);
     watched.WriteValue(setpoints, basic::doubles({3, 2}));
     EXPECT_EQ(*store->find(setpoints), basic::doubles({3, 2}));
+}
+
+TEST(WatchedVariablesTest, AWriteIsRecordedOnceAndAsWhatItWas)
+{
+    auto store = std::make_shared<machine::VariableStore>();
+    store->declare(setpoints, basic::doubles({1, 2}));
+    const auto flaky = std::make_shared<FlakyVariables>(store);
+    panel::WatchedVariables watched{flaky};
+    watched.ReadValue(setpoints);
+    // Whoever is told of a write fails after it.
+    watched.setWrittenHandler([](std::string_view, const Variant&) {
+        throw basic::Error{5, {}, "nobody listens"};
+    });
+    EXPECT_THROW(watched.WriteValue(setpoints, basic::doubles({3, 2})), basic::Error);
+    ASSERT_EQ(watched.writes().size(), 1U);
+    EXPECT_EQ(watched.writes()[0].variable, setpoints);
+    EXPECT_EQ(watched.writes()[0].problem, "");
+    EXPECT_EQ(watched.writes()[0].changes, 1);
+    // What is no error of the variables' is one of the write's all the same.
+    watched.setWrittenHandler({});
+    flaky->written = [](std::string_view) { throw std::runtime_error{"out of memory"}; };
+    EXPECT_THROW(watched.WriteValue(setpoints, basic::doubles({4, 2})), std::runtime_error);
+    ASSERT_EQ(watched.writes().size(), 2U);
+    EXPECT_EQ(watched.writes()[1].problem, "'" + setpoints + "': out of memory");
+    EXPECT_NE(watched.writes()[1].error, 0);
+}
+
+TEST(WatchedVariablesTest, SaysWhyItDoesNotLook)
+{
+    auto store = std::make_shared<machine::VariableStore>();
+    store->declare(setpoints, basic::doubles({1, 2}));
+    panel::WatchedVariables watched{store};
+    watched.setLink(false);
+    try {
+        watched.look(setpoints);
+        ADD_FAILURE() << "an old value";
+    } catch (const basic::Error& error) {
+        EXPECT_EQ(error.description, "'" + setpoints + "': no connection, not read");
+        EXPECT_EQ(panel::reasonOf(error.number, true), panel::RefusalReason::NoLink);
+    }
 }
 
 TEST(LockedPanelTest, TheSystemsOwnMessageComesWhateverIsKnownOfTheMachine)

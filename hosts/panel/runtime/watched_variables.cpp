@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <bitset>
+#include <exception>
+#include <utility>
 
 namespace servopanel::panel {
 
@@ -16,6 +18,11 @@ constexpr auto noConnection = static_cast<std::int32_t>(mqtt::Outcome::NoConnect
 constexpr auto changedMeanwhile = static_cast<std::int32_t>(mqtt::Outcome::ChangedMeanwhile);
 constexpr auto notReadable = static_cast<std::int32_t>(mqtt::Outcome::Bad);
 constexpr unsigned switchBits = 0xF; // the rest of the word is not the panel's
+
+std::string sentence(std::string_view name, std::string_view what)
+{
+    return std::string{"'"}.append(name).append("': ").append(what);
+}
 
 bool isOneValue(std::string_view family)
 {
@@ -27,10 +34,7 @@ std::string problemOf(std::string_view family, std::string_view name, const basi
 {
     const bool isList = value.holds<basic::Array>();
     if (isList == !isOneValue(family)) return {};
-    std::string problem = "'";
-    problem += name;
-    problem += isList ? "': a list where one value is expected" : "': no list of values";
-    return problem;
+    return sentence(name, isList ? "a list where one value is expected" : "no list of values");
 }
 
 // What the library can show. Of anything else, Null for one, a display keeps what it had.
@@ -83,7 +87,7 @@ void WatchedVariables::setLink(bool good)
 basic::Variant WatchedVariables::look(std::string_view name)
 {
     if (!linkIsGood_ && machine::SplitVariables::isOfMachine(name))
-        basic::raise(basic::ErrorNumber::InvalidProcedureCall, name);
+        throw basic::Error{noConnection, {}, sentence(name, "no connection, not read")};
     return inner_->ReadValue(name);
 }
 
@@ -147,35 +151,33 @@ void WatchedVariables::WriteValue(std::string_view name, const basic::Variant& v
         write.before = read->second.value;
         write.changes = changesOf(family, write.before, value);
     }
+    const auto failed = [&](std::string problem, std::int32_t error) {
+        write.problem = std::move(problem);
+        write.error = error;
+        writes_.push_back(std::move(write));
+    };
     try {
         // An old value may lie behind every field then, and nobody would see what becomes of the new one.
-        if (!linkIsGood_) {
-            std::string description{"'"};
-            description.append(name).append("': no connection, not written");
-            throw basic::Error{noConnection, {}, std::move(description)};
-        }
+        if (!linkIsGood_) throw basic::Error{noConnection, {}, sentence(name, "no connection, not written")};
         // Nor where the values that go along with the changed ones are not the machine's.
-        if (read != reads_.end() && !isOfNow(read->second)) {
-            std::string description{"'"};
-            description.append(name).append("': it could not be read, not written");
-            throw basic::Error{notReadable, {}, std::move(description)};
-        }
+        if (read != reads_.end() && !isOfNow(read->second))
+            throw basic::Error{notReadable, {}, sentence(name, "it could not be read, not written")};
         // Writing may take a while, and others write too.
-        if (writeCheck_ && !writeCheck_(name, write.before)) {
-            std::string description{"'"};
-            description.append(name).append("': changed by somebody else meanwhile, not written");
-            throw basic::Error{changedMeanwhile, {}, std::move(description)};
-        }
+        if (writeCheck_ && !writeCheck_(name, write.before))
+            throw basic::Error{
+                changedMeanwhile, {}, sentence(name, "changed by somebody else meanwhile, not written")};
         inner_->WriteValue(name, value);
-        if (read != reads_.end() && read->second.problem.empty()) read->second.value = value;
-        writes_.push_back(std::move(write));
-        if (written_) written_(name, value);
     } catch (const basic::Error& error) {
-        write.problem = error.description;
-        write.error = error.number;
-        writes_.push_back(std::move(write));
+        failed(error.description, error.number);
+        throw;
+    } catch (const std::exception& error) {
+        failed(sentence(name, error.what()), static_cast<std::int32_t>(basic::ErrorNumber::InternalError));
         throw;
     }
+    if (read != reads_.end() && read->second.problem.empty()) read->second.value = value;
+    writes_.push_back(std::move(write));
+    // What goes wrong from here on is not the write's fault any more.
+    if (written_) written_(name, value);
 }
 
 const WatchedVariables::Read* WatchedVariables::latest(std::string_view family) const
