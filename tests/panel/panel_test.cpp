@@ -5,6 +5,7 @@
 #include "panel/form/vws_var.h"
 #include "panel/window/other_screen.h"
 #include "platform/ids.h"
+#include "portable/temporary_folder.h"
 #include "support/standard_project.h"
 #include "test_project.h"
 
@@ -253,6 +254,19 @@ TEST_F(PanelTest, AProjectFileThatBreaksOffKeepsThePanelUp)
     EXPECT_NE(panel_->servo(), nullptr);
 }
 
+TEST_F(PanelTest, APanelWhoseMessageEndsInAnErrorHearsAgain)
+{
+    openFirstServo();
+    panel::PanelMessages messages{
+        panel_->window().stage(), panel_->gate(), [](panel::PanelText) { return QString{}; }};
+    QTimer::singleShot(0, &panel_->window(), [] { throw basic::Error{5, {}, "out of the event loop"}; });
+    EXPECT_THROW(messages.show("read me"), basic::Error);
+    EXPECT_FALSE(panel_->gate().isClosed());
+    EXPECT_EQ(servopanel::testing::openMessage(*panel_), nullptr);
+    hands_->footerKey(11);
+    EXPECT_EQ(panel_->shownPart()->className(), "ServoMenu");
+}
+
 TEST_F(PanelTest, AFolderThatIsNoProjectCannotBeStarted)
 {
     QTemporaryDir empty;
@@ -261,6 +275,19 @@ TEST_F(PanelTest, AFolderThatIsNoProjectCannotBeStarted)
     EXPECT_THROW(Panel{settings}, panel::CannotStart);
     settings.project = "/nowhere/at/all";
     EXPECT_THROW(Panel{settings}, panel::CannotStart);
+}
+
+TEST_F(PanelTest, ATemporaryFolderOnADriveLeavesNothingWhereThePanelWasStarted)
+{
+    const servopanel::tests::TemporaryFolder started;
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(started.path());
+    {
+        const servopanel::tests::EnvironmentVariable drive{"TEMPVELM", "C:\\Temp"};
+        const Panel panel{project_.settings()};
+    }
+    EXPECT_TRUE(std::filesystem::is_empty("."));
+    std::filesystem::current_path(before);
 }
 
 TEST_F(PanelTest, TheProgramSaysWhyItCannotStartAndReturns2)

@@ -10,6 +10,7 @@
 
 #include <QCoreApplication>
 #include <QPointer>
+#include <QScopeGuard>
 
 namespace servopanel::panel {
 
@@ -60,9 +61,12 @@ void PanelMessages::show(std::string_view text)
     const QPointer<MessageSheet> sheet{
         new MessageSheet{&stage_, words_(PanelText::Message), toQt(text), words_(PanelText::Ok)}};
     gate_.close();
+    // Also when something in the event loop throws: a panel that stays closed hears no touch any more.
+    const auto ended = qScopeGuard([&] {
+        delete sheet;
+        gate_.open();
+    });
     sheet->run();
-    delete sheet;
-    gate_.open();
 }
 
 basic::ObjectRef PanelPictures::load(std::string_view path)

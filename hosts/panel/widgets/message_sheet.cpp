@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPointer>
+#include <QScopeGuard>
 
 #include <algorithm>
 
@@ -74,10 +75,12 @@ void MessageSheet::run()
     raise();
     setFocus();
     const QPointer<MessageSheet> self{this};
+    const auto ended = qScopeGuard([&] {
+        if (!self) return;
+        done_ = nullptr;
+        hide();
+    });
     loop.exec();
-    if (!self) return;
-    done_ = nullptr;
-    hide();
 }
 
 void MessageSheet::end()
