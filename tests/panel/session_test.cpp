@@ -14,6 +14,8 @@
 
 #include <cerrno>
 #include <csignal>
+#include <sys/resource.h>
+#include <system_error>
 
 using namespace servopanel;
 using basic::Variant;
@@ -293,6 +295,17 @@ TEST_F(SessionTest, TheSignalLeavesTheErrorOfWhatItInterruptsAlone)
         std::raise(SIGHUP);
         ASSERT_EQ(errno, ENOENT) << i;
     }
+}
+
+TEST_F(SessionTest, ASystemWithoutAPipeForTheSignalIsSaid)
+{
+    rlimit before{};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &before), 0);
+    const rlimit none{0, before.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+    EXPECT_THROW(panel::ReloadRequest{[] {}}, std::system_error);
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &before), 0);
+    EXPECT_NO_THROW(panel::ReloadRequest{[] {}});
 }
 
 TEST_F(SessionTest, TheSignalAsksForIt)

@@ -19,6 +19,8 @@
 #include <cstdio>
 #include <memory>
 #include <optional>
+#include <string>
+#include <system_error>
 
 namespace servopanel::panel {
 
@@ -81,15 +83,24 @@ int run(const Options& options)
     bool isWished = false;
     // First of all: a message of the first screen keeps the session from being there for as long as nobody reads it.
     std::optional<ReloadRequest> request;
-    if (options.tour.empty())
-        request.emplace([&] {
-            isWished = session == nullptr;
-            if (session) session->reload();
-        });
+    std::string noRequest;
+    try {
+        if (options.tour.empty())
+            request.emplace([&] {
+                isWished = session == nullptr;
+                if (session) session->reload();
+            });
+    } catch (const std::system_error& failure) {
+        // The operator can work all the same; who asks for a reload later should know why nothing happens.
+        noRequest = std::string{"servo-panel: SIGHUP will not make it read the project anew: "}.append(
+            failure.what());
+        say(stderr, noRequest + "\n");
+    }
     session = std::make_unique<Session>(
         options.settings,
         [&](Panel& panel) {
             show(panel.window(), options.settings.zoom);
+            if (!noRequest.empty()) panel.note(noRequest);
             keepOnScreen(panel.window());
             // Before the screen opens, which may have something to say.
             if (!options.tour.empty()) tour = std::make_unique<Tour>(panel, options.tour);

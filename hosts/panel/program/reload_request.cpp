@@ -3,6 +3,7 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <system_error>
 #include <utility>
 
 #include <fcntl.h>
@@ -35,7 +36,8 @@ void drain()
 
 ReloadRequest::ReloadRequest(std::function<void()> handler)
 {
-    if (pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) return;
+    if (pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+        throw std::system_error{errno, std::generic_category(), "no pipe"};
     notifier_ = std::make_unique<QSocketNotifier>(ends[0], QSocketNotifier::Read);
     QObject::connect(
         notifier_.get(), &QSocketNotifier::activated, notifier_.get(), [handler = std::move(handler)] {

@@ -11,7 +11,8 @@ namespace servopanel::panel {
 // these at a time; with its end the signal is ignored.
 class ReloadRequest {
 public:
-    // The handler is called from the event loop.
+    // The handler is called from the event loop. Throws std::system_error where the system has no pipe left: the signal
+    // stays ignored then.
     explicit ReloadRequest(std::function<void()> handler);
     ReloadRequest(const ReloadRequest&) = delete;
     ReloadRequest& operator=(const ReloadRequest&) = delete;
