@@ -158,9 +158,12 @@ public:
     {
         if (!client_ || !up_) return false;
         mosquitto_property* properties = nullptr;
-        if (expireSeconds > 0)
-            mosquitto_property_add_int32(
-                &properties, MQTT_PROP_MESSAGE_EXPIRY_INTERVAL, static_cast<std::uint32_t>(expireSeconds));
+        // A command that knows no end could be carried out late: without the property it must not leave.
+        if (expireSeconds > 0
+            && mosquitto_property_add_int32(
+                   &properties, MQTT_PROP_MESSAGE_EXPIRY_INTERVAL, static_cast<std::uint32_t>(expireSeconds))
+                != MOSQ_ERR_SUCCESS)
+            return false;
         const int result = mosquitto_publish_v5(client_.get(), nullptr, topic.c_str(),
             static_cast<int>(payload.size()), payload.data(), 0, keep == Keep::Retained, properties);
         mosquitto_property_free_all(&properties);

@@ -6,7 +6,7 @@
 
 namespace servopanel::mqtt {
 
-// What a link brings in. Called from within poll only.
+// What a link brings in, from within poll; linkDown also from within drop and start, in the midst of what called them.
 class LinkReceiver {
 public:
     virtual ~LinkReceiver() = default;
