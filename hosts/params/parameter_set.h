@@ -30,9 +30,6 @@ struct ParameterSet {
 
 std::vector<int> servosOf(const ParameterSet& set);
 
-// nullptr when it has none there.
-const Row* rowAt(const ParameterSet& set, const Place& place);
-
 // "320", "0.35": the shortest text that reads back as the same number.
 std::string numberText(double value);
 

@@ -134,9 +134,7 @@ void MemoryControl::copyPropertiesOf(const MemoryControl& other)
     properties_ = other.properties_;
     container_ = other.container_;
     keep("Visible", false);
-    if (findProperty(className_, platform::ids::VWSVarIn::VariablenName) != nullptr
-        && className_ == platform::classes::VWSVarIn)
-        keep("VariablenName", "");
+    if (className_ == platform::classes::VWSVarIn) keep("VariablenName", "");
 }
 
 bool MemoryControl::isShown() const
