@@ -13,9 +13,9 @@ inline constexpr std::int16_t mostMachines = 20;
 // other. From 1 to mostMachines.
 std::int16_t machinesOf(const CheckedProject& project);
 
-// Notes the variables whose start value is a list that is too long, or of another type than the library means. The latter
-// get one of the right type in the project that is being checked: a variable keeps its type, so that all that is read or written later
-// would go wrong as well. The INI files must have been read.
+// Notes the variables whose start value is a list that is too long, or of another type than the library means. The
+// latter get one of the right type in the project that is being checked: a variable keeps its type, so that all that is
+// read or written later would go wrong as well. The INI files must have been read.
 void setRightTypes(CheckedProject& project);
 
 } // namespace servopanel::check

@@ -8,8 +8,8 @@
 
 namespace servopanel::machine {
 
-// How the simulated machine moves: the member "machine" of project.json, described in docs/simulated-machine.md. Members that a
-// kind of value does not use keep their defaults.
+// How the simulated machine moves: the member "machine" of project.json, described in docs/simulated-machine.md. Members
+// that a kind of value does not use keep their defaults.
 
 // A place among the diagnosis values of a servo: page 1 or 2, element 0..39.
 struct Place {

@@ -14,8 +14,8 @@ namespace servopanel::machine {
 // text in double quotes keeps the blanks inside them. Keys compare exactly.
 class Texts {
 public:
-    // Never fails: what is missing or wrong is among the problems, the first hundred of a file. The file is in UTF-8, or in UTF-16 with a byte order
-    // mark; lines that are neither are taken as Windows-1252 and reported.
+    // Never fails: what is missing or wrong is among the problems, the first hundred of a file. The file is in UTF-8, or
+    // in UTF-16 with a byte order mark; lines that are neither are taken as Windows-1252 and reported.
     static Texts load(const std::filesystem::path& file);
     // file: its name for the problems.
     static Texts fromLines(const std::vector<std::string>& lines, const std::string& file);

@@ -29,8 +29,8 @@ FileBytes readFile(
 // Puts up to the given number of bytes into the buffer: how many, 0 at the end, -1 on failure with errno set.
 using ReadSome = basic::FunctionRef<std::ptrdiff_t(char*, std::size_t)>;
 
-// Reads to the end, at most so many bytes. A character in UTF-8 that a failure has cut in two is dropped, so that the rest is still
-// recognised as UTF-8.
+// Reads to the end, at most so many bytes. A character in UTF-8 that a failure has cut in two is dropped, so that the
+// rest is still recognised as UTF-8.
 FileBytes readToEnd(ReadSome readSome, std::uintmax_t largest, std::string_view name);
 
 } // namespace servopanel::portable

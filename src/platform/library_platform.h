@@ -14,8 +14,8 @@
 
 namespace servopanel::platform {
 
-// The parts of the surroundings that are made on first use. Making one may fail with basic::Error and is then tried
-// again at the next use.
+// The parts of the surroundings that are made on first use. Where making one fails with basic::Error or gives nullptr,
+// the statement fails, for nullptr with error 91, and the next use tries again; without an error display all is silent.
 class LateObjects {
 public:
     virtual ~LateObjects() = default;

@@ -18,8 +18,9 @@ public:
     virtual void put(const Member& member, const basic::Variant& value) = 0;
 
     // A straight line (its end point is not painted) or a box, in twips of the target, colour 0xBBGGRR.
-    static constexpr std::int16_t lineFlags = 6;
-    static constexpr std::int16_t filledBoxFlags = 38;
+    static constexpr std::int16_t lineFlags = 6; // from the first point to the second; so is any other value
+    static constexpr std::int16_t filledBoxFlags =
+        38; // with the points as opposite corners, filled with the colour
     virtual void line(
         ChildId target, float x1, float y1, float x2, float y2, std::int32_t colour, std::int16_t flags) = 0;
 

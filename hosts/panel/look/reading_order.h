@@ -9,8 +9,8 @@ namespace servopanel::panel {
 // when it begins with a Latin word; numbers and units by themselves run from left to right in every language.
 bool runsRightToLeft(const QString& text);
 
-// What is drawn for a text, or a part of one, that runs as given: digits as the language has them, and within a text from right to left every number, with
-// its sign and its unit, in its own order ("-12.5 mm" stays so). Only drawing needs it; values and texts never have it.
+// What is drawn for a text, or a part of one, that runs as given: digits as the language has them; from right to left
+// numbers, with sign and unit, keep their order ("-12.5 mm" stays so). Only drawing needs it, no value or text has it.
 QString forDrawing(const QString& text, bool rightToLeft);
 
 // Flags for QPainter::drawText that keep the text in its own order and put it where the alignment says: left and right

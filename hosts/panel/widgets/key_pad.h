@@ -11,8 +11,8 @@
 namespace servopanel::panel {
 
 // The keys that work on a number: digits, point, sign, back, clear, up and down. The sign is on only where values below
-// 0 are allowed, the point only where the number need not be whole. From right to left the keys for correcting stand at the left; the block of digits is that of every
-// calculator.
+// 0 are allowed, the point only where the number need not be whole. From right to left the keys for correcting stand at
+// the left; the block of digits is that of every calculator.
 class KeyPad : public QWidget {
 public:
     // pressed: a key has worked on the number, or could not and says why.
