@@ -65,7 +65,8 @@ Status statusOf(Result result)
     }
 }
 
-// The value, and the word to the machine that it has changed. A write without an answer is the last one.
+// The value, and the word to the machine that it has changed. The caller holds the confirm: after a write without an
+// answer the word is not sent, and that is said.
 Status writeAll(const UndoPlan& plan, const basic::Variant& value, platform::ProcessVarAccess& variables,
     ToolOutput& output)
 {
