@@ -1,4 +1,4 @@
-// Feeds a target with files, and with every shortened form and some damaged forms of them, without a fuzzer:
+// Feeds a target with files, and with some shortened and some damaged forms of each, without a fuzzer:
 //
 //     NAME FOLDER-OR-FILE...
 //
@@ -32,7 +32,7 @@ std::string bytesOf(const std::filesystem::path& file)
     return {std::istreambuf_iterator<char>{in}, {}};
 }
 
-// The same ones each time.
+// Cut off somewhere, and with bytes changed; the same ones each time.
 void feedDamaged(const std::string& bytes)
 {
     constexpr int forms = 8;

@@ -4,7 +4,7 @@
 cd "$(dirname "$(readlink -f "$0")")/.." || exit 1
 
 files=()
-for folder in src hosts adapters tests bench demo examples; do
+for folder in src hosts adapters tests bench demo examples fuzz; do
     [ -d $folder ] || continue
     while IFS= read -r file; do files+=("$file"); done < <(find $folder -name '*.h' -o -name '*.cpp' | sort)
 done

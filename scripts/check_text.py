@@ -8,7 +8,7 @@ import pathlib
 import sys
 import unicodedata
 
-FOLDERS = ["src", "hosts", "adapters", "demo", "tests", "bench", "docs", "cmake", "scripts"]
+FOLDERS = ["src", "hosts", "adapters", "demo", "tests", "bench", "docs", "cmake", "scripts", "fuzz", "examples", "packaging"]
 ENDINGS = [".h", ".cpp", ".cmake", ".md", ".py", ".sh", ".json", ".scenario", ".trace"]
 NAMES = ["CMakeLists.txt"]
 

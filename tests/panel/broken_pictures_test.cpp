@@ -6,44 +6,12 @@
 
 #include <gtest/gtest.h>
 
-#include <QBuffer>
-
 #include <random>
 
 using namespace servopanel;
 namespace samples = servopanel::testing;
 
 namespace {
-
-QByteArray saved(const char* format, int side)
-{
-    QImage image{side, side, QImage::Format_RGB32};
-    for (int y = 0; y < side; ++y)
-        for (int x = 0; x < side; ++x)
-            image.setPixel(x, y, qRgb(x * 12, y * 12, (x * y) & 0xFF));
-    QByteArray data;
-    QBuffer buffer{&data};
-    buffer.open(QIODevice::WriteOnly);
-    EXPECT_TRUE(image.save(&buffer, format));
-    return data;
-}
-
-struct Sample {
-    std::string name;
-    QByteArray data;
-};
-
-std::vector<Sample> corpus()
-{
-    std::vector<Sample> all{{"gif", samples::gif()}, {"png", saved("PNG", 20)}, {"jpeg", saved("JPG", 20)},
-        {"bmp", saved("BMP", 9)}, {"wmf", samples::greenHalf()}, {"many.wmf", samples::manyShapes()}};
-    for (const int bits : {1, 4, 8, 16, 24, 32})
-        all.push_back({"bmp" + std::to_string(bits), samples::bitmap({bits})});
-    all.push_back({"runs4", samples::bitmap({4, false, true})});
-    all.push_back({"runs8", samples::bitmap({8, false, true})});
-    all.push_back({"old", samples::bitmap({8, false, false, true})});
-    return all;
-}
 
 // Whether it is loaded; what is refused names the file.
 bool load(const QByteArray& data)
@@ -64,13 +32,13 @@ bool load(const QByteArray& data)
 
 TEST(BrokenPictures, EverySampleIsSoundToBeginWith)
 {
-    for (const Sample& sample : corpus())
+    for (const samples::NamedPicture& sample : samples::soundPictures())
         EXPECT_TRUE(load(sample.data)) << sample.name;
 }
 
 TEST(BrokenPictures, APictureThatBreaksOffIsRefusedWhereverItDoes)
 {
-    for (const Sample& sample : corpus()) {
+    for (const samples::NamedPicture& sample : samples::soundPictures()) {
         // What may follow behind the last pixel: an end mark, filling bytes.
         const qsizetype needed = sample.data.size()
             - (sample.name == "gif"                                    ? 1
@@ -84,7 +52,7 @@ TEST(BrokenPictures, APictureThatBreaksOffIsRefusedWhereverItDoes)
 TEST(BrokenPictures, TurnedBitsAreBorne)
 {
     std::mt19937 random{20240517};
-    for (const Sample& sample : corpus())
+    for (const samples::NamedPicture& sample : samples::soundPictures())
         for (int run = 0; run < 400; ++run) {
             QByteArray data = sample.data;
             const int turns = 1 + int(random() % 6);
@@ -98,7 +66,7 @@ TEST(BrokenPictures, TurnedBitsAreBorne)
 
 TEST(BrokenPictures, ExtremeFieldsAreBorne)
 {
-    for (const Sample& sample : corpus())
+    for (const samples::NamedPicture& sample : samples::soundPictures())
         for (qsizetype at = 0; at + 2 <= std::min<qsizetype>(sample.data.size(), 400); ++at)
             for (const char* field : {"0000", "ffff", "ff7f", "0080"}) {
                 QByteArray data = sample.data;

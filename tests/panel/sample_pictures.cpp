@@ -1,5 +1,8 @@
 #include "sample_pictures.h"
 
+#include <QBuffer>
+#include <QImage>
+
 #include <algorithm>
 
 namespace servopanel::testing {
@@ -186,6 +189,35 @@ QByteArray manyShapes()
     records += stretchedBitmap(bitmap({}), 0x00CC0020, 80, 22, 16, 12);
     records += stretchedBitmap(bitmap({8}), 0x008800C6, 80, 36, 16, 12);
     return metafile(records);
+}
+
+namespace {
+
+QByteArray saved(const char* format, int side)
+{
+    QImage image{side, side, QImage::Format_RGB32};
+    for (int y = 0; y < side; ++y)
+        for (int x = 0; x < side; ++x)
+            image.setPixel(x, y, qRgb(x * 12, y * 12, (x * y) & 0xFF));
+    QByteArray data;
+    QBuffer buffer{&data};
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format);
+    return data;
+}
+
+} // namespace
+
+std::vector<NamedPicture> soundPictures()
+{
+    std::vector<NamedPicture> all{{"gif", gif()}, {"png", saved("PNG", 20)}, {"jpeg", saved("JPG", 20)},
+        {"bmp", saved("BMP", 9)}, {"wmf", greenHalf()}, {"many.wmf", manyShapes()}};
+    for (const int bits : {1, 4, 8, 16, 24, 32})
+        all.push_back({"bmp" + std::to_string(bits), bitmap({bits})});
+    all.push_back({"runs4", bitmap({4, false, true})});
+    all.push_back({"runs8", bitmap({8, false, true})});
+    all.push_back({"old", bitmap({8, false, false, true})});
+    return all;
 }
 
 } // namespace servopanel::testing

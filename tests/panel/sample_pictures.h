@@ -3,6 +3,9 @@
 #include <QByteArray>
 #include <QList>
 
+#include <string>
+#include <vector>
+
 namespace servopanel::testing {
 
 // Picture files put together byte by byte, so that every field of theirs can be wrong.
@@ -46,5 +49,12 @@ QByteArray stretchedBitmap(
 QByteArray greenHalf(int mapMode = 8);
 // A bit of everything that the panel draws.
 QByteArray manyShapes();
+
+// One small picture of each kind that the panel takes.
+struct NamedPicture {
+    std::string name;
+    QByteArray data;
+};
+std::vector<NamedPicture> soundPictures();
 
 } // namespace servopanel::testing
