@@ -162,7 +162,7 @@ void loadQSettings(benchmark::State& state)
 }
 
 // Names of all sections and entries, walked through until they are the same.
-void lookUpFloor(benchmark::State& state)
+void lookUpWalk(benchmark::State& state)
 {
     const Sample sample{static_cast<int>(state.range(0))};
     std::vector<std::string> sections;
@@ -240,7 +240,7 @@ BENCHMARK(loadLibrary)->Apply(sizes);
 BENCHMARK(loadInih)->Apply(sizes);
 BENCHMARK(loadSimpleIni)->Apply(sizes);
 BENCHMARK(loadQSettings)->Apply(sizes);
-BENCHMARK(lookUpFloor)->Apply(sizes);
+BENCHMARK(lookUpWalk)->Apply(sizes);
 BENCHMARK(lookUpLibrary)->Apply(sizes);
 BENCHMARK(lookUpInih)->Apply(sizes);
 BENCHMARK(lookUpSimpleIni)->Apply(sizes);

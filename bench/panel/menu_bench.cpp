@@ -158,6 +158,19 @@ void floorOfCopies(benchmark::State& state)
     bytesAreRead(state, copies(copy));
 }
 
+// As many pixels as the menu paints when it comes from memory.
+void floorOfMemory(benchmark::State& state)
+{
+    const DemoCopy copy;
+    BenchPanel bench{copy, false};
+    bench.open();
+    bench.tap(bench.menuKey(1));
+    QWidget& key = bench.footerKey(leaveKey);
+    bench.paintings().startAnew();
+    bench.tap(key);
+    fillPixels(state, bench.paintings().pixels());
+}
+
 void alone(benchmark::internal::Benchmark* bench) { bench->Unit(benchmark::kMillisecond)->UseManualTime(); }
 
 BENCHMARK(menuFromSources)->Apply(alone);
@@ -168,6 +181,7 @@ BENCHMARK(plainFromCopies)->Apply(alone);
 BENCHMARK(plainFromMemory)->Apply(alone);
 BENCHMARK(floorOfSources)->Apply(alone);
 BENCHMARK(floorOfCopies)->Apply(alone);
+BENCHMARK(floorOfMemory)->Apply(alone);
 
 } // namespace
 

@@ -6,7 +6,6 @@
 
 #include <QLabel>
 
-#include <algorithm>
 #include <ctime>
 #include <stdexcept>
 
@@ -158,15 +157,22 @@ void confirm(benchmark::State& state)
     }
 }
 
+// The first servo's page, or its diagnosis page, with nothing left to be done.
+void goToPage(BenchPanel& bench, bool isDiagnosis)
+{
+    bench.open();
+    bench.tap(bench.menuKey(1));
+    if (isDiagnosis) bench.tap(bench.footerKey(diagnosisKey));
+    bench.stopTicks();
+    bench.tick();
+}
+
 // The floor of a tick: the variables that it reads are read and compared with what they were.
 void tickFloor(benchmark::State& state)
 {
     const DemoCopy copy;
     BenchPanel bench{copy, false};
-    bench.open();
-    bench.tap(bench.menuKey(1));
-    bench.tap(bench.footerKey(diagnosisKey));
-    bench.stopTicks();
+    goToPage(bench, state.range(0) != 0);
     bench.takeReads();
     bench.tick();
     const std::vector<std::string> names = bench.takeReads();
@@ -181,49 +187,114 @@ void tickFloor(benchmark::State& state)
         });
 }
 
-// The floor of a tick that brings everything anew: as many pixels as it paints are filled.
-void paintFloor(benchmark::State& state)
+// What an action paints, counted once.
+struct Painted {
+    std::int64_t pixels = 0;
+    int widgets = 0;
+};
+template <class F>
+Painted paintedBy(BenchPanel& bench, F action)
+{
+    bench.paintings().startAnew();
+    action();
+    return {bench.paintings().pixels(), bench.paintings().paintings()};
+}
+
+Painted tickOf(bool isDiagnosis)
+{
+    const DemoCopy copy;
+    BenchPanel bench{copy, false};
+    goToPage(bench, isDiagnosis);
+    bench.changeEveryValue();
+    return paintedBy(bench, [&] { bench.tick(); });
+}
+
+Painted opening()
 {
     const DemoCopy copy;
     BenchPanel bench{copy, false};
     bench.open();
-    bench.tap(bench.menuKey(1));
-    bench.tap(bench.footerKey(diagnosisKey));
-    bench.stopTicks();
-    bench.tick();
-    bench.paintings().startAnew();
-    bench.changeEveryValue();
-    bench.tick();
-    std::vector<std::uint32_t> pixels(static_cast<std::size_t>(bench.paintings().pixels()));
-    std::uint32_t colour = 0;
-    for (auto _ : state)
-        timed(state, [&] {
-            std::fill(pixels.begin(), pixels.end(), ++colour);
-            benchmark::ClobberMemory();
-        });
+    QWidget& key = bench.menuKey(1);
+    return paintedBy(bench, [&] { bench.tap(key); });
 }
 
-// What anybody would put together for forty values: labels that are given texts.
-void plainLabels(benchmark::State& state)
+Painted confirming()
 {
-    constexpr int labels = 40;
-    QWidget window;
-    window.resize(1280, 1024);
-    std::vector<std::unique_ptr<QLabel>> values;
-    for (int i = 0; i < labels; ++i) {
-        auto& label = *values.emplace_back(std::make_unique<QLabel>(&window));
-        label.setGeometry(300 + 500 * (i % 2), 200 + 30 * (i / 2), 120, 28);
-        label.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        label.setFrameShape(QFrame::Box);
+    const DemoCopy copy;
+    BenchPanel bench{copy, false};
+    goToPage(bench, false);
+    bench.enter("301.5");
+    QWidget& key = bench.footerKey(confirmKey);
+    return paintedBy(bench, [&] { bench.tap(key); });
+}
+
+// The floors of what brings something new: as many pixels as it paints are filled.
+void tickPaintFloor(benchmark::State& state) { fillPixels(state, tickOf(state.range(0) != 0).pixels); }
+void openPageFloor(benchmark::State& state) { fillPixels(state, opening().pixels); }
+void confirmFloor(benchmark::State& state) { fillPixels(state, confirming().pixels); }
+
+// What anybody would put together for values: labels that are given texts.
+class PlainPage {
+public:
+    explicit PlainPage(int labels)
+    {
+        window_.resize(1280, 1024);
+        page_.setParent(&window_);
+        page_.setGeometry(window_.rect());
+        constexpr int rows = 30;
+        for (int i = 0; i < labels; ++i) {
+            auto& label = *labels_.emplace_back(std::make_unique<QLabel>(&page_));
+            label.setGeometry(20 + 180 * (i / rows % 7), 100 + 30 * (i % rows), 120, 28);
+            label.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+            label.setFrameShape(QFrame::Box);
+        }
+        window_.show();
+        workUntilIdle();
     }
-    window.show();
-    workUntilIdle();
+
+    QWidget& page() { return page_; }
+    void setValues(double added)
+    {
+        for (std::size_t i = 0; i < labels_.size(); ++i)
+            labels_[i]->setText(QString::number(static_cast<double>(i) * 12.5 + added, 'f', 1));
+    }
+
+private:
+    QWidget window_;
+    QWidget page_;
+    std::vector<std::unique_ptr<QLabel>> labels_;
+};
+
+void plainLabels(benchmark::State& state, int labels)
+{
+    PlainPage plain{labels};
+    state.counters["labels"] = labels;
     double added = 0;
     for (auto _ : state) {
         if (state.range(0) != 0) added = 0.1 - added;
         timed(state, [&] {
-            for (int i = 0; i < labels; ++i)
-                values[static_cast<std::size_t>(i)]->setText(QString::number(i * 12.5 + added, 'f', 1));
+            plain.setValues(added);
+            workUntilIdle();
+        });
+    }
+}
+void plainDiagnosis(benchmark::State& state) { plainLabels(state, 40); } // as many as it has values
+void plainParameters(benchmark::State& state) { plainLabels(state, tickOf(false).widgets); }
+
+// As many labels as the panel paints widgets when a page is opened, given their texts and shown.
+void plainOpening(benchmark::State& state)
+{
+    const int labels = opening().widgets;
+    PlainPage plain{labels};
+    state.counters["labels"] = labels;
+    double added = 0;
+    for (auto _ : state) {
+        plain.page().hide();
+        workUntilIdle();
+        added = 0.1 - added;
+        timed(state, [&] {
+            plain.setValues(added);
+            plain.page().show();
             workUntilIdle();
         });
     }
@@ -251,9 +322,13 @@ BENCHMARK(openPageFirst)->Apply(withoutAndWith);
 BENCHMARK(openPageAgain)->Apply(withoutAndWith);
 BENCHMARK(tickUnchanged)->Apply(ticks);
 BENCHMARK(tickChanging)->Apply(ticks);
-BENCHMARK(tickFloor)->Apply(alone);
-BENCHMARK(paintFloor)->Apply(alone);
-BENCHMARK(plainLabels)->ArgName("changing")->Arg(0)->Arg(1)->Apply(alone);
+BENCHMARK(tickFloor)->ArgName("diagnosis")->Arg(0)->Arg(1)->Apply(alone);
+BENCHMARK(tickPaintFloor)->ArgName("diagnosis")->Arg(0)->Arg(1)->Apply(alone);
+BENCHMARK(openPageFloor)->Apply(alone);
+BENCHMARK(confirmFloor)->Apply(alone);
+BENCHMARK(plainDiagnosis)->ArgName("changing")->Arg(0)->Arg(1)->Apply(alone);
+BENCHMARK(plainParameters)->ArgName("changing")->Arg(0)->Arg(1)->Apply(alone);
+BENCHMARK(plainOpening)->Apply(alone);
 BENCHMARK(confirm)->Apply(withoutAndWith);
 
 } // namespace

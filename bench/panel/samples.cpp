@@ -1,5 +1,6 @@
 #include "samples.h"
 
+#include <algorithm>
 #include <fstream>
 #include <stdexcept>
 
@@ -25,6 +26,17 @@ Samples& samples()
 {
     static Samples all;
     return all;
+}
+
+void fillPixels(benchmark::State& state, std::int64_t pixels)
+{
+    std::vector<std::uint32_t> memory(static_cast<std::size_t>(pixels));
+    std::uint32_t colour = 0;
+    for (auto _ : state)
+        timed(state, [&] {
+            std::fill(memory.begin(), memory.end(), ++colour);
+            benchmark::ClobberMemory();
+        });
 }
 
 } // namespace servopanel::bench

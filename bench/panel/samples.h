@@ -3,6 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include <chrono>
+#include <cstdint>
 #include <map>
 #include <string>
 #include <vector>
@@ -32,5 +33,8 @@ void timed(benchmark::State& state, F work, const std::string& sample = {})
     state.SetIterationTime(taken.count());
     if (!sample.empty()) samples().add(sample, taken.count() * 1000);
 }
+
+// The floor of something that paints: as many pixels are filled.
+void fillPixels(benchmark::State& state, std::int64_t pixels);
 
 } // namespace servopanel::bench
