@@ -54,6 +54,21 @@ TEST(MenuErrorNames, AreThoseOfTheProcedures)
     }
 }
 
+// Button and shift state are looked at by nobody, but an event that brings none is no touch.
+TEST(MenuTouch, IsRefusedWhenAnArgumentIsNoNumber)
+{
+    Lone<servo_menu::ServoMenu> menu;
+    for (const auto& [child, procedure] : {std::pair{"", "Me UserControl_MouseMove"},
+             {"Beschriftung", "Me Beschriftung_MouseMove"}, {"BildIm", "Me BildIm_MouseMove"}})
+        for (std::size_t i = 0; i < 4; ++i) {
+            std::vector<basic::Variant> args(4, std::int16_t{1});
+            args[i] = "none";
+            menu.surround.errors.reports.clear();
+            EXPECT_TRUE(menu.control.deliver({child, 1}, "MouseMove", args));
+            EXPECT_EQ(menu.surround.reports(), (Reports{{13, procedure}})) << i;
+        }
+}
+
 TEST(MenuWelcheTaste, IsNoneBesideTheKeys)
 {
     Lone<servo_menu::ServoMenu> menu;
@@ -146,6 +161,24 @@ TEST(MenuAufbauen, SavesNothingForAPageThatIsGivenUp)
     EXPECT_EQ(menu.surround.logged("save"), Texts{});
     EXPECT_EQ(menu.surround.zustand.menüBilder.geladen[1], display::wahr);
     EXPECT_EQ(menu.surround.zustand.menüBilder.bild[1], nullptr);
+}
+
+// They come in while the picture of the first key is loaded; the scroll that caused the build is the first.
+TEST(MenuScroll, CountsTheRequestsOfOneBuildIn16Bits)
+{
+    Lone<servo_menu::ServoMenu> menu;
+    menu.surround.zustand.ServoAnzahl = 1;
+    menu.surround.zustand.ServoNr[1] = 1;
+    menu.surround.world().pictures["P:\\\\_1_.gif"] = nullptr;
+    bool once = true;
+    menu.surround.platform.loading = [&] {
+        if (!std::exchange(once, false)) return;
+        for (int i = 2; i <= 32768; ++i)
+            menu.control.ScrollBar_NeuePos(1);
+    };
+    menu.control.ScrollBar_NeuePos(1);
+    const Reports& reports = menu.surround.reports();
+    EXPECT_EQ(std::count(reports.begin(), reports.end(), Report{6, "Me ScrollBar_NeuePos"}), 1);
 }
 
 // Each statement is lost for itself: while no child answers, a procedure reports as often as it asks one of them.

@@ -141,6 +141,12 @@ TEST_F(MenuZeiger, ChoosesNothingOnAnEmptyKey)
     EXPECT_EQ(run("down 200 8100\nup 200 8100"), "> down 200 8100\n> up 200 8100\n");
 }
 
+TEST_F(MenuZeiger, ChoosesNothingWhenThePointerOnlyComesUp)
+{
+    shown(menuProject(8));
+    EXPECT_EQ(run("up 200 2400"), "> up 200 2400\n");
+}
+
 TEST_F(MenuZeiger, ChoosesByTheNewPositionWhenTheMenuScrollsDuringAPress)
 {
     shown(menuProject(8));
