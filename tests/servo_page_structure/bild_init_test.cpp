@@ -221,6 +221,22 @@ TEST_F(BildInit, StandsCaptionsThreePixelsFurtherLeftOnTheSmallestPanel)
     EXPECT_EQ(state("EinheitL(1).Left"), "4485");
 }
 
+// A pixel of 11000 twips: three of them are more than 16 bits hold.
+TEST_F(BildInit, LeavesCaptionsWhereTheyAreWhenThreePixelsOverflow)
+{
+    create("var parameter<.aufloesung> = 800\nscreen 11000 15\n");
+    EXPECT_EQ(count(lines("error 6 \"Ma BildInit Let\""), "\n"), 1U);
+    EXPECT_EQ(state("BeschriftungL(1).Left"), "0");
+}
+
+TEST_F(BildInit, StandsCaptionsForAWiderPanelWhenItRunsTwice)
+{
+    create("var parameter<.aufloesung> = 800\n");
+    run("var parameter<.aufloesung> = 1280\n");
+    again();
+    EXPECT_EQ(state("BeschriftungL(1).Left"), "105");
+}
+
 TEST_F(BildInit, KeepsTheLowestLevelWhenTheAccessLevelCannotBeRead)
 {
     create("fail read Ch-1.intern<.passwort>\n");

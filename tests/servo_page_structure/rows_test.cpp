@@ -121,6 +121,15 @@ TEST_F(AdressenUmschaltenRows, ShowEverythingWithoutDefinitions)
         EXPECT_EQ(visible(name), "true") << name;
 }
 
+TEST_F(AdressenUmschaltenRows, HideAllThatASingleDefinitionLeavesOut)
+{
+    show("db Servo\\Servo.mdb empty\n"
+         "db Servo\\Servo.mdb M1 Ch1.M1_T_servo_3<.mM1_servo_para_3> 0 0 1000 0 100 1\n");
+    EXPECT_EQ(visible("SollwertL(1)"), "true");
+    EXPECT_EQ(visible("SollwertL(2)"), "false");
+    EXPECT_EQ(visible("ZeichnungR(46)"), "false");
+}
+
 TEST_F(AdressenUmschaltenRows, ShowAgainWhatAnotherServoUses)
 {
     show("db Servo\\Servo.mdb M1 Ch1.M1_T_servo_5<.mM1_servo_para_5> 2 0 1000 0 100 1\n");
@@ -182,12 +191,12 @@ TEST_P(CaptionWidths, DecideWhetherACaptionIsBroken)
     EXPECT_EQ(visible("BeschriftungL2(1)"), GetParam().twoLines);
 }
 
-// Each character has seven pixels; the screen gives their twips.
+// Each character has seven pixels; the screen gives their twips, for half a twip beside the limit.
 const CaptionWidth captionWidths[] = {
     {"below_585_twips", "ab cd", "screen 16.7 15\n", "false"},
-    {"above_585_twips", "ab cd", "screen 16.75 15\n", "true"},
+    {"above_585_twips", "ab cd", "screen 16.73 15\n", "true"},
     {"below_360_twips", "a b", "var parameter<.aufloesung> = 800\nscreen 17.1 15\n", "false"},
-    {"above_360_twips", "a b", "var parameter<.aufloesung> = 800\nscreen 17.2 15\n", "true"},
+    {"above_360_twips", "a b", "var parameter<.aufloesung> = 800\nscreen 17.15 15\n", "true"},
     {"525_twips_on_1024", "ab cd", "var parameter<.aufloesung> = 1024\n", "false"},
     {"630_twips_on_1024", "abc de", "var parameter<.aufloesung> = 1024\n", "true"},
 };

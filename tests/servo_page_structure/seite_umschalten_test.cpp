@@ -1,5 +1,8 @@
 #include "page_test.h"
 
+#include "servo_page/servo_main.h"
+#include "support/lone.h"
+
 namespace servopanel::testing {
 
 namespace {
@@ -269,6 +272,15 @@ TEST_F(SeiteUmschalten, HasNoDiagnosisKeysOnTheSecondPageOfAServoWithoutOne)
     EXPECT_EQ(keys(run("key! 8\n")),
         up() + down() + noEngine() + noDiagnosis() + picture(10, "Servo\\Servo_1280.gif") + enable(10, true)
             + picture(11, "Standard\\F_Exit_1280.gif") + enable(11, true));
+}
+
+TEST(SeiteUmschaltenAlone, ReadsTheServosSettingsFromTheProjectsFolder)
+{
+    Lone<servo_page::ServoMain> page;
+    page.control.SeiteUmschalten(true);
+    const Texts files = page.surround.logged("profile");
+    ASSERT_FALSE(files.empty());
+    EXPECT_EQ(files[0], "P:\\Parameter\\Program.ini");
 }
 
 } // namespace

@@ -52,6 +52,37 @@ TEST(ServoMainAlone, KeepsTheNumbersThatWerePut)
     EXPECT_EQ(page.control.BildShow(), 3);
 }
 
+TEST(ServoMainAlone, RefusesATouchOfWhichAnArgumentIsNoNumber)
+{
+    Lone<servo_page::ServoMain> page;
+    for (std::size_t i = 0; i < 4; ++i) {
+        std::vector<basic::Variant> args(4, std::int16_t{1});
+        args[i] = "none";
+        page.surround.errors.reports.clear();
+        EXPECT_TRUE(page.control.deliver({"ZeichnungR", 42}, "MouseDown", args));
+        EXPECT_EQ(page.surround.reports(), (Reports{{13, "Ma ZeichnungR_MouseDown"}})) << i;
+    }
+}
+
+// Both fail here, and tell their order.
+TEST(ServoMainTerminate, StopsTheTimerThenClosesAnErrorDisplayThatGotReports)
+{
+    Lone<servo_page::ServoMain> page;
+    const auto display = std::make_shared<FakeErrorDisplay>();
+    display->fails = true;
+    page.surround.zustand.FehlerAnzeige = display;
+    page.fake("Timer")->missing = {"ENABLED"};
+    page.control.terminate();
+    EXPECT_EQ(display->closings, 0);
+    page.surround.errors.reports.clear();
+    page.surround.zustand.FehlerAnzahl = 1;
+    page.control.terminate();
+    EXPECT_EQ(display->closings, 1);
+    EXPECT_EQ(page.surround.zustand.FehlerAnzeige, nullptr);
+    EXPECT_EQ(page.surround.reports(),
+        (Reports{{438, "Ma UserControl_Terminate"}, {91, "Ma UserControl_Terminate"}}));
+}
+
 TEST(ServoMainForm, HoldsEachChildOnceBelowWhatLiesOnIt)
 {
     std::set<std::pair<std::string_view, std::int16_t>> seen;

@@ -41,7 +41,8 @@ TEST_F(SpracheGeandert, LeavesValuesAndPlaceOfTheAreaAlone)
 // The text of setpoint 2 and that of the second diagnosis line.
 TEST_F(SpracheGeandert, KeepsTheTextThatCannotBeFetchedAndNoOther)
 {
-    show();
+    show("text Servo.M1.Servo3.42 = Torque;Nm\n");
+    run("key 10\nkey 10\n");
     replay.host().world().lookUpText = [](std::string_view key) -> std::string {
         if (key == "Servo.M1.Servo3.2" || key == "Servo.M1.Servo3.42")
             basic::raise(basic::ErrorNumber::InvalidProcedureCall);
@@ -57,7 +58,8 @@ TEST_F(SpracheGeandert, KeepsTheTextThatCannotBeFetchedAndNoOther)
     run("key! 10\n");
     EXPECT_EQ(count(lines("error 5 \"Ma AdressenUmschalten\""), "\n"), 2U);
     EXPECT_EQ(state("Beschriftung(101).28"), "\"New\"");
-    EXPECT_EQ(state("Beschriftung(102).28"), "\"\"");
+    EXPECT_EQ(state("Beschriftung(102).28"), "\"Torque\"");
+    EXPECT_EQ(state("Einheit(102).28"), "\"Nm\"");
     EXPECT_EQ(state("Beschriftung(103).28"), "\"New\"");
 }
 

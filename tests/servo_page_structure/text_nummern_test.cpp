@@ -53,6 +53,7 @@ TEST(TextNummer, FailsForItemsWithoutText)
         EXPECT_THROW(textNummer(TextArt::Beschriftung, field), servopanel::basic::Error) << field;
     EXPECT_THROW(textNummer(TextArt::Punkt, 41), servopanel::basic::Error);
     EXPECT_THROW(textNummer(TextArt::Punkt, 47), servopanel::basic::Error);
+    EXPECT_THROW(textNummer(TextArt::ParaBeschriftung, 3), servopanel::basic::Error);
     EXPECT_THROW(textNummer(TextArt::Überschrift, 3), servopanel::basic::Error);
 }
 
