@@ -1,3 +1,4 @@
+#include "servo_page_values/lone_page.h"
 #include "servo_page_values/page.h"
 
 #include <gtest/gtest.h>
@@ -141,6 +142,38 @@ TEST(Eingabemaske, KeepsAskingForAnyModifiedFlagButZero)
     EXPECT_EQ(page.run("mask cancel\n"), "> mask cancel\n" + closed + inputs() + confirmKeys());
     // Asking has made the flag a plain True: key 10 writes.
     EXPECT_EQ(count(page.run("key 10\n"), "write " + variable("_servoaender_") + " = 1"), 1U);
+}
+
+class EingabemaskeAlone : public testing::LonePage {
+protected:
+    // The mask is opened for a number that is no field and reports a change.
+    std::ptrdiff_t greenWithoutATarget()
+    {
+        touch(30);
+        forget("SollwertL");
+        page.control.Eingabemaske_EingabeAenderung();
+        page.control.Eingabemaske_Eingabefertig();
+        return puts("SollwertL", "Vordergrund = 32768");
+    }
+};
+
+TEST_F(EingabemaskeAlone, ColoursNothingWithoutATarget)
+{
+    EXPECT_EQ(greenWithoutATarget(), 0);
+    // Nor with one that an edit before has left.
+    touch(5);
+    page.control.Eingabemaske_Eingabefertig();
+    EXPECT_EQ(greenWithoutATarget(), 0);
+}
+
+TEST_F(EingabemaskeAlone, ColoursNothingWhenItCannotBeAsked)
+{
+    touch(5);
+    forget("SollwertL");
+    page.fake("Eingabemaske")->missing = {"OFFEN"};
+    page.control.Eingabemaske_EingabeAenderung();
+    EXPECT_EQ(puts("SollwertL"), testing::Texts{});
+    EXPECT_EQ(reports(), (testing::Reports{{438, "Ma Eingabemaske_EingabeAenderung"}}));
 }
 
 } // namespace

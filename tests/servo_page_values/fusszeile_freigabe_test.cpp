@@ -1,3 +1,4 @@
+#include "servo_page_values/lone_page.h"
 #include "servo_page_values/page.h"
 
 #include <gtest/gtest.h>
@@ -52,6 +53,19 @@ TEST(FußzeileFreigabe, WithdrawsAllKeysSilverAfterSavingTheirSettings)
         EXPECT_EQ(
             page.run(std::string{"key "} + key + "\n"), std::string{"> key "} + key + "\nrefused key\n");
     EXPECT_EQ(holding(page.run("key 31\n"), "refused"), "");
+}
+
+class FußzeileFreigabeAlone : public testing::LonePage { };
+
+TEST_F(FußzeileFreigabeAlone, ReleasesOnlyTheExitBeforeTheKeysInUseAreKnown)
+{
+    page.surround.world().variables["parameter<.maschinenanzahl>"] = std::int16_t{1};
+    forget("Fußzeile");
+    page.control.FußzeileFreigabe(true);
+    const auto& calls = page.fake("Fußzeile")->crossings;
+    ASSERT_EQ(calls.size(), 1U);
+    EXPECT_EQ(calls[0].member.name, "Freigabe");
+    EXPECT_EQ(calls[0].args[0], basic::Variant{std::uint8_t{11}});
 }
 
 } // namespace

@@ -31,6 +31,15 @@ TEST(Fußzeile_TasteClick, Key4SwitchesTheSecondInputModeAtLevel5)
     EXPECT_EQ(page.run("key 4\n"), "> key 4\ncall ServoMain.Fußzeile.0x68030006(4, 12632256)\n");
 }
 
+TEST(Fußzeile_TasteClick, Key4ASecondTimeBringsTheMaskBack)
+{
+    Page page{levelFive()};
+    page.run("key 4\nkey 4\n");
+    const std::string trace = page.run("touch SollwertL 5\n");
+    EXPECT_NE(holding(trace, "Eingabemaske.0x68030000"), "");
+    EXPECT_EQ(holding(trace, "IniEingabe"), "");
+}
+
 TEST(Fußzeile_TasteClick, Key4DoesNothingAtOtherLevels)
 {
     for (const char* level : {"4", "6", "0"}) {

@@ -212,10 +212,18 @@ TEST(IniSchreiben, WritesAZeroThatFollowsAnotherValue)
 // One changed number shows that the operator has accepted the editor, and so the 0 that it shows for the others.
 TEST(IniSchreiben, WritesTheColumnsThatTheOperatorAccepted)
 {
-    Page page{firstDefinition("\"low\" \"high\" 3")};
-    page.run("key 4\ntouch SollwertL 1\nini 0 0 4\n");
-    EXPECT_EQ(unreadableColumns(page), 0U);
-    EXPECT_EQ(offered(page), offer("0", "0", "4"));
+    struct Accepted {
+        const char* least;
+        const char* most;
+        const char* level;
+    };
+    for (const auto& [least, most, level] :
+        {Accepted{"0", "0", "4"}, Accepted{"0", "50", "3"}, Accepted{"-1", "0", "3"}}) {
+        Page page{firstDefinition("\"low\" \"high\" 3")};
+        page.run(std::string{"key 4\ntouch SollwertL 1\nini "} + least + " " + most + " " + level + "\n");
+        EXPECT_EQ(unreadableColumns(page), 0U);
+        EXPECT_EQ(offered(page), offer(least, most, level));
+    }
 }
 
 TEST(IniSchreiben, LeavesTheColumnsOfACancelledEditorAsTheyAre)

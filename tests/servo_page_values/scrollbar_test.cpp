@@ -40,7 +40,9 @@ TEST(ScrollBar_NeuePos, CanBeMovedAsOftenAsOneLikes)
     std::string moves;
     for (int i = 0; i < 32769; ++i)
         moves += "pagescroll 2\n";
-    EXPECT_EQ(count(page.run(moves), moved("-15")), 32769U);
+    const std::string trace = page.run(moves);
+    EXPECT_EQ(count(trace, moved("-15")), 32769U);
+    EXPECT_EQ(holding(trace, "error"), "");
 }
 
 // Everything fits on the panel, so each position shows the end of the list. The page goes to its top when it is built
@@ -78,11 +80,14 @@ TEST_F(ScrollBarAlone, IsAtTheEndOfTheListOnlyBeyondItsLength)
     EXPECT_EQ(rebuiltAt(4), (Texts{"Top = 0", "Top = 0"}));
 }
 
-// The page has gone to its top, and nothing moves it from there.
+// The page stands at its top, at first or after it has gone there, and nothing moves it from there.
 TEST_F(ScrollBarAlone, StaysAtTheTopForAPositionThatCannotBe)
 {
     page.fake("ScrollBar")->properties["SEITE"] = std::int16_t{5};
     page.fake("ScrollBar")->properties["ANZAHL"] = std::int16_t{9};
+    forget("MainBereich");
+    page.control.ScrollBar_NeuePos(-32768);
+    EXPECT_EQ(puts("MainBereich"), (Texts{"Top = 0", "Top = 0"}));
     EXPECT_EQ(rebuiltAt(4), (Texts{"Top = 0", "Top = 0"}));
     forget("MainBereich");
     page.control.ScrollBar_NeuePos(-32768);
@@ -104,6 +109,22 @@ TEST_F(ScrollBarAlone, ServesAMoveThatArrivesWhileOneRuns)
     forget("MainBereich");
     page.control.ScrollBar_NeuePos(1);
     EXPECT_EQ(puts("MainBereich"), (Texts{"Top = 0", "Top = 0"}));
+}
+
+// They come in while the first half is set; the counting begins anew with the next move.
+TEST_F(ScrollBarAlone, CountsTheRequestsOfOneMoveIn16Bits)
+{
+    for (const char* move : {"first", "second"}) {
+        bool once = true;
+        page.fake("MainBereich")->afterPut = [&] {
+            if (!std::exchange(once, false)) return;
+            for (int i = 2; i <= 32768; ++i)
+                page.control.ScrollbarAnzeigen();
+        };
+        page.surround.errors.reports.clear();
+        page.control.ScrollbarAnzeigen();
+        EXPECT_EQ(reports(), (testing::Reports{{6, "Ma ScrollbarAnzeigen"}})) << move;
+    }
 }
 
 } // namespace
