@@ -33,14 +33,19 @@ public:
     std::int16_t BildShow();
     void SpracheGeandert(std::int16_t sprache); // the number itself is not used
     void UserControl_Terminate();
+    // Offers the footer keys in use again (True), or withdraws keys 1 to 10 (False), as on the page. The menu edits
+    // nothing, so none of its procedures calls this one.
     void FußzeileFreigabe(bool frei);
     void Aufbauen(); // pictures of the keys that the scroll position selects
-    void TasteZeichnen(std::int16_t taste, bool gedrückt);
+    // taste in these: key 1 to 8; 0 is none, and does nothing.
+    void TasteZeichnen(
+        std::int16_t taste, bool gedrückt); // only when the key does not look like that already
     void TextAusgabe();
     void TextFontsAendern();
     // Key under a point in twips, 0 when none; the keys' edges belong to them.
     void WelcheTaste(float x, float y, std::int16_t& taste);
-    void TasteGedrueckt(std::int16_t taste, bool gedrückt);
+    void TasteGedrueckt(
+        std::int16_t taste, bool gedrückt); // from the pointer's events; up on the same key: chosen
     void UserControl_MouseDown(std::int16_t button, std::int16_t shift, float x, float y);
     void UserControl_MouseMove(std::int16_t button, std::int16_t shift, float x, float y);
     void UserControl_MouseUp(std::int16_t button, std::int16_t shift, float x, float y);

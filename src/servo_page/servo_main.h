@@ -45,9 +45,11 @@ public:
         platform::ChildId ziel, std::int16_t oben, std::int16_t unten, bool mitLinie); // twips
 
     // Values and editing. feld: field number (1..24 setpoints, 31..34 switches, 41..46 drawing number items).
-    void IniLesen();
-    void IniSchreiben();
+    // Errors are reported under the procedure's name and never come out; what failed keeps what it had.
+    void IniLesen(); // definitions of the shown servo; from SeiteUmschalten
+    void IniSchreiben(); // definitions of the page into the database; from IniEingabe_EingabeFertig
     void WerteLesen(bool nurAuffrischen);
+    // Gives the touched fields to the machine, each family as one whole; from Fußzeile_TasteClick on confirmation.
     void WerteSchreiben();
     void EingabeDarstellen(bool markenBehalten);
     void Sollwert_MouseDown(std::int16_t feld, std::int16_t taste, std::int16_t umschalt, float x, float y);
@@ -55,13 +57,16 @@ public:
     void Eingabemaske_Eingabefertig();
     void IniEingabe_EingabeFertig();
     void IniEingabe_LostFocus();
+    // Offers the footer keys again (True), or withdraws them all while something is being edited (False).
     void FußzeileFreigabe(bool frei);
     void Fußzeile_TasteClick(std::int16_t taste);
     void Timer_Timer();
     void ScrollBar_NeuePos(std::int16_t neuePos);
-    void ScrollbarAnzeigen();
+    void ScrollbarAnzeigen(); // moves both halves to the scroll bar's offset; from ScrollBar_NeuePos
 
-    // Puts the modified flag (16-bit) to a state that editing itself never leaves; for replay scenarios only.
+    // Puts the modified flag (16-bit) to a state that editing itself never leaves; for replay scenarios only. A host of
+    // a machine must not: with -1 the confirm key writes all families although nobody entered anything, with 0 it does
+    // not write what was entered.
     void geaendertSetzen(std::int16_t geaendert);
 
 private:

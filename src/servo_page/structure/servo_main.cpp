@@ -39,7 +39,7 @@ constexpr Property eigenschaften[]{
     {platform::names::BildInit.name, "Ma BildInit Let", &ServoMain::BildInit, &ServoMain::BildInit},
     {platform::names::BildShow.name, "Ma BildShow Let", &ServoMain::BildShow, &ServoMain::BildShow},
     {platform::names::SpracheGeandert.name, "Ma Let SpracheGeandert", &ServoMain::SpracheGeandert, nullptr},
-    // A facility of the replay tool: reaches states that only a caller outside could leave.
+    // For the replay tool alone, see geaendertSetzen: reaches states that only a caller outside could leave.
     {"poke.modified", "Ma poke.modified", &ServoMain::geaendertSetzen, nullptr},
 };
 
