@@ -7,6 +7,9 @@
 
 #include <memory>
 
+// What a metafile's text made fontconfig find out stays with it until the end of the program.
+extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig"; }
+
 namespace servopanel::fuzz {
 
 namespace {
