@@ -3,37 +3,20 @@
 #include "panel/runtime/panel.h"
 #include "panel/tour/tour.h"
 #include "portable/temporary_folder.h"
+#include "support/run_in_shell.h"
 
 #include <gtest/gtest.h>
 
 #include <QTest>
 
-#include <array>
-#include <cstdio>
 #include <string>
-#include <sys/wait.h>
 
 using namespace servopanel;
 
 namespace {
 
-struct Outcome {
-    int status = -1;
-    std::string text; // both outputs
-};
-
-Outcome runInShell(const std::string& command)
-{
-    std::FILE* const pipe = popen(("exec 2>&1; " + command).c_str(), "r");
-    if (pipe == nullptr) return {};
-    Outcome outcome;
-    std::array<char, 4096> buffer{};
-    for (std::size_t count = 0; (count = std::fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
-        outcome.text.append(buffer.data(), count);
-    const int status = pclose(pipe);
-    outcome.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return outcome;
-}
+using servopanel::testing::Outcome;
+using servopanel::testing::runInShell;
 
 class Tutorial : public ::testing::Test {
 protected:

@@ -1,31 +1,17 @@
+#include "support/run_in_shell.h"
+
 #include <gtest/gtest.h>
 
-#include <array>
-#include <cstdio>
 #include <fstream>
 #include <string>
-#include <sys/wait.h>
 
 namespace {
 
-struct Outcome {
-    int status = -1;
-    std::string text; // both outputs
-};
+using servopanel::testing::Outcome;
 
-// Runs the replay tool as a shell would.
 Outcome servoReplay(const std::string& arguments)
 {
-    const std::string command = std::string{SERVO_REPLAY} + " " + arguments + " 2>&1";
-    std::FILE* pipe = popen(command.c_str(), "r");
-    if (pipe == nullptr) return {};
-    Outcome outcome;
-    std::array<char, 4096> buffer{};
-    for (std::size_t count = 0; (count = std::fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
-        outcome.text.append(buffer.data(), count);
-    const int status = pclose(pipe);
-    outcome.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return outcome;
+    return servopanel::testing::runInShell(std::string{SERVO_REPLAY} + " " + arguments);
 }
 
 std::string scenarioFile(const std::string& name, const std::string& text)
