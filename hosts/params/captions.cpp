@@ -14,10 +14,8 @@ Captions::Caption Captions::of(const std::string& machine, const Place& place) c
     const std::int16_t number = servo_page::textNummer(
         servo_page::TextArt::Beschriftung, static_cast<std::int16_t>(place.of().firstField + place.element));
     // As the page splits it; the blanks around the parts are of no use in a list.
-    display::GemeinsamerZustand zustand;
-    zustand.MaschinenBez = machine;
     const std::string text =
-        texts_.text(display::textSchlüssel(zustand, "Servo", basic::roundToInt16(place.servo), number));
+        texts_.text(display::textSchlüssel(machine, "Servo", basic::roundToInt16(place.servo), number));
     const servo_page::TextTeile parts = servo_page::textTeile(text);
     return {std::string{basic::trim(parts.Beschriftung)}, std::string{basic::trim(parts.Einheit)}};
 }

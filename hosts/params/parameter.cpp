@@ -27,9 +27,7 @@ std::span<const Family> parameterFamilies() { return all; }
 
 std::string variableName(const std::string& machine, int servo, std::string_view family)
 {
-    display::GemeinsamerZustand zustand;
-    zustand.MaschinenBez = machine;
-    return display::servoVariable(zustand, family, basic::roundToInt16(servo));
+    return display::servoVariable(machine, family, basic::roundToInt16(servo));
 }
 
 std::optional<ParameterVariable> parameterVariable(std::string_view name)

@@ -19,21 +19,33 @@ std::string verkettet(std::initializer_list<std::string_view> teile)
 
 } // namespace
 
+std::string servoVariable(std::string_view maschinenBez, std::string_view familie, std::int16_t servoNummer,
+    std::string_view zusatz)
+{
+    const std::string nummer = basic::decimal(std::int32_t{servoNummer});
+    return verkettet(
+        {"Ch1.", maschinenBez, "_T_servo_", nummer, "<.m", maschinenBez, familie, nummer, zusatz, ">"});
+}
+
 std::string servoVariable(const GemeinsamerZustand& zustand, std::string_view familie,
     std::int16_t servoNummer, std::string_view zusatz)
 {
-    const std::string nummer = basic::decimal(std::int32_t{servoNummer});
-    const std::string& maschine = zustand.MaschinenBez;
-    return verkettet({"Ch1.", maschine, "_T_servo_", nummer, "<.m", maschine, familie, nummer, zusatz, ">"});
+    return servoVariable(zustand.MaschinenBez, familie, servoNummer, zusatz);
 }
 
 std::string interneVariable(std::string_view member) { return verkettet({"Ch-1.intern<.", member, ">"}); }
 
+std::string textSchlüssel(std::string_view maschinenBez, std::string_view bibliothek,
+    std::int16_t servoNummer, std::int16_t textNummer)
+{
+    return verkettet({bibliothek, ".", maschinenBez, ".", bibliothek,
+        basic::decimal(std::int32_t{servoNummer}), ".", basic::decimal(std::int32_t{textNummer})});
+}
+
 std::string textSchlüssel(const GemeinsamerZustand& zustand, std::string_view bibliothek,
     std::int16_t servoNummer, std::int16_t textNummer)
 {
-    return verkettet({bibliothek, ".", zustand.MaschinenBez, ".", bibliothek,
-        basic::decimal(std::int32_t{servoNummer}), ".", basic::decimal(std::int32_t{textNummer})});
+    return textSchlüssel(zustand.MaschinenBez, bibliothek, servoNummer, textNummer);
 }
 
 std::string standardBild(const GemeinsamerZustand& zustand, std::string_view stamm)

@@ -15,7 +15,10 @@ namespace servopanel::display {
 inline constexpr std::string_view programmIni = "Parameter\\Program.ini";
 
 // A process variable of one servo, such as "Ch1.M1_T_servo_3<.mM1_servo_para_3>" for "_servo_para_". zusatz follows the
-// servo number without a separator, as the diagnosis families want it.
+// servo number without a separator, as the diagnosis families want it. The machine is named by its designation, or is
+// the one of the shared state.
+std::string servoVariable(std::string_view maschinenBez, std::string_view familie, std::int16_t servoNummer,
+    std::string_view zusatz = {});
 std::string servoVariable(const GemeinsamerZustand& zustand, std::string_view familie,
     std::int16_t servoNummer, std::string_view zusatz = {});
 
@@ -23,6 +26,8 @@ std::string servoVariable(const GemeinsamerZustand& zustand, std::string_view fa
 std::string interneVariable(std::string_view member);
 
 // Language text key of a servo: "Servo.M1.Servo3.41" for text number 41.
+std::string textSchlüssel(std::string_view maschinenBez, std::string_view bibliothek,
+    std::int16_t servoNummer, std::int16_t textNummer);
 std::string textSchlüssel(const GemeinsamerZustand& zustand, std::string_view bibliothek,
     std::int16_t servoNummer, std::int16_t textNummer);
 

@@ -19,6 +19,7 @@ GemeinsamerZustand zustand(const char* maschine)
 TEST(ServoVariable, NamesMachineAndServoTwice)
 {
     EXPECT_EQ(servoVariable(zustand("M1"), "_servopassiv_", 3), "Ch1.M1_T_servo_3<.mM1_servopassiv_3>");
+    EXPECT_EQ(servoVariable("M1", "_servo_diag_", 3, "1"), "Ch1.M1_T_servo_3<.mM1_servo_diag_31>");
     EXPECT_EQ(servoVariable(zustand("1"), "_servo_para_", 3), "Ch1.1_T_servo_3<.m1_servo_para_3>");
     EXPECT_EQ(servoVariable(zustand("A7"), "_servo_schalt_", 12), "Ch1.A7_T_servo_12<.mA7_servo_schalt_12>");
 }
@@ -48,6 +49,7 @@ TEST(InterneVariable, WrapsTheMember)
 TEST(TextSchlüssel, NamesTheLibraryTwice)
 {
     EXPECT_EQ(textSchlüssel(zustand("M1"), "Servo", 3, 41), "Servo.M1.Servo3.41");
+    EXPECT_EQ(textSchlüssel("M1", "Servo", 3, 41), "Servo.M1.Servo3.41");
     EXPECT_EQ(textSchlüssel(zustand("B2"), "Achse", 12, 1), "Achse.B2.Achse12.1");
 }
 
