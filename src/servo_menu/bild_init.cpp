@@ -21,7 +21,9 @@ void ServoMenu::BildInit(std::int16_t bildNummer)
 
     // 2. The library's name leads to its folder and files; other screens of the project read it from the variable.
     trap([&] { zustand_.Bibliothek = module_.global.HoleOCXNamen(); });
-    trap([&] { display::WriteValue(module_.umfeld, "Ch-1.intern<.ocxname>", zustand_.Bibliothek); });
+    trap([&] {
+        display::WriteValue(module_.umfeld, display::interneVariable("ocxname"), zustand_.Bibliothek);
+    });
 
     // 3. Resolution and scale factors.
     trap([&] { module_.global.HoleAufloesung(1280); });

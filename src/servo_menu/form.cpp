@@ -1,5 +1,7 @@
 #include "servo_menu/form.h"
 
+#include "display/farben.h"
+
 namespace servopanel::servo_menu {
 
 using platform::ChildId;
@@ -10,13 +12,13 @@ namespace classes = platform::classes;
 namespace {
 
 constexpr std::int16_t linksbündig = 0;
-constexpr std::int32_t fensterfarbe = 0xC0C0C0;
 
 constexpr FirstValue unsichtbar[]{{"Visible", false}};
 // The source is always as large as its file; the other two are sized by the menu.
 constexpr FirstValue quelle[]{
-    {"Visible", false}, {"AutoSize", true}, {"AutoRedraw", true}, {"BackColor", fensterfarbe}};
-constexpr FirstValue arbeitsbild[]{{"Visible", false}, {"AutoRedraw", true}, {"BackColor", fensterfarbe}};
+    {"Visible", false}, {"AutoSize", true}, {"AutoRedraw", true}, {"BackColor", display::farben::Silber}};
+constexpr FirstValue arbeitsbild[]{
+    {"Visible", false}, {"AutoRedraw", true}, {"BackColor", display::farben::Silber}};
 // A key's picture hangs between the frame's edges; place and size come with the key grid.
 constexpr FirstValue tastenBild[]{{"Visible", false}, {"Width", 8940.0F}, {"Height", 2685.0F}};
 constexpr FirstValue beschriftung[]{{"Visible", false}, {"Width", 7305.0F}, {"Height", 420.0F},

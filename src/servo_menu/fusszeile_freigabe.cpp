@@ -1,3 +1,4 @@
+#include "display/farben.h"
 #include "display/umfeld.h"
 #include "platform/facades/fusszeile.h"
 #include "servo_menu/servo_menu.h"
@@ -9,7 +10,6 @@ using platform::Fußzeile;
 void ServoMenu::FußzeileFreigabe(bool frei)
 {
     basic::StatementTrap trap{fehler(), "Me FußzeileFreigabe"};
-    constexpr std::int32_t silber = 0xC0C0C0;
 
     for (std::int16_t taste = 1; taste <= 10; ++taste) {
         const auto nummer = static_cast<std::uint8_t>(taste);
@@ -17,7 +17,7 @@ void ServoMenu::FußzeileFreigabe(bool frei)
             // Withdraw: read the key's setting, then switch it off.
             trap([&] { Fußzeile{kind("Fußzeile")}.Einstellung(nummer); });
             trap([&] { Fußzeile{kind("Fußzeile")}.Freigabe(nummer, false); });
-            trap([&] { Fußzeile{kind("Fußzeile")}.Farbe(nummer, silber); });
+            trap([&] { Fußzeile{kind("Fußzeile")}.Farbe(nummer, display::farben::Silber); });
         } else if (taste == 9) {
             // The machine key makes sense with several machines only.
             if (trap.condition([&] { return display::mehrereMaschinen(module_.umfeld); }))

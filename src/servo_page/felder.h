@@ -1,5 +1,7 @@
 #pragma once
 
+#include "display/farben.h"
+
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -105,7 +107,7 @@ inline constexpr std::string_view Geaendert = "_servoaender_";
 
 // Colours 0xBBGGRR.
 namespace farben {
-inline constexpr std::int32_t Silber = 0xC0C0C0; // normal background, normal key
+using display::farben::Silber;
 inline constexpr std::int32_t Grau = 0x808080; // locked
 inline constexpr std::int32_t Schwarz = 0; // normal
 inline constexpr std::int32_t Grün = 0x008000; // changed, not yet written

@@ -6,12 +6,13 @@ namespace servopanel::shell {
 
 using basic::decimal;
 using basic::toInt16;
+using display::interneVariable;
 using display::ReadValue;
 using display::WriteValue;
 
 namespace {
 
-constexpr std::string_view countdown = "Ch-1.intern<.navi_password_countdown>";
+constexpr std::string_view countdown = "navi_password_countdown";
 
 } // namespace
 
@@ -23,13 +24,13 @@ void Servo::gemeinsamenZustandLaden(basic::StatementTrap& trap)
 
     // 1. The library's name, for the other screens of the project.
     trap([&] { bibliothek_ = module_.global.HoleOCXNamen(); });
-    trap([&] { WriteValue(umfeld, "Ch-1.intern<.ocxname>", bibliothek_); });
+    trap([&] { WriteValue(umfeld, interneVariable("ocxname"), bibliothek_); });
 
     // 2. Resolution, scale factors, right-to-left flag.
     trap([&] { module_.global.HoleAufloesung(1280); });
 
     // 3. to 5. The machine, its designation, its configured servos.
-    trap([&] { gem.AktuelleMaschine = toInt16(ReadValue(umfeld, "Ch-1.intern<.aktuelle_maschine>")); });
+    trap([&] { gem.AktuelleMaschine = toInt16(ReadValue(umfeld, interneVariable("aktuelle_maschine"))); });
     trap([&] {
         gem.MaschinenBez = basic::toText(
             ReadValue(umfeld, "parameter<.maschinenbez_" + decimal(gem.AktuelleMaschine) + ">"));
@@ -43,9 +44,9 @@ void Servo::gemeinsamenZustandLaden(basic::StatementTrap& trap)
     if (trap.condition(
             [&] { return basic::equalsBoolean(ReadValue(umfeld, "parameter<.mit_navi>"), true); })) {
         std::int16_t zähler = 0;
-        trap([&] { zähler = toInt16(ReadValue(umfeld, countdown)); });
+        trap([&] { zähler = toInt16(ReadValue(umfeld, interneVariable(countdown))); });
         trap([&] { zähler = basic::add16(zähler, 1); });
-        trap([&] { WriteValue(umfeld, countdown, zähler); });
+        trap([&] { WriteValue(umfeld, interneVariable(countdown), zähler); });
     }
 
     // 7. and 8. The servos that are not switched off.
@@ -63,7 +64,7 @@ void Servo::gemeinsamenZustandLaden(basic::StatementTrap& trap)
     });
 
     // 10. Access level.
-    trap([&] { gem.PasswortStufe = toInt16(ReadValue(umfeld, "Ch-1.intern<.passwort>")); });
+    trap([&] { gem.PasswortStufe = toInt16(ReadValue(umfeld, interneVariable("passwort"))); });
 
     // 11. Files by machine type.
     if (maschinenTyp > 0) {

@@ -26,7 +26,8 @@ void Servo::UserControl_Initialize()
 
     // 7. The servo that was shown when the panel was last left in the middle of one.
     trap([&] {
-        gem.AktServo = basic::toInt16(display::ReadValue(module_.umfeld, "Ch-1.intern<.servo_zeiger>"));
+        gem.AktServo =
+            basic::toInt16(display::ReadValue(module_.umfeld, display::interneVariable("servo_zeiger")));
     });
 
     // 8. Menu and page share one place.

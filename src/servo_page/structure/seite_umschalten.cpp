@@ -52,7 +52,7 @@ void ServoMain::servoEinlesen(StatementTrap& trap)
     trap([&] {
         zustand_.wahl.ExternerServo =
             module_.service.LoadIniBoolean("Machine" + decimal(std::int32_t{gem.AktuelleMaschine}),
-                "ExtServo" + decimal(std::int32_t{gem.AktServo}), "Parameter\\Program.ini", true, false);
+                "ExtServo" + decimal(std::int32_t{gem.AktServo}), display::programmIni, true, false);
     });
     IniLesen();
     trap(

@@ -1,3 +1,4 @@
+#include "config/datenbank.h"
 #include "servo_page/felder.h"
 #include "servo_page/servo_main.h"
 
@@ -16,7 +17,8 @@ void ServoMain::IniLesen()
     // 1. and 2. Read the definitions of the machine; without any the page keeps what it has.
     std::int16_t anzahl = 0;
     trap([&] {
-        anzahl = servoModul.INI_Datenbank_Einlesen(datenbankName(), gemeinsam().MaschinenBez, "alle");
+        anzahl = servoModul.INI_Datenbank_Einlesen(
+            datenbankName(), gemeinsam().MaschinenBez, config::alleVariablen);
     });
     if (anzahl <= 0) return;
 

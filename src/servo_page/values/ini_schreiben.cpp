@@ -1,3 +1,4 @@
+#include "config/datenbank.h"
 #include "servo_page/felder.h"
 #include "servo_page/servo_main.h"
 
@@ -19,7 +20,7 @@ void ServoMain::IniSchreiben()
     }
 
     // 2. Write the table, whether or not a field had its place in it.
-    trap([&] { servoModul.INI_Datenbank_Schreiben(datenbankName(), "alle"); });
+    trap([&] { servoModul.INI_Datenbank_Schreiben(datenbankName(), config::alleVariablen); });
 }
 
 } // namespace servopanel::servo_page
