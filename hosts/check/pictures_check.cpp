@@ -3,6 +3,7 @@
 #include "basic/text.h"
 #include "check/folders.h"
 #include "check/ini_files.h"
+#include "machine/screen_rows.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -148,7 +149,7 @@ std::set<int> resolutionsOf(const CheckedProject& project)
     for (const char* const folder : {"Servo", "Standard"}) {
         for (const fs::path name : namesIn(project, folder)) {
             const std::string stem = name.stem().string();
-            for (const int resolution : {800, 1024, 1280}) {
+            for (const int resolution : machine::resolutions) {
                 const std::string part = '_' + std::to_string(resolution);
                 if (stem.size() > part.size()
                     && stem.compare(stem.size() - part.size(), part.size(), part) == 0)

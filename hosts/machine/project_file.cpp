@@ -5,6 +5,7 @@
 #include "machine/access_level.h"
 #include "machine/json_object.h"
 #include "machine/machine_settings_reader.h"
+#include "machine/screen_rows.h"
 #include "machine/variable_store.h"
 #include "machine/variable_value.h"
 #include "portable/text_reading.h"
@@ -47,8 +48,6 @@ void readScreen(JsonObject& object, ProjectFile& project, const std::string& fil
     }
     screen.finish();
 }
-
-bool isResolution(std::int64_t width) { return width == 800 || width == 1024 || width == 1280; }
 
 // The control reads the width from a variable, the panel from the project: there is one number for both.
 void settleResolution(JsonObject& object, ProjectFile& project, bool isStated)

@@ -1,11 +1,17 @@
 #include "machine/screen_rows.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace servopanel::machine {
 
 namespace {
 constexpr double millimetresPerInch = 25.4;
+}
+
+bool isResolution(std::int64_t width)
+{
+    return std::find(resolutions.begin(), resolutions.end(), width) != resolutions.end();
 }
 
 ScreenSize screenSize(int resolution)
@@ -32,9 +38,12 @@ double rowMillimetres(int resolution, double inches)
     return rowPixels(resolution) * inches * millimetresPerInch / std::hypot(screen.width, screen.height);
 }
 
-double leastDiagonal(int resolution)
+double leastDiagonal(int resolution) { return leastDiagonal(rowMillimetres(resolution, 1), 1); }
+
+double leastDiagonal(double rowMillimetres, double inches)
 {
-    return std::ceil(leastTouchMillimetres / rowMillimetres(resolution, 1) * 10 - 1e-9) / 10;
+    constexpr double rounding = 1e-9; // what computing may add to a whole tenth
+    return std::ceil(leastTouchMillimetres / rowMillimetres * inches * 10 - rounding) / 10;
 }
 
 } // namespace servopanel::machine

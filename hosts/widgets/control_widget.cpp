@@ -1,6 +1,8 @@
 #include "widgets/control_widget.h"
 
 #include "basic/error.h"
+#include "machine/access_level.h"
+#include "machine/screen_rows.h"
 #include "panel/look/colours.h"
 #include "panel/look/fonts.h"
 #include "panel/runtime/panel.h"
@@ -10,7 +12,6 @@
 #include <QPointer>
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace servopanel {
@@ -18,8 +19,6 @@ namespace servopanel {
 namespace {
 constexpr QSize design{1280, 1024};
 constexpr int basicFontPixels = 14;
-constexpr std::array resolutions{0, 800, 1024, 1280};
-constexpr int highestLevel = 5;
 constexpr int retryMilliseconds = 50;
 } // namespace
 
@@ -47,7 +46,7 @@ void ControlWidget::setProject(const QString& folder)
 void ControlWidget::setResolution(int width)
 {
     if (width == resolution_) return;
-    if (std::find(resolutions.begin(), resolutions.end(), width) == resolutions.end()) {
+    if (width != 0 && !machine::isResolution(width)) {
         report(tr("The resolution is 800, 1024, 1280 or 0 for the project's own, not %1").arg(width));
         return;
     }
@@ -87,7 +86,7 @@ void ControlWidget::setLanguage(const QString& numberOrCode)
 void ControlWidget::setAccessLevel(int level)
 {
     if (level == accessLevel_) return;
-    if (level < -1 || level > highestLevel) {
+    if (level < -1 || level > machine::highestAccessLevel) {
         report(tr("The access level is 0 to 5, or -1 for the project's own, not %1").arg(level));
         return;
     }

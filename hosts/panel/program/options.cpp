@@ -1,9 +1,10 @@
 #include "panel/program/options.h"
 
 #include "machine/access_level.h"
+#include "machine/screen_rows.h"
 #include "mqtt/broker_link.h"
+#include "portable/whole_number.h"
 
-#include <charconv>
 #include <memory>
 #include <variant>
 
@@ -11,14 +12,7 @@ namespace servopanel::panel {
 
 namespace {
 
-std::optional<int> wholeNumber(const std::string& text)
-{
-    int value = 0;
-    const char* end = text.data() + text.size();
-    const auto result = std::from_chars(text.data(), end, value);
-    if (result.ec != std::errc{} || result.ptr != end) return {};
-    return value;
-}
+using portable::wholeNumber;
 
 void take(Options& options, const std::string& name, const std::string& value)
 {
@@ -26,16 +20,15 @@ void take(Options& options, const std::string& name, const std::string& value)
         options.problem = name + " takes " + expected + ", not '" + value + "'";
     };
     if (name == "--resolution") {
-        options.settings.resolution = wholeNumber(value);
-        const int width = options.settings.resolution.value_or(0);
-        if (width != 800 && width != 1024 && width != 1280) fail("800, 1024 or 1280");
+        options.settings.resolution = wholeNumber<int>(value);
+        if (!machine::isResolution(options.settings.resolution.value_or(0))) fail("800, 1024 or 1280");
     } else if (name == "--zoom") {
         options.settings.zoom = PanelWindow::Zoom::ToWindow;
         if (value != "fit") fail("fit");
     } else if (name == "--language") {
         options.settings.language = value;
     } else if (name == "--level") {
-        const int level = wholeNumber(value).value_or(-1);
+        const int level = wholeNumber<int>(value).value_or(-1);
         if (level < 0 || level > machine::highestAccessLevel)
             fail("an access level from 0 to 5");
         else

@@ -1,5 +1,6 @@
 // The screen that is shown, what lies on it, and the keys that lead on.
 #include "basic/conversions.h"
+#include "machine/screen_rows.h"
 #include "panel/form/fusszeile.h"
 #include "panel/look/qt_text.h"
 #include "panel/look/touch_size.h"
@@ -9,7 +10,6 @@
 #include "platform/ids.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace servopanel::panel {
 
@@ -127,9 +127,8 @@ void Panel::noteLowRows()
     const QWidget& stage = window_.stage();
     const double row = machine::rowPixels(stage.width()) * millimetresPerPixel(stage);
     if (row >= leastTouchMillimetres) return;
-    const double needed = *file_.diagonalInches * leastTouchMillimetres / row;
     const QString line =
-        word(PanelText::LowRows) + u' ' + QString::number(std::ceil(needed * 10 - 1e-9) / 10);
+        word(PanelText::LowRows) + u' ' + QString::number(machine::leastDiagonal(row, *file_.diagonalInches));
     const auto& known = errors_.entries();
     const bool isKnown =
         std::any_of(known.begin(), known.end(), [&](const ErrorEntry& entry) { return entry.text == line; });

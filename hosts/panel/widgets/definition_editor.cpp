@@ -19,7 +19,8 @@ namespace servopanel::panel {
 namespace {
 
 constexpr int gap = 4; // pixels between keys
-constexpr double highestLevel = std::numeric_limits<std::int16_t>::max();
+// What the field of a definition holds; a level that nobody has locks the value.
+constexpr double mostOfLevel = std::numeric_limits<std::int16_t>::max();
 
 } // namespace
 
@@ -66,7 +67,7 @@ void DefinitionEditor::start(const Definition& definition)
     entries_[Least].start(basic::decimal(definition.least));
     entries_[Most].start(basic::decimal(definition.most));
     entries_[Level].start(basic::decimal(std::int32_t{definition.level}));
-    entries_[Level].setLimits(0.0, highestLevel);
+    entries_[Level].setLimits(0.0, mostOfLevel);
     choose(Least);
     languageChanged();
     setFocus();
