@@ -6,8 +6,6 @@
 #include "panel/look/touch_size.h"
 #include "panel/runtime/broker_connection.h"
 
-#include <QSysInfo>
-
 #include <system_error>
 
 namespace servopanel::panel {
@@ -39,8 +37,6 @@ portable::PathMapping mapping(const PanelSettings& settings)
 }
 
 } // namespace
-
-std::string nameOfComputer() { return QSysInfo::machineHostName().toStdString(); }
 
 machine::ProjectFile Panel::loadProject(const std::filesystem::path& folder)
 {

@@ -19,6 +19,7 @@
 #include "panel/trends/trends.h"
 #include "panel/widgets/answer_strip.h"
 #include "panel/window/panel_window.h"
+#include "portable/computer_name.h"
 #include "portable/portable_files.h"
 #include "portable/portable_profile.h"
 #include "recording/trace/recorder.h"
@@ -54,9 +55,6 @@ struct Outside {
     std::function<void(const ErrorEntry& report)> reported;
 };
 
-// What this computer is called.
-std::string nameOfComputer();
-
 struct PanelSettings {
     std::filesystem::path project;
     std::optional<machine::ProjectFile> file; // read already; otherwise the one in the folder
@@ -66,7 +64,7 @@ struct PanelSettings {
     std::filesystem::path trace; // file for everything that crosses the library's border; empty: none
     std::filesystem::path
         state; // folder for what the operator chose, kept over a restart; empty: nothing is kept
-    std::string name = nameOfComputer(); // of this panel, its own among all of the line
+    std::string name = portable::computerName("servo-panel"); // of this panel, its own among all of the line
     std::filesystem::path journal; // folder for a record of all writes to the machines; empty: none
     std::shared_ptr<const Held> before; // of the panel that this one takes the place of
     std::filesystem::path temporary; // where scaled pictures are kept; empty: the system's temporary folder
