@@ -108,7 +108,6 @@ std::string JournalFile::openPresent()
         return trouble;
     }
     isTorn_ = last != '\n';
-    if (isTorn_) ++torn_;
     return keepNames(settings_.folder) ? std::string{} : failed(settings_.folder);
 }
 

@@ -40,9 +40,6 @@ public:
 
     const std::filesystem::path& folder() const { return settings_.folder; }
 
-    // Lines that were found torn at the end of the file, since the start.
-    int tornLines() const { return torn_; }
-
 private:
     std::filesystem::path present() const { return journalFile(settings_.folder, 0); }
     bool isInPlace() const;
@@ -58,7 +55,6 @@ private:
     portable::Descriptor file_;
     std::int64_t size_ = 0; // of the file, bytes
     bool isTorn_ = false; // its last line has no end
-    int torn_ = 0;
     std::deque<std::string> waiting_; // with their line feeds
     std::int64_t lost_ = 0; // lines that waited too long
 };

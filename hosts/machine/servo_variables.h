@@ -3,8 +3,6 @@
 #include "machine/problem.h"
 #include "machine/variable_store.h"
 
-#include <array>
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>

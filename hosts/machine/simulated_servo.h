@@ -5,8 +5,8 @@
 #include "machine/servo_variables.h"
 #include "machine/simulated_line.h"
 
-#include <array>
 #include <cstddef>
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>

@@ -25,7 +25,6 @@ TEST_F(JournalFileTest, GoesOnWhereItWas)
     file = JournalFile{{.folder = folder.path()}};
     EXPECT_EQ(file.append({"four"}), "");
     EXPECT_EQ(content(), "one\ntwo\nthree\nfour\n");
-    EXPECT_EQ(file.tornLines(), 0);
 }
 
 TEST_F(JournalFileTest, ALineTornByAPowerCutStaysByItself)
@@ -34,7 +33,6 @@ TEST_F(JournalFileTest, ALineTornByAPowerCutStaysByItself)
     EXPECT_EQ(file.append({"three"}), "");
     EXPECT_EQ(file.append({"four"}), "");
     EXPECT_EQ(content(), "one\ntw\nthree\nfour\n");
-    EXPECT_EQ(file.tornLines(), 1);
 }
 
 TEST_F(JournalFileTest, ZerosThatAPowerCutLeftStayByThemselves)
@@ -42,7 +40,6 @@ TEST_F(JournalFileTest, ZerosThatAPowerCutLeftStayByThemselves)
     put(std::string{"one\n"} + std::string(5, '\0'));
     EXPECT_EQ(file.append({"two"}), "");
     EXPECT_EQ(content(), std::string{"one\n"} + std::string(5, '\0') + "\ntwo\n");
-    EXPECT_EQ(file.tornLines(), 1);
 }
 
 TEST_F(JournalFileTest, IsPutAsideBeforeItGrowsTooLarge)

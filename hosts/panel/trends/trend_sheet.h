@@ -35,7 +35,6 @@ public:
     void setWishHandler(std::function<void(Wish)> handler) { wish_ = std::move(handler); }
 
     TouchKey& spanKey(std::size_t which) { return *spans_[which]; } // 1, 5, 15 minutes
-    TouchKey& sharedKey() { return *shared_; }
     TouchKey& freezeKey() { return *freeze_; }
     TouchKey& moveKey() { return *move_; }
     TouchKey& enlargeKey() { return *enlarge_; }
