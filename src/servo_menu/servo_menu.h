@@ -60,6 +60,9 @@ public:
     void ScrollBar_NeuePos(std::int16_t neuePos);
     void Fußzeile_TasteClick(std::int16_t taste);
 
+    // What the menu keeps. For tests: some of it shows nowhere.
+    const MenüZustand& zustand() const { return zustand_; }
+
 private:
     platform::ControlRef kind(std::string_view name, std::int16_t index = platform::ChildId::noIndex)
     {

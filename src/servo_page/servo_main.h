@@ -69,6 +69,9 @@ public:
     // not write what was entered.
     void geaendertSetzen(std::int16_t geaendert);
 
+    // What the page keeps. For tests: some of it shows in no input and no key.
+    const SeitenZustand& zustand() const { return zustand_; }
+
 private:
     // Children of the form by name, for one statement.
     platform::ControlRef kind(std::string_view name, std::int16_t index = platform::ChildId::noIndex)

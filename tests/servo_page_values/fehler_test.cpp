@@ -45,9 +45,22 @@ TEST(PageErrorNames, AreThoseOfTheProcedures)
         {"Ma Fußzeile_TasteClick", [](auto& m) { m.Fußzeile_TasteClick(31); }},
         {"Ma ScrollBar_NeuePos", [](auto& m) { m.ScrollBar_NeuePos(-32768); }},
         {"Ma ScrollbarAnzeigen", [](auto& m) { m.ScrollbarAnzeigen(); }},
+        // A touch that brings nothing along.
         {"Ma SollwertL_MouseDown",
             [](auto& m) {
                 m.deliver({"SollwertL", 1}, "MouseDown", {});
+            }},
+        {"Ma SollwertR_MouseDown",
+            [](auto& m) {
+                m.deliver({"SollwertR", 11}, "MouseDown", {});
+            }},
+        {"Ma ZeichnungL_MouseDown",
+            [](auto& m) {
+                m.deliver({"ZeichnungL", 41}, "MouseDown", {});
+            }},
+        {"Ma ZeichnungR_MouseDown",
+            [](auto& m) {
+                m.deliver({"ZeichnungR", 42}, "MouseDown", {});
             }},
         {"Ma Fußzeile_TasteClick", [](auto& m) { m.deliver({"Fußzeile"}, "TasteClick", {}); }},
     };
