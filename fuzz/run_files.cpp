@@ -2,11 +2,12 @@
 //
 //     NAME FOLDER-OR-FILE...
 //
-// Ends with 0 when the target stood it, with 2 when there was nothing to feed.
+// Ends with 0 when the target stood it, with 2 when there was nothing to feed or a file cannot be read.
 #include "fuzz/fuzz.h"
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -29,6 +30,10 @@ std::vector<std::filesystem::path> filesOf(const std::filesystem::path& place)
 std::string bytesOf(const std::filesystem::path& file)
 {
     std::ifstream in{file, std::ios::binary};
+    if (!in) {
+        std::printf("cannot be read\n");
+        std::exit(2);
+    }
     return {std::istreambuf_iterator<char>{in}, {}};
 }
 
