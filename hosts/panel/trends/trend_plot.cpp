@@ -137,9 +137,8 @@ const Axis& TrendPlot::axis(int mark) const
     return own ? *own : none;
 }
 
-double TrendPlot::xAt(double seconds) const
+double TrendPlot::xAt(double seconds, const QRect& place) const
 {
-    const QRect place = area();
     return place.left() + (seconds - (end() - span_)) / span_ * place.width();
 }
 
@@ -269,7 +268,7 @@ void TrendPlot::drawTimes(QPainter& painter) const
     const TimeGrid grid = timeGrid(span_);
     const QFont font = panelFont(fontPixels());
     for (double age = 0; age <= span_ + 0.001; age += grid.step) {
-        const double at = xAt(end() - age);
+        const double at = xAt(end() - age, place);
         painter.setPen(QPen{colours::faintBorder, 1, Qt::DotLine});
         painter.drawLine(QPointF(at, place.top()), QPointF(at, place.bottom()));
         painter.setPen(colours::faintInk);
@@ -337,7 +336,7 @@ void TrendPlot::drawCurve(QPainter& painter, const TrendLine& line) const
         }
         if (std::isnan(value)) continue;
         lastTime = values.time(row);
-        const QPointF at{xAt(lastTime), y(value)};
+        const QPointF at{xAt(lastTime, place), y(value)};
         const qsizetype count = piece.size();
         // Three points in one column: the middle one only if it is an end of the stroke.
         if (count >= 2 && std::floor(piece[count - 2].x()) == std::floor(at.x())

@@ -83,7 +83,8 @@ private:
 
     const History& history() const { return frozen_ ? frozen_->history : *live_; }
     double end() const { return frozen_ ? frozen_->end : now_; }
-    double xAt(double seconds) const;
+    // place: area(), which measures texts and is not asked for at each value.
+    double xAt(double seconds, const QRect& place) const;
     std::size_t rowNear(double seconds) const;
     Range rangeOf(std::size_t column) const;
     void scale();
