@@ -11,7 +11,6 @@ namespace servopanel::monkey {
 
 namespace {
 
-// What the operator does at the end of each look; the last one leads back to where the first begins.
 constexpr std::array<std::string_view, 16> round{
     "menudown BildIm 1 100 100\nmenuup BildIm 1 100 100", // to servo 3
     "key 10", // diagnosis pages
@@ -39,6 +38,8 @@ std::vector<std::string> variablesOfTheMachine()
 }
 
 } // namespace
+
+std::span<const std::string_view> operatorsRound() { return round; }
 
 FastMotion::FastMotion(Link link, std::size_t ticksOfALook)
     : ticksOfALook_{ticksOfALook}

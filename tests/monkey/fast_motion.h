@@ -3,8 +3,14 @@
 #include "recording/replay.h"
 
 #include <cstddef>
+#include <span>
+#include <string_view>
 
 namespace servopanel::monkey {
+
+// What the operator does at the end of each look at a page, one command a line; the last one leads back to where the
+// first begins: the menu.
+std::span<const std::string_view> operatorsRound();
 
 // A panel that is left running, in fast motion: the page's timer ticks and the machine's values move; now and then the
 // operator looks at the next page, on the way round all servos, their diagnosis pages and the menu.

@@ -1,36 +1,14 @@
 #include "monkey/long_run.h"
 
-#include "monkey/allocations.h"
 #include "monkey/fast_motion.h"
+#include "monkey/memory_in_use.h"
 
 #include <chrono>
 #include <cstdio>
-#include <fstream>
-
-#include <unistd.h>
 
 namespace servopanel::monkey {
 
 namespace {
-
-struct Memory {
-    std::size_t alive = 0; // pieces
-    std::size_t resident = 0; // kB
-};
-
-Memory memoryNow()
-{
-    std::size_t size = 0;
-    std::size_t resident = 0;
-    std::ifstream{"/proc/self/statm"} >> size >> resident;
-    return {allocationsAlive(), resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE)) / 1024};
-}
-
-void print(const char* when, const Memory& memory)
-{
-    std::printf("  %-22s %zu kB resident, %zu pieces of memory\n", when, memory.resident, memory.alive);
-    std::fflush(stdout);
-}
 
 bool stays(FastMotion::Link link, unsigned days)
 {
@@ -47,10 +25,10 @@ bool stays(FastMotion::Link link, unsigned days)
     std::printf(
         "%s\n", link == FastMotion::Link::Good ? "The machine answers" : "The machine does not answer");
     motion.play(roundsOfAnHour * round);
-    const Memory hour = memoryNow();
+    const MemoryInUse hour = memoryNow();
     print("after the first hour:", hour);
     motion.play((rounds - roundsOfAnHour) * round);
-    const Memory end = memoryNow();
+    const MemoryInUse end = memoryNow();
     print("at the end:", end);
     const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
     std::printf("  %zu ticks (%zu in the menu), %zu reads, %zu of them failed, in %.0f s\n", rounds * round,

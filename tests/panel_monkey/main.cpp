@@ -1,15 +1,14 @@
 #include "monkey/program.h"
-#include "panel/look/fonts.h"
+#include "panel_monkey/long_run.h"
+#include "panel_monkey/offscreen_qt.h"
 #include "panel_monkey/panel_run.h"
-
-#include <QApplication>
-#include <QStyleFactory>
 
 namespace {
 
 constexpr std::string_view usage =
     R"(panel-monkey [--seed N] [--runs N] [--commands N] [--keep FOLDER]
 panel-monkey --play FILE
+panel-monkey --days N
 
 Plays random touches, keys, values, failures and losses on the real panel without a monitor, and checks after each that
 nothing reaches the machine that nobody confirmed, that nothing untouched changes, that one picture is to be seen, and
@@ -22,24 +21,13 @@ that the panel goes on to answer.
                   what only a panel has stands in it as comments
   --play FILE     plays such a scenario again on a panel, with those comments
 
-Says at the end what was done. Ends with 0 when all rules held, with 1 when one was broken, with 2 when nothing could be
-played.
-)";
+With --days it leaves a panel with the demonstration project running for that many days in fast motion instead, with looks at
+servos, their diagnosis pages, trends, the reports and the menu, first with machines that answer and then with none that
+does, and compares the memory at the end with that after the first hours.
 
-// Each run is a process of its own, and Qt begins in it.
-servopanel::monkey::Played playedInQt(
-    const servopanel::monkey::Commands& commands, const servopanel::monkey::Progress& progress)
-{
-    using namespace servopanel;
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    int count = 1;
-    char name[] = "panel-monkey";
-    char* arguments[] = {name, nullptr};
-    const QApplication application{count, arguments};
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QApplication::setFont(panel::panelFont(14));
-    return monkey::playedOnPanel(commands, progress);
-}
+Says at the end what was done. Ends with 0 when all rules held and the memory stayed, with 1 when not, with 2 when nothing
+could be played.
+)";
 
 } // namespace
 
@@ -51,7 +39,11 @@ int main(int count, char** arguments)
             .runs = 100,
             .commands = 500,
             .commandsOf = commandsOnPanel,
-            .played = [](const Commands& commands, const Progress& progress,
-                          std::string_view) { return playedInQt(commands, progress); },
-            .playDays = {}});
+            // Each run is a process of its own, and Qt begins in it.
+            .played =
+                [](const Commands& commands, const Progress& progress, std::string_view) {
+                    const OffscreenQt qt;
+                    return playedOnPanel(commands, progress);
+                },
+            .playDays = playDaysOnPanel});
 }

@@ -8,10 +8,11 @@
 #include "panel/form/fusszeile.h"
 #include "panel/form/header.h"
 #include "panel/form/ini_eingabe.h"
-#include "panel/form/scroll_bar.h"
 #include "panel/form/timer_child.h"
 #include "panel/test_project.h"
+#include "panel_monkey/by_hand.h"
 #include "panel_monkey/random_hands.h"
+#include "panel_monkey/words.h"
 #include "platform/ids.h"
 #include "recording/scenario/line_reader.h"
 
@@ -40,22 +41,6 @@ using platform::ChildId;
 constexpr int confirmKey = 10;
 constexpr int leaveKey = 11;
 constexpr std::string_view resolutionCommand = "# panel: resolution ";
-
-struct Words {
-    explicit Words(std::string_view command)
-        : in{std::string{command}}
-    {
-    }
-    std::string word()
-    {
-        std::string next;
-        in >> next;
-        return next;
-    }
-    int whole() { return std::atoi(word().c_str()); }
-
-    std::istringstream in;
-};
 
 void replace(std::string& text, std::string_view what, std::string_view by)
 {
@@ -207,10 +192,6 @@ private:
     void machine(std::string_view rest);
     void fail(Words words);
     void loss(const std::string& command);
-    void enter(const std::string& number);
-    void editDefinition(Words words);
-    void touchInput(const std::string& control, std::int16_t index);
-    void scroll(std::string_view part, bool up);
     void touch(const std::vector<QPoint>& places);
     void press(const std::string& key);
     void tick();
@@ -266,28 +247,10 @@ std::optional<std::string> PanelRun::perform(const std::string& command)
     if (command.starts_with(panelOnly)) return ofThePanel(command.substr(panelOnly.size()));
     Words words{command};
     const std::string verb = words.word();
-    if (verb == "touch") {
-        const std::string control = words.word();
-        touchInput(control, static_cast<std::int16_t>(words.whole()));
-    } else if (verb == "mask") {
-        const std::string number = words.word();
-        number == "cancel" ? hands_->cancel() : enter(number);
-    } else if (verb == "ini") {
-        editDefinition(std::move(words));
-    } else if (verb == "key" || verb == "menukey") {
-        const int number = words.whole();
-        static_cast<void>(hands_->part(verb == "key" ? "ServoMain" : "ServoMenu"));
-        mayConfirm_ = verb == "key" && number == confirmKey;
-        hands_->footerKey(number);
-    } else if (verb == "timer") {
+    mayConfirm_ = verb == "key" && words.whole() == confirmKey;
+    if (doneByHand(*hands_, command)) return std::nullopt;
+    if (verb == "timer") {
         tick();
-    } else if (verb == "language") {
-        hands_->language(words.whole());
-    } else if (verb == "scroll" || verb == "pagescroll") {
-        scroll(verb == "scroll" ? "ServoMenu" : "ServoMain", words.whole() % 2 == 0);
-    } else if (verb == "menudown") {
-        words.word();
-        hands_->menuKey(words.whole());
     } else if (verb == "terminate") {
         panel_->closeScreen();
     } else if (verb == "create" || verb == "show") {
@@ -393,52 +356,12 @@ void PanelRun::loss(const std::string& command)
     }
 }
 
-void PanelRun::enter(const std::string& number)
-{
-    hands_->clear();
-    hands_->type(number);
-    hands_->ok();
-}
-
-void PanelRun::editDefinition(Words words)
-{
-    const std::string first = words.word();
-    if (first == "cancel") {
-        hands_->editorCancel();
-        return;
-    }
-    auto& editor = hands_->part("ServoMain").require<panel::IniEingabeChild>("IniEingabe").editor();
-    int row = 0;
-    for (std::string number = first; !number.empty(); number = words.word()) {
-        hands_->editorRow(row++);
-        hands_->tap(*editor.pad().key(QStringLiteral("C")));
-        hands_->editorType(number.front() == '-' ? number.substr(1) + "-" : number);
-    }
-    hands_->editorOk();
-}
-
 bool PanelRun::isOnConfirmKey(QPoint place)
 {
     ControlHost* const part = panel_->shownPart();
     if (part == nullptr || part->className() != "ServoMain") return false;
     const panel::TouchKey& key = part->require<panel::FußzeileChild>("Fußzeile").bar().key(confirmKey);
     return QRect{key.mapTo(&panel_->window().stage(), QPoint{}), key.size()}.contains(place);
-}
-
-// What is scrolled out of its pane cannot be touched; a finger there would touch something else.
-void PanelRun::touchInput(const std::string& control, std::int16_t index)
-{
-    panel::Child* const input = hands_->part("ServoMain").find(control, index);
-    if (input == nullptr) throw NotThere{control};
-    QWidget& view = input->view();
-    if (!view.visibleRegion().contains(view.rect().center())) throw NotThere{control + " is out of sight"};
-    hands_->input(control, index);
-}
-
-void PanelRun::scroll(std::string_view part, bool up)
-{
-    auto& bar = hands_->part(part).require<panel::ScrollBarChild>("ScrollBar").scroll();
-    hands_->tap(up ? bar.upKey() : bar.downKey());
 }
 
 // The finger comes down on the first place and is lifted at the last.
