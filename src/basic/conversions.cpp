@@ -38,16 +38,18 @@ Whole roundTo(double value)
 std::string currencyText(std::int64_t scaled)
 {
     // Two's complement: the magnitude of the smallest number has no signed form.
+    const bool negative = scaled < 0;
     const std::uint64_t bits = static_cast<std::uint64_t>(scaled);
-    const std::uint64_t magnitude = scaled < 0 ? 0 - bits : bits;
+    const std::uint64_t magnitude = negative ? 0 - bits : bits;
     char buffer[24];
     const auto result = std::to_chars(std::begin(buffer), std::end(buffer), magnitude);
     std::string digits{std::begin(buffer), result.ptr};
-    if (digits.size() < 5) digits.insert(0, 5 - digits.size(), '0');
+    while (digits.size() < 5)
+        digits.insert(digits.begin(), '0');
     digits.insert(digits.size() - 4, 1, '.');
     digits.erase(digits.find_last_not_of('0') + 1);
     if (digits.back() == '.') digits.pop_back();
-    return scaled < 0 ? "-" + digits : digits;
+    return negative ? "-" + digits : digits;
 }
 
 // "1e+15" of the standard library as "1E+15", and never a negative zero.
@@ -84,11 +86,10 @@ std::int32_t roundToInt32(double value) { return roundTo<std::int32_t>(value); }
 double numberFromText(std::string_view text)
 {
     std::string_view digits = trim(text);
-    if (digits.size() > 2 && digits[0] == '&' && (digits[1] == 'H' || digits[1] == 'h'))
-        return hexadecimal(digits.substr(2));
-    if (!digits.empty() && digits[0] == '+') {
+    if (digits.starts_with("&H") || digits.starts_with("&h")) return hexadecimal(digits.substr(2));
+    if (digits.starts_with('+')) {
         digits.remove_prefix(1);
-        if (!digits.empty() && digits[0] == '-') raise(ErrorNumber::TypeMismatch);
+        if (digits.starts_with('-')) raise(ErrorNumber::TypeMismatch);
     }
     const LeadingDecimal number = leadingDecimal(digits);
     if (number.length == 0 || number.length != digits.size()) raise(ErrorNumber::TypeMismatch);

@@ -13,7 +13,6 @@ void reportInternal(ErrorSink& sink, std::string_view entry, const char* what) n
         sink.report(Error{static_cast<std::int32_t>(ErrorNumber::InternalError), {}, what}, entry);
     } catch (...) {
         // Out of memory while describing the failure: there is nothing left to describe it with.
-        return;
     }
 }
 

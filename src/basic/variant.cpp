@@ -58,11 +58,7 @@ VariantType Variant::type() const
 
 Variant doubles(const std::vector<double>& values)
 {
-    Array array{VariantType::Double, 0, {}};
-    array.elements.reserve(values.size());
-    for (double value : values)
-        array.elements.emplace_back(value);
-    return array;
+    return Array{VariantType::Double, 0, std::vector<Variant>(values.begin(), values.end())};
 }
 
 namespace {

@@ -3,6 +3,8 @@
 #include "basic/statement_trap.h"
 #include "basic/text.h"
 
+#include <algorithm>
+#include <charconv>
 #include <optional>
 
 namespace servopanel::config {
@@ -13,16 +15,7 @@ namespace {
 constexpr std::int32_t keineZahl = -1;
 
 // Far beyond 16 bits; larger numbers need not be told apart.
-constexpr std::int32_t sehrGroß = 1'000'000;
-
-// Value of a digit; not below the base for anything that is none.
-constexpr std::int32_t ziffer(char zeichen)
-{
-    if (zeichen >= '0' && zeichen <= '9') return zeichen - '0';
-    if (zeichen >= 'a' && zeichen <= 'f') return zeichen - 'a' + 10;
-    if (zeichen >= 'A' && zeichen <= 'F') return zeichen - 'A' + 10;
-    return 16;
-}
+constexpr std::uint32_t sehrGroß = 1'000'000;
 
 // The number at the start of a value: a sign and digits, hexadecimal ones after 0x; 0 when no digit comes first. An
 // entry that is there but empty counts as absent.
@@ -32,16 +25,13 @@ std::int32_t zahl(const std::optional<std::string>& wert)
     std::string_view rest = *wert;
     const bool negativ = rest.front() == '-';
     if (negativ || rest.front() == '+') rest.remove_prefix(1);
-    std::int32_t basis = 10;
-    if (rest.size() > 2 && rest[0] == '0' && (rest[1] == 'x' || rest[1] == 'X')) {
-        basis = 16;
-        rest.remove_prefix(2);
-    }
-    std::int32_t betrag = 0;
-    for (char zeichen : rest) {
-        if (ziffer(zeichen) >= basis) break;
-        if (betrag < sehrGroß) betrag = betrag * basis + ziffer(zeichen);
-    }
+    const bool hexadezimal = rest.starts_with("0x") || rest.starts_with("0X");
+    if (hexadezimal) rest.remove_prefix(2);
+    std::uint32_t ziffern = 0;
+    const auto gelesen =
+        std::from_chars(rest.data(), rest.data() + rest.size(), ziffern, hexadezimal ? 16 : 10);
+    if (gelesen.ec == std::errc::result_out_of_range) ziffern = sehrGroß;
+    const auto betrag = static_cast<std::int32_t>(std::min(ziffern, sehrGroß));
     return negativ ? -betrag : betrag;
 }
 

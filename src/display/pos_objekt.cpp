@@ -6,6 +6,7 @@
 #include "basic/text.h"
 #include "platform/ids.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace servopanel::display {
@@ -90,7 +91,7 @@ void MGlobal::SchriftAnpassen(
             punkte = basic::roundToInt16(
                 basic::Int(double{mal(zustand.FaktorY, basic::toSingle(objekt.get(names::FontSize)))}));
         });
-        if (punkte < angaben.kleinsteSchrift) punkte = angaben.kleinsteSchrift;
+        punkte = std::max(punkte, angaben.kleinsteSchrift);
     }
 
     // 2.3 and 2.4 Which kind of control; when even that is unknown, its font stays.

@@ -23,8 +23,7 @@ void ServoMenu::UserControl_MouseMove(std::int16_t, std::int16_t, float x, float
     trap([&] { WelcheTaste(x, y, taste); });
     // Off the pressed key: it comes up without a choice.
     if (trap.condition([&] { return taste != zustand_.GedrückteTaste; })) {
-        std::int16_t gedrückt = 0;
-        trap([&] { gedrückt = zustand_.GedrückteTaste; });
+        const std::int16_t gedrückt = zustand_.GedrückteTaste;
         trap([&] { zustand_.GedrückteTaste = 0; });
         trap([&] { TasteGedrueckt(gedrückt, false); });
     }

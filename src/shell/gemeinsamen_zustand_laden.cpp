@@ -2,6 +2,8 @@
 #include "display/namen.h"
 #include "shell/servo.h"
 
+#include <algorithm>
+
 namespace servopanel::shell {
 
 using basic::decimal;
@@ -110,7 +112,7 @@ void Servo::aktiveServosSuchen(basic::StatementTrap& trap)
             variante =
                 service.LoadIniInteger(sektion(), "ServoPic" + decimal(i), display::programmIni, true, false);
         });
-        if (trap.condition([&] { return gem.ServoPic[anzahl] < 1; })) trap([&] { gem.ServoPic[anzahl] = 1; });
+        trap([&] { gem.ServoPic[anzahl] = std::max(gem.ServoPic[anzahl], std::int16_t{1}); });
     }
 
     trap([&] { gem.ServoAnzahl = anzahl; });

@@ -1,6 +1,8 @@
 #include "display/namen.h"
 #include "shell/servo.h"
 
+#include <algorithm>
+
 namespace servopanel::shell {
 
 using basic::single;
@@ -38,7 +40,7 @@ void Servo::UserControl_Initialize()
 
     // 9. The first view.
     if (trap.condition([&] { return gem.AktServo != 0 || !gem.MitMenu; })) {
-        if (trap.condition([&] { return gem.AktServo < 1; })) trap([&] { gem.AktServo = 1; });
+        trap([&] { gem.AktServo = std::max(gem.AktServo, std::int16_t{1}); });
         trap([&] { kind("ServoMain").BildInit(wahr); });
     } else {
         trap([&] { kind("ServoMenu").BildInit(wahr); });

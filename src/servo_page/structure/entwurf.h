@@ -9,10 +9,10 @@
 namespace servopanel::servo_page::entwurf {
 
 struct Rechteck {
-    float links = 0;
-    float oben = 0;
-    float breite = 0;
-    float höhe = 0;
+    float links;
+    float oben;
+    float breite;
+    float höhe;
 };
 
 inline constexpr Rechteck überschrift{105, 1635, 5700, 600};

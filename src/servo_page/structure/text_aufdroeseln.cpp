@@ -2,6 +2,8 @@
 
 #include "servo_page/servo_main.h"
 
+#include <optional>
+
 namespace servopanel::servo_page {
 
 namespace {
@@ -11,28 +13,28 @@ namespace {
 constexpr std::string_view breiteSemikolons[]{"\xC2\xA3\xC2\xBB", "\xC2\x81G", "\xEF\xBC\x9B"};
 
 struct Trennung {
-    std::size_t stelle = std::string_view::npos; // bytes
-    std::size_t länge = 0;
+    std::size_t stelle; // bytes
+    std::size_t länge;
 };
 
-Trennung trennung(std::string_view text)
+std::optional<Trennung> trennung(std::string_view text)
 {
     const std::size_t semikolon = text.find(';');
-    if (semikolon != std::string_view::npos && semikolon > 0) return {semikolon, 1};
+    if (semikolon != std::string_view::npos && semikolon > 0) return Trennung{semikolon, 1};
     for (std::string_view breit : breiteSemikolons) {
         const std::size_t stelle = text.find(breit, 1);
-        if (stelle != std::string_view::npos) return {stelle, breit.size()};
+        if (stelle != std::string_view::npos) return Trennung{stelle, breit.size()};
     }
-    return {};
+    return std::nullopt;
 }
 
 } // namespace
 
 TextTeile textTeile(std::string_view text)
 {
-    const Trennung gefunden = trennung(text);
-    if (gefunden.stelle == std::string_view::npos) return {text, {}};
-    return {text.substr(0, gefunden.stelle), text.substr(gefunden.stelle + gefunden.länge)};
+    const std::optional<Trennung> gefunden = trennung(text);
+    if (!gefunden) return {text, {}};
+    return {text.substr(0, gefunden->stelle), text.substr(gefunden->stelle + gefunden->länge)};
 }
 
 void ServoMain::TextAufdröseln(std::string_view text, std::string& beschriftung, std::string& einheit)

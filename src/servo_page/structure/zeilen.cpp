@@ -19,7 +19,7 @@ using platform::Textanzeige;
 bool ServoMain::feldFehlt(std::int16_t feld)
 {
     const std::optional<Familie> familie = familieDesFelds(feld);
-    return familie && module_.servoModul.ParamDefAnzahl() > 0 && definitionsPosition(*familie) <= 0;
+    return familie && module_.servoModul.ParamDefAnzahl() > 0 && definitionsPosition(*familie) < 1;
 }
 
 void ServoMain::sollwertzeile(StatementTrap& trap, std::int16_t feld)
