@@ -20,6 +20,7 @@ TEST(UpperCase, CoversLatinLetters)
     EXPECT_EQ(upperCase("äöüàéîñøþ"), "ÄÖÜÀÉÎÑØÞ");
     EXPECT_EQ(upperCase("ÄÖÜÀÉÎÑØÞ"), "ÄÖÜÀÉÎÑØÞ");
     EXPECT_EQ(upperCase("ÿ"), "Ÿ");
+    EXPECT_EQ(upperCase("Ŋŋ"), "ŊŊ");
     EXPECT_EQ(upperCase("āčęğıķĺŀłňőřšťůŷźżž"), "ĀČĘĞıĶĹĿŁŇŐŘŠŤŮŶŹŻŽ");
     EXPECT_EQ(upperCase("ĀČĘĞİĶĹĿŁŇŐŘŠŤŮŶŸŹŻŽ"), "ĀČĘĞİĶĹĿŁŇŐŘŠŤŮŶŸŹŻŽ");
 }

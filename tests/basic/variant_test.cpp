@@ -113,4 +113,13 @@ TEST(Doubles, MakesAFamilyOfSetpoints)
     EXPECT_EQ(element(values, 1), Variant{-2.0});
 }
 
+// Hosts make values, and errors, that they give no number.
+TEST(SeamTypes, AreZeroWithoutANumber)
+{
+    EXPECT_EQ(Currency{}, Currency{0});
+    EXPECT_EQ(Date{}, Date{0});
+    EXPECT_EQ(ErrorCode{}, ErrorCode{0});
+    EXPECT_EQ(Error{}.number, 0);
+}
+
 } // namespace

@@ -141,4 +141,19 @@ TEST_F(FindeIniEintrag, ReportsAFailingMessage)
     EXPECT_EQ(reports(), (Reports{{1000, "FindeIniEintrag"}}));
 }
 
+TEST_F(FindeIniEintrag, HoldsNothingBeforeTheFirstFile)
+{
+    EXPECT_EQ(speicher.IniSektionAnzahl, 0);
+    EXPECT_EQ(speicher.IniEintragAnzahl, 0);
+    EXPECT_FALSE(speicher.IniGeaendert);
+}
+
+// Neither section nor entry have a name, and neither has the line in front of all sections.
+TEST_F(FindeIniEintrag, AnswersNothingForNoName)
+{
+    file("a.ini", {"=5"});
+    open("a.ini");
+    EXPECT_EQ(find("", ""), "");
+}
+
 } // namespace

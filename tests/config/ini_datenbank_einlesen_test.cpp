@@ -1,7 +1,10 @@
+#include "config/datenbank.h"
 #include "definitions_fixture.h"
 
+#include <algorithm>
 #include <memory>
 #include <string_view>
+#include <vector>
 
 namespace {
 
@@ -251,6 +254,73 @@ TEST_F(IniDatenbankEinlesen, CountsTheRowThatFindsNoRoomAndReportsItsStore)
     modul.INI_Datenbank_Schreiben(file, "alle");
     EXPECT_EQ(table.updates, 2000);
     EXPECT_EQ(reports().size(), 1U);
+}
+
+// The only row of a database; of it nothing but its machine type can be read. Each failure has a number of its own.
+class BrokenRow final : public platform::RecordSet {
+public:
+    bool atEnd() override { return atEnd_; }
+    void moveNext() override { atEnd_ = true; }
+    basic::Variant field(std::string_view column) override
+    {
+        static const Texts columns{"abs_max", "abs_min", "offset_or_bitno", "Max", "Min", "Pass", "var_name"};
+        if (column == "machine_type") return "M1";
+        const auto place = std::find(columns.begin(), columns.end(), column);
+        throw basic::Error{static_cast<std::int32_t>(1 + (place - columns.begin())), "Fake", "unreadable"};
+    }
+    basic::Variant bookmark() override { throw basic::Error{0, "Fake", "no bookmark"}; }
+    void moveTo(const basic::Variant&) override { }
+    void edit() override { }
+    void setField(std::string_view, const basic::Variant&) override { }
+    void update() override { }
+
+private:
+    bool atEnd_ = false;
+};
+struct BrokenDatabase final : platform::Database {
+    std::unique_ptr<platform::RecordSet> openRecordSet(std::string_view) override
+    {
+        return std::make_unique<BrokenRow>();
+    }
+    void close() override { }
+};
+struct BrokenEngine final : platform::DBEngine {
+    std::unique_ptr<platform::Database> open(std::string_view) override
+    {
+        return std::make_unique<BrokenDatabase>();
+    }
+};
+
+TEST_F(IniDatenbankEinlesen, ReportsWhatARowLacksColumnByColumn)
+{
+    surround.platform.engine = std::make_shared<BrokenEngine>();
+    EXPECT_EQ(read(), 1);
+    std::vector<std::int32_t> numbers;
+    for (const auto& report : reports())
+        numbers.push_back(report.number);
+    EXPECT_EQ(numbers, (std::vector<std::int32_t>{0, 1, 2, 3, 4, 5, 6, 7}));
+}
+
+TEST_F(IniDatenbankEinlesen, LetsGoOfTheFileThatItCloses)
+{
+    const auto engine = std::make_shared<NotedEngine>();
+    surround.platform.engine = engine;
+    basic::StatementTrap trap{surround.errors, "Test"};
+    config::Tabelle tabelle = config::öffnen(surround.umfeld, global, trap, file);
+    tabelle.schließen(trap);
+    tabelle.schließen(trap);
+    EXPECT_EQ(engine->log, (Texts{"rows gone", "close"}));
+}
+
+TEST_F(IniDatenbankEinlesen, KnowsItsCountBeforeItLetsGoOfTheFile)
+{
+    row("M1", "a", 1);
+    std::int16_t meanwhile = 0;
+    surround.world().accessed = [&] {
+        if (surround.world().log.back() == "db close") meanwhile = modul.ParamDefAnzahl();
+    };
+    read();
+    EXPECT_EQ(meanwhile, 1);
 }
 
 } // namespace

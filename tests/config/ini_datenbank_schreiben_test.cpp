@@ -246,4 +246,17 @@ TEST_F(IniDatenbankSchreiben, WritesDespiteAWalkThatBreaksOff)
     EXPECT_EQ(reports(), (Reports{{1000, "INI_Datenbank_Schreiben"}}));
 }
 
+// A record that a caller has made lacks nothing.
+TEST_F(IniDatenbankSchreiben, WritesARecordThatWasNotReadWithAllItsColumns)
+{
+    row("M1", "a", 1);
+    read();
+    config::ParamDef made;
+    made.Lesezeichen = def(1).Lesezeichen;
+    made.VarName = "a";
+    modul.ParamDefs()[0] = made;
+    write();
+    EXPECT_EQ(surround.logged("set"), (Texts{"abs_max", "abs_min", "offset_or_bitno", "Max", "Min", "Pass"}));
+}
+
 } // namespace

@@ -1,6 +1,7 @@
 #include "ini_fixture.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -222,6 +223,19 @@ TEST_F(OpenIni, StopsCountingAtTheEndOf16Bits)
     EXPECT_TRUE(open("a.ini"));
     EXPECT_EQ(speicher.IniEintragAnzahl, 32767);
     EXPECT_EQ(std::count(reports().begin(), reports().end(), servopanel::testing::Report{6, "OpenIni"}), 2);
+}
+
+TEST_F(OpenIni, CountsAsOpenFromTheEndOfTheReadingOn)
+{
+    file("a.ini", {"[A]", "x=1"});
+    file("b.ini", {"[B]", "y=1"});
+    bool once = true;
+    bool second = true;
+    surround.world().accessed = [&] {
+        if (surround.world().log.back() == "close" && std::exchange(once, false)) second = open("b.ini");
+    };
+    EXPECT_TRUE(open("a.ini"));
+    EXPECT_FALSE(second);
 }
 
 } // namespace

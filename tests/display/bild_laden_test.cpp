@@ -61,4 +61,14 @@ TEST_F(BildLaden, ReadsNoFileForAServoWithoutASlot)
         (Reports{{9, "BildLaden"}, {9, "BildLaden"}, {9, "BildLaden"}, {9, "BildLaden"}}));
 }
 
+// Loading may let events in, and they must not take the empty slot for the picture.
+TEST_F(BildLaden, CountsAPictureAsLoadedOnceItIs)
+{
+    std::int16_t meanwhile = display::wahr;
+    surround.platform.loading = [&] { meanwhile = speicher.geladen[3]; };
+    global.BildLaden("Servo", 3, 1);
+    EXPECT_EQ(meanwhile, display::falsch);
+    EXPECT_EQ(speicher.geladen[3], display::wahr);
+}
+
 } // namespace

@@ -162,4 +162,21 @@ TEST_F(HoleAufloesung, AsksInOrder)
             "read Ch-1.param_client<.arabisch>"}));
 }
 
+TEST_F(HoleAufloesung, ReportsInTheOrderOfItsSteps)
+{
+    surround.world().fail("twipsPerPixelY");
+    global.HoleAufloesung(0);
+    EXPECT_EQ(surround.reports(), (Reports{{1000, "HoleAufloesung"}, {6, "HoleAufloesung"}}));
+}
+
+TEST_F(HoleAufloesung, NamesPicturesByTheWidthFromThenOn)
+{
+    std::string meanwhile;
+    surround.world().accessed = [&] {
+        if (surround.world().log.back() == "twipsPerPixelX") meanwhile = zustand.AufloesungText;
+    };
+    global.HoleAufloesung(1280);
+    EXPECT_EQ(meanwhile, "1280");
+}
+
 } // namespace

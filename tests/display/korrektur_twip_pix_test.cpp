@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <set>
 
 namespace {
@@ -88,6 +89,24 @@ TEST_F(KorrekturTwipPix, FailsBeforeTheScreenIsKnown)
     screen(0, 0);
     EXPECT_EQ(global.KorrekturTwipPix(100, true, 15, 15), 0);
     EXPECT_EQ(surround.reports(), (Reports{{11, "KorrekturTwipPix"}}));
+}
+
+TEST_F(KorrekturTwipPix, GivesZeroOnAScreenWhosePixelsHaveNoSize)
+{
+    constexpr float endless = std::numeric_limits<float>::infinity();
+    screen(endless, 15);
+    EXPECT_EQ(global.KorrekturTwipPix(100, true, 15, 15), 0);
+    screen(15, endless);
+    EXPECT_EQ(global.KorrekturTwipPix(100, false, 15, 15), 0);
+    EXPECT_EQ(surround.reports(),
+        (Reports{{6, "KorrekturTwipPix"}, {11, "KorrekturTwipPix"}, {6, "KorrekturTwipPix"},
+            {11, "KorrekturTwipPix"}}));
+}
+
+TEST_F(KorrekturTwipPix, GivesZeroForALengthWithoutEnd)
+{
+    EXPECT_EQ(global.KorrekturTwipPix(std::numeric_limits<float>::infinity(), true, 15, 15), 0);
+    EXPECT_EQ(surround.reports(), (Reports{{6, "KorrekturTwipPix"}}));
 }
 
 } // namespace

@@ -239,4 +239,11 @@ TEST_F(PosObjekt, ReportsAValueThatIsNoLength)
     EXPECT_EQ(surround.reports(), (Reports{{13, "PosObjekt"}}));
 }
 
+TEST_F(PosObjekt, MeasuresTheGridHorizontallyFirst)
+{
+    surround.zustand.TwipsProPixelY = 0;
+    global.PosObjekt(label, {.entwurfTwipsX = 0, .entwurfTwipsY = 0});
+    EXPECT_EQ(surround.reports(), (Reports{{11, "PosObjekt"}, {6, "PosObjekt"}}));
+}
+
 } // namespace

@@ -46,4 +46,28 @@ TEST(Umfeld, ReadsAndWritesProcessVariables)
     EXPECT_EQ(errorNumber([&] { return display::ReadValue(surround.umfeld, "unknown"); }), 1001);
 }
 
+// Whichever control of the library is made first finds it so.
+TEST(GemeinsamerZustand, IsZeroFalseOrEmptyBeforeTheStartUp)
+{
+    const display::GemeinsamerZustand zustand;
+    EXPECT_EQ(zustand.AktuelleMaschine, 0);
+    EXPECT_EQ(zustand.MaschinenBez, "");
+    EXPECT_EQ(zustand.ServoAnzahl, 0);
+    EXPECT_EQ(zustand.AktServo, 0);
+    EXPECT_FALSE(zustand.MitMenu);
+    EXPECT_FALSE(zustand.MitStoerung);
+    EXPECT_FALSE(zustand.MitMaschinenTyp);
+    EXPECT_EQ(zustand.MaschinenPrefix, "");
+    EXPECT_EQ(zustand.PasswortStufe, 0);
+    EXPECT_EQ(zustand.SchriftStufe, 0);
+    EXPECT_EQ(zustand.Aufloesung, 0);
+    EXPECT_EQ(zustand.AufloesungText, "");
+    EXPECT_EQ(zustand.FaktorX, 0.0F);
+    EXPECT_EQ(zustand.FaktorY, 0.0F);
+    EXPECT_EQ(zustand.TwipsProPixelX, 0.0F);
+    EXPECT_EQ(zustand.TwipsProPixelY, 0.0F);
+    EXPECT_FALSE(zustand.Arabisch);
+    EXPECT_EQ(zustand.FehlerAnzahl, 0);
+}
+
 } // namespace

@@ -7,8 +7,10 @@
 #include <algorithm>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <ostream>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -217,5 +219,158 @@ const Losses losses[] = {
 };
 INSTANTIATE_TEST_SUITE_P(Procedures, MenuLosses, ::testing::ValuesIn(losses),
     [](const auto& row) { return std::string{row.param.name}; });
+
+// Servo 51 has no place in the cache, the picture of the key does not answer.
+TEST(MenuAufbauen, ReportsInTheOrderOfItsSteps)
+{
+    Lone<servo_menu::ServoMenu> menu;
+    menu.surround.zustand.ServoAnzahl = 1;
+    menu.surround.zustand.ServoNr[1] = 51;
+    menu.gone = {"BildIm(1)"};
+    menu.control.Aufbauen();
+    const Reports& reports = menu.surround.reports();
+    ASSERT_GE(reports.size(), 3U);
+    EXPECT_EQ(reports[0], (Report{9, "Me Aufbauen"}));
+    EXPECT_EQ(reports[1], (Report{9, "Me Aufbauen"}));
+    EXPECT_EQ(reports[2], (Report{91, "Me Aufbauen"}));
+}
+
+// Whoever asks while it is being built or shown must not start that a second time.
+TEST(MenuAtOnce, SaysThatItIsBeingBuiltAndShown)
+{
+    Lone<servo_menu::ServoMenu> menu;
+    std::vector<std::int16_t> numbers;
+    menu.surround.world().accessed = [&] { numbers.push_back(menu.control.BildInit()); };
+    menu.control.BildInit(7);
+    ASSERT_FALSE(numbers.empty());
+    EXPECT_EQ(numbers.front(), 7);
+    numbers.clear();
+    menu.surround.world().accessed = [&] { numbers.push_back(menu.control.BildShow()); };
+    menu.control.BildShow(-1);
+    ASSERT_FALSE(numbers.empty());
+    EXPECT_EQ(numbers.front(), -1);
+}
+
+TEST(MenuBuilding, ReportsTheFontsBeforeTheFolderOfThePictures)
+{
+    Lone<servo_menu::ServoMenu> menu;
+    menu.failing = true;
+    menu.surround.world().fail("environment TEMPVELM");
+    menu.control.BildInit(1);
+    const Reports& reports = menu.surround.reports();
+    const auto folder = std::find(reports.begin(), reports.end(), Report{1000, "GetDOSEnvironmentVariable"});
+    EXPECT_EQ(std::count(reports.begin(), folder, Report{91, "Ma TextFontsAendern"}), 36);
+}
+
+TEST(MenuBuilding, MeasuresTheWorkPictureByTheFirstKeyAlone)
+{
+    Lone<servo_menu::ServoMenu> menu;
+    menu.gone = {"BildIm(1)"};
+    menu.control.BildInit(1);
+    EXPECT_EQ(menu.fake("TempPicZiel")->puts(), Texts{});
+}
+
+// Its own place, seven rows and four columns that go by it.
+TEST(MenuBuilding, PlacesTheCaptionsByTheFirstOneAlone)
+{
+    Lone<servo_menu::ServoMenu> menu;
+    menu.gone = {"Beschriftung(1)"};
+    menu.control.BildInit(1);
+    const Reports& reports = menu.surround.reports();
+    EXPECT_EQ(std::count(reports.begin(), reports.end(), Report{91, "Me BildInit Let"}), 1 + 7 + 4);
+}
+
+TEST(MenuScroll, IsServedWhenItComesInBetweenTheCaptions)
+{
+    Lone<servo_menu::ServoMenu> menu;
+    menu.surround.zustand.ServoAnzahl = 1;
+    menu.surround.zustand.ServoNr[1] = 1;
+    bool once = true;
+    menu.fake("Beschriftung")->afterPut = [&] {
+        if (std::exchange(once, false)) menu.control.ScrollBar_NeuePos(1);
+    };
+    menu.control.ScrollBar_NeuePos(1);
+    EXPECT_FALSE(once);
+    EXPECT_EQ(menu.surround.zustand.menüBilder.geladen[1], display::wahr);
+}
+
+// All keys lie in the corner then, and have no size.
+TEST(MenuNotBuilt, HasNoKeyBesideItsCornerAndThereTheFirst)
+{
+    Lone<servo_menu::ServoMenu> menu;
+    std::int16_t key = 5;
+    menu.control.WelcheTaste(0.5F, 0, key);
+    EXPECT_EQ(key, 0);
+    menu.control.WelcheTaste(0, 0.5F, key);
+    EXPECT_EQ(key, 0);
+    menu.control.WelcheTaste(0, 0, key);
+    EXPECT_EQ(key, 1);
+}
+
+TEST(MenuNotBuilt, ScalesNoPicture)
+{
+    Lone<servo_menu::ServoMenu> menu;
+    menu.surround.zustand.ServoAnzahl = 1;
+    menu.surround.zustand.ServoNr[1] = 1;
+    menu.control.Aufbauen();
+    EXPECT_EQ(menu.fake("TempPicZwischen")->puts(), Texts{});
+}
+
+TEST(MenuNotBuilt, ReleasesNoKeyOfTheFooter)
+{
+    Lone<servo_menu::ServoMenu> menu;
+    menu.control.FußzeileFreigabe(true);
+    EXPECT_TRUE(menu.fake("Fußzeile")->crossings.empty());
+}
+
+TEST(MenuTouch, IsPlacedHorizontallyFirst)
+{
+    Lone<servo_menu::ServoMenu> menu;
+    menu.fake("Beschriftung")->missing = {"LEFT"};
+    menu.fake("Beschriftung")->properties["TOP"] = "nowhere";
+    menu.control.Beschriftung_MouseDown(1, 1, 0, 0, 0);
+    EXPECT_EQ(menu.surround.reports(),
+        (Reports{{438, "Me Beschriftung_MouseDown"}, {13, "Me Beschriftung_MouseDown"}}));
+}
+
+// A build that comes in then must not save its pictures anywhere else.
+TEST(MenuBuilding, KnowsTheFolderOfThePicturesBeforeItMakesRoomForThem)
+{
+    Lone<servo_menu::ServoMenu> menu;
+    std::string meanwhile;
+    menu.fake("TempPicZiel")->afterPut = [&] {
+        if (meanwhile.empty()) meanwhile = menu.surround.zustand.TempVerzeichnis;
+    };
+    menu.control.BildInit(1);
+    EXPECT_EQ(meanwhile, "C:\\Temp\\Velmora");
+}
+
+// Another screen's file that comes in, and whether it was read.
+class MenuFile : public ::testing::Test {
+protected:
+    MenuFile()
+    {
+        menu.surround.world().texts["P:\\\\.ini"].text = "[Machine0]\nF1=TRUE\n[Footer]\nF1=Help.gif\n";
+        menu.surround.world().texts["P:\\other.ini"].text = "[A]\n";
+    }
+    bool readDuring(std::string_view method)
+    {
+        FakeControl& footer = *menu.fake("Fußzeile");
+        std::optional<bool> read;
+        footer.afterCall = [&] {
+            if (footer.crossings.back().member.name == method && !read)
+                read = menu.service.OpenIni("other.ini", true);
+        };
+        menu.control.BildShow(-1);
+        EXPECT_TRUE(read.has_value());
+        return read == true;
+    }
+
+    Lone<servo_menu::ServoMenu> menu;
+};
+
+TEST_F(MenuFile, IsHeldWhileTheKeysAreRead) { EXPECT_FALSE(readDuring("TextNummer")); }
+
+TEST_F(MenuFile, IsFreeBeforeTheKeysAreShown) { EXPECT_TRUE(readDuring("Bild")); }
 
 } // namespace servopanel::testing

@@ -4,6 +4,12 @@
 #include "servo_page/servo_main.h"
 #include "support/lone.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
 namespace servopanel::testing {
 
 namespace {
@@ -300,6 +306,129 @@ TEST(BildInitAlone, LeavesAPageReadOnlyWhosePermissionCannotBeRead)
     page.control.Sollwert_MouseDown(5, 1, 0, 0, 0);
     EXPECT_EQ(page.surround.platform.shown.size(), 1U);
     EXPECT_TRUE(page.fake("Eingabemaske")->crossings.empty());
+}
+
+class PageAlone : public ::testing::Test {
+protected:
+    PageAlone()
+    {
+        page.surround.zustand.AktServo = 1;
+        page.surround.zustand.ServoNr[1] = 3;
+    }
+    // The numbers of a procedure's reports.
+    std::vector<std::int32_t> errors(std::string_view procedure) const
+    {
+        std::vector<std::int32_t> numbers;
+        for (const Report& report : page.surround.reports())
+            if (report.procedure == procedure) numbers.push_back(report.number);
+        return numbers;
+    }
+
+    Lone<servo_page::ServoMain> page;
+};
+
+// Whoever asks while it is being built or shown must not start that a second time.
+TEST_F(PageAlone, SaysThatItIsBeingBuiltAndShown)
+{
+    std::vector<std::int16_t> numbers;
+    page.surround.world().accessed = [&] { numbers.push_back(page.control.BildInit()); };
+    page.control.BildInit(7);
+    ASSERT_FALSE(numbers.empty());
+    EXPECT_EQ(numbers.front(), 7);
+    numbers.clear();
+    page.surround.world().accessed = [&] { numbers.push_back(page.control.BildShow()); };
+    page.control.BildShow(-1);
+    ASSERT_FALSE(numbers.empty());
+    EXPECT_EQ(numbers.front(), -1);
+}
+
+TEST_F(PageAlone, ReportsTheAccessLevelBeforeThePermission)
+{
+    page.surround.world().fail("create PathHelper");
+    page.control.BildInit(1);
+    EXPECT_EQ(errors("Ma BildInit Let"), (std::vector<std::int32_t>{1001, 1000}));
+}
+
+// On a screen whose pixels have no size nothing can be measured: error 11, or 6 for a length of 0. The first two
+// reports are those of the corrections.
+TEST_F(PageAlone, MeasuresAnElementByHeightPlaceAndWidth)
+{
+    page.surround.world().twipsPerPixelX = 0;
+    page.surround.world().twipsPerPixelY = 0;
+    page.control.BildInit(1);
+    const std::vector<std::int32_t> numbers = errors("KorrekturTwipPix");
+    const auto element = [&](std::ptrdiff_t place) {
+        return std::vector<std::int32_t>{
+            numbers.begin() + 2 + 4 * place, numbers.begin() + 2 + 4 * (place + 1)};
+    };
+    ASSERT_GT(numbers.size(), 2U + 4U * 29U);
+    EXPECT_EQ(element(0), (std::vector<std::int32_t>{11, 11, 11, 11})); // heading
+    EXPECT_EQ(element(2), (std::vector<std::int32_t>{11, 6, 6, 11})); // caption at the left top
+    EXPECT_EQ(element(28), (std::vector<std::int32_t>{11, 6, 11, 11})); // footer at the left
+}
+
+// A panel width that no panel has leaves the vertical factor 0, so that the wide correction has no length.
+TEST_F(PageAlone, MeasuresTheNarrowCorrectionBeforeTheWideOne)
+{
+    page.surround.world().variables["parameter<.aufloesung>"] = std::int16_t{900};
+    page.surround.world().twipsPerPixelX = 0;
+    page.control.BildInit(1);
+    const std::vector<std::int32_t> numbers = errors("KorrekturTwipPix");
+    ASSERT_GE(numbers.size(), 2U);
+    EXPECT_EQ(numbers[0], 11);
+    EXPECT_EQ(numbers[1], 6);
+}
+
+TEST_F(PageAlone, SetsItsOwnSizeBeforeItMeasures)
+{
+    page.failingSurface = true;
+    page.surround.world().twipsPerPixelX = 0;
+    page.control.BildInit(1);
+    const Reports& reports = page.surround.reports();
+    const auto measured = std::find(reports.begin(), reports.end(), Report{11, "KorrekturTwipPix"});
+    EXPECT_EQ(std::count(reports.begin(), measured, Report{91, "Ma BildInit Let"}), 2); // height and width
+}
+
+TEST_F(PageAlone, HoldsItsFileWhileTheKeysAreRead)
+{
+    page.surround.world().texts["P:\\\\.ini"].text = "[Footer]\n";
+    page.surround.world().texts["P:\\other.ini"].text = "[A]\n";
+    std::optional<bool> read;
+    page.fake("Fußzeile")->afterCall = [&] {
+        if (!read) read = page.service.OpenIni("other.ini", true);
+    };
+    page.control.BildShow(-1);
+    EXPECT_EQ(read, false);
+}
+
+class PageNotBuilt : public PageAlone { };
+
+TEST_F(PageNotBuilt, HasNoWidthForCaptions)
+{
+    page.fake("VWLanguage")->result = "two words";
+    page.width = [] { return 0.5F; };
+    page.control.AdressenUmschalten(true);
+    const Texts second = page.fake("BeschriftungL2")->puts();
+    EXPECT_NE(std::find(second.begin(), second.end(), "Text = words"), second.end());
+}
+
+TEST_F(PageNotBuilt, HoldsNoChangeThatKey10CouldConfirm)
+{
+    page.control.Fußzeile_TasteClick(10);
+    EXPECT_EQ(page.fake("DetailBox")->puts(), Texts{"Visible = True"});
+}
+
+TEST_F(PageNotBuilt, HoldsNoChangeThatKey11CouldDiscard)
+{
+    page.control.Fußzeile_TasteClick(11);
+    EXPECT_EQ(page.surround.logged("screen"), Texts{"1011"});
+}
+
+TEST_F(PageNotBuilt, ReadsTheValuesWhenTheEditorEnds)
+{
+    page.control.IniEingabe_EingabeFertig();
+    const Texts read = page.surround.logged("read");
+    EXPECT_NE(std::find(read.begin(), read.end(), "Ch1._T_servo_3<.m_servo_para_3>"), read.end());
 }
 
 } // namespace

@@ -164,4 +164,172 @@ TEST_F(PageWithoutFooter, KnowsOfAChangeAllTheSame)
     EXPECT_EQ(std::count(written.begin(), written.end(), variable("_servoaender_")), 1);
 }
 
+// What the host lets in while it is asked for something: once, at the first crossing for which `when` holds.
+class PageMeanwhile : public LonePage {
+protected:
+    void during(
+        std::function<void()>& crossing, std::function<void()> event,
+        std::function<bool()> when = [] { return true; })
+    {
+        crossing = [this, event, when] {
+            if (when() && !std::exchange(came_, true)) event();
+        };
+    }
+    void TearDown() override { EXPECT_TRUE(came_); }
+    // How often the setpoints went to the machine.
+    std::ptrdiff_t writes() const
+    {
+        const Texts written = page.surround.logged("write");
+        return std::count(written.begin(), written.end(), variable("_servo_para_"));
+    }
+
+private:
+    bool came_ = false;
+};
+
+TEST_F(PageMeanwhile, AConfirmationFindsTheChangeThatIsBeingColoured)
+{
+    touch(1);
+    during(page.fake("SollwertL")->afterPut, [&] { page.control.Fußzeile_TasteClick(10); });
+    page.control.Eingabemaske_EingabeAenderung();
+    EXPECT_EQ(writes(), 1);
+}
+
+TEST_F(PageMeanwhile, TheKeysConfirmAndCancelBeforeTheyAreOffered)
+{
+    FakeControl& footer = *page.fake("Fußzeile");
+    const auto offered = [&] {
+        const Crossing& call = footer.crossings.back();
+        return call.member.name == "Freigabe" && call.args.front() == basic::Variant{std::uint8_t{10}};
+    };
+    during(
+        footer.afterCall, [&] { page.control.Fußzeile_TasteClick(11); }, offered);
+    page.control.Eingabemaske_EingabeAenderung();
+    EXPECT_EQ(page.surround.logged("screen"), Texts{});
+}
+
+TEST_F(PageMeanwhile, ATouchGoesToTheEditorOnceKey4IsGreen)
+{
+    during(page.fake("Fußzeile")->afterCall, [&] { touch(1); });
+    page.control.Fußzeile_TasteClick(4);
+    EXPECT_EQ(puts("IniEingabe", "Visible = True"), 1);
+    EXPECT_EQ(puts("Eingabemaske", "Visible = True"), 0);
+}
+
+TEST_F(PageMeanwhile, ATouchGoesToTheMaskOnceKey4IsSilver)
+{
+    page.control.Fußzeile_TasteClick(4);
+    during(page.fake("Fußzeile")->afterCall, [&] { touch(1); });
+    page.control.Fußzeile_TasteClick(4);
+    EXPECT_EQ(puts("IniEingabe", "Visible = True"), 0);
+    EXPECT_EQ(puts("Eingabemaske", "Visible = True"), 1);
+}
+
+TEST_F(PageMeanwhile, ARefreshLeavesTheSwitchThatIsBeingToggled)
+{
+    forget("SchalterL");
+    during(page.fake("SchalterL")->afterPut, [&] { page.control.Timer_Timer(); });
+    touch(31);
+    EXPECT_EQ(puts("SchalterL", "Zustand"), 2); // the touch, and the refresh of switch 32
+}
+
+TEST_F(PageMeanwhile, ARefreshLeavesTheDrawingNumberThatIsBeingTouched)
+{
+    forget("ZeichnungL");
+    during(page.fake("Pseudo")->afterPut, [&] { page.control.Timer_Timer(); });
+    touch(41);
+    EXPECT_EQ(puts("ZeichnungL", "Text"), 0);
+}
+
+TEST_F(PageMeanwhile, NoConfirmationWritesWhatIsBeingDiscarded)
+{
+    page.control.Eingabemaske_EingabeAenderung();
+    during(page.fake("Fußzeile")->afterCall, [&] { page.control.Fußzeile_TasteClick(10); });
+    page.control.Fußzeile_TasteClick(11);
+    EXPECT_EQ(writes(), 0);
+}
+
+TEST_F(PageMeanwhile, ASecondConfirmationWritesNothingAgain)
+{
+    page.control.Eingabemaske_EingabeAenderung();
+    during(page.fake("Fußzeile")->afterCall, [&] { page.control.Fußzeile_TasteClick(10); });
+    page.control.Fußzeile_TasteClick(10);
+    EXPECT_EQ(writes(), 1);
+}
+
+TEST_F(PageMeanwhile, ATouchFindsNoEditorOnceThePageIsBuiltAnew)
+{
+    page.control.Fußzeile_TasteClick(4);
+    during(page.fake("Eingabemaske")->afterPut, [&] { touch(1); });
+    page.control.BildInit(1);
+    EXPECT_EQ(puts("IniEingabe", "Visible = True"), 0);
+    EXPECT_EQ(puts("Eingabemaske", "Visible = True"), 1);
+}
+
+// The next servo is already chosen, but the inputs still show the one before.
+TEST_F(PageMeanwhile, NoConfirmationPassesAValueOnToTheNextServo)
+{
+    page.surround.zustand.ServoNr[2] = 5;
+    const std::string next = "Ch1.M1_T_servo_5<.mM1_servo_para_5>";
+    const basic::Variant held = basic::doubles({50, 51, 52, 53, 54, 55, 56, 57, 58, 59});
+    page.surround.world().variables[next] = held;
+    page.control.WerteLesen(true);
+    touch(1);
+    page.control.Eingabemaske_EingabeAenderung();
+    during(
+        page.surround.world().accessed, [&] { page.control.Fußzeile_TasteClick(10); },
+        [&] { return page.surround.world().log.back().starts_with("profile"); });
+    page.control.Fußzeile_TasteClick(6);
+    EXPECT_EQ(page.surround.world().variables[next], held);
+}
+
+class PageAlone : public LonePage { };
+
+// Its colour could not be set when it was written, for example.
+TEST_F(PageAlone, MakesAnInputThatStayedGreenBlackAfterTheEditor)
+{
+    page.control.Fußzeile_TasteClick(4);
+    touch(1);
+    page.fake("SollwertL")->properties["VORDERGRUND"] = std::int32_t{32768};
+    page.control.IniEingabe_EingabeFertig();
+    EXPECT_EQ(page.fake("SollwertL")->properties["VORDERGRUND"], basic::Variant{std::int32_t{0}});
+}
+
+TEST_F(PageAlone, ReportsAPositionBeforeTheScrollBarThatHasNone)
+{
+    page.fake("ScrollBar")->missing = {"POSITION"};
+    page.control.ScrollBar_NeuePos(-32768);
+    EXPECT_EQ(reports(), (Reports{{6, "Ma ScrollBar_NeuePos"}, {438, "Ma ScrollBar_NeuePos"}}));
+}
+
+// Touched before any value of this servo was read: whatever it shows is not even looked at.
+TEST_F(PageAlone, DoesNotAskADrawingNumberThatShowsNothingOfThisServo)
+{
+    touch(41);
+    page.surround.errors.reports.clear();
+    page.fake("ZeichnungL")->missing = {"TEXT"};
+    page.control.WerteSchreiben();
+    std::vector<std::int32_t> numbers;
+    for (const Report& report : reports())
+        if (report.procedure == "Ma WerteSchreiben") numbers.push_back(report.number);
+    EXPECT_EQ(numbers, std::vector<std::int32_t>{13});
+}
+
+// As when the inputs refused their colour while the page was switched.
+TEST_F(PageAlone, ColoursTheInputsOnceMoreWhenItIsShown)
+{
+    const basic::Variant green{std::int32_t{32768}};
+    FakeControl& input = *page.fake("SollwertL");
+    input.properties["VORDERGRUND"] = green;
+    int refused = 0;
+    input.afterPut = [&] {
+        if (input.crossings.back().member.name != "Vordergrund" || refused == 12) return;
+        ++refused;
+        input.properties["VORDERGRUND"] = green;
+    };
+    page.control.BildShow(-1);
+    EXPECT_EQ(refused, 12); // inputs of the left half
+    EXPECT_EQ(input.properties["VORDERGRUND"], basic::Variant{std::int32_t{0}});
+}
+
 } // namespace servopanel::testing

@@ -174,4 +174,26 @@ TEST(ShellStart, FillsTheSharedStateByActivePosition)
     EXPECT_EQ(zustand.MaschinenPrefix, "");
 }
 
+// Whoever asks for the servo while page or menu are changed is told the new one.
+TEST(ShellServo, IsChosenBeforeThePageIsBuilt)
+{
+    Lone<shell::Servo> servo;
+    std::int16_t chosen = 0;
+    FakeControl& page = *servo.fake("ServoMain");
+    page.afterPut = [&] {
+        if (page.crossings.back().member.name == "BildInit") chosen = servo.surround.zustand.AktServo;
+    };
+    servo.control.initialize();
+    EXPECT_EQ(chosen, 1);
+}
+
+TEST(ShellServo, IsChosenBeforeTheMenuIsHidden)
+{
+    Lone<shell::Servo> servo;
+    std::int16_t chosen = 0;
+    servo.fake("ServoMenu")->afterPut = [&] { chosen = servo.surround.zustand.AktServo; };
+    servo.control.ServoMenu_ServoBildAufrufen(2);
+    EXPECT_EQ(chosen, 2);
+}
+
 } // namespace servopanel::testing

@@ -54,6 +54,7 @@ public:
     basic::Variant call(const platform::Member& member, platform::Args args) override
     {
         note("call", member, args, {});
+        afterCall();
         return result;
     }
     std::string_view className() const override
@@ -78,6 +79,7 @@ public:
     basic::Variant result; // of every call
     std::vector<Crossing> crossings;
     std::function<void()> afterPut = [] {}; // what comes in while a property is set
+    std::function<void()> afterCall = [] {}; // and while a method is called
 
 private:
     void note(

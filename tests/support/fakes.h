@@ -53,12 +53,14 @@ struct World {
     float twipsPerPixelY = 15;
 
     std::vector<std::string> log; // what was asked of the surroundings, in order
+    std::function<void()> accessed = [] {}; // what comes in during an access
     std::map<std::string, int> failures; // accesses that fail, by their line in the log; how often
 
     // Notes one access, and fails it when the test asked for that.
     void access(const std::string& line)
     {
         log.push_back(line);
+        accessed();
         const auto failure = failures.find(line);
         if (failure == failures.end() || failure->second == 0) return;
         --failure->second;

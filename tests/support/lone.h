@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,8 @@ template <class C>
 class Lone final : public platform::Form, public platform::Surface, public platform::Owner {
 public:
     bool failing = false;
+    std::set<std::string> gone; // single elements that do not answer: "BildIm(1)"
+    bool failingSurface = false; // the control's own properties cannot be set
     int failingLines = 0; // so many lines cannot be drawn
     std::vector<std::string> drawn; // every line: "MainBereich(1) 0 15 9015 615 12632256 38"
     std::function<float()> width = [] { return 0.0F; }; // of every text
@@ -44,12 +47,17 @@ public:
     {
         // The scroll bar goes on answering: without a position nothing would reach the others.
         if (failing && id.name != "ScrollBar") basic::raise(basic::ErrorNumber::ObjectNotSet);
+        if (gone.contains(std::string{id.name} + "(" + std::to_string(id.index) + ")"))
+            basic::raise(basic::ErrorNumber::ObjectNotSet);
         return fake(std::string{id.name});
     }
     void load(platform::ChildId) override { }
     float textWidth(platform::ChildId, std::string_view) override { return width(); }
     basic::Variant get(const platform::Member&) override { return {}; }
-    void put(const platform::Member&, const basic::Variant&) override { }
+    void put(const platform::Member&, const basic::Variant&) override
+    {
+        if (failingSurface) basic::raise(basic::ErrorNumber::ObjectNotSet);
+    }
     void line(platform::ChildId target, float x1, float y1, float x2, float y2, std::int32_t colour,
         std::int16_t flags) override
     {
