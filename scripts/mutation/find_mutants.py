@@ -21,7 +21,14 @@ ASSIGNMENT = re.compile(rb"([\w.\[\]\x80-\xff]+) = ([-\w.:\[\]\x80-\xff]+)")
 LATE_HEADERS = ("src/servo_page/structure/entwurf.h",)
 # In front of an array's size and first index.
 ARRAY = re.compile(rb"\b(CheckedArray|array)<[^;>]*$")
+NOT = re.compile(rb"!(?!=)")  # a != b may be made of a == b
 JUMPS = (Kind.CONTINUE_STMT, Kind.BREAK_STMT)
+
+
+def is_huge(literal):
+    """Whether one more is the same number."""
+    value = float.fromhex(literal) if literal[:2] in ("0x", "0X") else float(literal.replace("'", "").rstrip("fFlL"))
+    return value + 1 == value
 
 
 @dataclasses.dataclass(frozen=True)
@@ -93,6 +100,12 @@ class Source:
             # What has to be known when compiling; of a case only its label.
             for inner in list(cursor.get_children())[:1]:
                 self.exclude(inner)
+        elif kind in (Kind.TEMPLATE_TYPE_PARAMETER, Kind.TEMPLATE_NON_TYPE_PARAMETER):
+            self.exclude(cursor)
+        elif kind in (Kind.VAR_DECL, Kind.FIELD_DECL):
+            for inner in cursor.get_children():
+                if self.is_size(inner, cursor):
+                    self.exclude(inner)
         if not self.is_here(cursor) or self.is_excluded(cursor):
             return
         if kind == Kind.VAR_DECL:
@@ -105,12 +118,17 @@ class Source:
             self.condition(list(cursor.get_children())[0])
         elif kind == Kind.CONDITIONAL_OPERATOR:
             self.condition(list(cursor.get_children())[0])
-        elif kind == Kind.UNARY_OPERATOR and self.text(cursor).startswith(b"!") and parent.kind != Kind.IF_STMT:
+        elif kind == Kind.UNARY_OPERATOR and NOT.match(self.text(cursor)) and parent.kind != Kind.IF_STMT:
             self.wrap(cursor, "condition", ("without !",), "(mutants::acts({}) != ", ")")
         elif kind in (Kind.BINARY_OPERATOR, Kind.CALL_EXPR):
             self.operator(cursor)
         if kind == Kind.COMPOUND_STMT:
             self.block(cursor)
+
+    def is_size(self, cursor, array):
+        """Whether this stands between the brackets behind the array's name."""
+        name = array.location.offset + len(array.spelling.encode())
+        return self.data[name:cursor.extent.start.offset].strip() == b"["
 
     excluded = ()
     in_constexpr = False
@@ -142,6 +160,8 @@ class Source:
         text = self.text(cursor)
         if not text[:1].isdigit() and not text.startswith(b"."):
             return
+        if cursor.kind == Kind.FLOATING_LITERAL and is_huge(text.decode()):
+            return
         self.wrap(cursor, "constant", (text.decode() + " + 1",), "mutants::oneMore({}, ", ")")
 
     def condition(self, cursor):
@@ -170,7 +190,7 @@ class Source:
                 self.wrap(side, "condition", (f"dropped from {sign}",), before, "))")
             return
         names = {**COMPARISONS, **EQUALITIES}
-        if cursor.kind == Kind.BINARY_OPERATOR and "*" not in cursor.type.spelling:
+        if cursor.kind == Kind.BINARY_OPERATOR and not any("*" in one.type.spelling for one in (cursor, left, right)):
             names.update(ARITHMETIC)
         if sign not in names:
             return

@@ -44,6 +44,9 @@ LEFT_OUT = HERE / "left_out.json"
 # The tests that exercise the library. Those of hosts and adapters come by it as well, but expect less of it and cost more.
 PROGRAMS = [f"{folder}_test" for folder in ("basic", "config", "display", "platform", "portable", "recording", "servo_menu",
                                             "servo_page_structure", "servo_page_values", "shell", "monkey", "traces")]
+# Without its last statement a function may go on where it must not. The compiler would take it for granted that this
+# does not happen, and leave the mutant out; so it crashes instead.
+ENDS = "-fsanitize=return,unreachable -fsanitize-undefined-trap-on-error"
 MOST_MEMORY = 1 << 30  # bytes; a mutant may fill any list without end
 PARTS = 20  # of a run, each from all over the library
 LONGEST_WAIT = 900  # seconds, for programs that stand still
@@ -103,7 +106,7 @@ def load_sources(pool):
 
 def configure():
     subprocess.run(["cmake", "-S", TREE, "-B", BUILD, "-G", "Ninja", "-DCMAKE_BUILD_TYPE=None",
-                    "-DCMAKE_CXX_FLAGS=-w -Wno-narrowing -O1", "-DSERVOPANEL_QT=OFF", "-DSERVOPANEL_WERROR=OFF"],
+                    f"-DCMAKE_CXX_FLAGS=-w -Wno-narrowing -O1 {ENDS}", "-DSERVOPANEL_QT=OFF", "-DSERVOPANEL_WERROR=OFF"],
                    check=True, stdout=subprocess.DEVNULL)
 
 
@@ -113,17 +116,20 @@ def make(targets):
     return "" if run.returncode == 0 else run.stdout + run.stderr
 
 
-def build(sources):
+def unchanged(before, now):
+    return {name for name, digest in now.items() if before.get(name) == digest}
+
+
+def build(sources, digests):
     """Writes all sources with their mutants, builds them, and leaves out what cannot be compiled. The mutants, and how many
     were left out."""
     without = collections.defaultdict(set)
     kept = collections.defaultdict(set)
     if LEFT_OUT.exists():
         last = json.loads(LEFT_OUT.read_text())
-        for name in last["without"]:
-            without[name] = set(last["without"][name])
-        for name in last["kept"]:
-            kept[name] = set(last["kept"][name])
+        for name in unchanged(last.get("sources", {}), digests):
+            without[name] = set(last["without"].get(name, ()))
+            kept[name] = set(last["kept"].get(name, ()))
     by_name = {source.name: source for source in sources}
     for attempt in range(1, 20):
         mutants = []
@@ -138,7 +144,8 @@ def build(sources):
             write(source.name, f'#include "{TREE}/scripts/mutation/mutants.h"\n#line 1\n'.encode() + text)
         log = make(["src/all"]) or make(PROGRAMS)
         if not log:
-            LEFT_OUT.write_text(json.dumps({"without": {name: sorted(lines) for name, lines in without.items()},
+            LEFT_OUT.write_text(json.dumps({"sources": digests,
+                                            "without": {name: sorted(lines) for name, lines in without.items()},
                                             "kept": {name: sorted(lines) for name, lines in kept.items()}}))
             return mutants, left_out
         (HERE / f"build{attempt}.log").write_text(log)
@@ -263,7 +270,8 @@ def main():
     parser.add_argument("--only", default="", metavar="PATH-PART", help="mutants in files whose path contains this")
     parser.add_argument("--every", type=int, default=1, metavar="N", help="only each N-th mutant")
     parser.add_argument("--minutes", type=int, default=1440, metavar="N", help="stops after so much running of tests")
-    parser.add_argument("--again", action="store_true", help="only those that were not tried or not noticed the last time")
+    parser.add_argument("--again", action="store_true",
+                        help="only those that were not tried or not noticed the last time, and all of changed sources")
     parser.add_argument("--report", type=pathlib.Path, metavar="FILE", help="writes the report that docs/mutation.md is")
     options = parser.parse_args()
 
@@ -273,13 +281,15 @@ def main():
     with concurrent.futures.ProcessPoolExecutor(os.cpu_count()) as pool:
         sources = load_sources(pool)
         configure()
-        mutants, left_out = build(sources)
+        digests = {source.name: hashlib.sha256(source.data).hexdigest() for source in sources}
+        mutants, left_out = build(sources, digests)
         known = keys(mutants)
         chosen = [mutant for mutant in mutants if options.only in mutant.file][::options.every]
         if options.again:
             last = json.loads(LAST.read_text())
             earlier = last["seconds"]
-            tried = {tuple(entry["key"]): entry for entry in last["results"]}
+            same = unchanged(last["sources"], digests)
+            tried = {tuple(entry["key"]): entry for entry in last["results"] if entry["key"][0] in same}
             results = {mutant.number: {**tried[known[mutant.number]], "line": mutant.line, "number": mutant.number}
                        for mutant in chosen if known[mutant.number] in tried}
             chosen = [mutant for mutant in chosen if mutant.number not in results
@@ -290,6 +300,7 @@ def main():
 
         reaching = first_runs(pool)
         begun = time.monotonic()
+        done = 0
         futures = {pool.submit(judge, mutant.number, dict(reaching.get(mutant.number, {}))): mutant for mutant in chosen}
         try:
             for done, future in enumerate(concurrent.futures.as_completed(futures, 60 * options.minutes), 1):
@@ -303,8 +314,9 @@ def main():
             pool.shutdown(cancel_futures=True)
     seconds = earlier + time.monotonic() - begun
     entries = [results[number] for number in sorted(results)]
-    LAST.write_text(json.dumps({"seconds": seconds, "results": entries}, ensure_ascii=False, indent=0) + "\n")
-    text = report.report(entries, len(mutants), left_out, seconds)
+    LAST.write_text(json.dumps({"seconds": seconds, "sources": digests, "results": entries}, ensure_ascii=False, indent=0)
+                    + "\n")
+    text = report.report(entries, len(mutants), left_out, seconds, done)
     print(text)
     if options.report:
         options.report.write_text(text)

@@ -42,8 +42,10 @@ def table(heading, results, known, group):
     return [*lines, row("**all**", results, known), ""]
 
 
-def report(results, mutants, left_out, seconds):
+def report(results, mutants, left_out, seconds, tried_now):
     known = explanations()
+    again = f" {tried_now} of them in the last run: those of changed sources and those that were not noticed before." \
+        if tried_now < len(results) else ""
     lines = ["# What the tests notice", "",
              "The library (`src/`) was broken on purpose, one place at a time, and its tests were run with each of these mutants:",
              "conditions turned round, bounds moved, constants changed, statements dropped or swapped. A mutant is noticed when a",
@@ -52,9 +54,9 @@ def report(results, mutants, left_out, seconds):
              "    /usr/bin/python3 scripts/mutation/mutate.py --report docs/mutation.md", "",
              "which builds everything once in `build/mutation` (`--help` tells how to try single mutants). Why a mutant cannot be",
              "noticed, by any test, is kept in `scripts/mutation/survivors.txt` and told below.", "",
-             f"{datetime.date.today().isoformat()}: {len(results)} of {mutants} mutants tried, in {seconds / 60:.0f} minutes."
-             f" {left_out} more are not counted:", "the compiler works them out, so that none can act (sizes of arrays, constants of headers"
-             " and the like).", ""]
+             f"{datetime.date.today().isoformat()}: {len(results)} of {mutants} mutants tried, in {seconds / 60:.0f} minutes.{again}",
+             f"{left_out} more are not counted: the compiler works them out, so that none can act (sizes of arrays, constants of",
+             "headers and the like), or does not take their line.", ""]
     lines += table("folder", results, known, lambda entry: "/".join(entry["key"][0].split("/")[:2]))
     lines += table("kind", results, known, lambda entry: entry["key"][1])
     survivors = [entry for entry in results if entry["outcome"] not in NOTICED]
