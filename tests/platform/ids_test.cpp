@@ -15,6 +15,7 @@ using namespace servopanel::platform;
 struct Row {
     std::string_view className;
     Member member;
+    std::string_view name;
     std::uint32_t id;
     MemberKind kind;
 };
@@ -24,41 +25,41 @@ constexpr auto method = MemberKind::Method;
 
 // The contract with the controls.
 const Row rows[]{
-    {"Extender", ids::Extender::Left, 0x80010003, property},
-    {"Extender", ids::Extender::Top, 0x80010004, property},
-    {"Extender", ids::Extender::Width, 0x80010005, property},
-    {"Extender", ids::Extender::Height, 0x80010006, property},
-    {"Extender", ids::Extender::Visible, 0x80010007, property},
-    {"Extender", ids::Extender::Enabled, 0x8001000D, property},
-    {"VWSVarIn", ids::VWSVarIn::VariablenName, 7, property},
-    {"VWSVarIn", ids::VWSVarIn::Wert, 8, property},
-    {"VWSVarIn", ids::VWSVarIn::Obergrenze, 21, property},
-    {"VWSVarIn", ids::VWSVarIn::Untergrenze, 22, property},
-    {"VWSVarIn", ids::VWSVarIn::Vordergrund, 0xFFFFFDFF, property},
-    {"VWSVarOut", ids::VWSVarOut::Wert, 8, property},
-    {"VWSIndex", ids::VWSIndex::Hintergrund, 17, property},
-    {"VWSIndex", ids::VWSIndex::Farbe, 19, property},
-    {"VWSIndex", ids::VWSIndex::Text, 28, property},
-    {"VWSLanguage", ids::VWSLanguage::Text, 34, method},
-    {"Fusszeile", ids::Fußzeile::Freigabe, 0x68030004, method},
-    {"Fusszeile", ids::Fußzeile::TextNummer, 0x68030005, method},
-    {"Fusszeile", ids::Fußzeile::Farbe, 0x68030006, method},
-    {"Fusszeile", ids::Fußzeile::Bild, 0x68030007, method},
-    {"Fusszeile", ids::Fußzeile::Einstellung, 0x68030008, method},
-    {"Eingabemaske", ids::Eingabemaske::Offen, 0x68030000, property},
-    {"Eingabemaske", ids::Eingabemaske::Ziel, 0x68030001, property},
-    {"IniEingabe", ids::IniEingabe::Pass, 0x68030004, property},
-    {"IniEingabe", ids::IniEingabe::Max, 0x68030005, property},
-    {"IniEingabe", ids::IniEingabe::Min, 0x68030006, property},
-    {"IniEingabe", ids::IniEingabe::Offen, 0x68030009, property},
-    {"ScrollBar", ids::ScrollBar::Position, 0x68030000, property},
-    {"ScrollBar", ids::ScrollBar::Seite, 0x68030001, property},
-    {"ScrollBar", ids::ScrollBar::Anzahl, 0x68030002, property},
-    {"ScrollBar", ids::ScrollBar::Rahmen, 0x68030004, property},
-    {"ScrollBar", ids::ScrollBar::Aktiv, 0x68030006, property},
-    {"ScrollBar", ids::ScrollBar::Gesperrt, 0x68030007, property},
-    {"Schalter", ids::Schalter::Zustand, 0x68030000, property},
-    {"Schalter", ids::Schalter::Freigabe, 0x68030001, property},
+    {"Extender", ids::Extender::Left, "Left", 0x80010003, property},
+    {"Extender", ids::Extender::Top, "Top", 0x80010004, property},
+    {"Extender", ids::Extender::Width, "Width", 0x80010005, property},
+    {"Extender", ids::Extender::Height, "Height", 0x80010006, property},
+    {"Extender", ids::Extender::Visible, "Visible", 0x80010007, property},
+    {"Extender", ids::Extender::Enabled, "Enabled", 0x8001000D, property},
+    {"VWSVarIn", ids::VWSVarIn::VariablenName, "VariablenName", 7, property},
+    {"VWSVarIn", ids::VWSVarIn::Wert, "Wert", 8, property},
+    {"VWSVarIn", ids::VWSVarIn::Obergrenze, "Obergrenze", 21, property},
+    {"VWSVarIn", ids::VWSVarIn::Untergrenze, "Untergrenze", 22, property},
+    {"VWSVarIn", ids::VWSVarIn::Vordergrund, "Vordergrund", 0xFFFFFDFF, property},
+    {"VWSVarOut", ids::VWSVarOut::Wert, "Wert", 8, property},
+    {"VWSIndex", ids::VWSIndex::Hintergrund, "Hintergrund", 17, property},
+    {"VWSIndex", ids::VWSIndex::Farbe, "Farbe", 19, property},
+    {"VWSIndex", ids::VWSIndex::Text, "Text", 28, property},
+    {"VWSLanguage", ids::VWSLanguage::Text, "Text", 34, method},
+    {"Fusszeile", ids::Fußzeile::Freigabe, "Freigabe", 0x68030004, method},
+    {"Fusszeile", ids::Fußzeile::TextNummer, "TextNummer", 0x68030005, method},
+    {"Fusszeile", ids::Fußzeile::Farbe, "Farbe", 0x68030006, method},
+    {"Fusszeile", ids::Fußzeile::Bild, "Bild", 0x68030007, method},
+    {"Fusszeile", ids::Fußzeile::Einstellung, "Einstellung", 0x68030008, method},
+    {"Eingabemaske", ids::Eingabemaske::Offen, "Offen", 0x68030000, property},
+    {"Eingabemaske", ids::Eingabemaske::Ziel, "Ziel", 0x68030001, property},
+    {"IniEingabe", ids::IniEingabe::Pass, "Pass", 0x68030004, property},
+    {"IniEingabe", ids::IniEingabe::Max, "Max", 0x68030005, property},
+    {"IniEingabe", ids::IniEingabe::Min, "Min", 0x68030006, property},
+    {"IniEingabe", ids::IniEingabe::Offen, "Offen", 0x68030009, property},
+    {"ScrollBar", ids::ScrollBar::Position, "Position", 0x68030000, property},
+    {"ScrollBar", ids::ScrollBar::Seite, "Seite", 0x68030001, property},
+    {"ScrollBar", ids::ScrollBar::Anzahl, "Anzahl", 0x68030002, property},
+    {"ScrollBar", ids::ScrollBar::Rahmen, "Rahmen", 0x68030004, property},
+    {"ScrollBar", ids::ScrollBar::Aktiv, "Aktiv", 0x68030006, property},
+    {"ScrollBar", ids::ScrollBar::Gesperrt, "Gesperrt", 0x68030007, property},
+    {"Schalter", ids::Schalter::Zustand, "Zustand", 0x68030000, property},
+    {"Schalter", ids::Schalter::Freigabe, "Freigabe", 0x68030001, property},
 };
 
 TEST(Ids, StayAsTheControlsKnowThem)
@@ -66,6 +67,7 @@ TEST(Ids, StayAsTheControlsKnowThem)
     for (const Row& row : rows) {
         EXPECT_EQ(static_cast<std::uint32_t>(row.member.id), row.id)
             << row.className << '.' << row.member.name;
+        EXPECT_EQ(row.member.name, row.name) << row.className;
         EXPECT_EQ(row.member.kind, row.kind) << row.className << '.' << row.member.name;
         EXPECT_FALSE(row.member.isNamed()) << row.className << '.' << row.member.name;
     }
@@ -79,18 +81,20 @@ TEST(Ids, AreDifferentWithinAClass)
             << row.className << '.' << row.member.name;
 }
 
-TEST(Names, AreMembersByName)
+TEST(Names, AreMembersByNameAsTheControlsKnowThem)
 {
-    for (const Member& member : {names::Left, names::Top, names::Width, names::Height, names::Visible,
-             names::Enabled, names::Caption, names::ForeColor, names::Picture, names::Alignment,
-             names::FontClass, names::FontName, names::FontCharset, names::FontBold, names::FontWeight,
-             names::FontSize, names::BildInit, names::BildShow, names::SpracheGeandert}) {
-        EXPECT_TRUE(member.isNamed()) << member.name;
-        EXPECT_EQ(member.kind, property) << member.name;
-        EXPECT_FALSE(member.name.empty());
+    const std::pair<Member, std::string_view> members[]{{names::Left, "Left"}, {names::Top, "Top"},
+        {names::Width, "Width"}, {names::Height, "Height"}, {names::Visible, "Visible"},
+        {names::Enabled, "Enabled"}, {names::Caption, "Caption"}, {names::ForeColor, "ForeColor"},
+        {names::Picture, "Picture"}, {names::Alignment, "Alignment"}, {names::FontClass, "FontClass"},
+        {names::FontName, "Font.Name"}, {names::FontCharset, "Font.Charset"}, {names::FontBold, "Font.Bold"},
+        {names::FontWeight, "Font.Weight"}, {names::FontSize, "Font.Size"}, {names::BildInit, "BildInit"},
+        {names::BildShow, "BildShow"}, {names::SpracheGeandert, "SpracheGeandert"}};
+    for (const auto& [member, name] : members) {
+        EXPECT_EQ(member.name, name);
+        EXPECT_TRUE(member.isNamed()) << name;
+        EXPECT_EQ(member.kind, property) << name;
     }
-    EXPECT_EQ(names::FontSize.name, "Font.Size");
-    EXPECT_EQ(names::FontWeight.name, "Font.Weight");
 }
 
 } // namespace

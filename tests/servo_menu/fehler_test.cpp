@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <ostream>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -53,6 +54,47 @@ TEST(MenuErrorNames, AreThoseOfTheProcedures)
         for (const Report& report : menu.surround.reports())
             named = named || report.procedure == name;
         EXPECT_TRUE(named) << name;
+    }
+}
+
+// Nothing but an error of the seam costs a single statement. What else a host lets out ends the whole procedure, and is
+// reported under the name of the event.
+TEST(MenuEntryNames, AreThoseOfTheEvents)
+{
+    using Call = std::function<void(servo_menu::ServoMenu&)>;
+    const auto event = [](const char* child, const char* name) {
+        return [=](servo_menu::ServoMenu& m) {
+            const std::vector<basic::Variant> args{std::int16_t{11}, std::int16_t{0}, 0.0F, 0.0F};
+            EXPECT_TRUE(m.deliver({child, 1}, name, args)) << child << ' ' << name;
+        };
+    };
+    const auto put = [](const platform::Member& member, std::int16_t value) {
+        return [=](servo_menu::ServoMenu& m) { m.put(member, value); };
+    };
+    const std::pair<const char*, Call> calls[]{
+        {"Me UserControl_Terminate", [](servo_menu::ServoMenu& m) { m.terminate(); }},
+        {"Me BildInit Let", put(platform::names::BildInit, 1)},
+        {"Me BildShow Let", put(platform::names::BildShow, -1)},
+        {"Ma Let SpracheGeandert", put(platform::names::SpracheGeandert, 1)},
+        {"Me Beschriftung_MouseDown", event("Beschriftung", "MouseDown")},
+        {"Me Beschriftung_MouseMove", event("Beschriftung", "MouseMove")},
+        {"Me Beschriftung_MouseUp", event("Beschriftung", "MouseUp")},
+        {"Me BildIm_MouseDown", event("BildIm", "MouseDown")},
+        {"Me BildIm_MouseMove", event("BildIm", "MouseMove")},
+        {"Me BildIm_MouseUp", event("BildIm", "MouseUp")},
+        {"Me ScrollBar_NeuePos", event("ScrollBar", "NeuePos")},
+        {"Me Fußzeile_TasteClick", event("Fußzeile", "TasteClick")},
+    };
+    const auto display = std::make_shared<FakeErrorDisplay>();
+    display->broken = true;
+    for (const auto& [name, call] : calls) {
+        Lone<servo_menu::ServoMenu> menu;
+        menu.broken = true;
+        menu.surround.zustand.FehlerAnzeige = display;
+        menu.surround.zustand.FehlerAnzahl = 1;
+        menu.surround.world().accessed = [] { throw std::runtime_error{"a mistake of the host"}; };
+        call(menu.control);
+        EXPECT_EQ(menu.surround.reports(), (Reports{{51, name}}));
     }
 }
 

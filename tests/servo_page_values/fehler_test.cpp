@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -71,6 +72,59 @@ TEST(PageErrorNames, AreThoseOfTheProcedures)
         for (const Report& report : page.surround.reports())
             named = named || report.procedure == name;
         EXPECT_TRUE(named) << name;
+    }
+}
+
+// Nothing but an error of the seam costs a single statement. What else a host lets out ends the whole procedure, and is
+// reported under the name of the event.
+TEST(PageEntryNames, AreThoseOfTheEvents)
+{
+    using Call = std::function<void(ServoMain&)>;
+    const auto event = [](const char* child, const char* name, std::vector<basic::Variant> args = {}) {
+        return [=](ServoMain& m) { EXPECT_TRUE(m.deliver({child, 41}, name, args)) << child << ' ' << name; };
+    };
+    const auto put = [](const platform::Member& member, std::int16_t value) {
+        return [=](ServoMain& m) { m.put(member, value); };
+    };
+    const std::vector<basic::Variant> touched{std::int16_t{1}, std::int16_t{0}, 0.0F, 0.0F};
+    const std::pair<const char*, Call> calls[]{
+        {"Ma UserControl_Terminate", [](ServoMain& m) { m.terminate(); }},
+        {"Ma BildInit Let", put(platform::names::BildInit, 1)},
+        {"Ma BildShow Let", put(platform::names::BildShow, -1)},
+        {"Ma Let SpracheGeandert", put(platform::names::SpracheGeandert, 1)},
+        {"Ma SollwertL_MouseDown", event("SollwertL", "MouseDown", touched)},
+        {"Ma SollwertR_MouseDown", event("SollwertR", "MouseDown", touched)},
+        {"Ma ZeichnungL_MouseDown", event("ZeichnungL", "MouseDown", touched)},
+        {"Ma ZeichnungR_MouseDown", event("ZeichnungR", "MouseDown", touched)},
+        {"Ma SchalterL_SchalterGedrückt", event("SchalterL", "SchalterGedrückt")},
+        {"Ma SchalterR_SchalterGedrückt", event("SchalterR", "SchalterGedrückt")},
+        {"Ma Eingabemaske_EingabeAenderung", event("Eingabemaske", "EingabeAenderung")},
+        {"Ma Eingabemaske_Eingabefertig", event("Eingabemaske", "Eingabefertig")},
+        {"Ma IniEingabe_EingabeFertig", event("IniEingabe", "EingabeFertig")},
+        {"Ma Fußzeile_TasteClick", event("Fußzeile", "TasteClick", {std::int16_t{4}})},
+        {"Ma ScrollBar_NeuePos", event("ScrollBar", "NeuePos", {std::int16_t{1}})},
+        {"Ma Timer_Timer", event("Timer", "Timer")},
+    };
+    for (const auto& [name, call] : calls) {
+        Lone<ServoMain> page;
+        page.surround.zustand.AktServo = 1;
+        page.broken = true;
+        page.surround.world().accessed = [] { throw std::runtime_error{"a mistake of the host"}; };
+        call(page.control);
+        EXPECT_EQ(page.surround.reports(), (Reports{{51, name}}));
+    }
+}
+
+TEST(PageEntryNames, AreThoseOfThePropertiesWhenAValueIsNoNumber)
+{
+    Lone<ServoMain> page;
+    const std::pair<const char*, const char*> properties[]{{"BildInit", "Ma BildInit Let"},
+        {"BildShow", "Ma BildShow Let"}, {"SpracheGeandert", "Ma Let SpracheGeandert"},
+        {"poke.modified", "Ma poke.modified"}};
+    for (const auto& [property, procedure] : properties) {
+        page.surround.errors.reports.clear();
+        page.control.put(platform::named(property), "no number");
+        EXPECT_EQ(page.surround.reports(), (Reports{{13, procedure}}));
     }
 }
 

@@ -7,26 +7,12 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace servopanel::testing {
-
-namespace {
-
-// A display that counts how often it is closed, and fails at it.
-class FailingDisplay final : public platform::ErrorDisplay {
-public:
-    void ErrMessage(std::int32_t, std::string_view, std::string_view, std::string_view) override { }
-    void CloseMe() override
-    {
-        ++closings;
-        basic::raise(basic::ErrorNumber::ObjectNotSet);
-    }
-    int closings = 0;
-};
-
-} // namespace
 
 TEST(ShellErrorNames, AreThoseOfTheHandlersAndEachStatementFailsForItself)
 {
@@ -62,6 +48,40 @@ TEST(ShellErrorNames, AreThoseOfTheHandlersForEventsWithoutTheirArgument)
     servo.control.deliver({"Header"}, "SpracheGeandert", {});
     EXPECT_EQ(servo.surround.reports(),
         (Reports{{9, "ServoMenu_ServoBildAufrufen"}, {9, "Header_SpracheGeandert"}}));
+}
+
+// Nothing but an error of the seam costs a single statement. What else a host lets out ends the whole procedure, and is
+// reported under the name of the event.
+TEST(ShellEntryNames, AreThoseOfTheEvents)
+{
+    using Call = std::function<void(shell::Servo&)>;
+    const auto event = [](const char* child, const char* name) {
+        return [=](shell::Servo& servo) {
+            const basic::Variant args[]{std::int16_t{1}};
+            EXPECT_TRUE(servo.deliver({child}, name, args)) << child << ' ' << name;
+        };
+    };
+    const std::pair<const char*, Call> calls[]{
+        {"UserControl_Initialize", [](shell::Servo& servo) { servo.initialize(); }},
+        {"UserControl_Show", [](shell::Servo& servo) { servo.show(); }},
+        {"UserControl_Terminate", [](shell::Servo& servo) { servo.terminate(); }},
+        {"ServoMain_JetztAnzeigen", event("ServoMain", "JetztAnzeigen")},
+        {"ServoMain_MenuAnzeigen", event("ServoMain", "MenuAnzeigen")},
+        {"ServoMenu_JetztAnzeigen", event("ServoMenu", "JetztAnzeigen")},
+        {"ServoMenu_ServoBildAufrufen", event("ServoMenu", "ServoBildAufrufen")},
+        {"Header_SpracheGeandert", event("Header", "SpracheGeandert")},
+    };
+    const auto display = std::make_shared<FakeErrorDisplay>();
+    display->broken = true;
+    for (const auto& [name, call] : calls) {
+        Lone<shell::Servo> servo;
+        servo.broken = true;
+        servo.surround.zustand.FehlerAnzeige = display;
+        servo.surround.zustand.FehlerAnzahl = 1;
+        servo.surround.world().accessed = [] { throw std::runtime_error{"a mistake of the host"}; };
+        call(servo.control);
+        EXPECT_EQ(servo.surround.reports(), (Reports{{51, name}}));
+    }
 }
 
 TEST(ShellErrorNames, AreThoseOfTheProceduresDuringTheStart)
@@ -105,7 +125,8 @@ TEST(UserControl_Show, OpensThePageInAProjectWithoutMenu)
 TEST(UserControl_Terminate, ReportsNothingAndClosesTheDisplayOnce)
 {
     Lone<shell::Servo> servo;
-    const auto display = std::make_shared<FailingDisplay>();
+    const auto display = std::make_shared<FakeErrorDisplay>();
+    display->fails = true;
     servo.surround.zustand.FehlerAnzeige = display;
     servo.surround.zustand.FehlerAnzahl = 1;
     servo.control.terminate();

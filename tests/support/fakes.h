@@ -12,6 +12,7 @@
 #include <optional>
 #include <ostream>
 #include <set>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -230,10 +231,12 @@ public:
     void CloseMe() override
     {
         ++closings;
+        if (broken) throw std::runtime_error{"a mistake of the host"};
         if (fails) basic::raise(basic::ErrorNumber::ObjectNotSet);
     }
     int closings = 0;
     bool fails = false;
+    bool broken = false; // ends in an exception that is no error of the seam
 };
 
 // The surroundings as the library is given them.

@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 #include <set>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,8 @@ template <class C>
 class Lone final : public platform::Form, public platform::Surface, public platform::Owner {
 public:
     bool failing = false;
+    bool broken =
+        false; // whatever is asked of a child or the owner ends in an exception that is no error of the seam
     std::set<std::string> gone; // single elements that do not answer: "BildIm(1)"
     bool failingSurface = false; // the control's own properties cannot be set
     int failingLines = 0; // so many lines cannot be drawn
@@ -45,6 +48,7 @@ public:
 
     platform::ControlRef child(platform::ChildId id) override
     {
+        if (broken) throw std::runtime_error{"a mistake of the host"};
         // The scroll bar goes on answering: without a position nothing would reach the others.
         if (failing && id.name != "ScrollBar") basic::raise(basic::ErrorNumber::ObjectNotSet);
         if (gone.contains(std::string{id.name} + "(" + std::to_string(id.index) + ")"))
@@ -81,6 +85,7 @@ public:
     }
     void raise(std::string_view, platform::Args) override
     {
+        if (broken) throw std::runtime_error{"a mistake of the host"};
         if (failing) basic::raise(basic::ErrorNumber::ObjectNotSet);
         raised();
     }
