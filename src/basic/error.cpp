@@ -12,7 +12,6 @@ std::string_view describe(ErrorNumber number)
     case ErrorNumber::TypeMismatch: return "Type mismatch";
     case ErrorNumber::InternalError: return "Internal error";
     case ErrorNumber::FileNotFound: return "File not found";
-    case ErrorNumber::PathNotFound: return "Path not found";
     case ErrorNumber::ObjectNotSet: return "Object variable not set";
     case ErrorNumber::InvalidUseOfNull: return "Invalid use of Null";
     case ErrorNumber::ElementAlreadyLoaded: return "Object already loaded";

@@ -15,7 +15,6 @@ enum class ErrorNumber : std::int32_t {
     TypeMismatch = 13,
     InternalError = 51,
     FileNotFound = 53,
-    PathNotFound = 76,
     ObjectNotSet = 91,
     InvalidUseOfNull = 94,
     ElementAlreadyLoaded = 360,

@@ -2,6 +2,7 @@
 
 #include "basic/error.h"
 #include "basic/function_ref.h"
+#include "basic/silent_sink.h"
 
 #include <optional>
 #include <string_view>
@@ -17,6 +18,11 @@ public:
     StatementTrap(ErrorSink& sink, std::string_view procedure)
         : sink_{sink}
         , procedure_{procedure}
+    {
+    }
+    // Nobody is told, so no name is needed.
+    explicit StatementTrap(SilentSink& sink)
+        : sink_{sink}
     {
     }
 

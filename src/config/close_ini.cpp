@@ -40,7 +40,7 @@ void MService::CloseIni()
     // 2. and 3. Write a changed cache back; whatever fails is passed over in silence.
     if (speicher.IniGeaendert) {
         basic::SilentSink schweigen;
-        basic::StatementTrap still{schweigen, "CloseIni"};
+        basic::StatementTrap still{schweigen};
         const std::string text = inhalt(still, speicher);
         still([&] { umfeld_.platform.files.writeText(speicher.IniDateiName, text); });
     }

@@ -9,7 +9,7 @@ basic::ObjectRef MGlobal::LadeBild(std::string_view name)
 {
     // 1. Nothing is reported from here on.
     basic::SilentSink still;
-    basic::StatementTrap trap{still, "LadeBild"};
+    basic::StatementTrap trap{still};
 
     // 2. Load.
     basic::ObjectRef bild;

@@ -24,7 +24,7 @@ void Servo::UserControl_Terminate()
 {
     // A panel that is going down tells nobody about it.
     basic::SilentSink still;
-    StatementTrap trap{still, "UserControl_Terminate"};
+    StatementTrap trap{still};
 
     display::fehlerAnzeigeSchliessen(trap, gemeinsam());
 }
