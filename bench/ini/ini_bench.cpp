@@ -1,10 +1,12 @@
 // An INI file loaded and looked up by the library, beside what a C++ program would take instead (inih, SimpleIni,
-// QSettings), and beside the floor: reading the bytes of the file.
+// QSettings), and beside the floor: the bytes of the file
+// read at once.
 #include "config/mservice.h"
 #include "portable/path_mapping.h"
 #include "portable/portable_files.h"
 #include "portable/temporary_folder.h"
 #include "support/fakes.h"
+#include "support/read_at_once.h"
 
 #include <benchmark/benchmark.h>
 
@@ -17,7 +19,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -103,10 +104,11 @@ void expect(const std::string& is, int i)
 void loadFloor(benchmark::State& state)
 {
     const Sample sample{static_cast<int>(state.range(0))};
+    std::string content;
     freshRegisters();
     for (auto _ : state) {
-        std::ifstream in{sample.file, std::ios::binary};
-        benchmark::DoNotOptimize(std::string{std::istreambuf_iterator<char>{in}, {}});
+        bench::readAtOnce(sample.file, content);
+        benchmark::ClobberMemory();
     }
 }
 

@@ -19,13 +19,23 @@ namespace servopanel::bench {
 
 namespace {
 
-constexpr int starts = 9;
+constexpr int starts = 20;
 constexpr int writes = 5000;
 constexpr int echoes = 5000;
 constexpr std::size_t echoBytes = 300; // about what a command of 20 setpoints has
 constexpr double settleSeconds = 4;
 constexpr double measuredSeconds = 20;
+constexpr int timesMeasured = 5; // so that it is seen how much it differs by itself
 constexpr double countedSeconds = 10;
+
+std::vector<RunningLine::Shares> sharesOf(const RunningLine& line)
+{
+    line.sharesOver(settleSeconds);
+    std::vector<RunningLine::Shares> shares;
+    for (int i = 0; i < timesMeasured; ++i)
+        shares.push_back(line.sharesOver(measuredSeconds));
+    return shares;
+}
 
 // What following all machines takes of a processor, in percent.
 double shareOfFollowing(const RunningLine& line, const LineSize& size)
@@ -66,8 +76,7 @@ Findings measure()
     for (int i = 0; i < starts; ++i)
         findings.panelStarts.push_back(line.startPanel());
     std::cerr << "started; now what it costs\n";
-    line.sharesOver(settleSeconds);
-    findings.all = line.sharesOver(measuredSeconds);
+    findings.all = sharesOf(line);
     findings.memories = line.memories();
     findings.valuesOfAll = valuesPerSecond(line.socket(), countedSeconds);
     std::cerr << "now writes\n";
@@ -77,8 +86,7 @@ Findings measure()
     findings.followingAll = shareOfFollowing(line, findings.size);
     std::cerr << "now one machine alone\n";
     line.startMachines({"M1"});
-    line.sharesOver(settleSeconds);
-    findings.alone = line.sharesOver(measuredSeconds);
+    findings.alone = sharesOf(line);
     findings.valuesOfOne = valuesPerSecond(line.socket(), countedSeconds);
     return findings;
 }

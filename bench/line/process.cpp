@@ -4,11 +4,11 @@
 #include <signal.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
+#include <time.h>
 #include <unistd.h>
 
 #include <cstdlib>
 #include <fstream>
-#include <sstream>
 #include <stdexcept>
 
 namespace servopanel::bench {
@@ -66,18 +66,12 @@ double busySeconds()
 
 double processorSeconds(pid_t process)
 {
-    std::ifstream file = procFile(process, "stat");
-    std::string line;
-    std::getline(file, line);
-    // Behind the name, which may have blanks, come 11 other fields.
-    std::istringstream fields{line.substr(line.rfind(')') + 2)};
-    std::string skipped;
-    for (int i = 0; i < 11; ++i)
-        fields >> skipped;
-    double user = 0;
-    double system = 0;
-    fields >> user >> system;
-    return (user + system) / static_cast<double>(::sysconf(_SC_CLK_TCK));
+    // Exact, where /proc counts in hundredths of a second.
+    clockid_t clock{};
+    timespec spent{};
+    if (::clock_getcpuclockid(process, &clock) != 0 || ::clock_gettime(clock, &spent) != 0)
+        throw std::runtime_error{"process " + std::to_string(process) + " has ended"};
+    return static_cast<double>(spent.tv_sec) + static_cast<double>(spent.tv_nsec) * 1e-9;
 }
 
 double residentMebibytes(pid_t process)

@@ -7,10 +7,13 @@ namespace servopanel::bench {
 
 namespace {
 
-nlohmann::json shares(const RunningLine::Shares& shares)
+nlohmann::json sharesOf(const std::vector<RunningLine::Shares>& measured)
 {
-    return {{"panel", shares.panel}, {"broker", shares.broker}, {"machines", shares.machines},
-        {"others", shares.others}};
+    nlohmann::json list = nlohmann::json::array();
+    for (const RunningLine::Shares& shares : measured)
+        list.push_back({{"panel", shares.panel}, {"broker", shares.broker}, {"machines", shares.machines},
+            {"others", shares.others}});
+    return list;
 }
 
 std::string brokerVersion()
@@ -39,7 +42,7 @@ std::string report(const Findings& findings)
                 {"machines", findings.memories.machines}}},
         {"values_per_s", {{"all", findings.valuesOfAll}, {"alone", findings.valuesOfOne}}},
         {"seconds", findings.seconds},
-        {"shares_percent", {{"all", shares(findings.all)}, {"alone", shares(findings.alone)}}},
+        {"shares_percent", {{"all", sharesOf(findings.all)}, {"alone", sharesOf(findings.alone)}}},
         {"following_all_percent", findings.followingAll},
         {"writes_ms", findings.writes},
         {"echoes_ms", findings.echoes},

@@ -10,14 +10,14 @@ namespace servopanel::bench {
 
 struct Findings {
     LineSize size;
-    double seconds = 0; // over which shares were taken
+    double seconds = 0; // over which each share was taken
     double machinesUp = 0; // seconds until the last machine was live
     std::vector<double> panelStarts; // seconds, each until the page had its values
     RunningLine::Memories memories;
     double valuesOfAll = 0; // messages in a second
     double valuesOfOne = 0; // when the shown machine is alone
-    RunningLine::Shares all; // with all machines on the broker
-    RunningLine::Shares alone; // with the shown machine alone
+    std::vector<RunningLine::Shares> all; // one after the other, with all machines on the broker
+    std::vector<RunningLine::Shares> alone; // with the shown machine alone
     double followingAll = 0; // percent of a processor, of somebody who follows all machines
     std::vector<double> writes; // milliseconds until the answer
     std::vector<double> echoes; // milliseconds to the broker and back

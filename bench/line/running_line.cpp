@@ -8,25 +8,13 @@
 
 #include <algorithm>
 #include <fstream>
-#include <iterator>
 #include <stdexcept>
 
 namespace servopanel::bench {
 
 namespace {
 
-std::filesystem::path newFolder()
-{
-    std::string name = (std::filesystem::temp_directory_path() / "servopanel-line-XXXXXX").string();
-    if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error{"cannot make " + name};
-    return name;
-}
-
-std::string contentOf(const std::filesystem::path& file)
-{
-    std::ifstream in{file, std::ios::binary};
-    return {std::istreambuf_iterator<char>{in}, {}};
-}
+using tests::contentOf;
 
 void sleepFor(double seconds) { ::usleep(static_cast<useconds_t>(seconds * 1e6)); }
 
@@ -41,29 +29,19 @@ std::vector<std::string> allMachines(const LineSize& size)
 }
 
 RunningLine::RunningLine(const LineSize& size)
-    : folder_{newFolder()}
-    , project_{folder_ / "project"}
-    , socket_{folder_ / "broker"}
+    : project_{folder() / "project"}
+    , socket_{folder() / "broker"}
 {
     ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    ::setenv("TEMPVELM", (folder_ / "temporary").c_str(), 1);
-    std::filesystem::create_directories(folder_ / "temporary");
+    ::setenv("TEMPVELM", (folder() / "temporary").c_str(), 1);
+    std::filesystem::create_directories(folder() / "temporary");
     writeProject(project_, DEMO_PROJECT, size);
-    std::ofstream{folder_ / "mosquitto.conf"}
+    std::ofstream{folder() / "mosquitto.conf"}
         << "listener 0 " << socket_.string()
         << "\nuser root\nallow_anonymous true\npersistence false\nlog_dest none\n";
-    broker_ = start({SERVOPANEL_MOSQUITTO, "-c", folder_ / "mosquitto.conf"});
+    broker_ = start({SERVOPANEL_MOSQUITTO, "-c", folder() / "mosquitto.conf"});
     for (const Stopwatch watch; !std::filesystem::exists(socket_); sleepFor(0.001))
         watch.failAfterLong("the broker does not come up: " + endOf("output"));
-}
-
-RunningLine::~RunningLine()
-{
-    panel_.reset();
-    machines_.reset();
-    broker_.reset();
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
 }
 
 double RunningLine::startMachines(const std::vector<std::string>& machines)
@@ -82,7 +60,7 @@ double RunningLine::startMachines(const std::vector<std::string>& machines)
 double RunningLine::startPanel()
 {
     panel_.reset();
-    const std::filesystem::path trace = folder_ / "trace";
+    const std::filesystem::path trace = folder() / "trace";
     std::filesystem::remove(trace);
     const std::string wanted = "read " + variableName(1, 1, "servo_para") + " = ";
     const Stopwatch watch;
@@ -115,14 +93,14 @@ RunningLine::Memories RunningLine::memories() const
 
 std::unique_ptr<Process> RunningLine::start(const std::vector<std::string>& words) const
 {
-    return std::make_unique<Process>(words, folder_ / "output");
+    return std::make_unique<Process>(words, folder() / "output");
 }
 
 // Enough to see what is wrong.
 std::string RunningLine::endOf(const char* file) const
 {
     constexpr std::size_t longest = 500;
-    const std::string all = contentOf(folder_ / file);
+    const std::string all = contentOf(folder() / file);
     return all.substr(all.size() - std::min(all.size(), longest));
 }
 

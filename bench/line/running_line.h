@@ -1,6 +1,7 @@
 #pragma once
 
 #include "big_line.h"
+#include "portable/temporary_folder.h"
 #include "process.h"
 
 #include <filesystem>
@@ -17,9 +18,6 @@ std::vector<std::string> allMachines(const LineSize& size);
 class RunningLine {
 public:
     explicit RunningLine(const LineSize& size);
-    ~RunningLine();
-    RunningLine(const RunningLine&) = delete;
-    RunningLine& operator=(const RunningLine&) = delete;
 
     const std::filesystem::path& socket() const { return socket_; }
 
@@ -45,10 +43,12 @@ public:
 
 private:
     std::unique_ptr<Process> start(const std::vector<std::string>& words) const;
+    const std::filesystem::path& folder() const { return folder_.path(); }
     std::string endOf(const char* file) const;
     Shares secondsSpent() const;
 
-    std::filesystem::path folder_;
+    // The processes end before it goes.
+    tests::TemporaryFolder folder_;
     std::filesystem::path project_;
     std::filesystem::path socket_;
     std::unique_ptr<Process> broker_;

@@ -53,14 +53,15 @@ Variant moved(const Variant& value, double by)
 
 } // namespace
 
-BenchPanel::BenchPanel(const DemoCopy& copy, bool traced)
+BenchPanel::BenchPanel(const DemoCopy& copy, Records records)
 {
     panel::PanelSettings settings;
     settings.project = copy.project();
     settings.temporary = copy.temporary();
     settings.simulate = false;
     settings.clock = [] { return QDateTime{QDate{2025, 3, 14}, QTime{9, 26, 53}}; };
-    if (traced) settings.trace = copy.temporary() / "trace";
+    if (records.trace) settings.trace = copy.records() / "trace";
+    if (records.journal) settings.journal = copy.records();
     settings.wrapVariables = [this](std::shared_ptr<platform::ProcessVarAccess> inner) {
         return std::make_shared<CountedVariables>(std::move(inner), reads_);
     };

@@ -17,11 +17,18 @@ namespace servopanel::bench {
 // number.
 inline constexpr std::string_view servoPrefix = "Ch1.M1_T_servo_1<.mM1_";
 
+// What a panel writes beside its work: a trace of everything that crosses the library's border, which engineers ask for,
+// and a journal of what is written to the machine, which a panel on a line keeps.
+struct Records {
+    bool trace = false;
+    bool journal = true;
+};
+
 // A panel as an operator has it, painted into memory. Its machine stands still, its clock too, and nothing ticks unless
 // it is told to, so that each step can be measured by itself.
 class BenchPanel {
 public:
-    BenchPanel(const DemoCopy& copy, bool traced);
+    explicit BenchPanel(const DemoCopy& copy, Records records = {});
 
     // Shows the window and its first screen; to be measured together with the constructor. Returns when all is painted.
     void open();

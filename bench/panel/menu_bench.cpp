@@ -1,14 +1,14 @@
 // A page of the menu with eight keys: from the sources of its pictures, from the copies that were scaled before, and from
-// what is in memory. Beside a plain form of eight labels with the same pictures, and beside reading the bytes of the files.
+// what is in memory. Beside a plain form of eight labels with the same pictures, and beside the bytes of the
+// files read at once.
 #include "bench_panel.h"
 #include "samples.h"
+#include "support/read_at_once.h"
 
 #include <QImageReader>
 #include <QLabel>
 
 #include <array>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 
 namespace servopanel::bench {
@@ -21,31 +21,33 @@ using Files = std::vector<std::filesystem::path>;
 
 enum class From { Sources, Copies };
 
-void menuPage(benchmark::State& state, From from)
+void menuPage(benchmark::State& state, const char* name, From from)
 {
     const DemoCopy copy;
-    BenchPanel{copy, false}.open();
+    BenchPanel{copy}.open();
+    Iterations iterations{state, name};
     for (auto _ : state) {
         if (from == From::Sources) copy.forgetScaledPictures();
-        BenchPanel bench{copy, false};
-        timed(state, [&] { bench.open(); });
+        BenchPanel bench{copy};
+        iterations.time([&] { bench.open(); });
         if (!bench.showsMenu()) throw std::runtime_error{"the menu was not painted"};
     }
 }
-void menuFromSources(benchmark::State& state) { menuPage(state, From::Sources); }
-void menuFromCopies(benchmark::State& state) { menuPage(state, From::Copies); }
+void menuFromSources(benchmark::State& state) { menuPage(state, "menuFromSources", From::Sources); }
+void menuFromCopies(benchmark::State& state) { menuPage(state, "menuFromCopies", From::Copies); }
 
 // From the touch of the key that leads back.
 void menuFromMemory(benchmark::State& state)
 {
     const DemoCopy copy;
-    BenchPanel bench{copy, false};
+    BenchPanel bench{copy};
     bench.open();
+    Iterations iterations{state, "menuFromMemory"};
     for (auto _ : state) {
         bench.tap(bench.menuKey(1));
         QWidget& key = bench.footerKey(leaveKey);
         bench.paintings().startAnew();
-        timed(state, [&] { bench.tap(key); });
+        iterations.time([&] { bench.tap(key); });
         if (!bench.showsMenu()) throw std::runtime_error{"the menu was not painted"};
     }
 }
@@ -62,7 +64,7 @@ Files sources()
 
 Files copies(const DemoCopy& copy)
 {
-    BenchPanel{copy, false}.open();
+    BenchPanel{copy}.open();
     Files files;
     for (const auto& entry : std::filesystem::recursive_directory_iterator{copy.temporary()})
         if (entry.is_regular_file()) files.push_back(entry.path());
@@ -117,61 +119,72 @@ std::array<QPixmap, keys> loaded(const Files& files, From from)
     return pictures;
 }
 
-void plainForm(benchmark::State& state, const Files& files, From from)
+void plainForm(benchmark::State& state, const char* name, const Files& files, From from)
 {
+    Iterations iterations{state, name};
     for (auto _ : state) {
         PlainMenu menu;
-        timed(state, [&] { menu.show(loaded(files, from)); });
+        iterations.time([&] { menu.show(loaded(files, from)); });
     }
 }
-void plainFromSources(benchmark::State& state) { plainForm(state, sources(), From::Sources); }
+void plainFromSources(benchmark::State& state)
+{
+    plainForm(state, "plainFromSources", sources(), From::Sources);
+}
 void plainFromCopies(benchmark::State& state)
 {
     const DemoCopy copy;
-    plainForm(state, copies(copy), From::Copies);
+    plainForm(state, "plainFromCopies", copies(copy), From::Copies);
 }
 
 void plainFromMemory(benchmark::State& state)
 {
     const DemoCopy copy;
     const auto pictures = loaded(copies(copy), From::Copies);
+    Iterations iterations{state, "plainFromMemory"};
     for (auto _ : state) {
         PlainMenu menu;
-        timed(state, [&] { menu.show(pictures); });
+        iterations.time([&] { menu.show(pictures); });
     }
 }
 
-void bytesAreRead(benchmark::State& state, const Files& files)
+void bytesAreRead(benchmark::State& state, const char* name, const Files& files)
 {
+    Iterations iterations{state, name};
+    std::string content;
     for (auto _ : state)
-        timed(state, [&] {
+        iterations.time([&] {
             for (const std::filesystem::path& file : files) {
-                std::ifstream in{file, std::ios::binary};
-                benchmark::DoNotOptimize(std::string{std::istreambuf_iterator<char>{in}, {}});
+                readAtOnce(file, content);
+                benchmark::ClobberMemory();
             }
         });
 }
-void floorOfSources(benchmark::State& state) { bytesAreRead(state, sources()); }
+void floorOfSources(benchmark::State& state) { bytesAreRead(state, "floorOfSources", sources()); }
 void floorOfCopies(benchmark::State& state)
 {
     const DemoCopy copy;
-    bytesAreRead(state, copies(copy));
+    bytesAreRead(state, "floorOfCopies", copies(copy));
 }
 
 // As many pixels as the menu paints when it comes from memory.
 void floorOfMemory(benchmark::State& state)
 {
     const DemoCopy copy;
-    BenchPanel bench{copy, false};
+    BenchPanel bench{copy};
     bench.open();
     bench.tap(bench.menuKey(1));
     QWidget& key = bench.footerKey(leaveKey);
     bench.paintings().startAnew();
     bench.tap(key);
-    fillPixels(state, bench.paintings().pixels());
+    fillPixels(bench.paintings().pixels(), state, {state, "floorOfMemory"});
 }
 
-void alone(benchmark::internal::Benchmark* bench) { bench->Unit(benchmark::kMillisecond)->UseManualTime(); }
+void alone(benchmark::internal::Benchmark* bench)
+{
+    constexpr int iterations = 40;
+    bench->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(iterations);
+}
 
 BENCHMARK(menuFromSources)->Apply(alone);
 BENCHMARK(menuFromCopies)->Apply(alone);

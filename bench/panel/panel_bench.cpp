@@ -1,11 +1,16 @@
 // What an operator waits for, in the real panel painted into memory: the first menu and the first page, a page, a tick of
 // its timer, a confirm. Each until the last pixel is painted.
 #include "bench_panel.h"
+#include "portable/descriptor.h"
 #include "samples.h"
 #include "support/run.h"
 
 #include <QLabel>
 
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
 #include <ctime>
 #include <stdexcept>
 
@@ -22,35 +27,50 @@ void require(bool isSo, const char* what)
     if (!isSo) throw std::runtime_error{what};
 }
 
-bool isTraced(const benchmark::State& state) { return state.range(0) != 0; }
+Records recordsOf(const benchmark::State& state) { return {.trace = state.range(0) != 0}; }
 
-// Samples are kept of what an operator has, without a trace.
-const char* sampleOf(const benchmark::State& state, const char* name) { return isTraced(state) ? "" : name; }
+enum class Pictures { ScaledBefore, NotScaledYet };
 
-void processToScreen(benchmark::State& state, const char* screen, const DemoCopy& copy)
+// As ./run starts it, with a journal.
+void processToScreen(Iterations iterations, benchmark::State& state, const char* screen, const DemoCopy& copy,
+    Pictures pictures = Pictures::ScaledBefore)
 {
     const tests::EnvironmentVariable temporary{"TEMPVELM", copy.temporary().c_str()};
-    // The scaled pictures are made before.
-    run({FIRST_SCREEN, screen, copy.project()});
-    for (auto _ : state)
-        timed(state, [&] { run({FIRST_SCREEN, screen, copy.project()}); });
+    const auto start = [&] { run({FIRST_SCREEN, screen, copy.project(), "--journal", copy.records()}); };
+    start();
+    for (auto _ : state) {
+        if (pictures == Pictures::NotScaledYet) copy.forgetScaledPictures();
+        iterations.time(start);
+    }
 }
 
-void processToMenu(benchmark::State& state) { processToScreen(state, "menu", DemoCopy{}); }
+void processToMenu(benchmark::State& state)
+{
+    processToScreen({state, "processToMenu"}, state, "menu", DemoCopy{});
+}
+// As on the first start of an installation.
+void processToFirstMenu(benchmark::State& state)
+{
+    processToScreen({state, "processToFirstMenu"}, state, "menu", DemoCopy{}, Pictures::NotScaledYet);
+}
 void processToPage(benchmark::State& state)
 {
-    processToScreen(state, "page", DemoCopy{DemoCopy::Begins::OnPage});
+    processToScreen({state, "processToPage"}, state, "page", DemoCopy{DemoCopy::Begins::OnPage});
 }
-void processToEmptyWindow(benchmark::State& state) { processToScreen(state, "window", DemoCopy{}); }
+void processToEmptyWindow(benchmark::State& state)
+{
+    processToScreen({state, "processToEmptyWindow"}, state, "window", DemoCopy{});
+}
 
 void startToMenu(benchmark::State& state)
 {
     const DemoCopy copy;
-    BenchPanel{copy, false}.open();
+    BenchPanel{copy}.open();
+    Iterations iterations{state, "startToMenu", {"trace"}};
     for (auto _ : state) {
         std::unique_ptr<BenchPanel> bench;
-        timed(state, [&] {
-            bench = std::make_unique<BenchPanel>(copy, isTraced(state));
+        iterations.time([&] {
+            bench = std::make_unique<BenchPanel>(copy, recordsOf(state));
             bench->open();
         });
         require(bench->showsMenu(), "the menu was not painted");
@@ -60,46 +80,60 @@ void startToMenu(benchmark::State& state)
 void startToPage(benchmark::State& state)
 {
     const DemoCopy copy{DemoCopy::Begins::OnPage};
+    BenchPanel{copy}.open();
+    Iterations iterations{state, "startToPage", {"trace"}};
     for (auto _ : state) {
         std::unique_ptr<BenchPanel> bench;
-        timed(state, [&] {
-            bench = std::make_unique<BenchPanel>(copy, isTraced(state));
+        iterations.time([&] {
+            bench = std::make_unique<BenchPanel>(copy, recordsOf(state));
             bench->open();
         });
         require(bench->showsPage(), "the page was not painted");
     }
 }
 
-// From the touch of a key of the menu. firstTime: of this page, whose pictures have to be loaded.
-void openPage(benchmark::State& state, bool isFirstTime)
+// From the touch of a key of the menu.
+void touchServo(BenchPanel& bench, Iterations& iterations)
+{
+    QWidget& key = bench.menuKey(1);
+    bench.paintings().startAnew();
+    iterations.time([&] { bench.tap(key); });
+    require(bench.showsPage(), "the page was not painted");
+}
+
+// A page that this panel has not shown yet: it is made, and its pictures have to be loaded.
+void openPageFirst(benchmark::State& state)
 {
     const DemoCopy copy;
-    std::unique_ptr<BenchPanel> bench;
+    Iterations iterations{state, "openPageFirst", {"trace"}};
     for (auto _ : state) {
-        if (!bench || isFirstTime) {
-            bench.reset();
-            bench = std::make_unique<BenchPanel>(copy, isTraced(state));
-            bench->open();
-            bench->stopTicks();
-        }
-        QWidget& key = bench->menuKey(1);
-        bench->paintings().startAnew();
-        timed(
-            state, [&] { bench->tap(key); },
-            sampleOf(state, isFirstTime ? "openPageFirst" : "openPageAgain"));
-        require(bench->showsPage(), "the page was not painted");
-        if (!isFirstTime) bench->tap(bench->footerKey(leaveKey));
+        BenchPanel bench{copy, recordsOf(state)};
+        bench.open();
+        bench.stopTicks();
+        touchServo(bench, iterations);
     }
 }
-void openPageFirst(benchmark::State& state) { openPage(state, true); }
-void openPageAgain(benchmark::State& state) { openPage(state, false); }
+
+void openPageAgain(benchmark::State& state)
+{
+    const DemoCopy copy;
+    BenchPanel bench{copy, recordsOf(state)};
+    bench.open();
+    bench.stopTicks();
+    bench.tap(bench.menuKey(1));
+    Iterations iterations{state, "openPageAgain", {"trace"}};
+    for (auto _ : state) {
+        bench.tap(bench.footerKey(leaveKey));
+        touchServo(bench, iterations);
+    }
+}
 
 enum class Values { Same, Changing };
 
-void tick(benchmark::State& state, Values values)
+void tick(benchmark::State& state, const char* name, Values values)
 {
     const DemoCopy copy;
-    BenchPanel bench{copy, isTraced(state)};
+    BenchPanel bench{copy, recordsOf(state)};
     bench.open();
     bench.tap(bench.menuKey(1));
     if (state.range(1) != 0) bench.tap(bench.footerKey(diagnosisKey));
@@ -110,14 +144,12 @@ void tick(benchmark::State& state, Values values)
     bench.tick();
     bench.takeReads();
     bench.paintings().startAnew();
-    const char* const sample =
-        state.range(1) == 0 ? "" : sampleOf(state, values == Values::Same ? "tickUnchanged" : "tickChanging");
+    Iterations iterations{state, name, {"trace", "diagnosis"}};
     std::clock_t worked = 0; // by all threads
     for (auto _ : state) {
         if (values == Values::Changing) bench.changeEveryValue();
         worked -= std::clock();
-        timed(
-            state, [&] { bench.tick(); }, sample);
+        iterations.time([&] { bench.tick(); });
         worked += std::clock();
     }
     const auto perTick = [&](auto count) {
@@ -131,13 +163,13 @@ void tick(benchmark::State& state, Values values)
     require(hasPainted == (values == Values::Changing),
         hasPainted ? "an unchanged page was painted" : "changed values were not painted");
 }
-void tickUnchanged(benchmark::State& state) { tick(state, Values::Same); }
-void tickChanging(benchmark::State& state) { tick(state, Values::Changing); }
+void tickUnchanged(benchmark::State& state) { tick(state, "tickUnchanged", Values::Same); }
+void tickChanging(benchmark::State& state) { tick(state, "tickChanging", Values::Changing); }
 
 void confirm(benchmark::State& state)
 {
     const DemoCopy copy;
-    BenchPanel bench{copy, isTraced(state)};
+    BenchPanel bench{copy, {.trace = state.range(0) != 0, .journal = state.range(1) != 0}};
     bench.open();
     bench.tap(bench.menuKey(1));
     bench.stopTicks();
@@ -146,12 +178,12 @@ void confirm(benchmark::State& state)
         if (name.find("servo_para_") != std::string_view::npos) ++written;
     });
     bool isOther = false;
+    Iterations iterations{state, "confirm", {"trace", "journal"}};
     for (auto _ : state) {
         bench.enter((isOther = !isOther) ? "301.5" : "302.5");
         QWidget& key = bench.footerKey(confirmKey);
         const int before = written;
-        timed(
-            state, [&] { bench.tap(key); }, sampleOf(state, "confirm"));
+        iterations.time([&] { bench.tap(key); });
         require(written == before + 1, "nothing was confirmed");
         bench.stopTicks();
     }
@@ -171,7 +203,7 @@ void goToPage(BenchPanel& bench, bool isDiagnosis)
 void tickFloor(benchmark::State& state)
 {
     const DemoCopy copy;
-    BenchPanel bench{copy, false};
+    BenchPanel bench{copy};
     goToPage(bench, state.range(0) != 0);
     bench.takeReads();
     bench.tick();
@@ -179,8 +211,9 @@ void tickFloor(benchmark::State& state)
     std::vector<basic::Variant> before;
     for (const std::string& name : names)
         before.push_back(bench.panel().variables().ReadValue(name));
+    Iterations iterations{state, "tickFloor", {"diagnosis"}};
     for (auto _ : state)
-        timed(state, [&] {
+        iterations.time([&] {
             for (std::size_t i = 0; i < names.size(); ++i)
                 if (bench.panel().variables().ReadValue(names[i]) != before[i])
                     throw std::runtime_error{"a value has changed"};
@@ -203,7 +236,7 @@ Painted paintedBy(BenchPanel& bench, F action)
 Painted tickOf(bool isDiagnosis)
 {
     const DemoCopy copy;
-    BenchPanel bench{copy, false};
+    BenchPanel bench{copy};
     goToPage(bench, isDiagnosis);
     bench.changeEveryValue();
     return paintedBy(bench, [&] { bench.tick(); });
@@ -212,26 +245,59 @@ Painted tickOf(bool isDiagnosis)
 Painted opening()
 {
     const DemoCopy copy;
-    BenchPanel bench{copy, false};
+    BenchPanel bench{copy};
     bench.open();
     QWidget& key = bench.menuKey(1);
     return paintedBy(bench, [&] { bench.tap(key); });
 }
 
-Painted confirming()
+// And what it adds to the journal.
+struct Confirmed {
+    Painted painted;
+    std::string journal;
+};
+Confirmed confirming()
 {
     const DemoCopy copy;
-    BenchPanel bench{copy, false};
+    BenchPanel bench{copy};
     goToPage(bench, false);
     bench.enter("301.5");
     QWidget& key = bench.footerKey(confirmKey);
-    return paintedBy(bench, [&] { bench.tap(key); });
+    const std::filesystem::path journal = copy.records() / "journal";
+    const std::string before = tests::contentOf(journal);
+    const Painted painted = paintedBy(bench, [&] { bench.tap(key); });
+    return {painted, tests::contentOf(journal).substr(before.size())};
 }
 
 // The floors of what brings something new: as many pixels as it paints are filled.
-void tickPaintFloor(benchmark::State& state) { fillPixels(state, tickOf(state.range(0) != 0).pixels); }
-void openPageFloor(benchmark::State& state) { fillPixels(state, opening().pixels); }
-void confirmFloor(benchmark::State& state) { fillPixels(state, confirming().pixels); }
+void tickPaintFloor(benchmark::State& state)
+{
+    fillPixels(tickOf(state.range(0) != 0).pixels, state, {state, "tickPaintFloor", {"diagnosis"}});
+}
+void openPageFloor(benchmark::State& state) { fillPixels(opening().pixels, state, {state, "openPageFloor"}); }
+void confirmFloor(benchmark::State& state)
+{
+    fillPixels(confirming().painted.pixels, state, {state, "confirmFloor"});
+}
+
+// What a confirm adds to the journal, added to a file at once and on the disk.
+void journalFloor(benchmark::State& state)
+{
+    const std::string lines = confirming().journal;
+    require(!lines.empty(), "nothing came into the journal");
+    state.counters["bytes"] = static_cast<double>(lines.size());
+    state.counters["lines"] = static_cast<double>(std::count(lines.begin(), lines.end(), '\n'));
+    const tests::TemporaryFolder folder;
+    const portable::Descriptor file{
+        ::open((folder.path() / "floor").c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600)};
+    Iterations iterations{state, "journalFloor"};
+    for (auto _ : state)
+        iterations.time([&] {
+            require(::write(file.number(), lines.data(), lines.size()) == static_cast<ssize_t>(lines.size())
+                    && ::fdatasync(file.number()) == 0,
+                "the file cannot be written");
+        });
+}
 
 // What anybody would put together for values: labels that are given texts.
 class PlainPage {
@@ -265,21 +331,26 @@ private:
     std::vector<std::unique_ptr<QLabel>> labels_;
 };
 
-void plainLabels(benchmark::State& state, int labels)
+void plainLabels(benchmark::State& state, const char* name, int labels)
 {
     PlainPage plain{labels};
     state.counters["labels"] = labels;
     double added = 0;
+    Iterations iterations{state, name, {"changing"}};
     for (auto _ : state) {
         if (state.range(0) != 0) added = 0.1 - added;
-        timed(state, [&] {
+        iterations.time([&] {
             plain.setValues(added);
             workUntilIdle();
         });
     }
 }
-void plainDiagnosis(benchmark::State& state) { plainLabels(state, 40); } // as many as it has values
-void plainParameters(benchmark::State& state) { plainLabels(state, tickOf(false).widgets); }
+// As many labels as the panel paints widgets.
+void plainDiagnosis(benchmark::State& state) { plainLabels(state, "plainDiagnosis", tickOf(true).widgets); }
+void plainParameters(benchmark::State& state)
+{
+    plainLabels(state, "plainParameters", tickOf(false).widgets);
+}
 
 // As many labels as the panel paints widgets when a page is opened, given their texts and shown.
 void plainOpening(benchmark::State& state)
@@ -288,11 +359,12 @@ void plainOpening(benchmark::State& state)
     PlainPage plain{labels};
     state.counters["labels"] = labels;
     double added = 0;
+    Iterations iterations{state, "plainOpening"};
     for (auto _ : state) {
         plain.page().hide();
         workUntilIdle();
         added = 0.1 - added;
-        timed(state, [&] {
+        iterations.time([&] {
             plain.setValues(added);
             plain.page().show();
             workUntilIdle();
@@ -300,36 +372,53 @@ void plainOpening(benchmark::State& state)
     }
 }
 
-void withoutAndWith(benchmark::internal::Benchmark* bench)
-{
-    bench->ArgName("trace")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->UseManualTime();
-}
-void ticks(benchmark::internal::Benchmark* bench)
-{
-    bench->ArgNames({"trace", "diagnosis"})
-        ->ArgsProduct({{0, 1}, {0, 1}})
-        ->Unit(benchmark::kMillisecond)
-        ->UseManualTime();
-}
-void alone(benchmark::internal::Benchmark* bench) { bench->Unit(benchmark::kMillisecond)->UseManualTime(); }
+// Of each repetition; the program that makes the page repeats them all. Enough to tell of the slowest ones.
+constexpr int starts = 20;
+constexpr int touches = 50;
+constexpr int refreshes = 1000;
+constexpr int floors = 200;
 
-BENCHMARK(processToMenu)->Apply(alone);
-BENCHMARK(processToPage)->Apply(alone);
-BENCHMARK(processToEmptyWindow)->Apply(alone);
-BENCHMARK(startToMenu)->Apply(withoutAndWith);
-BENCHMARK(startToPage)->Apply(withoutAndWith);
-BENCHMARK(openPageFirst)->Apply(withoutAndWith);
-BENCHMARK(openPageAgain)->Apply(withoutAndWith);
-BENCHMARK(tickUnchanged)->Apply(ticks);
-BENCHMARK(tickChanging)->Apply(ticks);
-BENCHMARK(tickFloor)->ArgName("diagnosis")->Arg(0)->Arg(1)->Apply(alone);
-BENCHMARK(tickPaintFloor)->ArgName("diagnosis")->Arg(0)->Arg(1)->Apply(alone);
-BENCHMARK(openPageFloor)->Apply(alone);
-BENCHMARK(confirmFloor)->Apply(alone);
-BENCHMARK(plainDiagnosis)->ArgName("changing")->Arg(0)->Arg(1)->Apply(alone);
-BENCHMARK(plainParameters)->ArgName("changing")->Arg(0)->Arg(1)->Apply(alone);
-BENCHMARK(plainOpening)->Apply(alone);
-BENCHMARK(confirm)->Apply(withoutAndWith);
+void starting(benchmark::internal::Benchmark* bench)
+{
+    bench->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(starts);
+}
+void touching(benchmark::internal::Benchmark* bench)
+{
+    bench->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(touches);
+}
+void refreshing(benchmark::internal::Benchmark* bench)
+{
+    bench->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(refreshes);
+}
+void least(benchmark::internal::Benchmark* bench)
+{
+    bench->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(floors);
+}
+void withoutAndWith(benchmark::internal::Benchmark* bench) { bench->ArgName("trace")->Arg(0)->Arg(1); }
+void eachPage(benchmark::internal::Benchmark* bench)
+{
+    bench->ArgNames({"trace", "diagnosis"})->ArgsProduct({{0, 1}, {0, 1}});
+}
+
+BENCHMARK(processToMenu)->Apply(starting);
+BENCHMARK(processToFirstMenu)->Apply(starting);
+BENCHMARK(processToPage)->Apply(starting);
+BENCHMARK(processToEmptyWindow)->Apply(starting);
+BENCHMARK(startToMenu)->Apply(withoutAndWith)->Apply(starting);
+BENCHMARK(startToPage)->Apply(withoutAndWith)->Apply(starting);
+BENCHMARK(openPageFirst)->Apply(withoutAndWith)->Apply(touching);
+BENCHMARK(openPageAgain)->Apply(withoutAndWith)->Apply(touching);
+BENCHMARK(openPageFloor)->Apply(least);
+BENCHMARK(tickUnchanged)->Apply(eachPage)->Apply(refreshing);
+BENCHMARK(tickChanging)->Apply(eachPage)->Apply(refreshing);
+BENCHMARK(tickFloor)->ArgName("diagnosis")->Arg(0)->Arg(1)->Apply(refreshing);
+BENCHMARK(tickPaintFloor)->ArgName("diagnosis")->Arg(0)->Arg(1)->Apply(least);
+BENCHMARK(plainDiagnosis)->ArgName("changing")->Arg(0)->Arg(1)->Apply(refreshing);
+BENCHMARK(plainParameters)->ArgName("changing")->Arg(0)->Arg(1)->Apply(refreshing);
+BENCHMARK(plainOpening)->Apply(touching);
+BENCHMARK(confirm)->ArgNames({"trace", "journal"})->ArgsProduct({{0, 1}, {0, 1}})->Apply(touching);
+BENCHMARK(confirmFloor)->Apply(least);
+BENCHMARK(journalFloor)->Apply(least);
 
 } // namespace
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <fstream>
 #include <stdexcept>
+#include <utility>
 
 namespace servopanel::bench {
 
@@ -28,12 +29,32 @@ Samples& samples()
     return all;
 }
 
-void fillPixels(benchmark::State& state, std::int64_t pixels)
+namespace {
+
+std::string fullName(
+    const benchmark::State& state, std::string name, std::initializer_list<std::string_view> arguments)
+{
+    std::size_t i = 0;
+    for (const std::string_view argument : arguments)
+        name.append("/").append(argument).append(":").append(std::to_string(state.range(i++)));
+    return name;
+}
+
+} // namespace
+
+Iterations::Iterations(
+    benchmark::State& state, std::string name, std::initializer_list<std::string_view> arguments)
+    : state_{state}
+    , samples_{samples().of(fullName(state, std::move(name), arguments))}
+{
+}
+
+void fillPixels(std::int64_t pixels, benchmark::State& state, Iterations iterations)
 {
     std::vector<std::uint32_t> memory(static_cast<std::size_t>(pixels));
     std::uint32_t colour = 0;
     for (auto _ : state)
-        timed(state, [&] {
+        iterations.time([&] {
             std::fill(memory.begin(), memory.end(), ++colour);
             benchmark::ClobberMemory();
         });

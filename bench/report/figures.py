@@ -3,6 +3,7 @@
 import dataclasses
 import json
 import math
+import re
 import statistics
 
 REPETITIONS = 5  # of each benchmark
@@ -27,19 +28,22 @@ class Figure:
 @dataclasses.dataclass
 class Results:
     figures: dict  # of the benchmarks: "loadLibrary/entries:100"
-    samples: dict  # single iterations of some, milliseconds
+    samples: dict  # of the panel's benchmarks: what each iteration took by itself, milliseconds
     line: dict  # what line_measure has found
     runs: dict  # of each program: how long it took, and what others did meanwhile
     context: dict  # what the benchmark library knows of the computer
 
+    def singles(self, name):
+        """What each iteration took, in seconds."""
+        return [milliseconds / 1000 for milliseconds in self.samples[name]]
+
     def median(self, name):
-        return self.figures[name].median
+        """Of all iterations where each was measured by itself, otherwise of the means of the repetitions."""
+        return percentile(self.singles(name), 0.5) if name in self.samples else self.figures[name].median
 
 
 def plain_name(name):
-    for ending in ("/manual_time", "/real_time"):
-        name = name.replace(ending, "")
-    return name
+    return re.sub(r"/(manual_time|real_time|iterations:\d+)", "", name)
 
 
 def load(folder):
@@ -96,4 +100,4 @@ def round_duration(seconds):
 
 
 def ratio(one, other):
-    return three_digits(one / other)
+    return three_digits(one / other) if one / other >= 0.001 else "below 0.001"

@@ -1,6 +1,7 @@
 """Histograms as pictures: SVG, written plainly."""
 
 import math
+import re
 
 from figures import duration, percentile, round_duration
 
@@ -8,6 +9,25 @@ WIDTH, HEIGHT = 720, 250
 LEFT, RIGHT, TOP, BOTTOM = 20, 20, 34, 40
 BARS = 60
 LABEL = 56  # of the axis, pixels of one at most
+
+# Of what each single time is shown: (title, its name among the samples; None: the line's writes).
+HISTOGRAMS = {
+    "tickUnchanged": ("A refresh of a diagnosis page, nothing changed", "tickUnchanged/trace:0/diagnosis:1"),
+    "tickChanging": ("A refresh of a diagnosis page, every value changed and painted", "tickChanging/trace:0/diagnosis:1"),
+    "processToMenu": ("From the start of the program to the painted menu", "processToMenu"),
+    "openPageFirst": ("From the touch to the painted page, its first time", "openPageFirst/trace:0"),
+    "openPageAgain": ("From the touch to the painted page, any other time", "openPageAgain/trace:0"),
+    "confirm": ("From the touch of the key to the end of a confirm, painted, journal on the disk", "confirm/trace:0/journal:1"),
+    "writes": ("From a write to its answer, through a broker", None),
+}
+
+
+def picture_file(name):
+    return f"measurements-{re.sub('([A-Z])', lambda letter: '-' + letter[0].lower(), name)}.svg"
+
+
+def shown(names):
+    return "".join(f"![{HISTOGRAMS[name][0]}](images/{picture_file(name)})\n\n" for name in names)
 
 
 def scale(values):
@@ -26,7 +46,9 @@ def ticks(low, high):
     return marks
 
 
-def svg(title, milliseconds):
+def svg(name, results):
+    title, sample = HISTOGRAMS[name]
+    milliseconds = results.line["writes_ms"] if sample is None else results.samples[sample]
     low, high = scale(milliseconds)
     step = (high - low) / BARS
     counts = [0] * BARS
@@ -44,7 +66,7 @@ def svg(title, milliseconds):
         f"<title>{title}</title>",
         f'<rect width="{WIDTH}" height="{HEIGHT}" fill="#ffffff"/>',
         f'<text x="{LEFT}" y="20" fill="#202020" font-size="14">{title}</text>',
-        f'<text x="{WIDTH - RIGHT}" y="20" fill="#505050" text-anchor="end">{len(milliseconds)} times</text>',
+        f'<text x="{WIDTH - RIGHT}" y="20" fill="#505050" text-anchor="end">{len(milliseconds):,} times</text>',
     ]
     for i, count in enumerate(counts):
         high_bar = count / max(counts) * (bottom - TOP - 16)
@@ -61,11 +83,11 @@ def svg(title, milliseconds):
         lines.append(f'<path d="M{across(mark):.1f} {bottom}v5" stroke="#202020"/>')
         lines.append(f'<text x="{across(mark):.1f}" y="{bottom + 18}" fill="#202020" '
                      f'text-anchor="middle">{round_duration(mark / 1000)}</text>')
-    for name, share, up in (("half", 0.5, 0), ("99 %", 0.99, 12)):
+    for text, share, up in (("half", 0.5, 0), ("99 %", 0.99, 12), ("slowest", 1.0, 24)):
         value = percentile(milliseconds, share)
         lines.append(f'<path d="M{across(value):.1f} {TOP + up}V{bottom}" stroke="#c0392b" stroke-dasharray="4 3"/>')
         end = across(value) > WIDTH * 0.8
         lines.append(f'<text x="{across(value) + (-4 if end else 4):.1f}" y="{TOP + up + 9}" fill="#c0392b" '
-                     f'text-anchor="{"end" if end else "start"}">{name}: {duration(value / 1000)}</text>')
+                     f'text-anchor="{"end" if end else "start"}">{text}: {duration(value / 1000)}</text>')
     lines.append("</svg>")
     return "\n".join(lines) + "\n"

@@ -2,11 +2,12 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <stdexcept>
 #include <stdlib.h>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace servopanel::tests {
 
@@ -47,10 +48,12 @@ private:
     std::filesystem::path path_;
 };
 
+// Empty when there is no such file.
 inline std::string contentOf(const std::filesystem::path& file)
 {
-    std::ifstream in{file, std::ios::binary};
-    return {std::istreambuf_iterator<char>{in}, std::istreambuf_iterator<char>{}};
+    std::ostringstream content;
+    content << std::ifstream{file, std::ios::binary}.rdbuf();
+    return std::move(content).str();
 }
 
 // Sets an environment variable for the length of a test; nullptr takes it away.
