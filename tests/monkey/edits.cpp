@@ -90,8 +90,6 @@ void Edits::discard()
     inMask_ = 0;
 }
 
-bool Edits::isWaitingInColour() const { return !coloured_.empty(); }
-
 // A mask is left with a number or without; where nothing waits then, all is read anew.
 std::optional<std::string> Edits::mask(const TraceBlock& block)
 {
@@ -109,13 +107,14 @@ std::optional<std::string> Edits::mask(const TraceBlock& block)
                 + ", and lies outside its limits";
         const auto shown = shown_.find(item);
         // An input that never showed a value is as good as 0 to the mask.
-        const bool isNew = number != (shown == shown_.end() ? 0 : shown->second);
+        // What the panel enters again after a failed confirm waits, also where the machine holds it by now.
+        const bool isNew = !isOperators_ || number != (shown == shown_.end() ? 0 : shown->second);
         const bool isOffered = block.has(offer);
         if (isNew ? own_.count(item) > 0 || isOffered : isOffered && !isWaiting()) {
             shown_[item] = servo_page::istZeichnung(item) ? std::round(number) : number;
             own_.insert(item);
             changed_.insert(fieldOf(item));
-            coloured_.insert(fieldOf(item));
+            coloured_.insert(item);
         }
     }
     if (!isWaiting()) discard();

@@ -27,8 +27,9 @@ public:
     int servo() const { return servo_; }
     // Whether something was entered that waits for a confirm; a touched input alone does not.
     bool isWaiting() const { return !changed_.empty(); }
-    // Whether an input with a colour waits; switches have none.
-    bool isWaitingInColour() const;
+    // The items that show by their colour that they wait, of a drawing number the parts that were entered; switches have no
+    // colour.
+    const std::set<std::int16_t>& coloured() const { return coloured_; }
     const std::set<std::int16_t>& changed() const { return changed_; }
     // Whether this block began as a confirm of something.
     bool isConfirm() const { return isConfirm_; }
@@ -52,7 +53,7 @@ private:
     std::map<std::int16_t, double> highest_;
     std::set<std::int16_t> touched_; // fields, since the values were last read or written as a whole
     std::set<std::int16_t> changed_; // fields with a number of the operator's
-    std::set<std::int16_t> coloured_; // those of them that show it by their colour
+    std::set<std::int16_t> coloured_; // items of them that show it by their colour
     std::int16_t inMask_ = 0; // the item that the mask edits
     bool isConfirm_ = false;
     bool isOperators_ = true;

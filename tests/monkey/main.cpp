@@ -11,13 +11,14 @@ servo-monkey --days N
 
 Plays random touches, keys, values and failures on the servo pages without a screen, and checks after each that nothing
 reaches the machine but what was entered and confirmed, that what was entered is to be seen as such, that one picture is
-to be seen, and at the end that the memory is given back. Says at the end what was done.
+to be seen, and at the end that the memory is given back. Says at the end what was done, and how many commands were
+skipped because they could not be done then.
 
   --seed N        of the first run, at first 1
   --runs N        how many runs, at first 1000, each with the next seed
   --commands N    of each run, at first 1000
-  --keep FOLDER   where a scenario for servo-replay is kept of a run that breaks a rule or crashes, at first the current
-                  folder
+  --keep FOLDER   where a scenario for servo-replay is kept of a run that breaks a rule or crashes, at first the
+                  system's folder for temporary files
   --play FILE     plays such a scenario again, with the same rules
 
 With --days it plays the ticks of the page's timer of that many days in fast motion instead, with looks at all servos, their

@@ -165,8 +165,29 @@ TEST_F(KeptScenario, IsPlayedByTheReplay)
 
 TEST_F(KeptScenario, KeepsCommandsOfSeveralLines)
 {
-    const Commands commands{"file A.ini\n[A]\nx=1\nend", "create", "# panel: probe"};
+    const Commands commands{"file A.ini\n[A]\nx=1\nend", "create",
+        "db A.mdb empty\ndb A.mdb M1 x 0 0 1 0 1 1",
+        "# panel: at 1 2\nkey 5\nfile A.ini\n[A]\nend\n# panel: end"};
     EXPECT_EQ(commandsIn(scenarioOf({"a rule", commands})), commands);
+}
+
+TEST_F(KeptScenario, HasWhatTheLibraryGotOfAPanel)
+{
+    EXPECT_EQ(asScenario("key 5", "key 5\n"), "key 5");
+    EXPECT_EQ(
+        asScenario("fail read x 1", "fail read x\n"), "# panel: fail read x 1\nfail read x\n# panel: end");
+    EXPECT_EQ(asScenario("# panel: at 1 2", ""), "# panel: at 1 2\n# panel: end");
+    EXPECT_EQ(ofThePanel("# panel: at 1 2\nkey 5\n# panel: end"), "# panel: at 1 2");
+    EXPECT_EQ(ofThePanel("key 5"), "key 5");
+    EXPECT_EQ(ofTheLibrary({"# panel: at 1 2\nkey 5\nkey 6\n# panel: end", "key 7", "# panel: probe"}),
+        (Commands{"key 5", "key 6", "key 7"}));
+}
+
+// What was only drawn, as before a crash, takes nothing in that follows it.
+TEST_F(KeptScenario, EndsWhatAPanelAloneHas)
+{
+    EXPECT_EQ(commandsIn(scenarioOf({"a crash", {"# panel: probe", "key 5"}})),
+        (Commands{"# panel: probe\n# panel: end", "key 5"}));
 }
 
 Kind kindOf(std::function<Played(const Commands&)> play)
@@ -174,11 +195,13 @@ Kind kindOf(std::function<Played(const Commands&)> play)
     Kind kind;
     kind.commandsOf = [](unsigned, std::size_t) { return Commands{"a", "b", "boom", "c"}; };
     kind.played = [play](const Commands& commands, const Progress& tell, std::string_view) {
+        Played played;
         for (std::size_t i = 0; i < commands.size(); ++i) {
             tell(i);
             play({commands[i]});
+            played.commands.push_back(commands[i] + ", noted");
         }
-        return Played{};
+        return played;
     };
     return kind;
 }
@@ -186,18 +209,42 @@ Kind kindOf(std::function<Played(const Commands&)> play)
 TEST_F(KeptScenario, IsKeptOfACrash)
 {
     const Kind kind = kindOf([](const Commands& commands) -> Played {
-        if (commands.front() == "boom") std::raise(SIGKILL); // as silent as a crash can be
+        // It goes wrong after another one, and as silently as can be.
+        static bool isPrepared = false;
+        isPrepared = isPrepared || commands.front().starts_with("a");
+        if (commands.front() == "boom" && isPrepared) std::raise(SIGKILL);
         return {};
     });
     ::testing::internal::CaptureStdout();
     EXPECT_EQ(run(kind, {"--seed", "9"}), 1);
     const std::string said = ::testing::internal::GetCapturedStdout();
     EXPECT_NE(said.find("seed 9: a crash: signal 9\n  at command 3\n"), std::string::npos) << said;
-    EXPECT_EQ(commandsIn(content(folder() + "/monkey_9.scenario")), Commands{"boom"});
+    EXPECT_EQ(commandsIn(content(folder() + "/monkey_9.scenario")), (Commands{"a, noted", "boom"}));
 
     ::testing::internal::CaptureStdout();
     EXPECT_EQ(run(kind, {"--play", folder() + "/monkey_9.scenario"}), 1);
     EXPECT_NE(::testing::internal::GetCapturedStdout().find("a crash: signal 9"), std::string::npos);
+}
+
+TEST_F(KeptScenario, IsKeptAmongTemporaryFilesUnlessToldOtherwise)
+{
+    const Kind kind = kindOf([](const Commands&) -> Played { std::exit(7); });
+    const char* const arguments[]{"monkey", "--runs", "1", "--seed", "4000000001"};
+    const std::filesystem::path file = std::filesystem::temp_directory_path() / "monkey_4000000001.scenario";
+    std::filesystem::remove(file);
+    ::testing::internal::CaptureStdout();
+    EXPECT_EQ(runProgram(5, arguments, kind), 1);
+    EXPECT_NE(::testing::internal::GetCapturedStdout().find(file.string() + "\n"), std::string::npos);
+    EXPECT_TRUE(std::filesystem::remove(file));
+}
+
+TEST(Monkey, CountsWhatItPlaysAndWhatItSkips)
+{
+    const Played done = played(
+        {"key 10", "create", "create", "show", "show", "menudown BildIm 1 100 100", "touch SollwertL 1"});
+    EXPECT_EQ(done.tally.times(Tally::played), 3U);
+    EXPECT_EQ(done.tally.times(Tally::skipped), 4U);
+    EXPECT_EQ(done.commands, (Commands{"create", "show", "menudown BildIm 1 100 100"}));
 }
 
 TEST_F(KeptScenario, NeedsItsFolder)

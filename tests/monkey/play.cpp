@@ -1,6 +1,7 @@
 #include "monkey/play.h"
 
 #include "basic/conversions.h"
+#include "monkey/kept_scenario.h"
 #include "monkey/project.h"
 #include "monkey/random_operator.h"
 #include "monkey/rules.h"
@@ -44,11 +45,11 @@ public:
         const auto control = replay_.host().servo()->form().find(ChildId{part});
         return control && control->isShown();
     }
-    bool isAnyMarked() override
+    std::set<std::int16_t> marked() override
     {
-        bool found = false;
+        std::set<std::int16_t> found;
         auto* const page = pageOrNull();
-        if (page == nullptr) return false;
+        if (page == nullptr) return found;
         page->form().forEach([&](const ChildId& id, recording::MemoryControl& control) {
             const bool isSetpoint = id.name == "SollwertL" || id.name == "SollwertR";
             const bool isDrawing = id.name == "ZeichnungL" || id.name == "ZeichnungR";
@@ -56,7 +57,7 @@ public:
             const basic::Variant colour =
                 control.get(isSetpoint ? ids::VWSVarIn::Vordergrund : ids::VWSIndex::Farbe);
             if (colour.get<std::int32_t>() && *colour.get<std::int32_t>() == servo_page::farben::Grün)
-                found = true;
+                found.insert(id.index);
         });
         return found;
     }
@@ -139,20 +140,21 @@ public:
     {
         wasPlayed_ = false;
         // A host shows a control once, and nobody touches what is not shown.
-        if (command == "show" && screen_.isShown()) return std::nullopt;
-        if (needsScreen(command) && !screen_.isOperable(command)) return std::nullopt;
+        if (command == "show" && screen_.isShown()) return skip();
+        if (needsScreen(command) && !screen_.isOperable(command)) return skip();
         rules_->before();
         std::string trace;
         try {
             trace = replay_.run(command);
         } catch (const recording::ScenarioError&) {
-            return std::nullopt; // nothing that could be done now
+            return skip(); // nothing that could be done now
         } catch (const std::exception& error) {
             return std::string{"an exception: "} + error.what();
         } catch (...) {
             return "an exception of another kind";
         }
         wasPlayed_ = true;
+        rules_->tally().add(Tally::played);
         screen_.noteShow(command);
         return rules_->broken(trace);
     }
@@ -161,6 +163,12 @@ public:
     const Tally& tally() const { return rules_->tally(); }
 
 private:
+    std::optional<std::string> skip()
+    {
+        rules_->tally().add(Tally::skipped);
+        return std::nullopt;
+    }
+
     recording::Replay replay_;
     MemoryScreen screen_{replay_};
     std::optional<Rules> rules_;
@@ -203,18 +211,18 @@ Commands commandsOf(unsigned seed, std::size_t count)
     return commands;
 }
 
-Played played(const Commands& commands, const Progress& progress, Pieces pieces)
+Played played(const Commands& given, const Progress& progress, Pieces pieces)
 {
+    const Commands commands = ofTheLibrary(given);
     std::vector<bool> wasPlayed(commands.size());
     Session session;
     std::optional<std::string> rule = playAll(session, commands, progress, wasPlayed);
-    Played result{std::nullopt, session.tally()};
+    Played result{std::nullopt, session.tally(), {}};
     if (!rule && pieces != nullptr && isMoreTheSecondTime(session, commands, progress, pieces))
         rule = memoryRule;
-    if (!rule) return result;
-    result.finding = Finding{*rule, {}};
     for (std::size_t i = 0; i < commands.size(); ++i)
-        if (wasPlayed[i]) result.finding->commands.push_back(commands[i]);
+        if (wasPlayed[i]) result.commands.push_back(commands[i]);
+    if (rule) result.finding = Finding{*rule, result.commands};
     return result;
 }
 

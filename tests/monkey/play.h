@@ -21,6 +21,7 @@ struct Finding {
 struct Played {
     std::optional<Finding> finding; // nothing when all rules held
     Tally tally;
+    Commands commands; // those that were played, as a scenario has them
 };
 
 // Told of the place of each command before it is played.
@@ -34,7 +35,7 @@ inline constexpr std::string_view memoryRule = "pieces of memory are not given b
 // What the operator of this seed does.
 Commands commandsOf(unsigned seed, std::size_t count);
 
-// Plays these commands on the recording host; those that cannot be played count for nothing. With pieces they
+// Plays these commands on the recording host; those that cannot be played are skipped. With pieces they
 // are played twice, and it is also a rule that after the second time, with all controls gone, no more memory is held than
 // after the first.
 Played played(const Commands& commands, const Progress& progress = {}, Pieces pieces = nullptr);

@@ -20,12 +20,14 @@ constexpr int held = 0;
 constexpr int broken = 1;
 constexpr int misunderstood = 2;
 
+constexpr std::string_view crash = "a crash: ";
+
 struct Options {
     unsigned seed = 1;
     unsigned runs = 0;
     unsigned commands = 0;
     unsigned days = 0;
-    std::string keep = ".";
+    std::string keep; // empty: the folder for temporary files
     std::string play;
 };
 
@@ -52,9 +54,8 @@ constexpr char separator = '\x1f';
 std::string asText(const Played& played)
 {
     std::string text = played.tally.lines();
-    if (!played.finding) return text;
-    text.append(1, separator).append(played.finding->rule);
-    for (const std::string& command : played.finding->commands)
+    text.append(1, separator).append(played.finding ? played.finding->rule : "");
+    for (const std::string& command : played.commands)
         text.append(1, separator).append(command);
     return text;
 }
@@ -66,11 +67,11 @@ Played fromText(std::string_view text)
         text.remove_prefix(std::min(part.size() + 1, text.size()));
         return std::string{part};
     };
-    Played played{std::nullopt, Tally::fromLines(next())};
-    if (text.empty()) return played;
-    played.finding = Finding{next(), {}};
+    Played played{std::nullopt, Tally::fromLines(next()), {}};
+    const std::string rule = next();
     while (!text.empty())
-        played.finding->commands.push_back(next());
+        played.commands.push_back(next());
+    if (!rule.empty()) played.finding = Finding{rule, played.commands};
     return played;
 }
 
@@ -81,12 +82,25 @@ int playAgain(const Kind& kind, const std::string& file)
     return again.finding ? broken : held;
 }
 
+// A crash takes along what was noted about its commands; those before it are played once more for that.
+Finding asPlayed(const Finding& found, const Kind& kind)
+{
+    if (!found.rule.starts_with(crash) || found.commands.empty()) return found;
+    const Played before = playedInChild({found.commands.begin(), found.commands.end() - 1}, kind, found.rule);
+    if (before.finding) return found;
+    Finding noted{found.rule, before.commands};
+    noted.commands.push_back(found.commands.back());
+    return noted;
+}
+
 int report(const Kind& kind, const Options& options, unsigned seed, const Finding& found)
 {
     std::printf("seed %u: %s\n  at command %zu\n", seed, found.rule.c_str(), found.commands.size());
     std::fflush(stdout);
-    const Finding least = shrunk(
-        found, [&](const Commands& commands) { return playedInChild(commands, kind, found.rule).finding; });
+    const Finding least = asPlayed(
+        shrunk(found,
+            [&](const Commands& commands) { return playedInChild(commands, kind, found.rule).finding; }),
+        kind);
     std::printf("  %zu commands are enough for it: ", least.commands.size());
     try {
         std::printf("%s\n", keep(least, options.keep, seed).c_str());
@@ -122,7 +136,7 @@ Played playedInChild(const Commands& commands, const Kind& kind, std::string_vie
     // A leak that a sanitizer finds at the end of the process belongs to no command.
     const std::size_t until = std::min(end.place + 1, commands.size());
     const auto last = commands.begin() + static_cast<std::ptrdiff_t>(until);
-    return {Finding{"a crash: " + end.crash, {commands.begin(), last}}, {}};
+    return {Finding{std::string{crash} + end.crash, {commands.begin(), last}}, {}, {}};
 }
 
 int runProgram(int count, const char* const* arguments, const Kind& kind)
@@ -140,6 +154,7 @@ int runProgram(int count, const char* const* arguments, const Kind& kind)
     if (options.days > 0) return kind.playDays(options.days) ? held : broken;
     try {
         if (!options.play.empty()) return playAgain(kind, options.play);
+        if (options.keep.empty()) options.keep = std::filesystem::temp_directory_path().string();
         if (!std::filesystem::is_directory(options.keep))
             throw std::runtime_error{"the folder " + options.keep + " for what is found does not exist"};
         return playRuns(kind, options);

@@ -252,15 +252,25 @@ std::optional<std::string> Rules::brokenScreen()
     if (page && menu) return "page and menu are to be seen at once";
     if (!page && !menu) return "neither page nor menu is to be seen";
     if (!page) return std::nullopt;
-    const bool isMarked = screen_.isAnyMarked();
+    if (const auto wrong = brokenMarks()) return wrong;
     const bool isOffered = screen_.offersConfirm();
-    if (isMarked && !isOffered) return "an input is marked as changed, and nothing offers to confirm it";
-    if (isMarked && !edits_.isWaiting()) return "an input is marked as changed, and nothing was entered";
     if (isOffered && !edits_.isWaiting()) return "a confirm is offered, and nothing was entered";
     if (edits_.isWaiting() && !isOffered) return "something was entered, and nothing offers to confirm it";
-    if (edits_.isWaitingInColour() && !isMarked) return "something was entered, and no input is marked";
     if (isOffered && !screen_.isInputOpen() && !screen_.isConfirmOn())
         return "a confirm is offered, and its key is off";
+    return std::nullopt;
+}
+
+// An operator confirms what he sees marked: a mark too many has him look for a change that is none, one too few hides one.
+std::optional<std::string> Rules::brokenMarks()
+{
+    const std::set<std::int16_t> marked = screen_.marked();
+    for (const std::int16_t item : marked)
+        if (edits_.coloured().count(item) == 0)
+            return "input " + std::to_string(item) + " is marked as changed, and nothing was entered there";
+    for (const std::int16_t item : edits_.coloured())
+        if (marked.count(item) == 0)
+            return "a number was entered in input " + std::to_string(item) + ", and it is not marked";
     return std::nullopt;
 }
 

@@ -6,6 +6,7 @@
 
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -21,8 +22,8 @@ public:
     virtual bool isShown() = 0;
     // part: "ServoMain" or "ServoMenu".
     virtual bool isSeen(std::string_view part) = 0;
-    // Whether an input of the page is marked as changed by its colour.
-    virtual bool isAnyMarked() = 0;
+    // The inputs of the page that are marked as changed by their colour.
+    virtual std::set<std::int16_t> marked() = 0;
     // Whether footer key 10 of the page shows that it confirms.
     virtual bool offersConfirm() = 0;
     // Whether that key can be pressed.
@@ -37,7 +38,8 @@ public:
 //     the operator entered; everything that was entered is written, unless the machine cannot be read or written.
 //   - Nothing else is written but the few variables by which panel and machine tell each other where they are.
 //   - What the machine holds changes by a write alone. A parameter that cannot be written is reported.
-//   - Only the page or the menu is to be seen. What was entered is marked and a confirm is offered, and nothing else is.
+//   - Only the page or the menu is to be seen. Just the inputs with a number of the operator's are marked, and a
+//     confirm is offered while something waits for it.
 //
 // Whether changes wait, the page tells by its footer and its confirm key alone; both are held against what was entered.
 class Rules {
@@ -63,6 +65,7 @@ private:
     std::optional<std::string> unwritten(const TraceBlock& block) const;
     std::optional<std::string> changedAlone(std::string_view trace) const;
     std::optional<std::string> brokenScreen();
+    std::optional<std::string> brokenMarks();
     void count(const TraceBlock& block);
 
     Screen& screen_;

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <set>
 
 namespace servopanel::monkey {
 
@@ -23,7 +24,7 @@ public:
     }
     bool isShown() override { return true; }
     bool isSeen(std::string_view part) override { return part == "ServoMain" ? page : menu; }
-    bool isAnyMarked() override { return marked; }
+    std::set<std::int16_t> marked() override { return green; }
     bool offersConfirm() override { return offered; }
     bool isConfirmOn() override { return confirmOn; }
     bool isInputOpen() override { return inputOpen; }
@@ -31,7 +32,7 @@ public:
     std::map<std::string, Variant, std::less<>> variables;
     bool page = true;
     bool menu = false;
-    bool marked = false;
+    std::set<std::int16_t> green; // inputs
     bool offered = false;
     bool confirmOn = true;
     bool inputOpen = false;
@@ -87,13 +88,13 @@ protected:
         screen_.inputOpen = true;
         std::string wrong = after("> touch " + input + "\n" + maskOpens);
         screen_.inputOpen = false;
-        screen_.marked = true;
+        screen_.green.insert(itemOf(input));
         screen_.offered = true;
         return wrong + after("> mask " + number + "\n" + offer);
     }
     void nothingWaits()
     {
-        screen_.marked = false;
+        screen_.green.clear();
         screen_.offered = false;
     }
     // A write that the machine takes.
@@ -315,11 +316,12 @@ TEST_F(RulesTest, WhatWaitsIsMarkedAndOffered)
 {
     showServo(1);
     enter("SollwertL 1", "9");
-    screen_.marked = false;
-    EXPECT_RULE("no input is marked", after("> timer\n"));
-    nothingWaits();
+    screen_.green.clear();
+    EXPECT_RULE("entered in input 1, and it is not marked", after("> timer\n"));
+    screen_.green = {1};
+    screen_.offered = false;
     EXPECT_RULE("nothing offers to confirm it", after("> timer\n"));
-    screen_.marked = screen_.offered = true;
+    screen_.offered = true;
     screen_.confirmOn = false;
     EXPECT_RULE("its key is off", after("> timer\n"));
     screen_.inputOpen = true; // the mask withdraws the keys
@@ -331,10 +333,54 @@ TEST_F(RulesTest, NothingElseIsMarkedOrOffered)
     showServo(1);
     screen_.offered = true;
     EXPECT_RULE("a confirm is offered, and nothing was entered", after("> timer\n"));
-    screen_.marked = true;
-    EXPECT_RULE("marked as changed, and nothing was entered", after("> timer\n"));
-    screen_.offered = false;
-    EXPECT_RULE("marked as changed, and nothing offers to confirm it", after("> timer\n"));
+    screen_.green = {3};
+    EXPECT_RULE("input 3 is marked as changed, and nothing was entered there", after("> timer\n"));
+}
+
+TEST_F(RulesTest, TheInputThatWaitsIsMarkedAndNoOther)
+{
+    showServo(1);
+    EXPECT_EQ(enter("SollwertL 1", "9"), "");
+    screen_.green = {2};
+    EXPECT_RULE("input 2 is marked as changed, and nothing was entered there", after("> timer\n"));
+    screen_.green = {1, 2};
+    EXPECT_RULE("input 2 is marked as changed, and nothing was entered there", after("> timer\n"));
+}
+
+TEST_F(RulesTest, EachInputThatWaitsIsMarked)
+{
+    showServo(1);
+    EXPECT_EQ(enter("SollwertL 1", "9"), "");
+    EXPECT_EQ(enter("SollwertL 3", "7"), "");
+    screen_.green = {1};
+    EXPECT_RULE("entered in input 3, and it is not marked", after("> timer\n"));
+    screen_.green = {1, 3};
+    EXPECT_EQ(after("> timer\n"), "");
+}
+
+// The machine holds the number and was not told of it: it waits on, and that is to be seen.
+TEST_F(RulesTest, WhatThePanelEntersAgainIsMarked)
+{
+    showServo(1);
+    enter("SollwertL 1", "9");
+    EXPECT_EQ(
+        after("> key 10\n" + setpoints(3, 9, "9") + "write " + name(3, "_servoaender_")
+            + " failed\nerror 5 \"Ma WerteSchreiben\" \"no answer\"\n" + read(3, "_servo_para_", "[9, 2, 3]")
+            + "> touch SollwertL 1\n" + maskOpens + "> mask 9\n" + offer),
+        "");
+    screen_.green.clear();
+    EXPECT_RULE("entered in input 1, and it is not marked", after("> timer\n"));
+}
+
+// The operator sees which of the three parts he has changed.
+TEST_F(RulesTest, OfADrawingNumberTheEnteredPartIsMarked)
+{
+    showServo(1);
+    EXPECT_EQ(enter("ZeichnungL 43", "7"), "");
+    screen_.green = {41};
+    EXPECT_RULE("input 41 is marked as changed, and nothing was entered there", after("> timer\n"));
+    screen_.green = {41, 43, 45};
+    EXPECT_RULE("input 41 is marked as changed, and nothing was entered there", after("> timer\n"));
 }
 
 TEST_F(RulesTest, AnInternalErrorIsNone)

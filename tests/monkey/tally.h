@@ -9,7 +9,8 @@ namespace servopanel::monkey {
 // How often was done what the rules are about: a run that did nothing proves nothing.
 class Tally {
 public:
-    static constexpr std::string_view confirms = "confirms of servo ", values = "written ",
+    static constexpr std::string_view played = "commands played", skipped = "commands skipped",
+                                      confirms = "confirms of servo ", values = "written ",
                                       failedWrites = "failed writes", editors = "editor OKs",
                                       refused = "refused", scrolls = "scrolls", diagnosis = "diagnosis pages",
                                       discards = "discards";

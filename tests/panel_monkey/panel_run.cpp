@@ -15,6 +15,8 @@
 #include "panel_monkey/words.h"
 #include "platform/ids.h"
 #include "recording/scenario/line_reader.h"
+#include "recording/trace/path_names.h"
+#include "recording/trace/value_text.h"
 
 #include <QKeySequence>
 
@@ -40,7 +42,28 @@ using platform::ChildId;
 
 constexpr int confirmKey = 10;
 constexpr int leaveKey = 11;
-constexpr std::string_view resolutionCommand = "# panel: resolution ";
+constexpr int firstResolution = 1280;
+constexpr std::string_view resolutionVariable = "parameter<.aufloesung>";
+constexpr std::string_view rubbish = "[\x01\xFF=,;1e999\r\n=TRUE";
+
+std::string diskName(const ProjectFile& file)
+{
+    std::string name = file.name;
+    std::replace(name.begin(), name.end(), '\\', '/');
+    return name;
+}
+
+// The lines that a command puts into a file.
+std::string contentOf(const std::string& command)
+{
+    const std::size_t first = command.find('\n') + 1;
+    return command.substr(first, command.rfind("end") - first);
+}
+
+std::string_view withoutEnd(std::string_view line)
+{
+    return line.ends_with('\n') ? line.substr(0, line.size() - 1) : line;
+}
 
 void replace(std::string& text, std::string_view what, std::string_view by)
 {
@@ -66,18 +89,19 @@ public:
 
     void lose(const std::string& name)
     {
+        if (!std::filesystem::exists(file(name))) throw NotThere{name};
         if (away_.count(name) == 0) away_[name] = content(name);
         remove(name);
     }
-    void spoil(const std::string& name)
+    void spoil(const std::string& name, std::string_view content)
     {
         lose(name);
-        write(name, "[\x01\xFF=,;1e999\r\n=TRUE");
+        write(name, std::string{content});
     }
     void bring(const std::string& name)
     {
         const auto kept = away_.find(name);
-        if (kept == away_.end()) return;
+        if (kept == away_.end()) throw NotThere{name + " among what is away"};
         write(name, kept->second);
         away_.erase(kept);
     }
@@ -97,12 +121,9 @@ class PanelRun : public Screen {
 public:
     explicit PanelRun(int resolution) { start(resolution); }
 
-    // The panel as a program is started anew, with what is on its disk.
+    // The panel as a program is started, with what is on its disk.
     void start(int resolution)
     {
-        hands_.reset();
-        reader_.reset();
-        panel_.reset();
         panel::PanelSettings settings = project_.settings();
         settings.resolution = resolution;
         settings.trace = project_.file("panel.trace");
@@ -112,9 +133,7 @@ public:
         };
         panel_ = std::make_unique<Panel>(settings);
         reader_ = std::make_unique<testing::MessageReader>(*panel_);
-        panel_->variables().addListener([this](const machine::VariableStore::Write& write) {
-            if (write.writer != machine::Writer::Machine) written_.emplace(write.name);
-        });
+        panel_->variables().addListener([this](const machine::VariableStore::Write& write) { note(write); });
         panel_->window().show();
         static_cast<void>(QTest::qWaitForWindowExposed(&panel_->window()));
         hands_ = std::make_unique<Operator>(*panel_, 0);
@@ -124,32 +143,41 @@ public:
         Tally done = rules_ ? rules_->tally() : Tally{};
         rules_.emplace(*this);
         rules_->tally() = std::move(done);
+        rules_->before();
         offersConfirm_ = false;
-        open();
-        static_cast<void>(rules_->broken(newTrace()));
+        resolution_ = resolution;
     }
 
     // Everything that crossed the library's border in the last command.
     const std::string& lastTrace() const { return lastTrace_; }
+    // The last command with what the library got of it.
+    std::string lastScenario() const { return asScenario(lastCommand_, came_); }
     // What the command broke.
-    std::optional<std::string> play(const std::string& command)
+    std::optional<std::string> play(const std::string& scenario)
     {
+        const std::string command = ofThePanel(scenario);
+        lastCommand_ = command;
         rules_->before();
         written_.clear();
+        lastTrace_.clear();
+        came_.clear();
         mayConfirm_ = false;
         std::optional<std::string> wrong;
+        std::string_view counted = Tally::played;
         try {
             wrong = perform(command);
         } catch (const NotThere&) {
-            rules_->tally().add(Tally::refused); // nothing that could be done now
+            counted = Tally::skipped; // nothing that could be done now
         } catch (const recording::Malformed&) {
+            counted = Tally::skipped;
         } catch (const basic::Error& error) {
             return "an error came out of '" + command + "': " + error.description;
         } catch (const std::exception& error) {
             return "an exception came out of '" + command + "': " + error.what();
         }
         keepTimerStill();
-        lastTrace_ = newTrace();
+        listen();
+        rules_->tally().add(counted);
         noteConfirmKey(lastTrace_);
         if (const auto broken = rules_->broken(lastTrace_)) return broken;
         if (!wrong) wrong = brokenOnScreen(command, lastTrace_);
@@ -164,13 +192,13 @@ public:
         panel::Child* const control = panel_->servo()->find(part);
         return control != nullptr && control->viewOrNull() != nullptr && control->view().isVisible();
     }
-    bool isAnyMarked() override
+    std::set<std::int16_t> marked() override
     {
-        bool marked = false;
-        page()->forEach([&](std::string_view, std::int16_t, panel::Child& child) {
-            marked = marked || child.isChanged();
+        std::set<std::int16_t> found;
+        page()->forEach([&](std::string_view name, std::int16_t index, panel::Child& child) {
+            if (child.isChanged() && !isSwitch(name)) found.insert(index);
         });
-        return marked;
+        return found;
     }
     bool offersConfirm() override { return offersConfirm_; }
     bool isConfirmOn() override
@@ -187,21 +215,26 @@ public:
 
 private:
     std::optional<std::string> perform(const std::string& command);
-    std::optional<std::string> ofThePanel(const std::string& command);
+    void doAsScenario(const std::string& command);
+    bool doToScreen(const std::string& command);
+    void restart(int resolution);
     void forge(const std::string& what);
     void machine(std::string_view rest);
     void fail(Words words);
     void loss(const std::string& command);
+    void tellLoss(const std::string& verb, const std::string& name);
     void touch(const std::vector<QPoint>& places);
     void press(const std::string& key);
     void tick();
     std::optional<std::string> probe();
     void closeWhatIsOpen();
+    std::optional<std::string> brokenSwitch();
     std::optional<std::string> brokenOnScreen(const std::string& command, const std::string& trace);
 
     void open()
     {
-        if (panel_->servo() == nullptr) panel_->openServo();
+        if (panel_->servo() != nullptr) throw NotThere{"a place for the servo screen, which is open"};
+        panel_->openServo();
         keepTimerStill();
     }
     ControlHost* page()
@@ -220,11 +253,36 @@ private:
         if (panel::TimerChild* const ticking = timer())
             ticking->put(platform::named("Interval"), {}, Variant{anHour});
     }
-    // What the panel has written into its trace since the last call.
-    std::string newTrace()
+    static bool isSwitch(std::string_view name) { return name.starts_with("Schalter"); }
+    // Hears what the panel has written into its trace since the last time.
+    void listen()
     {
+        constexpr std::string_view operation = "> ";
         trace_.clear();
-        return {std::istreambuf_iterator<char>{trace_}, {}};
+        for (std::string line; std::getline(trace_, line);) {
+            lastTrace_.append(line).append("\n");
+            if (line.starts_with(operation)) tell(std::string_view{line}.substr(operation.size()));
+        }
+    }
+    // A command of a scenario that the library gets by what is done to the panel.
+    void tell(std::string_view command)
+    {
+        came_.append(command);
+        if (!command.ends_with('\n')) came_.append("\n");
+    }
+    void note(const machine::VariableStore::Write& write)
+    {
+        if (write.writer == machine::Writer::Machine) return;
+        written_.emplace(write.name);
+        if (write.writer != machine::Writer::Host) return;
+        listen();
+        tellValue(write.name, write.value);
+    }
+    void tellValue(std::string_view name, const Variant& value)
+    {
+        std::string setting{"var "};
+        setting.append(name).append(" = ");
+        tell(setting.append(recording::valueText(value, recording::PathNames{})));
     }
     void noteConfirmKey(const std::string& trace);
     bool isOnConfirmKey(QPoint place);
@@ -234,8 +292,11 @@ private:
     std::unique_ptr<Panel> panel_;
     std::unique_ptr<testing::MessageReader> reader_;
     std::unique_ptr<Operator> hands_;
+    int resolution_ = firstResolution;
     std::ifstream trace_;
     std::string lastTrace_;
+    std::string lastCommand_;
+    std::string came_; // what the library got of it, as lines of a scenario
     std::optional<Rules> rules_;
     std::set<std::string> written_; // by the library or the panel in this command
     bool mayConfirm_ = false; // the operator pressed the confirm key in this command
@@ -244,14 +305,24 @@ private:
 
 std::optional<std::string> PanelRun::perform(const std::string& command)
 {
-    if (command.starts_with(panelOnly)) return ofThePanel(command.substr(panelOnly.size()));
+    const bool isOfScreenAlone = command.starts_with(panelOnly);
+    const std::string done = isOfScreenAlone ? command.substr(panelOnly.size()) : command;
+    if (done == "probe") return probe();
+    if (!isOfScreenAlone || !doToScreen(done)) doAsScenario(done);
+    return std::nullopt;
+}
+
+// What a scenario has as well, by the hands of the operator.
+void PanelRun::doAsScenario(const std::string& command)
+{
     Words words{command};
     const std::string verb = words.word();
     mayConfirm_ = verb == "key" && words.whole() == confirmKey;
-    if (doneByHand(*hands_, command)) return std::nullopt;
+    if (doneByHand(*hands_, command)) return;
     if (verb == "timer") {
         tick();
     } else if (verb == "terminate") {
+        if (panel_->servo() == nullptr) throw NotThere{"the servo screen"};
         panel_->closeScreen();
     } else if (verb == "create" || verb == "show") {
         open();
@@ -261,11 +332,13 @@ std::optional<std::string> PanelRun::perform(const std::string& command)
         fail(std::move(words));
     } else if (verb == "lose" || verb == "file" || verb == "picture" || verb == "db") {
         loss(command);
+    } else {
+        throw NotThere{"a panel's way to do '" + command + "'"};
     }
-    return std::nullopt;
 }
 
-std::optional<std::string> PanelRun::ofThePanel(const std::string& command)
+// What only a screen and its surroundings have. Whether it was such a thing.
+bool PanelRun::doToScreen(const std::string& command)
 {
     Words words{command};
     const std::string verb = words.word();
@@ -276,25 +349,53 @@ std::optional<std::string> PanelRun::ofThePanel(const std::string& command)
         return QPoint{std::min(x * stage.width() / 1000, stage.width() - 1),
             std::min(y * stage.height() / 1000, stage.height() - 1)};
     };
-    if (verb == "at") touch({place()});
-    if (verb == "drag") {
+    if (verb == "at") {
+        touch({place()});
+    } else if (verb == "drag") {
         const QPoint from = place();
         touch({from, place()});
-    }
-    if (verb == "press") press(words.word());
-    if (verb == "back") hands_->backFromOtherScreen();
-    if (verb == "open") open();
-    if (verb == "restart") start(words.whole());
-    if (verb == "link") {
+    } else if (verb == "press") {
+        press(words.word());
+    } else if (verb == "back") {
+        hands_->backFromOtherScreen();
+    } else if (verb == "open") {
+        open();
+    } else if (verb == "restart") {
+        restart(words.whole());
+    } else if (verb == "link") {
         const bool isGood = words.word() == "good";
         panel_->setLink({isGood, isGood ? "" : "the cable is out"});
+    } else if (verb == "lose" || verb == "spoil" || verb == "bring") {
+        const std::string name = words.word();
+        if (verb == "lose") project_.lose(name);
+        if (verb == "spoil") project_.spoil(name, rubbish);
+        if (verb == "bring") project_.bring(name);
+        tellLoss(verb, name);
+    } else if (verb == "forge") {
+        forge(words.word());
+    } else {
+        return false;
     }
-    if (verb == "lose") project_.lose(words.word());
-    if (verb == "spoil") project_.spoil(words.word());
-    if (verb == "bring") project_.bring(words.word());
-    if (verb == "probe") return probe();
-    if (verb == "forge") forge(words.word());
-    return std::nullopt;
+    return true;
+}
+
+// The panel's program ends and begins again. Its machine is in the same program, and with it all variables begin anew.
+void PanelRun::restart(int resolution)
+{
+    hands_.reset();
+    reader_.reset();
+    panel_.reset();
+    listen();
+    start(resolution);
+    tell("fail none");
+    std::istringstream lines{monkeyProject()};
+    for (std::string line; std::getline(lines, line);) {
+        if (line.starts_with("db ")) tell(line);
+        if (!line.starts_with("var ")) continue;
+        const std::string name = line.substr(4, line.find(" = ") - 4);
+        if (const Variant* const value = variable(name)) tellValue(name, *value);
+    }
+    open();
 }
 
 // What a broken panel could do, for tests of the rules.
@@ -320,39 +421,68 @@ void PanelRun::machine(std::string_view rest)
     recording::LineReader line{rest};
     const std::string name = line.word("the name");
     line.sign('=');
-    if (name == "parameter<.aufloesung>")
-        return; // the screen of a panel stays as it is, each seed has its own
-    try {
-        panel_->variables().write(name, line.value("the value"), machine::Writer::Machine);
-    } catch (const basic::Error&) {
-        // no such value for this variable
+    const Variant value = line.value("the value");
+    if (name == resolutionVariable) {
+        // The screen of a panel stays as it is, each seed has its own.
+        if (value != Variant{static_cast<std::int16_t>(resolution_)}) throw NotThere{"another resolution"};
+    } else {
+        try {
+            panel_->variables().write(name, value, machine::Writer::Machine);
+        } catch (const basic::Error& error) {
+            throw NotThere{error.description}; // no such value for this variable
+        }
     }
+    std::string setting{"var "};
+    tell(setting.append(rest));
 }
 
 void PanelRun::fail(Words words)
 {
     const std::string what = words.word();
     const std::string name = words.word();
-    if (what == "read") flaky_->unreadable.insert(name);
-    if (what == "write") flaky_->unwritable.insert(name);
-    if (what != "none") return;
-    flaky_->unreadable.clear();
-    flaky_->unwritable.clear();
+    if (what == "none") {
+        flaky_->unreadable.clear();
+        flaky_->unwritable.clear();
+        tell("fail none");
+    } else if (what == "read" || what == "write") {
+        // A panel reads for itself as well, and more often: here it stays so until all failures end.
+        (what == "read" ? flaky_->unreadable : flaky_->unwritable).insert(name);
+        std::string failure{"fail "};
+        tell(failure.append(what).append(" ").append(name));
+    } else {
+        throw NotThere{"a way to have '" + what + "' fail"};
+    }
 }
 
 // A file goes, comes back as it was, or holds rubbish.
 void PanelRun::loss(const std::string& command)
 {
     for (const ProjectFile& file : projectFiles()) {
-        std::string name = file.name;
-        if (name.find(':') != std::string::npos) continue; // the temporary folder is the run's own
-        std::replace(name.begin(), name.end(), '\\', '/');
+        const std::string name = diskName(file);
         if (command == "lose " + file.name)
             project_.lose(name);
-        else if (command == file.bringBack)
+        else if (withoutEnd(command) == withoutEnd(file.bringBack))
             project_.bring(name);
         else if (file.isText && command.starts_with("file " + file.name + "\n"))
-            project_.spoil(name);
+            project_.spoil(name, contentOf(command));
+        else
+            continue;
+        tell(command);
+        return;
+    }
+    throw NotThere{"the file of '" + command + "'"};
+}
+
+// The same of a file that a replay has as well; a picture that is none it does not have.
+void PanelRun::tellLoss(const std::string& verb, const std::string& name)
+{
+    for (const ProjectFile& file : projectFiles()) {
+        if (diskName(file) != name) continue;
+        if (verb == "lose") tell("lose " + file.name);
+        if (verb == "bring") tell(file.bringBack);
+        if (verb != "spoil" || !file.isText) continue;
+        std::string command = "file " + file.name;
+        tell(command.append("\n").append(rubbish).append("\nend"));
     }
 }
 
@@ -387,7 +517,8 @@ void PanelRun::press(const std::string& key)
 void PanelRun::tick()
 {
     panel::TimerChild* const ticking = timer();
-    if (ticking != nullptr && ticking->isTicking()) page()->deliver(ChildId{"Timer"}, "Timer", {});
+    if (ticking == nullptr || !ticking->isTicking()) throw NotThere{"a timer that is on"};
+    page()->deliver(ChildId{"Timer"}, "Timer", {});
 }
 
 void PanelRun::closeWhatIsOpen()
@@ -413,19 +544,18 @@ std::optional<std::string> PanelRun::probe()
         if (panel_->servo() == nullptr) return "the key back leads nowhere";
         return std::nullopt;
     }
-    open();
+    if (panel_->servo() == nullptr) open();
     hands_->wait(0);
     ControlHost* const part = panel_->shownPart();
     if (part == nullptr) return "nothing is shown that could be touched";
     auto& footer = part->require<panel::FußzeileChild>("Fußzeile");
     for (const int number : {leaveKey, 5, 6, 7, 8, 1, 2}) {
         if (!footer.enabled() || !footer.bar().key(number).isOn()) continue;
-        std::streampos before = trace_.tellg();
+        listen();
+        const std::size_t before = lastTrace_.size();
         hands_->footerKey(number);
-        const std::string answer = newTrace();
-        trace_.clear();
-        trace_.seekg(before);
-        if (answer.find("key " + std::to_string(number) + "\n") == std::string::npos)
+        listen();
+        if (lastTrace_.find("key " + std::to_string(number) + "\n", before) == std::string::npos)
             return "a touch of key " + std::to_string(number) + " does nothing";
         break;
     }
@@ -440,6 +570,22 @@ void PanelRun::noteConfirmKey(const std::string& trace)
         if (line.starts_with(put)) offersConfirm_ = line.find("OK.wmf") != std::string::npos;
 }
 
+// The panel marks a switch that waits by itself; the library has no colour for it.
+std::optional<std::string> PanelRun::brokenSwitch()
+{
+    std::optional<std::string> wrong;
+    if (page() == nullptr || page() != panel_->shownPart()) return wrong;
+    page()->forEach([&](std::string_view name, std::int16_t index, panel::Child& child) {
+        if (!isSwitch(name)) return;
+        const bool waits = rules_->edits().changed().count(index) > 0;
+        if (child.isChanged() && !waits)
+            wrong = "switch " + std::to_string(index) + " is marked as changed, and nobody turned it";
+        if (!child.isChanged() && waits)
+            wrong = "switch " + std::to_string(index) + " was turned, and it is not marked";
+    });
+    return wrong;
+}
+
 std::optional<std::string> PanelRun::brokenOnScreen(const std::string& command, const std::string& trace)
 {
     constexpr std::size_t mostReports = 200; // lines of the list
@@ -452,6 +598,7 @@ std::optional<std::string> PanelRun::brokenOnScreen(const std::string& command, 
         && trace.compare(touched + 2, command.size() + 1, command + "\n") != 0)
         return "'" + command
             + "' reached another input: " + trace.substr(touched, trace.find('\n', touched) - touched);
+    if (const auto broken = brokenSwitch()) return broken;
     for (const std::string& name : written_)
         if (servoNameOf(name) && trace.find("write " + name + " = ") == std::string::npos)
             return "'" + name + "' was written past the library";
@@ -461,53 +608,54 @@ std::optional<std::string> PanelRun::brokenOnScreen(const std::string& command, 
     return std::nullopt;
 }
 
-std::string seededResolution(unsigned seed)
+std::string resolutionCommand()
 {
-    constexpr std::array resolutions{1280, 1024, 800};
-    return std::string{resolutionCommand} + std::to_string(resolutions[seed % resolutions.size()]);
+    std::string command{"var "};
+    return command.append(resolutionVariable).append(" = ");
 }
 
 int resolutionOf(const Commands& commands)
 {
-    if (commands.empty() || !commands.front().starts_with(resolutionCommand)) return 1280;
-    return std::atoi(commands.front().c_str() + resolutionCommand.size());
+    const std::string command = resolutionCommand();
+    if (commands.empty() || !commands.front().starts_with(command)) return firstResolution;
+    return std::atoi(commands.front().c_str() + command.size());
 }
 
 } // namespace
 
 Commands commandsOnPanel(unsigned seed, std::size_t count)
 {
+    constexpr std::array resolutions{1280, 1024, 800};
     RandomHands hands{seed};
-    Commands commands{seededResolution(seed)};
+    Commands commands{resolutionCommand() + std::to_string(resolutions[seed % resolutions.size()]),
+        std::string{panelOnly} + "open"};
     while (commands.size() < count)
         commands.push_back(hands.next());
     return commands;
 }
 
-Played playedOnPanel(const Commands& commands, const Progress& progress)
+Played playedOnPanel(const Commands& commands, const Progress& progress, std::string* trace)
 {
     PanelRun run{resolutionOf(commands)};
-    for (std::size_t i = 0; i < commands.size(); ++i) {
+    Played played;
+    for (std::size_t i = 0; i < commands.size() && !played.finding; ++i) {
         if (progress) progress(i);
-        if (const auto rule = run.play(commands[i])) {
-            const auto last = commands.begin() + static_cast<std::ptrdiff_t>(i) + 1;
-            return {Finding{*rule, {commands.begin(), last}}, run.tally()};
-        }
+        const auto rule = run.play(commands[i]);
+        played.commands.push_back(run.lastScenario());
+        if (rule) played.finding = Finding{*rule, played.commands};
+        if (trace != nullptr) trace->append(run.lastTrace());
     }
-    return {std::nullopt, run.tally()};
+    played.tally = run.tally();
+    return played;
 }
 
 std::optional<Finding> playOnPanel(const Commands& commands) { return playedOnPanel(commands).finding; }
 
 std::string tracedOnPanel(const Commands& commands)
 {
-    PanelRun run{resolutionOf(commands)};
     std::string trace;
-    for (const std::string& command : commands) {
-        if (const auto rule = run.play(command)) return "broken: " + *rule;
-        trace += run.lastTrace();
-    }
-    return trace;
+    const Played played = playedOnPanel(commands, {}, &trace);
+    return played.finding ? "broken: " + played.finding->rule : trace;
 }
 
 } // namespace servopanel::monkey

@@ -1,18 +1,16 @@
 #pragma once
 
+#include "monkey/kept_scenario.h"
 #include "monkey/random_operator.h"
 
 #include <cstdint>
 #include <random>
 #include <string>
-#include <string_view>
 
 namespace servopanel::monkey {
 
-inline constexpr std::string_view panelOnly = "# panel: ";
-
 // The operator without sense in front of a real panel: the commands that a scenario has as well, and what only a screen
-// and its surroundings have, in lines that begin with "# panel: " so that a scenario of them remains one.
+// and its surroundings have, as comments of a scenario.
 //
 //   at X Y, drag X Y X2 Y2     a touch of the stage, thousandths of its size
 //   press KEY                  a key of the keyboard, by its name
