@@ -31,10 +31,8 @@ void ServoMenu::schriftÜbernehmen(basic::StatementTrap& trap, platform::ChildId
 
 void ServoMenu::SpracheGeandert(std::int16_t)
 {
-    basic::StatementTrap trap{fehler(), "Ma Let SpracheGeandert"};
-
-    trap([&] { TextFontsAendern(); });
-    trap([&] { TextAusgabe(); });
+    TextFontsAendern();
+    TextAusgabe();
 }
 
 } // namespace servopanel::servo_menu

@@ -36,9 +36,9 @@ TEST(NumberFromText, ReadsHexadecimalNumbersWithTheirSign)
 
 TEST(NumberFromText, RefusesWhatIsNoNumber)
 {
-    for (const char* text :
-        {"", " ", "a", "12a", "1 2", "1,5", "--1", "++1", "+-1", "-+1", "+", "-", ".", "e5", "inf", "nan",
-            "infinity", "0x10", "&H", "&HG", "&HFG", "&H123456789", "&H-1", "&X12", "1H5", "\t1"})
+    for (const char* text : {"", " ", "a", "12a", "1 2", "1,5", "--1", "++1", "+-1", "-+1", "+", "-", ".",
+             "e5", "inf", "nan", "infinity", "INF", "NAN", "INFINITY", "0x10", "&H", "&HG", "&HFG",
+             "&H123456789", "&H-1", "&X12", "1H5", "\t1"})
         EXPECT_EQ(errorNumber([&] { return numberFromText(text); }), 13) << '"' << text << '"';
 }
 

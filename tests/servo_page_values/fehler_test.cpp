@@ -141,7 +141,7 @@ TEST(IniEingabe_EingabeFertig, ChangesNoRecordWithoutATarget)
 TEST(IniEingabe_LostFocus, DoesNothing)
 {
     Lone<ServoMain> page;
-    page.control.deliver({"IniEingabe"}, "LostFocus", {});
+    EXPECT_TRUE(page.control.deliver({"IniEingabe"}, "LostFocus", {}));
     EXPECT_TRUE(page.surround.reports().empty());
     EXPECT_TRUE(page.surround.world().log.empty());
 }

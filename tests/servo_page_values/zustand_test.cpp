@@ -68,6 +68,15 @@ TEST_F(WhatThePageKeeps, LeavesKey4AsTheFileHasItWhenThePageOffersIt)
     EXPECT_TRUE(kept().fußzeile.Tasten[10].Benutzt);
 }
 
+TEST_F(WhatThePageKeeps, IsAnEmptyPictureForAKeyThatTheMachineDoesNotUse)
+{
+    page.control.BildShow(-1);
+    for (const std::int16_t key : {std::int16_t{1}, std::int16_t{2}, std::int16_t{4}}) {
+        EXPECT_FALSE(kept().fußzeile.Tasten[key].Benutzt) << key;
+        EXPECT_EQ(kept().fußzeile.Tasten[key].Bild, "Standard\\empty_1280.gif") << key;
+    }
+}
+
 TEST_F(WhatThePageKeeps, HoldsTheNumberOfTheLanguage)
 {
     EXPECT_EQ(kept().wahl.Sprache, 0);
