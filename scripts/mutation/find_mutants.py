@@ -1,5 +1,6 @@
 """Finds the places where a source can be broken on purpose, and writes it anew with all mutants in it."""
 
+import collections
 import dataclasses
 import re
 
@@ -23,6 +24,20 @@ LATE_HEADERS = ("src/servo_page/structure/entwurf.h",)
 ARRAY = re.compile(rb"\b(CheckedArray|array)<[^;>]*$")
 NOT = re.compile(rb"!(?!=)")  # a != b may be made of a == b
 JUMPS = (Kind.CONTINUE_STMT, Kind.BREAK_STMT)
+# A text as it is written in a source, and its single characters. Several that stand side by side are one text.
+LITERAL = re.compile(r'("(?:.*")?)((?:[^"\\]|\\.)*)("(?:sv)?)', re.S)
+CHARACTER = re.compile(r"\\x[0-9a-fA-F]+|\\[0-7]{1,3}|\\.|.")
+
+
+def misspelt(literal):
+    """The text with its last character changed, with one if it is empty; nothing for wide, raw and other special texts."""
+    found = LITERAL.fullmatch(literal)
+    if found is None:
+        return None
+    front, content, behind = found.groups()
+    characters = CHARACTER.findall(content)
+    last = characters.pop() if characters else ""
+    return f"{front}{''.join(characters)}{'y' if last in ('x', 'X') else 'x'}{behind}"
 
 
 def is_huge(literal):
@@ -96,7 +111,9 @@ class Source:
 
     def look(self, cursor, parent):
         kind = cursor.kind
-        if kind in (Kind.STATIC_ASSERT, Kind.CASE_STMT, Kind.ENUM_CONSTANT_DECL):
+        if kind == Kind.STATIC_ASSERT:
+            self.exclude(cursor)
+        elif kind in (Kind.CASE_STMT, Kind.ENUM_CONSTANT_DECL):
             # What has to be known when compiling; of a case only its label.
             for inner in list(cursor.get_children())[:1]:
                 self.exclude(inner)
@@ -112,6 +129,8 @@ class Source:
             self.constant(cursor)
         elif kind in (Kind.INTEGER_LITERAL, Kind.FLOATING_LITERAL):
             self.number(cursor, parent)
+        elif kind == Kind.STRING_LITERAL:
+            self.literal(cursor)
         elif kind == Kind.CXX_BOOL_LITERAL_EXPR:
             self.wrap(cursor, "constant", ("not " + self.text(cursor).decode(),), "(mutants::acts({}) != ", ")")
         elif kind == Kind.IF_STMT:
@@ -163,6 +182,12 @@ class Source:
         if cursor.kind == Kind.FLOATING_LITERAL and is_huge(text.decode()):
             return
         self.wrap(cursor, "constant", (text.decode() + " + 1",), "mutants::oneMore({}, ", ")")
+
+    def literal(self, cursor):
+        changed = misspelt(self.text(cursor).decode())
+        if changed is not None:
+            written = changed.replace("{", "{{").replace("}", "}}")
+            self.wrap(cursor, "text", (f"becomes {changed}",), "mutants::text({}, ", f", {written})")
 
     def condition(self, cursor):
         if not cursor.kind.is_expression():
@@ -281,15 +306,17 @@ class Source:
 
     def is_compiled_in(self, place, constant):
         """Whether the compiler works it out whatever is written there: then no mutant can act."""
+        if place.kind == "text":
+            return False
         before = self.data[self.data.rfind(b"\n", 0, place.start) + 1:place.start]
         return (constant is not None and not self.is_late) or ARRAY.search(before) is not None
 
     def mutants(self, first, without_lines, kept_constants):
         """All mutants, numbered from `first`; the places with their numbers; how many numbers are taken; how many mutants
-        are left out because they cannot be compiled (on these lines, or within constants on those lines) or cannot act."""
+        of each kind are left out because they cannot be compiled (on these lines, or within constants on those lines) or cannot act."""
         made, used = [], []
         seen = set()
-        number, left_out = first, 0
+        number, left_out = first, collections.Counter()
         for place in self.places:
             key = (place.start, place.end, place.kind, place.before)
             if key in seen:
@@ -299,7 +326,9 @@ class Source:
             is_kept = constant is not None and self.line_of(constant) in kept_constants
             is_used = not is_kept and self.line_of(place.start) not in without_lines
             if is_used:
-                used.append((place, place.number.format(number) if constant is not None and self.is_late else number))
+                # Texts are needed when the program runs, in headers as well.
+                is_late = constant is not None and (self.is_late or place.kind == "text")
+                used.append((place, place.number.format(number) if is_late else number))
             if is_used and not self.is_compiled_in(place, constant):
                 for i, change in enumerate(place.changes):
                     if i in place.same:
@@ -308,7 +337,7 @@ class Source:
                     text = " ".join(self.data[start:place.end].decode().split())
                     made.append(Mutant(number + i, self.name, self.line_of(start), place.kind, text[:160], change))
             else:
-                left_out += len(place.changes)
+                left_out[place.kind] += len(place.changes)
             number += len(place.changes)
         return made, used, number - first, left_out
 

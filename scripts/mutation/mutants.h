@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
 #include <type_traits>
 #include <vector>
 
@@ -52,6 +53,12 @@ template <class T>
 constexpr T oneMore(int id, T value)
 {
     return acts(id) ? static_cast<T>(value + T{1}) : value;
+}
+
+constexpr const char* text(int id, const char* plain, const char* misspelt) { return acts(id) ? misspelt : plain; }
+constexpr std::string_view text(int id, std::string_view plain, std::string_view misspelt)
+{
+    return acts(id) ? misspelt : plain;
 }
 
 // Two mutants each: the bound moved, the comparison turned round.
