@@ -12,8 +12,8 @@
 
 namespace servopanel::servo_menu {
 
-// The menu of servo pictures: eight keys in two columns, a scroll bar, a footer. Every procedure returns normally, and
-// has its own statement trap where something can fail, each in the file of its name.
+// The menu of servo pictures: eight keys in two columns, a scroll bar, a footer. Every procedure has its own statement
+// trap and returns normally, each in the file of its name.
 class ServoMenu final : public platform::HostedControl {
 public:
     ServoMenu(config::Module module, const platform::ControlPlatform& platform);

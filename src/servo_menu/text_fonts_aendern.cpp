@@ -31,8 +31,10 @@ void ServoMenu::schriftÜbernehmen(basic::StatementTrap& trap, platform::ChildId
 
 void ServoMenu::SpracheGeandert(std::int16_t)
 {
-    TextFontsAendern();
-    TextAusgabe();
+    basic::StatementTrap trap{fehler(), "Ma Let SpracheGeandert"};
+
+    trap([&] { TextFontsAendern(); });
+    trap([&] { TextAusgabe(); });
 }
 
 } // namespace servopanel::servo_menu

@@ -8,28 +8,34 @@ using platform::Facade;
 
 void ServoMenu::UserControl_MouseDown(std::int16_t, std::int16_t, float x, float y)
 {
+    basic::StatementTrap trap{fehler(), "Me UserControl_MouseDown"};
     std::int16_t taste = 0;
-    WelcheTaste(x, y, taste);
-    TasteGedrueckt(taste, true);
+
+    trap([&] { WelcheTaste(x, y, taste); });
+    trap([&] { TasteGedrueckt(taste, true); });
 }
 
 void ServoMenu::UserControl_MouseMove(std::int16_t, std::int16_t, float x, float y)
 {
+    basic::StatementTrap trap{fehler(), "Me UserControl_MouseMove"};
     std::int16_t taste = 0;
-    WelcheTaste(x, y, taste);
+
+    trap([&] { WelcheTaste(x, y, taste); });
     // Off the pressed key: it comes up without a choice.
-    if (taste != zustand_.GedrückteTaste) {
+    if (trap.condition([&] { return taste != zustand_.GedrückteTaste; })) {
         const std::int16_t gedrückt = zustand_.GedrückteTaste;
-        zustand_.GedrückteTaste = 0;
-        TasteGedrueckt(gedrückt, false);
+        trap([&] { zustand_.GedrückteTaste = 0; });
+        trap([&] { TasteGedrueckt(gedrückt, false); });
     }
 }
 
 void ServoMenu::UserControl_MouseUp(std::int16_t, std::int16_t, float x, float y)
 {
+    basic::StatementTrap trap{fehler(), "Me UserControl_MouseUp"};
     std::int16_t taste = 0;
-    WelcheTaste(x, y, taste);
-    TasteGedrueckt(taste, false);
+
+    trap([&] { WelcheTaste(x, y, taste); });
+    trap([&] { TasteGedrueckt(taste, false); });
 }
 
 // Captions and pictures lie on the keys and report points of their own; the key is found in the menu's.
@@ -45,7 +51,7 @@ void ServoMenu::Beschriftung_MouseDown(
     basic::StatementTrap trap{fehler(), "Me Beschriftung_MouseDown"};
 
     aufMenüBeziehen(trap, {"Beschriftung", index}, x, y);
-    UserControl_MouseDown(button, shift, x, y);
+    trap([&] { UserControl_MouseDown(button, shift, x, y); });
 }
 
 void ServoMenu::Beschriftung_MouseMove(
@@ -54,7 +60,7 @@ void ServoMenu::Beschriftung_MouseMove(
     basic::StatementTrap trap{fehler(), "Me Beschriftung_MouseMove"};
 
     aufMenüBeziehen(trap, {"Beschriftung", index}, x, y);
-    UserControl_MouseMove(button, shift, x, y);
+    trap([&] { UserControl_MouseMove(button, shift, x, y); });
 }
 
 void ServoMenu::Beschriftung_MouseUp(
@@ -63,7 +69,7 @@ void ServoMenu::Beschriftung_MouseUp(
     basic::StatementTrap trap{fehler(), "Me Beschriftung_MouseUp"};
 
     aufMenüBeziehen(trap, {"Beschriftung", index}, x, y);
-    UserControl_MouseUp(button, shift, x, y);
+    trap([&] { UserControl_MouseUp(button, shift, x, y); });
 }
 
 void ServoMenu::BildIm_MouseDown(
@@ -72,7 +78,7 @@ void ServoMenu::BildIm_MouseDown(
     basic::StatementTrap trap{fehler(), "Me BildIm_MouseDown"};
 
     aufMenüBeziehen(trap, {"BildIm", index}, x, y);
-    UserControl_MouseDown(button, shift, x, y);
+    trap([&] { UserControl_MouseDown(button, shift, x, y); });
 }
 
 void ServoMenu::BildIm_MouseMove(
@@ -81,7 +87,7 @@ void ServoMenu::BildIm_MouseMove(
     basic::StatementTrap trap{fehler(), "Me BildIm_MouseMove"};
 
     aufMenüBeziehen(trap, {"BildIm", index}, x, y);
-    UserControl_MouseMove(button, shift, x, y);
+    trap([&] { UserControl_MouseMove(button, shift, x, y); });
 }
 
 void ServoMenu::BildIm_MouseUp(std::int16_t index, std::int16_t button, std::int16_t shift, float x, float y)
@@ -89,7 +95,7 @@ void ServoMenu::BildIm_MouseUp(std::int16_t index, std::int16_t button, std::int
     basic::StatementTrap trap{fehler(), "Me BildIm_MouseUp"};
 
     aufMenüBeziehen(trap, {"BildIm", index}, x, y);
-    UserControl_MouseUp(button, shift, x, y);
+    trap([&] { UserControl_MouseUp(button, shift, x, y); });
 }
 
 } // namespace servopanel::servo_menu

@@ -15,9 +15,9 @@
 
 namespace servopanel::servo_page {
 
-// The parameter page of one servo. Every procedure returns normally, and has its own statement trap where something can
-// fail. Structure (what the page consists of and shows) is implemented in structure/, values and editing in values/,
-// each procedure in the file of its name.
+// The parameter page of one servo. Every procedure has its own statement trap and returns normally. Structure (what the
+// page consists of and shows) is implemented in structure/, values and editing in values/, each procedure in the file
+// of its name.
 class ServoMain final : public platform::HostedControl {
 public:
     ServoMain(config::Module module, const platform::ControlPlatform& platform);

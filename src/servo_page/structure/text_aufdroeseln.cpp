@@ -39,10 +39,12 @@ TextTeile textTeile(std::string_view text)
 
 void ServoMain::TextAufdröseln(std::string_view text, std::string& beschriftung, std::string& einheit)
 {
-    // 1. to 3. Caption and unit; a text without a separator is a caption alone.
+    basic::StatementTrap trap{fehler(), "Ma TextAufdröseln"};
     const TextTeile teile = textTeile(text);
-    beschriftung = teile.Beschriftung;
-    einheit = teile.Einheit;
+
+    // 1. to 3. Caption and unit; a text without a separator is a caption alone.
+    trap([&] { beschriftung = teile.Beschriftung; });
+    trap([&] { einheit = teile.Einheit; });
 }
 
 } // namespace servopanel::servo_page
