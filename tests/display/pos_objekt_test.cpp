@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <map>
+#include <string>
 #include <utility>
 
 namespace {
@@ -80,6 +83,18 @@ TEST_F(PosObjekt, CountsPixelsOf12TwipsBySquaringThem)
     EXPECT_EQ(label.puts().front(), "Height = 936");
 }
 
+// In single precision a step of 9.6 twips is 9.6000004: each length here makes a little less than whole steps, and only
+// the quotient's own precision may round it up again.
+TEST_F(PosObjekt, CountsStepsInSinglePrecision)
+{
+    panel(1024, 0.8F, 0.75F, 12);
+    label.properties["HEIGHT"] = 1280.0F; // 960 twips: 99.999996 steps
+    label.properties["TOP"] = 832.0F; // 624: 64.999997, the same as 65
+    label.properties["WIDTH"] = 1200.0F; // 0.8 is a little more than that, the product is 960 nevertheless
+    global.PosObjekt(label, {});
+    EXPECT_EQ(label.puts(), (Texts{"Height = 1188", "Left = 144", "Top = 780", "Width = 1188"}));
+}
+
 TEST_F(PosObjekt, CountsEachDirectionInItsOwnPixels)
 {
     panel(1024, 0.8F, 0.75F);
@@ -141,15 +156,23 @@ TEST_F(PosObjekt, ScalesTheFontButNotBelowTheSmallest)
     EXPECT_EQ(label.properties["FONT.SIZE"], basic::Variant{std::int16_t{8}});
 }
 
-TEST_F(PosObjekt, RoundsTheFontDownWhenScalingAndToWholePointsOtherwise)
+TEST_F(PosObjekt, TakesTheNearestWholePointsOnThePanelOfTheDesign)
 {
-    label.properties["FONT.SIZE"] = 8.25F;
-    global.PosObjekt(label, {.schriftAnpassen = true});
-    EXPECT_EQ(label.puts(), Texts{"Font.Size = 8"});
+    // A half goes to the even number.
+    for (const auto& [size, points] : {std::pair{8.25F, "8"}, {8.5F, "8"}, {9.5F, "10"}, {9.75F, "10"}}) {
+        label.crossings.clear();
+        label.properties["FONT.SIZE"] = size;
+        global.PosObjekt(label, {.schriftAnpassen = true});
+        EXPECT_EQ(label.puts(), Texts{std::string{"Font.Size = "} + points});
+    }
+}
+
+TEST_F(PosObjekt, RoundsTheFontDownWhenScaling)
+{
     panel(1024, 0.8F, 0.75F);
     label.properties["FONT.SIZE"] = 15.9F; // 11.925
     global.PosObjekt(label, {.höhe = 1, .links = 1, .oben = 1, .breite = 1, .schriftAnpassen = true});
-    EXPECT_EQ(label.puts()[1], "Font.Size = 11");
+    EXPECT_EQ(label.puts().front(), "Font.Size = 11");
 }
 
 TEST_F(PosObjekt, KnowsATextDisplayInAnyCase)
@@ -188,10 +211,23 @@ TEST_F(PosObjekt, KeepsTheAlignmentWhenToldToOrOnLeftToRightPanels)
 TEST_F(PosObjekt, ReportsAMissingPropertyAndSetsTheOthers)
 {
     panel(1024, 0.8F, 0.75F);
-    label.missing = {"LEFT"};
-    global.PosObjekt(label, {});
-    EXPECT_EQ(label.puts(), (Texts{"Height = 225", "Top = 45", "Width = 1200"}));
-    EXPECT_EQ(surround.reports(), (Reports{{438, "PosObjekt"}}));
+    surround.zustand.Arabisch = true;
+    const std::map<std::string, basic::Variant> before = textanzeige.properties;
+    const std::map<std::string, basic::Variant> after{{"FONT.SIZE", 12.0F}, {"FONTCLASS", "LSU9"},
+        {"ALIGNMENT", std::int16_t{3}}, {"HEIGHT", 225.0F}, {"LEFT", 120.0F}, {"TOP", 45.0F},
+        {"WIDTH", 1200.0F}};
+    for (const std::string member : {"FONTCLASS", "ALIGNMENT", "HEIGHT", "LEFT", "TOP", "WIDTH"}) {
+        surround.errors.reports.clear();
+        FakeControl control{"VWSIndex"};
+        control.properties = before;
+        control.missing = {member};
+        global.PosObjekt(control, {.schriftAnpassen = true});
+        auto expected = after;
+        expected.erase(member);
+        if (before.contains(member)) expected[member] = before.at(member);
+        EXPECT_EQ(control.properties, expected) << member;
+        EXPECT_EQ(surround.reports(), (Reports{{438, "PosObjekt"}})) << member;
+    }
 }
 
 TEST_F(PosObjekt, ReportsAControlWithoutAFontAndPlacesIt)
