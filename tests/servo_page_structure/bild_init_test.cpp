@@ -167,12 +167,31 @@ TEST_F(BildInit, MarksTheColumnHeadingsOfTheTable)
         EXPECT_EQ(state("IstWertTab(" + cell + ").Font.Bold"), "false") << cell;
 }
 
+struct ColumnGaps {
+    std::string panel; // pixels
+    std::vector<float> gaps; // pixels, from left to right
+};
+
+// Left edge and width of a column are each snapped down to the panel's pixels, so that two may become one or three.
 TEST_F(BildInit, LeavesTwoPixelsBetweenTheColumnsOfTheTable)
 {
-    create();
-    EXPECT_EQ(std::stof(state("IstWertTab(126).Left")),
-        std::stof(state("IstWertTab(121).Left")) + std::stof(state("IstWertTab(121).Width")) + 30);
-    EXPECT_EQ(state("IstWertTab(125).Left"), state("IstWertTab(121).Left"));
+    const ColumnGaps panels[]{{"1280", {2, 2, 2}}, {"1024", {3, 2, 2}}, {"800", {2, 1, 2}}};
+    for (const auto& [panel, gaps] : panels) {
+        create("var parameter<.aufloesung> = " + panel + "\n");
+        const auto twips = [&](int column, int row, const std::string& property) {
+            return std::stof(state("IstWertTab(" + std::to_string(121 + 5 * column + row) + ")." + property));
+        };
+        std::vector<float> found;
+        for (int column = 0; column < 3; ++column)
+            found.push_back(
+                (twips(column + 1, 0, "Left") - twips(column, 0, "Left") - twips(column, 0, "Width")) / 15);
+        EXPECT_EQ(found, gaps) << panel;
+        for (int column = 0; column < 4; ++column) {
+            EXPECT_EQ(twips(column, 4, "Left"), twips(column, 0, "Left")) << panel;
+            EXPECT_EQ(twips(column, 4, "Width"), twips(column, 0, "Width")) << panel;
+        }
+        run("terminate\n");
+    }
 }
 
 TEST_F(BildInit, HidesTheFaultText)

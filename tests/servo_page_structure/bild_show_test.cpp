@@ -1,5 +1,7 @@
 #include "page_test.h"
 
+#include "platform/ids.h"
+
 namespace servopanel::testing {
 
 namespace {
@@ -17,6 +19,15 @@ protected:
         // The last read of the values is the one that BildShow itself asks for.
         return trace.substr(trace.rfind("put ServoMain.ZeichnungR(46).28"));
     }
+    // The machine's keys 1 to 3 are all in use.
+    static std::string keysInUse()
+    {
+        return "put ServoMain.ZeichnungR(46).28 = \"0012\"\n" + picture(1, "Standard\\F_Help_1280.gif")
+            + enable(1, true) + picture(2, "Standard\\F_Alarm_1280.gif") + enable(2, true)
+            + picture(3, "Standard\\F_Pass_2_1280.gif") + enable(3, true)
+            + "raise ServoMain.JetztAnzeigen()\nput ServoMain.Visible = true\nput ServoMain.Timer.Enabled = "
+              "true\n";
+    }
 };
 
 TEST_F(BildShow, ReadsTheFooterAndNumbersItsTexts)
@@ -28,14 +39,19 @@ TEST_F(BildShow, ReadsTheFooterAndNumbersItsTexts)
             + "read parameter<.maschinenanzahl> = 1\n" + textNumber(9, 10000));
 }
 
-TEST_F(BildShow, SetsKeysOneToThreeAfterTheValues)
+TEST_F(BildShow, SetsKeysOneToThreeAfterTheValues) { EXPECT_EQ(afterBinding(show()), keysInUse()); }
+
+// The shell hides the page by its Visible; BildShow makes it ready, for False as for True.
+TEST_F(BildShow, MakesThePageReadyWhateverIsPut)
 {
-    EXPECT_EQ(afterBinding(show()),
-        "put ServoMain.ZeichnungR(46).28 = \"0012\"\n" + picture(1, "Standard\\F_Help_1280.gif")
-            + enable(1, true) + picture(2, "Standard\\F_Alarm_1280.gif") + enable(2, true)
-            + picture(3, "Standard\\F_Pass_2_1280.gif") + enable(3, true)
-            + "raise ServoMain.JetztAnzeigen()\nput ServoMain.Visible = true\nput ServoMain.Timer.Enabled = "
-              "true\n");
+    show();
+    run("");
+    const platform::ControlRef page = replay.host().servo()->form().find({"ServoMain"});
+    page->put(platform::names::BildShow, {}, std::int16_t{0});
+    const std::string trace = lines("");
+    EXPECT_TRUE(contains(trace, "ini open Servo\\Servo.ini\n"));
+    EXPECT_EQ(afterBinding(trace), keysInUse());
+    EXPECT_EQ(page->get(platform::names::BildShow, {}), basic::Variant{std::int16_t{0}});
 }
 
 constexpr std::string_view noKeys = "file Servo\\Servo.ini\n[Machine1]\nF1=FALSE\n[Footer]\nF3=Pw\nend\n";

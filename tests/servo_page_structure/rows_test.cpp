@@ -56,6 +56,17 @@ TEST_F(AdressenUmschaltenRows, LetTheTwoLinesTouchAtTheMiddleOfTheInput)
     EXPECT_EQ(number("BeschriftungL2(1).Top"), middle);
 }
 
+// The smallest panel's inputs have an odd number of pixels, so their middle is at half a pixel.
+TEST_F(AdressenUmschaltenRows, LetTheTwoLinesTouchAtHalfAPixel)
+{
+    caption("Speed of the feeder", "var parameter<.aufloesung> = 800\n");
+    EXPECT_EQ(state("SollwertL(1).Top"), "15");
+    EXPECT_EQ(state("SollwertL(1).Height"), "315");
+    EXPECT_EQ(state("BeschriftungL(1).Height"), "165");
+    EXPECT_EQ(state("BeschriftungL(1).Top"), "7.5");
+    EXPECT_EQ(state("BeschriftungL2(1).Top"), "172.5");
+}
+
 TEST_F(AdressenUmschaltenRows, TrimBothLines)
 {
     caption("Feeder   speed;mm");
@@ -260,6 +271,38 @@ TEST_F(CaptionAlone, StaysAsItWasWhenItsWidthCannotBeMeasured)
     EXPECT_EQ(puts("EinheitL", "Text = mm"), 12);
     EXPECT_EQ(page.surround.reports(), (Reports{24, {91, "Ma AdressenUmschalten"}}));
 }
+
+struct CaptionOfASwitch {
+    const char* name;
+    float switchHeight; // twips, as the others; every switch stands at 7800
+    float height;
+    const char* place;
+};
+void PrintTo(const CaptionOfASwitch& row, std::ostream* out) { *out << row.name; }
+
+class CaptionsOfSwitches : public CaptionAlone, public ::testing::WithParamInterface<CaptionOfASwitch> { };
+
+TEST_P(CaptionsOfSwitches, StandAtTheMiddleOfTheSwitch)
+{
+    for (const std::string half : {"L", "R"}) {
+        auto& place = page.fake("Schalter" + half)->properties;
+        place["TOP"] = 7800.0F;
+        place["HEIGHT"] = GetParam().switchHeight;
+        page.fake("Beschriftung" + half)->properties["HEIGHT"] = GetParam().height;
+    }
+    page.control.AdressenUmschalten(true);
+    // Two switches in each half.
+    EXPECT_EQ(puts("BeschriftungL", GetParam().place), 2);
+    EXPECT_EQ(puts("BeschriftungR", GetParam().place), 2);
+}
+
+const CaptionOfASwitch captionsOfSwitches[] = {
+    {"as_high_as_the_switch", 540, 540, "Top = 7800"},
+    {"higher", 300, 540, "Top = 7680"},
+    {"lower_by_an_odd_length", 541, 300, "Top = 7920.5"},
+};
+INSTANTIATE_TEST_SUITE_P(Heights, CaptionsOfSwitches, ::testing::ValuesIn(captionsOfSwitches),
+    [](const auto& row) { return std::string{row.param.name}; });
 
 } // namespace
 
