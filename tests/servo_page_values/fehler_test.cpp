@@ -186,6 +186,13 @@ const auto maskDone = [](ServoMain& m) { m.Eingabemaske_Eingabefertig(); };
 const auto editorDone = [](ServoMain& m) { m.IniEingabe_EingabeFertig(); };
 
 const Losses losses[] = {
+    {"building", nothing, [](ServoMain& m) { m.BildInit(1); }, "Ma BildInit Let", 326},
+    {"showing", nothing, [](ServoMain& m) { m.BildShow(-1); }, "Ma BildShow Let", 15},
+    {"parameter_page", nothing, [](ServoMain& m) { m.SeiteUmschalten(false); }, "Ma SeiteUmschalten", 25},
+    {"diagnosis_page", key(10), [](ServoMain& m) { m.SeiteUmschalten(false); }, "Ma SeiteUmschalten", 25},
+    {"rows", nothing, [](ServoMain& m) { m.AdressenUmschalten(false); }, "Ma AdressenUmschalten", 214},
+    {"rows_and_diagnosis_lines", key(10), [](ServoMain& m) { m.AdressenUmschalten(false); },
+        "Ma AdressenUmschalten", 236},
     {"withdrawal", nothing, [](ServoMain& m) { m.FußzeileFreigabe(false); }, "Ma FußzeileFreigabe", 33},
     {"change", nothing, [](ServoMain& m) { m.Eingabemaske_EingabeAenderung(); },
         "Ma Eingabemaske_EingabeAenderung", 7},

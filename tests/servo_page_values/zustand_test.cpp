@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <ostream>
+#include <vector>
 
 namespace servopanel::servo_page::tests {
 namespace {
@@ -66,6 +67,41 @@ TEST_F(WhatThePageKeeps, LeavesKey4AsTheFileHasItWhenThePageOffersIt)
     EXPECT_FALSE(kept().fußzeile.Tasten[4].Benutzt);
     EXPECT_EQ(kept().fußzeile.Tasten[4].Bild, "");
     EXPECT_TRUE(kept().fußzeile.Tasten[10].Benutzt);
+}
+
+struct KeptKey {
+    std::int16_t key;
+    bool used;
+    const char* picture;
+};
+
+// Releasing goes by the table, so it follows servo and page even where the footer does not answer.
+TEST_F(WhatThePageKeeps, FollowsServoAndPageWithoutAFooter)
+{
+    const auto expectKept = [&](const std::vector<KeptKey>& keys) {
+        for (const auto& [key, used, picture] : keys) {
+            EXPECT_EQ(kept().fußzeile.Tasten[key].Benutzt, used) << key;
+            EXPECT_EQ(kept().fußzeile.Tasten[key].Bild, picture) << key;
+        }
+    };
+    const char* const empty = "Standard\\empty_1280.gif";
+    display::GemeinsamerZustand& shared = page.surround.zustand;
+    shared.ServoAnzahl = 3;
+    shared.AktServo = 2;
+    shared.Diag2Servo[2] = true;
+    page.failing = true;
+
+    page.control.SeiteUmschalten(false);
+    expectKept({{5, true, "Standard\\F_PageUp_1280.gif"}, {6, true, "Standard\\F_PageDown_1280.gif"},
+        {7, false, empty}, {8, false, empty}, {10, true, "Servo\\Servo_Diag_1280.gif"}});
+    page.control.Fußzeile_TasteClick(10);
+    expectKept({{7, true, "Servo\\Servo_Diag1_1280.gif"}, {8, true, "Servo\\Servo_Diag2_1280.gif"},
+        {10, true, "Servo\\Servo_1280.gif"}});
+    shared.AktServo = 1;
+    shared.ServoAnzahl = 1;
+    page.control.Fußzeile_TasteClick(10);
+    expectKept({{5, false, empty}, {6, false, empty}, {7, false, empty}, {8, false, empty},
+        {10, true, "Servo\\Servo_Diag_1280.gif"}});
 }
 
 TEST_F(WhatThePageKeeps, IsAnEmptyPictureForAKeyThatTheMachineDoesNotUse)
