@@ -28,25 +28,31 @@ std::optional<IniFile> IniFile::load(
     try {
         const portable::FileBytes content = portable::readFile(file, name);
         if (content.failure) findings.add(name, 0, shownReason(content.failure->description, name) + notRead);
-        if (content.bytes.size() > largest) {
-            findings.add(name, 0,
-                "has more than 1 MB and is no INI file; the panel reads it at every touch and stands still "
-                "meanwhile");
-            return std::nullopt;
-        }
-        if (content.bytes.find('\0') != std::string::npos) {
-            findings.add(name, 0, std::string{"is no text: it has characters of the number 0"} + notRead);
-            return std::nullopt;
-        }
-        IniFile ini;
-        const std::vector<std::string> lines = portable::decodeLines(content.bytes);
-        ini.read(lines, name, findings);
-        if (reader == Reader::Library) misread(lines, name, findings);
-        return ini;
+        return of(content.bytes, name, reader, findings);
     } catch (const basic::Error& error) {
         findings.add(name, 0, shownReason(error.description, name) + notRead);
         return std::nullopt;
     }
+}
+
+std::optional<IniFile> IniFile::of(
+    std::string_view bytes, const std::string& name, Reader reader, Findings& findings)
+{
+    if (bytes.size() > largest) {
+        findings.add(name, 0,
+            "has more than 1 MB and is no INI file; the panel reads it at every touch and stands still "
+            "meanwhile");
+        return std::nullopt;
+    }
+    if (bytes.find('\0') != std::string::npos) {
+        findings.add(name, 0, std::string{"is no text: it has characters of the number 0"} + notRead);
+        return std::nullopt;
+    }
+    IniFile ini;
+    const std::vector<std::string> lines = portable::decodeLines(bytes);
+    ini.read(lines, name, findings);
+    if (reader == Reader::Library) misread(lines, name, findings);
+    return ini;
 }
 
 void IniFile::read(const std::vector<std::string>& lines, const std::string& name, Findings& findings)

@@ -32,6 +32,9 @@ public:
     // more than 1 MB.
     static std::optional<IniFile> load(
         const std::filesystem::path& file, const std::string& name, Reader reader, Findings& findings);
+    // The same for the bytes of a file that was read.
+    static std::optional<IniFile> of(
+        std::string_view bytes, const std::string& name, Reader reader, Findings& findings);
 
     const std::vector<Entry>& entries() const { return entries_; }
     // Without regard to case and to blanks around names; the first one. nullptr when there is none.

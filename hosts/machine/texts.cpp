@@ -54,9 +54,7 @@ Texts Texts::load(const std::filesystem::path& file)
     const std::string name = file.filename().string();
     try {
         const portable::FileBytes content = portable::readFile(file, file.string());
-        std::vector<Problem> problems;
-        Texts texts = fromLines(decoded(content.bytes, name, problems), name);
-        texts.problems_.insert(texts.problems_.begin(), problems.begin(), problems.end());
+        Texts texts = of(content.bytes, name);
         if (content.failure) texts.problems_.push_back({name, "", content.failure->description});
         return texts;
     } catch (const basic::Error& error) {
@@ -64,6 +62,14 @@ Texts Texts::load(const std::filesystem::path& file)
         texts.problems_.push_back({name, "", error.description});
         return texts;
     }
+}
+
+Texts Texts::of(std::string_view bytes, const std::string& file)
+{
+    std::vector<Problem> problems;
+    Texts texts = fromLines(decoded(bytes, file, problems), file);
+    texts.problems_.insert(texts.problems_.begin(), problems.begin(), problems.end());
+    return texts;
 }
 
 Texts Texts::fromLines(const std::vector<std::string>& lines, const std::string& file)

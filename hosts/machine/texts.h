@@ -17,7 +17,8 @@ public:
     // Never fails: what is missing or wrong is among the problems, the first hundred of a file. The file is in UTF-8, or
     // in UTF-16 with a byte order mark; lines that are neither are taken as Windows-1252 and reported.
     static Texts load(const std::filesystem::path& file);
-    // file: its name for the problems.
+    // The same for the bytes of a file that was read. file: its name for the problems.
+    static Texts of(std::string_view bytes, const std::string& file);
     static Texts fromLines(const std::vector<std::string>& lines, const std::string& file);
 
     // nullptr for an unknown key.
