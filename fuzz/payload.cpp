@@ -1,8 +1,12 @@
-// The messages of a broker. The first line is the topic, the rest the payload.
+// The messages of a broker, with the faults that a simulated machine is ordered to have. The first line is the topic,
+// the rest the payload.
 #include "fuzz/fuzz.h"
+#include "line_machine/faults.h"
 #include "mqtt/messages.h"
 #include "mqtt/protocol_error.h"
 #include "mqtt/topics.h"
+
+#include <cstdint>
 
 namespace servopanel::fuzz {
 
@@ -25,6 +29,18 @@ mqtt::VariableDescription numbers(machine::VariableType type, std::size_t length
     return description;
 }
 
+void order(const std::string& name, std::string_view payload)
+{
+    line_machine::Faults faults;
+    faults.take(name, payload);
+    constexpr std::int64_t hour = 3'600'000; // in milliseconds
+    if (faults.refuse < 0 || faults.silent < 0 || faults.slow < 0 || faults.torn < 0)
+        broken("a fault is never less than none");
+    if (faults.slowMilliseconds < 0 || faults.slowMilliseconds > hour)
+        broken("an answer is an hour late at most");
+    if (faults.refuseWith == mqtt::Outcome::Done) broken("a refused command is not done");
+}
+
 void look(const mqtt::Topic& topic, const std::string& name, std::string_view payload)
 {
     using namespace mqtt;
@@ -34,6 +50,7 @@ void look(const mqtt::Topic& topic, const std::string& name, std::string_view pa
     if (topic.kind == "get") thereAndBack(name, payload, readGet);
     if (topic.kind == "cmd") thereAndBack(name, payload, readCommand);
     if (topic.kind == "ack") thereAndBack(name, payload, readAck);
+    if (topic.kind == "fault") order(name, payload);
     if (topic.kind != "val") return;
     for (const VariableDescription& description :
         {numbers({basic::VariantType::Double, true}, 3), numbers({basic::VariantType::Int16, true}, 3),
