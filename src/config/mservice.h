@@ -1,6 +1,6 @@
 #pragma once
 
-#include "basic/arithmetic.h"
+#include "basic/growing_array.h"
 #include "display/umfeld.h"
 
 #include <cstdint>
@@ -27,10 +27,10 @@ struct IniEintrag {
 // larger file left behind them takes part in the look-ups.
 struct IniSpeicher {
     std::string IniDateiName; // full path
-    basic::CheckedArray<IniSektion, 1001>
+    basic::GrowingArray<IniSektion, 1001>
         IniSektionen; // 0: entries before the first section; sections from 1
     std::int16_t IniSektionAnzahl = 0;
-    basic::CheckedArray<IniEintrag, 10001> IniEintraege; // from 1, in file order
+    basic::GrowingArray<IniEintrag, 10001> IniEintraege; // from 1, in file order
     std::int16_t IniEintragAnzahl = 0;
     bool IniGeoeffnet = false; // between OpenIni and CloseIni; the file itself is free once it was read
     bool IniGeaendert =
