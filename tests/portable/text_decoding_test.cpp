@@ -65,4 +65,16 @@ TEST(IsUtf8, AcceptsShortestFormsOnly)
         EXPECT_FALSE(isUtf8(bad)) << testing::PrintToString(bad);
 }
 
+TEST(IsUtf8, LooksAtEveryByteOfALongText)
+{
+    const std::string ascii(200, 'a');
+    EXPECT_TRUE(isUtf8(ascii));
+    for (std::size_t i = 0; i < ascii.size(); ++i) {
+        std::string text = ascii;
+        text[i] = '\xE4';
+        EXPECT_FALSE(isUtf8(text)) << i;
+        EXPECT_TRUE(isUtf8(text.replace(i, 1, "ä"))) << i;
+    }
+}
+
 } // namespace
