@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QPainter>
+
 using namespace servopanel::panel;
 
 namespace {
@@ -96,6 +98,17 @@ TEST(CanvasStretch, AveragesThePixels)
     const int shade = target.image().pixelColor(0, 0).red();
     EXPECT_GT(shade, 100);
     EXPECT_LT(shade, 155);
+}
+
+TEST(CanvasStretch, TakesThePartAtTheTopLeftOnly)
+{
+    Canvas target = canvas(2, 2);
+    QImage picture{4, 4, QImage::Format_RGB32};
+    picture.fill(Qt::black);
+    QPainter{&picture}.fillRect(0, 0, 2, 2, white);
+    target.stretch(picture, {2, 2}, {2, 2});
+    EXPECT_EQ(target.image().pixelColor(0, 0), white);
+    EXPECT_EQ(target.image().pixelColor(1, 1), white);
 }
 
 TEST(CanvasResize, KeepsWhatWasDrawn)

@@ -67,8 +67,8 @@ void Canvas::copy(const QImage& from, QPoint to, QSize size)
 void Canvas::stretch(const QImage& from, QSize part, QSize size)
 {
     if (image_.isNull() || from.isNull() || part.isEmpty() || size.isEmpty()) return;
-    const QImage scaled =
-        from.copy(QRect{{0, 0}, part}).scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const QImage source = part == from.size() ? from : from.copy(QRect{{0, 0}, part});
+    const QImage scaled = source.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     QPainter{&image_}.drawImage(0, 0, scaled);
 }
 
