@@ -1,6 +1,5 @@
 // An INI file loaded and looked up by the library, beside what a C++ program would take instead (inih, SimpleIni,
-// QSettings), and beside the floor: the bytes of the file
-// read at once.
+// QSettings), and beside the floor: the bytes of the file read at once.
 #include "config/mservice.h"
 #include "portable/path_mapping.h"
 #include "portable/portable_files.h"
@@ -17,6 +16,8 @@
 #include <SimpleIni.h>
 
 #include <algorithm>
+#include <array>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
@@ -30,37 +31,47 @@ namespace {
 // Ten entries in each section, as a project's files have them.
 constexpr int entriesOfSection = 10;
 
+// Two files of the same names and of nearly the same size, in which every value has another length than in the other:
+// they are loaded in turn, because who loads a file once more may have room for its texts already.
 struct Sample {
-    explicit Sample(int count)
-        : entries{count}
+    explicit Sample(const benchmark::State& state)
+        : entries{static_cast<int>(state.range(0))}
     {
-        std::ofstream out{file};
-        for (int i = 0; i < entries; ++i) {
-            if (i % entriesOfSection == 0) out << "[" << section(i) << "]\r\n";
-            out << entry(i) << "=" << value(i) << "\r\n";
+        for (int which = 0; which < 2; ++which) {
+            std::ofstream out{file(which)};
+            for (int i = 0; i < entries; ++i) {
+                if (i % entriesOfSection == 0) out << "[" << section(i) << "]\r\n";
+                out << entry(i) << "=" << value(i, which) << "\r\n";
+            }
         }
     }
 
     static std::string section(int i) { return std::to_string(i / entriesOfSection) + "Machine"; }
     static std::string entry(int i) { return "Servo" + std::to_string(i % entriesOfSection); }
-    static std::string value(int i) { return std::to_string(i) + " caption of a parameter"; }
+    static std::string value(int i, int which = 0)
+    {
+        return std::to_string(i) + (i % 2 == which ? " short caption" : " caption of a parameter of a servo");
+    }
+
+    static std::string name(int which) { return which == 0 ? "one.ini" : "other.ini"; }
+    std::filesystem::path file(int which = 0) const { return folder.path() / name(which); }
 
     int entries;
     tests::TemporaryFolder folder;
-    std::filesystem::path file = folder.path() / "sample.ini";
 };
 
 // The library on real files.
 struct Library {
     explicit Library(const Sample& sample)
         : mapping{sample.folder.path()}
-        , name{mapping.fullName("sample.ini")}
+        , names{mapping.fullName(Sample::name(0)), mapping.fullName(Sample::name(1))}
     {
     }
 
-    void load()
+    void load(config::MService& service, int which = 0)
     {
-        if (!service.OpenIni(name, false)) throw std::runtime_error{"the library cannot load the sample"};
+        if (!service.OpenIni(names[which], false))
+            throw std::runtime_error{"the library cannot load the sample"};
     }
 
     portable::PathMapping mapping;
@@ -72,8 +83,7 @@ struct Library {
     display::GemeinsamerZustand state;
     testing::ErrorList errors;
     display::Umfeld umfeld{real, state, errors};
-    config::MService service{umfeld};
-    std::string name;
+    std::array<std::string, 2> names;
 };
 
 void sizes(benchmark::internal::Benchmark* bench)
@@ -93,152 +103,193 @@ void freshRegisters()
 void freshRegisters() { }
 #endif
 
-// A section that is asked for, spread over the whole file.
-int asked(int i, int entries) { return static_cast<int>((static_cast<long long>(i) * 7919) % entries); }
-
-void expect(const std::string& is, int i)
+// Loads the two files in turn.
+template <class Load>
+void loadInTurn(benchmark::State& state, Load load)
 {
-    if (is != Sample::value(i)) throw std::runtime_error{"'" + is + "' is not " + Sample::value(i)};
+    int which = 0;
+    freshRegisters();
+    for (auto _ : state) {
+        load(which);
+        which = 1 - which;
+    }
 }
 
 void loadFloor(benchmark::State& state)
 {
-    const Sample sample{static_cast<int>(state.range(0))};
+    const Sample sample{state};
+    const std::array<std::filesystem::path, 2> files{sample.file(0), sample.file(1)};
     std::string content;
-    freshRegisters();
-    for (auto _ : state) {
-        bench::readAtOnce(sample.file, content);
+    loadInTurn(state, [&](int which) {
+        bench::readAtOnce(files[which], content);
         benchmark::ClobberMemory();
-    }
+    });
 }
 
+// As the panel does: what a file is loaded into lives as long as the program.
 void loadLibrary(benchmark::State& state)
 {
-    const Sample sample{static_cast<int>(state.range(0))};
+    const Sample sample{state};
     Library library{sample};
-    freshRegisters();
-    for (auto _ : state) {
-        library.load();
-        library.service.CloseIni();
-    }
+    config::MService service{library.umfeld};
+    loadInTurn(state, [&](int which) {
+        library.load(service, which);
+        service.CloseIni();
+    });
+}
+
+// As its peers do: from nothing, and everything is given back.
+void loadLibraryFirst(benchmark::State& state)
+{
+    const Sample sample{state};
+    Library library{sample};
+    loadInTurn(state, [&](int which) {
+        config::MService service{library.umfeld};
+        library.load(service, which);
+    });
 }
 
 void loadInih(benchmark::State& state)
 {
-    const Sample sample{static_cast<int>(state.range(0))};
-    freshRegisters();
-    for (auto _ : state) {
-        const INIReader reader{sample.file.string()};
+    const Sample sample{state};
+    const std::array<std::string, 2> files{sample.file(0).string(), sample.file(1).string()};
+    loadInTurn(state, [&](int which) {
+        const INIReader reader{files[which]};
         if (reader.ParseError() != 0) throw std::runtime_error{"inih cannot load the sample"};
-    }
+    });
 }
 
 void loadSimpleIni(benchmark::State& state)
 {
-    const Sample sample{static_cast<int>(state.range(0))};
-    freshRegisters();
-    for (auto _ : state) {
+    const Sample sample{state};
+    const std::array<std::string, 2> files{sample.file(0).string(), sample.file(1).string()};
+    loadInTurn(state, [&](int which) {
         CSimpleIniA reader;
-        if (reader.LoadFile(sample.file.c_str()) != SI_OK)
+        if (reader.LoadFile(files[which].c_str()) != SI_OK)
             throw std::runtime_error{"SimpleIni cannot load the sample"};
-    }
+    });
 }
 
 void loadQSettings(benchmark::State& state)
 {
-    const Sample sample{static_cast<int>(state.range(0))};
-    const QString name = QString::fromStdString(sample.file.string());
+    const Sample sample{state};
+    const std::array<QString, 2> files{
+        QString::fromStdString(sample.file(0).string()), QString::fromStdString(sample.file(1).string())};
     int stamp = 0;
-    freshRegisters();
-    for (auto _ : state) {
+    loadInTurn(state, [&](int which) {
         // Qt keeps what it has parsed as long as the file does not change.
         state.PauseTiming();
-        std::filesystem::last_write_time(
-            sample.file, std::filesystem::file_time_type::clock::now() + std::chrono::seconds{++stamp});
+        std::filesystem::last_write_time(sample.file(which),
+            std::filesystem::file_time_type::clock::now() + std::chrono::seconds{++stamp});
         state.ResumeTiming();
-        const QSettings reader{name, QSettings::IniFormat};
+        const QSettings reader{files[which], QSettings::IniFormat};
         // Sections are taken apart when they are asked for; the others take them apart at once.
         if (reader.allKeys().size() != sample.entries)
             throw std::runtime_error{"QSettings cannot load the sample"};
+    });
+}
+
+// What is asked for, and what has to come of it.
+struct Question {
+    std::string section;
+    std::string entry;
+    QString key; // section and entry
+    std::string value;
+};
+
+// All entries, in an order that leads all over the file.
+std::vector<Question> questions(const Sample& sample)
+{
+    std::vector<Question> all;
+    for (int i = 0; i < sample.entries; ++i) {
+        const int n = static_cast<int>(i * 7919LL % sample.entries);
+        const std::string section = Sample::section(n);
+        const std::string entry = Sample::entry(n);
+        all.push_back({section, entry, QString::fromStdString(section + "/" + entry), Sample::value(n)});
+    }
+    return all;
+}
+
+const std::string& plain(const std::string& text) { return text; }
+std::string plain(const char* text) { return text; }
+std::string plain(const QString& text) { return text.toStdString(); }
+
+// One look-up after the other, each handing out the value in the way of who looks it up. That all are right is seen
+// before.
+template <class Find>
+void lookUp(benchmark::State& state, const Sample& sample, Find find)
+{
+    const std::vector<Question> all = questions(sample);
+    for (const Question& question : all)
+        if (plain(find(question)) != question.value)
+            throw std::runtime_error{"there is another value than " + question.value};
+    std::size_t i = 0;
+    freshRegisters();
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(find(all[i]));
+        if (++i == all.size()) i = 0;
     }
 }
 
 // Names of all sections and entries, walked through until they are the same.
 void lookUpWalk(benchmark::State& state)
 {
-    const Sample sample{static_cast<int>(state.range(0))};
+    const Sample sample{state};
     std::vector<std::string> sections;
     std::vector<std::string> entries;
+    std::vector<std::string> values;
     for (int i = 0; i < sample.entries; ++i) {
         if (i % entriesOfSection == 0) sections.push_back(Sample::section(i));
         entries.push_back(Sample::entry(i));
+        values.push_back(Sample::value(i));
     }
-    int i = 0;
-    freshRegisters();
-    for (auto _ : state) {
-        const int n = asked(++i, sample.entries);
-        const auto section = std::find(sections.begin(), sections.end(), Sample::section(n));
+    lookUp(state, sample, [&](const Question& question) -> std::string {
+        const auto section = std::find(sections.begin(), sections.end(), question.section);
         const auto first = entries.begin() + (section - sections.begin()) * entriesOfSection;
-        const auto entry = std::find(first, first + entriesOfSection, Sample::entry(n));
-        if (entry - entries.begin() != n) throw std::runtime_error{"another entry was found"};
-    }
+        const auto entry = std::find(first, first + entriesOfSection, question.entry);
+        return values[static_cast<std::size_t>(entry - entries.begin())];
+    });
 }
 
 void lookUpLibrary(benchmark::State& state)
 {
-    const Sample sample{static_cast<int>(state.range(0))};
+    const Sample sample{state};
     Library library{sample};
-    library.load();
-    int i = 0;
-    freshRegisters();
-    for (auto _ : state) {
-        const int n = asked(++i, sample.entries);
-        expect(library.service.FindeIniEintrag(Sample::section(n), Sample::entry(n), false), n);
-    }
+    config::MService service{library.umfeld};
+    library.load(service);
+    lookUp(state, sample, [&](const Question& question) {
+        return service.FindeIniEintrag(question.section, question.entry, false);
+    });
 }
 
 void lookUpInih(benchmark::State& state)
 {
-    const Sample sample{static_cast<int>(state.range(0))};
-    const INIReader reader{sample.file.string()};
-    int i = 0;
-    freshRegisters();
-    for (auto _ : state) {
-        const int n = asked(++i, sample.entries);
-        expect(reader.Get(Sample::section(n), Sample::entry(n), ""), n);
-    }
+    const Sample sample{state};
+    const INIReader reader{sample.file().string()};
+    lookUp(state, sample,
+        [&](const Question& question) { return reader.Get(question.section, question.entry, ""); });
 }
 
 void lookUpSimpleIni(benchmark::State& state)
 {
-    const Sample sample{static_cast<int>(state.range(0))};
+    const Sample sample{state};
     CSimpleIniA reader;
-    reader.LoadFile(sample.file.c_str());
-    int i = 0;
-    freshRegisters();
-    for (auto _ : state) {
-        const int n = asked(++i, sample.entries);
-        expect(reader.GetValue(Sample::section(n).c_str(), Sample::entry(n).c_str(), ""), n);
-    }
+    reader.LoadFile(sample.file().c_str());
+    lookUp(state, sample, [&](const Question& question) {
+        return reader.GetValue(question.section.c_str(), question.entry.c_str(), "");
+    });
 }
 
 void lookUpQSettings(benchmark::State& state)
 {
-    const Sample sample{static_cast<int>(state.range(0))};
-    const QSettings reader{QString::fromStdString(sample.file.string()), QSettings::IniFormat};
-    int i = 0;
-    freshRegisters();
-    for (auto _ : state) {
-        const int n = asked(++i, sample.entries);
-        expect(reader.value(QString::fromStdString(Sample::section(n) + "/" + Sample::entry(n)))
-                   .toString()
-                   .toStdString(),
-            n);
-    }
+    const Sample sample{state};
+    const QSettings reader{QString::fromStdString(sample.file().string()), QSettings::IniFormat};
+    lookUp(state, sample, [&](const Question& question) { return reader.value(question.key).toString(); });
 }
 
 BENCHMARK(loadFloor)->Apply(sizes);
 BENCHMARK(loadLibrary)->Apply(sizes);
+BENCHMARK(loadLibraryFirst)->Apply(sizes);
 BENCHMARK(loadInih)->Apply(sizes);
 BENCHMARK(loadSimpleIni)->Apply(sizes);
 BENCHMARK(loadQSettings)->Apply(sizes);
