@@ -30,7 +30,7 @@ class BenchPanel {
 public:
     explicit BenchPanel(const DemoCopy& copy, Records records = {});
 
-    // Shows the window and its first screen; to be measured together with the constructor. Returns when all is painted.
+    // Shows the window and makes its first screen. Returns when all is painted.
     void open();
     // From now on the page's timer does not come in between, and the header has taken up what is shown.
     void stopTicks();

@@ -1,6 +1,8 @@
-// The panel as a program of its own, which ends as soon as its first screen is painted.
+// The panel as a program of its own, which ends as soon as its first screen is painted, or the page after a first touch.
 //
 //   first_screen menu|page SERVO-PANEL-ARGUMENT...     ends when all keys of the menu or all inputs of the page are painted
+//   first_screen touch SERVO-PANEL-ARGUMENT...         touches the first key of the painted menu, and prints the
+//                                                      milliseconds from there to the painted page
 //   first_screen window                                the floor: a Qt program with an empty window
 #include "paint_watch.h"
 #include "panel/program/program.h"
@@ -8,9 +10,14 @@
 #include "panel/widgets/text_view.h"
 
 #include <QApplication>
+#include <QTest>
 #include <QTimer>
 
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
 #include <string>
+#include <vector>
 
 #include <unistd.h>
 
@@ -18,34 +25,68 @@ namespace servopanel::bench {
 
 namespace {
 
-constexpr int menuKeys = 8;
-constexpr int inputs = 24;
+constexpr std::size_t menuKeys = 8;
+constexpr std::size_t inputs = 24;
 
 std::string wanted;
 
 template <class Widget, class Test>
-int painted(const PaintWatch& watch, Test test)
+std::vector<QWidget*> painted(const PaintWatch& watch, Test test)
 {
-    int count = 0;
+    std::vector<QWidget*> found;
     for (QWidget* widget : QApplication::allWidgets())
         if (auto* view = dynamic_cast<Widget*>(widget))
-            if (view->isVisible() && watch.hasPainted(*view) && test(*view)) ++count;
-    return count;
+            if (view->isVisible() && watch.hasPainted(*view) && test(*view)) found.push_back(view);
+    return found;
+}
+
+std::vector<QWidget*> menuKeysOf(const PaintWatch& watch)
+{
+    return painted<panel::CanvasView>(watch, [](panel::CanvasView& view) {
+        return !view.canvas().picture().isNull() && view.height() < view.window()->height() / 2;
+    });
+}
+
+bool isPage(const PaintWatch& watch)
+{
+    const std::vector<QWidget*> numbers = painted<panel::TextView>(watch, [](const panel::TextView& view) {
+        bool isNumber = false;
+        view.text().toDouble(&isNumber);
+        return isNumber;
+    });
+    return numbers.size() >= inputs;
 }
 
 bool isComplete(const PaintWatch& watch)
 {
-    if (wanted == "menu")
-        return painted<panel::CanvasView>(watch, [](panel::CanvasView& view) {
-            return !view.canvas().picture().isNull() && view.height() < view.window()->height() / 2;
-        }) >= menuKeys;
-    if (wanted == "page")
-        return painted<panel::TextView>(watch, [](const panel::TextView& view) {
-            bool isNumber = false;
-            view.text().toDouble(&isNumber);
-            return isNumber;
-        }) >= inputs;
-    return painted<QWidget>(watch, [](const QWidget&) { return true; }) > 0;
+    if (wanted == "page") return isPage(watch);
+    if (wanted == "window") return !painted<QWidget>(watch, [](const QWidget&) { return true; }).empty();
+    return menuKeysOf(watch).size() >= menuKeys;
+}
+
+// As soon as the program has nothing left to do, finger down and up, until it has nothing left to do again.
+void touchFirstKey(PaintWatch& watch)
+{
+    workUntilIdle();
+    const std::vector<QWidget*> keys = menuKeysOf(watch);
+    QWidget& key = **std::min_element(keys.begin(), keys.end(), [](const QWidget* one, const QWidget* other) {
+        return one->mapTo(one->window(), QPoint{}).manhattanLength()
+            < other->mapTo(other->window(), QPoint{}).manhattanLength();
+    });
+    QWindow* const window = key.window()->windowHandle();
+    const QPoint at = key.mapTo(key.window(), key.rect().center());
+    watch.startAnew();
+    const auto begin = std::chrono::steady_clock::now();
+    QTest::mousePress(window, Qt::LeftButton, {}, at);
+    QTest::mouseRelease(window, Qt::LeftButton, {}, at);
+    workUntilIdle();
+    const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - begin;
+    if (!isPage(watch)) {
+        std::fputs("first_screen: the touch has not led to the page\n", stderr);
+        ::_exit(1);
+    }
+    std::printf("%.6f\n", taken.count());
+    std::fflush(stdout);
 }
 
 // Looked at in each turn of the event loop that has nothing else to do.
@@ -54,8 +95,11 @@ void watchFirstScreen()
     if (wanted.empty()) return;
     auto* const watch = new PaintWatch;
     auto* const timer = new QTimer{QCoreApplication::instance()};
-    QObject::connect(timer, &QTimer::timeout, timer, [watch] {
-        if (isComplete(*watch)) ::_exit(0); // what an orderly end costs is not asked for
+    QObject::connect(timer, &QTimer::timeout, timer, [watch, timer] {
+        if (!isComplete(*watch)) return;
+        timer->stop();
+        if (wanted == "touch") touchFirstKey(*watch);
+        ::_exit(0); // what an orderly end costs is not asked for
     });
     timer->start(0);
 }

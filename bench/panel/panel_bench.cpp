@@ -62,6 +62,23 @@ void processToEmptyWindow(benchmark::State& state)
     processToScreen({state, "processToEmptyWindow"}, state, "window", DemoCopy{});
 }
 
+// A program's very first page: it shows its menu, is touched at once and measures itself until the page is painted.
+void firstTouch(benchmark::State& state)
+{
+    const DemoCopy copy;
+    const tests::EnvironmentVariable temporary{"TEMPVELM", copy.temporary().c_str()};
+    const tests::TemporaryFolder folder;
+    const std::filesystem::path output = folder.path() / "milliseconds";
+    const auto start = [&] {
+        run({FIRST_SCREEN, "touch", copy.project(), "--journal", copy.records()}, output);
+        return std::chrono::duration<double, std::milli>{std::stod(tests::contentOf(output))};
+    };
+    start();
+    Iterations iterations{state, "firstTouch"};
+    for (auto _ : state)
+        iterations.take(start());
+}
+
 void startToMenu(benchmark::State& state)
 {
     const DemoCopy copy;
@@ -101,7 +118,8 @@ void touchServo(BenchPanel& bench, Iterations& iterations)
     require(bench.showsPage(), "the page was not painted");
 }
 
-// A page that this panel has not shown yet: it is made, and its pictures have to be loaded.
+// A page that this panel has not shown yet: it is made, and its pictures have to be loaded. Other panels of this program
+// have shown it, so that its fonts are there.
 void openPageFirst(benchmark::State& state)
 {
     const DemoCopy copy;
@@ -404,6 +422,7 @@ BENCHMARK(processToMenu)->Apply(starting);
 BENCHMARK(processToFirstMenu)->Apply(starting);
 BENCHMARK(processToPage)->Apply(starting);
 BENCHMARK(processToEmptyWindow)->Apply(starting);
+BENCHMARK(firstTouch)->Apply(starting);
 BENCHMARK(startToMenu)->Apply(withoutAndWith)->Apply(starting);
 BENCHMARK(startToPage)->Apply(withoutAndWith)->Apply(starting);
 BENCHMARK(openPageFirst)->Apply(withoutAndWith)->Apply(touching);

@@ -11,7 +11,7 @@ extern char** environ;
 
 namespace servopanel::bench {
 
-void run(std::vector<std::string> words)
+void run(std::vector<std::string> words, const std::string& output)
 {
     std::vector<char*> arguments;
     for (std::string& word : words)
@@ -19,7 +19,8 @@ void run(std::vector<std::string> words)
     arguments.push_back(nullptr);
     posix_spawn_file_actions_t actions{};
     ::posix_spawn_file_actions_init(&actions);
-    ::posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    ::posix_spawn_file_actions_addopen(
+        &actions, STDOUT_FILENO, output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
     pid_t child = 0;
     const int error = ::posix_spawnp(&child, arguments[0], &actions, nullptr, arguments.data(), environ);
     ::posix_spawn_file_actions_destroy(&actions);
