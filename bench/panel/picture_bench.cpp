@@ -13,13 +13,15 @@
 #include <cstdlib>
 #include <memory>
 #include <numeric>
-#include <utility>
+#include <stdexcept>
+#include <string>
 
 namespace servopanel::bench {
 
 namespace {
 
-// Of a fine picture on a panel of 1280 pixels and on one of 800: the canvas that it is drawn on first, and the key.
+// Of a panel of 1280 pixels and of one of 800, each with its own picture of the servo: the canvas that it is drawn on
+// first, and the key.
 struct Sizes {
     QSize canvas;
     QSize key;
@@ -27,12 +29,12 @@ struct Sizes {
 
 Sizes sizes(const benchmark::State& state)
 {
-    return state.range(0) == 800 ? Sizes{{1236, 352}, {373, 105}} : Sizes{{1196, 362}, {598, 181}};
+    return state.range(0) == 800 ? Sizes{{771, 205}, {373, 105}} : Sizes{{1196, 362}, {598, 181}};
 }
 
 QImage canvas(const benchmark::State& state)
 {
-    const char* const name = "Servo_S_M1_1_1280.gif";
+    const std::string name = "Servo_S_M1_1_" + std::to_string(state.range(0)) + ".gif";
     const QImage picture = panel::loadPicture(std::filesystem::path{DEMO_PROJECT} / "Servo" / name, name);
     QImage made{sizes(state).canvas, QImage::Format_RGB32};
     made.fill(0xC0C0C0);
@@ -67,28 +69,74 @@ Picture pixmanPicture(QImage& image)
         &pixman_image_unref};
 }
 
-// Each pixel is the mean of those of the source that fall on it, as with the two above.
-void scaledByPixman(benchmark::State& state)
-{
-    QImage from = canvas(state);
-    QImage to{sizes(state).key, QImage::Format_RGB32};
-    const Picture source = pixmanPicture(from);
-    const Picture key = pixmanPicture(to);
-    const pixman_fixed_t across = pixman_double_to_fixed(double(from.width()) / to.width());
-    const pixman_fixed_t down = pixman_double_to_fixed(double(from.height()) / to.height());
-    pixman_transform_t transform;
-    pixman_transform_init_scale(&transform, across, down);
-    constexpr int phases = 4; // 2 to the power of it
-    for (auto _ : state) {
-        pixman_image_set_transform(source.get(), &transform);
+// A canvas and a key for pixman, and the way from one to the other.
+class PixmanScaling {
+public:
+    explicit PixmanScaling(const benchmark::State& state)
+        : from_{canvas(state)}
+        , to_{sizes(state).key, QImage::Format_RGB32}
+        , across_{pixman_double_to_fixed(double(from_.width()) / to_.width())}
+        , down_{pixman_double_to_fixed(double(from_.height()) / to_.height())}
+    {
+        pixman_transform_t transform;
+        pixman_transform_init_scale(&transform, across_, down_);
+        pixman_image_set_transform(source_.get(), &transform);
+    }
+
+    // Each pixel is the mean of those of the source that fall on it, as with the two above.
+    void average()
+    {
+        constexpr int phases = 4; // 2 to the power of it
         int count = 0;
-        pixman_fixed_t* const filter = pixman_filter_create_separable_convolution(&count, across, down,
+        pixman_fixed_t* const filter = pixman_filter_create_separable_convolution(&count, across_, down_,
             PIXMAN_KERNEL_BOX, PIXMAN_KERNEL_BOX, PIXMAN_KERNEL_BOX, PIXMAN_KERNEL_BOX, phases, phases);
-        pixman_image_set_filter(source.get(), PIXMAN_FILTER_SEPARABLE_CONVOLUTION, filter, count);
-        pixman_image_composite32(
-            PIXMAN_OP_SRC, source.get(), nullptr, key.get(), 0, 0, 0, 0, 0, 0, to.width(), to.height());
+        pixman_image_set_filter(source_.get(), PIXMAN_FILTER_SEPARABLE_CONVOLUTION, filter, count);
         std::free(filter);
     }
+    // Between the four pixels around a place; where the canvas is twice as large as the key this is their mean.
+    void interpolate() { pixman_image_set_filter(source_.get(), PIXMAN_FILTER_BILINEAR, nullptr, 0); }
+
+    void measure(benchmark::State& state)
+    {
+        for (auto _ : state)
+            pixman_image_composite32(PIXMAN_OP_SRC, source_.get(), nullptr, key_.get(), 0, 0, 0, 0, 0, 0,
+                to_.width(), to_.height());
+        requireMeans();
+    }
+
+private:
+    // What QImage makes of it, but for rounding.
+    void requireMeans() const
+    {
+        const QImage other = from_.scaled(to_.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        constexpr int rounding = 8; // of its factors, too
+        for (int y = 1; y + 1 < to_.height(); ++y)
+            for (int x = 1; x + 1 < to_.width(); ++x)
+                if (std::abs(qGray(to_.pixel(x, y)) - qGray(other.pixel(x, y))) > rounding)
+                    throw std::runtime_error{"pixman has scaled to another picture"};
+    }
+
+    QImage from_;
+    QImage to_;
+    pixman_fixed_t across_;
+    pixman_fixed_t down_;
+    Picture source_ = pixmanPicture(from_);
+    Picture key_ = pixmanPicture(to_);
+};
+
+void scaledByPixman(benchmark::State& state)
+{
+    PixmanScaling scaling{state};
+    scaling.average();
+    scaling.measure(state);
+}
+
+// On the panel of 1280 pixels, whose canvas is twice as large as the key.
+void interpolatedByPixman(benchmark::State& state)
+{
+    PixmanScaling scaling{state};
+    scaling.interpolate();
+    scaling.measure(state);
 }
 
 void scalingFloor(benchmark::State& state)
@@ -108,6 +156,7 @@ void panels(benchmark::internal::Benchmark* bench)
 BENCHMARK(scaledByPanel)->Apply(panels);
 BENCHMARK(scaledByQImage)->Apply(panels);
 BENCHMARK(scaledByPixman)->Apply(panels);
+BENCHMARK(interpolatedByPixman)->ArgName("panel")->Arg(1280)->Unit(benchmark::kMillisecond);
 BENCHMARK(scalingFloor)->Apply(panels);
 
 } // namespace
