@@ -6,7 +6,7 @@ import re
 from figures import duration, percentile, round_duration
 
 WIDTH, HEIGHT = 720, 250
-LEFT, RIGHT, TOP, BOTTOM = 20, 20, 34, 40
+LEFT, RIGHT, TOP, BOTTOM = 20, 20, 34, 44
 BARS = 60
 LABEL = 56  # of the axis, pixels of one at most
 
@@ -15,8 +15,8 @@ HISTOGRAMS = {
     "tickUnchanged": ("A refresh of a diagnosis page, nothing changed", "tickUnchanged/trace:0/diagnosis:1"),
     "tickChanging": ("A refresh of a diagnosis page, every value changed and painted", "tickChanging/trace:0/diagnosis:1"),
     "processToMenu": ("From the start of the program to the painted menu", "processToMenu"),
-    "openPageFirst": ("From the touch to the painted page, its first time", "openPageFirst/trace:0"),
-    "openPageAgain": ("From the touch to the painted page, any other time", "openPageAgain/trace:0"),
+    "firstTouch": ("From the first touch of a program just started to the painted page", "firstTouch"),
+    "openPageAgain": ("From a touch to the painted page, any other time", "openPageAgain/trace:0"),
     "confirm": ("From the touch of the key to the end of a confirm, painted, journal on the disk", "confirm/trace:0/journal:1"),
     "writes": ("From a write to its answer, through a broker", None),
 }
@@ -89,5 +89,7 @@ def svg(name, results):
         end = across(value) > WIDTH * 0.8
         lines.append(f'<text x="{across(value) + (-4 if end else 4):.1f}" y="{TOP + up + 9}" fill="#c0392b" '
                      f'text-anchor="{"end" if end else "start"}">{text}: {duration(value / 1000)}</text>')
+    lines.append(f'<text x="{LEFT}" y="{HEIGHT - 5}" fill="#505050">Logarithmic axis; the highest bar: '
+                 f"{max(counts):,} times</text>")
     lines.append("</svg>")
     return "\n".join(lines) + "\n"

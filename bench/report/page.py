@@ -17,6 +17,7 @@ from markdown import bullets, paragraph, table
 
 PAGE = "docs/measurements.md"
 PICTURES = "docs/images"
+VERSION = re.compile(r"^    VERSION (\S+)$", re.MULTILINE)
 QUOTE = re.compile(r"(<!-- written by \./measure -->\n).*?(<!-- end -->\n)", re.DOTALL)
 
 
@@ -43,13 +44,23 @@ def computer():
             f"{platform.system()} {platform.release()}")
 
 
+def measured(root):
+    """Which state of the project this is."""
+    number = VERSION.search((root / "CMakeLists.txt").read_text(encoding="utf-8"))[1]
+    commit = output("git", "-C", str(root), "rev-parse", "--short=12", "HEAD").strip()
+    if not commit:
+        return f"version {number}"
+    changed = output("git", "-C", str(root), "status", "--porcelain", "--untracked-files=no")
+    return f"version {number}, commit {commit}" + (" with changes" if changed else "")
+
+
 def file_system():
     """Of the folder that all files lie in."""
     kind = (output("df", "--output=fstype", tempfile.gettempdir()).split() or ["", "unknown"])[-1]
     return "in memory (tmpfs), where to sync costs nothing" if kind == "tmpfs" else f"on a disk with {kind}"
 
 
-def introduction(results):
+def introduction(results, project):
     versions = results.line["versions"]
     libraries = {"Google Benchmark": "libbenchmark-dev", "inih": "libinih-dev", "SimpleIni": "libsimpleini-dev",
                  "pixman": "libpixman-1-dev", "mdbtools": "mdbtools", "Mosquitto": "mosquitto"}
@@ -57,18 +68,19 @@ def introduction(results):
     minutes = sum(run["seconds"] for run in results.runs.values()) / 60
     own, other = (results.median(f"load{who}/entries:100") for who in ("Library", "SimpleIni"))
     return "# Measurements\n\n" + paragraph(
-        f"Written by `./measure` on {time.strftime('%F')}, from one run of {minutes:.0f} minutes.",
+        f"Written by `./measure` on {time.strftime('%F')}, from one run of {minutes:.0f} minutes, of {project}.",
         computer() + f", files {file_system()};",
         f"Qt {versions['Qt']}, g++ {versions['g++']}, optimised;",
         ", ".join(f"{name} {version(package)}" for name, package in libraries.items()) + ".",
         f"Meanwhile everything else on the computer took at most {others:.0f} % of a processor.",
     ) + paragraph(
         "**How to read the tables.** The number in brackets behind a time is that time divided by the first time of its "
-        f"row, which is this project's. For example, an INI file of 100 entries is loaded by the library in "
+        f"row, which is this project's. For example, an INI file of 100 entries is loaded once more by the library in "
         f"{duration(own)}, by SimpleIni in {duration(other)} ({ratio(other, own)}): SimpleIni takes "
         f"{ratio(other, own)} times as long. Below 1 the other one is the quicker. A floor is the least of the work and nothing else, such as reading the bytes of "
-        "the file at once: nobody can do the whole in less. Its number says what part of this project's time that "
-        "least takes: 0.1 is a tenth.",
+        "the file at once: who does the whole does this too. Its number says what part of this project's time that "
+        "least takes: 0.1 is a tenth. A picture shows how often each time was taken, on a logarithmic axis; its highest "
+        "bar is as high as the picture, however many times that are.",
     ) + paragraph(
         f"**What a time is.** Everything but the line at the end was measured in {REPETITIONS} rounds, in random order. Of "
         "the panel and its menu each start, each touch and each refresh was measured by itself, and a time is the median of all of them. What is "
@@ -89,6 +101,9 @@ def not_shown(_results):
         "time after the computer takes longer, and longer still on the first start of an installation.",
         "A slow disk: a confirm waits until its lines of the journal are on the disk, and so does who writes "
         "definitions back. A memory card may take many times as long as the disk here.",
+        "All that a panel does in a second: the share of a core that refreshes take is theirs alone. The clock in the header, "
+        "the recorder of trends and a simulated machine were at rest meanwhile; what all of it takes together is told "
+        "of the line, whose shown values change each second.",
         "A panel PC: its processor may be several times slower than this one.",
         "A network, encrypted connections, slow controllers and other panels. Broker, machines, panel and the program "
         "that measures share the processors of one computer, and the simulated machines are no real ones.",
@@ -114,7 +129,8 @@ def quote(results):
     writes = results.line["writes_ms"]
     rows = [
         single("from the start of the program to the painted menu", "processToMenu", "starts"),
-        single("from a touch to the painted page", "openPageAgain/trace:0", "touches"),
+        single("from the first touch of a program just started to the painted page", "firstTouch", "touches"),
+        single("from any other touch to the painted page", "openPageAgain/trace:0", "touches"),
         single("a refresh of a diagnosis page, nothing changed, nothing painted", limits.UNCHANGED, "refreshes"),
         ["the same every tenth of a second, every value changed and painted",
          f"{three_digits(percentile(percents, 0.5))} % of a core", f"{three_digits(max(percents))} %, of {len(percents)} rounds"],
@@ -128,11 +144,14 @@ def quote(results):
 
 
 def write(results, root):
+    first = introduction(results, measured(root))
+    for old in (root / PICTURES).glob("measurements-*.svg"):
+        old.unlink()
     for name in HISTOGRAMS:
         (root / PICTURES / picture_file(name)).write_text(svg(name, results), encoding="utf-8")
-    parts = [introduction, limits.section, panel_sections.panel, panel_sections.menu, panel_sections.scaling,
+    parts = [limits.section, panel_sections.panel, panel_sections.menu, panel_sections.scaling,
              data_sections.ini, data_sections.definitions, panel_sections.library, line_section.line, not_shown]
-    (root / PAGE).write_text("".join(part(results) for part in parts), encoding="utf-8")
+    (root / PAGE).write_text(first + "".join(part(results) for part in parts), encoding="utf-8")
     readme = root / "README.md"
     text, count = QUOTE.subn(lambda marks: marks[1] + quote(results) + marks[2], readme.read_text(encoding="utf-8"))
     if count != 1:

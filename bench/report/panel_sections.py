@@ -2,7 +2,7 @@
 
 from figures import duration
 from histogram import shown
-from markdown import beside, paragraph, side_by_side, table
+from markdown import beside, paragraph, table
 
 
 def with_trace(results, what, name, arguments="", floor=None):
@@ -22,9 +22,10 @@ def starts(results):
 def within(results):
     pixels, journal = results.median("confirmFloor"), results.median("journalFloor")
     rows = [
-        with_trace(results, "panel made, menu painted", "startToMenu"),
-        with_trace(results, "panel made, page painted", "startToPage"),
-        with_trace(results, "page after a touch, first time", "openPageFirst", floor=results.median("openPageFloor")),
+        with_trace(results, "panel made, menu painted", "startToMenu", floor=results.median("floorOfMemory")),
+        with_trace(results, "panel made, page painted", "startToPage", floor=results.median("openPageFloor")),
+        with_trace(results, "page after a touch, the panel's first", "openPageFirst",
+                   floor=results.median("openPageFloor")),
         with_trace(results, "page after a touch, any other time", "openPageAgain",
                    floor=results.median("openPageFloor")),
         with_trace(results, "confirm", "confirm", "/journal:1", floor=pixels + journal),
@@ -62,7 +63,8 @@ def panel(results):
             + starts(results)
             + paragraph("Within a running program, each until the last pixel is painted. The floor of a refresh that "
                         "brings nothing new: its variables are read and compared. The floor of all else: as many "
-                        "pixels as it paints are filled. With a confirm come "
+                        "pixels as it paints are filled, of a panel just made those of its menu or page after a touch. "
+                        "Its first page is not the program's first; that one is among the limits. With a confirm come "
                         f"{journal.count('lines'):.0f} lines in the journal, {journal.count('bytes'):,.0f} bytes: for "
                         "each variable what is going to be written, on the disk before it is sent, and how it ended, on "
                         "the disk before the panel goes on. The floor adds as many bytes to a file and syncs it once.")
@@ -71,7 +73,7 @@ def panel(results):
                         "many as the panel paints widgets there. They read no variables, have no limits and no captions "
                         "that follow a language:")
             + labels(results)
-            + shown(["tickUnchanged", "tickChanging", "processToMenu", "openPageFirst", "openPageAgain", "confirm"]))
+            + shown(["tickUnchanged", "tickChanging", "processToMenu", "firstTouch", "openPageAgain", "confirm"]))
 
 
 def menu(results):
@@ -85,21 +87,27 @@ def menu(results):
             + paragraph("Eight keys with pictures, painted. Beside a window that anybody would put together with eight "
                         "`QLabel`s. The floor: the bytes of the files are read, each file at once; from memory, as many "
                         "pixels as the panel paints are filled. The panel's figures have the whole screen in them: "
-                        "heading, footer, captions; those from files also the making of the panel. Only the panel "
-                        "keeps what it has scaled.")
+                        "heading, footer, captions; those from files also the making of the menu, but of the panel around "
+                        "it as little as of the window around the labels. Only the panel keeps what it has scaled.")
             + table(["pictures", "panel", "eight labels", "floor"], rows))
 
 
 def scaling(results):
-    rows = [(f"for the panel of {width} pixels", f"/panel:{width}") for width in (1280, 800)]
+    def row(width, *others):
+        own = results.median(f"scaledByPanel/panel:{width}")
+        return [f"for the panel of {width} pixels", duration(own)] + [
+            beside(results.median(f"{other}/panel:{width}"), own) if other else "" for other in others]
+
     return ("## A picture scaled to a key\n\n"
             + paragraph("The picture of a servo, from the canvas that it is drawn on to the size of a key, each pixel "
-                        "averaged. The panel scales with the same `QImage` that stands beside it; besides, it cuts the "
-                        "picture out of the canvas before and draws it onto the key afterwards. The floor touches each "
-                        "pixel of the canvas once.")
-            + side_by_side(results, rows, ("panel", "scaledByPanel"),
-                           [("`QImage`, smooth", "scaledByQImage"), ("pixman, box", "scaledByPixman"),
-                            ("floor", "scalingFloor")]))
+                        "averaged, on either panel from that panel's picture. The panel scales with the same `QImage` that "
+                        "stands beside it, which shares the work among the processors, and draws the result onto the key "
+                        "afterwards. pixman works on one processor, with box filters that were made before. On the panel of "
+                        "1280 pixels the canvas is twice as large as the key, and pixman's bilinear filter, the quicker one, "
+                        "makes the same picture. The floor touches each pixel of the canvas once.")
+            + table(["", "panel", "`QImage`, smooth", "pixman, box", "pixman, bilinear", "floor"],
+                    [row(1280, "scaledByQImage", "scaledByPixman", "interpolatedByPixman", "scalingFloor"),
+                     row(800, "scaledByQImage", "scaledByPixman", "", "scalingFloor")]))
 
 
 def library(results):
