@@ -98,10 +98,10 @@ Commands commandsIn(const std::string& scenario)
     return split(lines);
 }
 
-std::string keep(const Finding& finding, const std::string& folder, unsigned seed)
+std::string keep(const Finding& finding, const std::string& folder, std::string_view program, unsigned seed)
 {
-    std::string file = folder + "/monkey_";
-    file.append(std::to_string(seed)).append(".scenario");
+    std::string file = folder + "/";
+    file.append(program).append("_").append(std::to_string(seed)).append(".scenario");
     std::ofstream out{file};
     out << scenarioOf(finding) << std::flush;
     if (!out) throw std::runtime_error{file + " cannot be written"};

@@ -32,9 +32,9 @@ std::string scenarioOf(const Finding& finding);
 // The commands of such a scenario. Raises std::runtime_error when it is none.
 Commands commandsIn(const std::string& scenario);
 
-// Writes it to monkey_SEED.scenario in a folder and gives the file's name. Raises std::runtime_error when it cannot be
-// written.
-std::string keep(const Finding& finding, const std::string& folder, unsigned seed);
+// Writes it to PROGRAM_SEED.scenario in a folder and gives the file's name: programs that keep theirs in the same folder
+// do not write over those of each other. Raises std::runtime_error when it cannot be written.
+std::string keep(const Finding& finding, const std::string& folder, std::string_view program, unsigned seed);
 Commands readKept(const std::string& file);
 
 } // namespace servopanel::monkey

@@ -17,8 +17,8 @@ skipped because they could not be done then.
   --seed N        of the first run, at first 1
   --runs N        how many runs, at first 1000, each with the next seed
   --commands N    of each run, at first 1000
-  --keep FOLDER   where a scenario for servo-replay is kept of a run that breaks a rule or crashes, at first the
-                  system's folder for temporary files
+  --keep FOLDER   where a scenario for servo-replay is kept of a run that breaks a rule or crashes, as
+                  servo-monkey_SEED.scenario, at first the system's folder for temporary files
   --play FILE     plays such a scenario again, with the same rules
 
 With --days it plays the ticks of the page's timer of that many days in fast motion instead, with looks at all servos, their
@@ -34,7 +34,8 @@ int main(int count, char** arguments)
 {
     using namespace servopanel::monkey;
     return runProgram(count, arguments,
-        {.usage = usage,
+        {.name = "servo-monkey",
+            .usage = usage,
             .runs = 1000,
             .commands = 1000,
             .commandsOf = commandsOf,

@@ -148,7 +148,7 @@ private:
 TEST_F(KeptScenario, BreaksTheSameAgain)
 {
     const Finding found = *play(forged);
-    const std::string file = keep(found, folder(), 7);
+    const std::string file = keep(found, folder(), "monkey", 7);
     const auto again = play(readKept(file));
     ASSERT_TRUE(again);
     EXPECT_EQ(again->rule, found.rule);
@@ -158,7 +158,7 @@ TEST_F(KeptScenario, BreaksTheSameAgain)
 TEST_F(KeptScenario, IsPlayedByTheReplay)
 {
     recording::Replay replay;
-    replay.run(content(keep(*play(forged), folder(), 7)));
+    replay.run(content(keep(*play(forged), folder(), "monkey", 7)));
     EXPECT_NE(replay.lines("write ").find("write Ch1.M1_T_servo_3<.mM1_servo_para_3> = [1.5, 2, "),
         std::string::npos);
 }
@@ -193,6 +193,7 @@ TEST_F(KeptScenario, EndsWhatAPanelAloneHas)
 Kind kindOf(std::function<Played(const Commands&)> play)
 {
     Kind kind;
+    kind.name = "a-monkey";
     kind.commandsOf = [](unsigned, std::size_t) { return Commands{"a", "b", "boom", "c"}; };
     kind.played = [play](const Commands& commands, const Progress& tell, std::string_view) {
         Played played;
@@ -219,10 +220,10 @@ TEST_F(KeptScenario, IsKeptOfACrash)
     EXPECT_EQ(run(kind, {"--seed", "9"}), 1);
     const std::string said = ::testing::internal::GetCapturedStdout();
     EXPECT_NE(said.find("seed 9: a crash: signal 9\n  at command 3\n"), std::string::npos) << said;
-    EXPECT_EQ(commandsIn(content(folder() + "/monkey_9.scenario")), (Commands{"a, noted", "boom"}));
+    EXPECT_EQ(commandsIn(content(folder() + "/a-monkey_9.scenario")), (Commands{"a, noted", "boom"}));
 
     ::testing::internal::CaptureStdout();
-    EXPECT_EQ(run(kind, {"--play", folder() + "/monkey_9.scenario"}), 1);
+    EXPECT_EQ(run(kind, {"--play", folder() + "/a-monkey_9.scenario"}), 1);
     EXPECT_NE(::testing::internal::GetCapturedStdout().find("a crash: signal 9"), std::string::npos);
 }
 
@@ -230,7 +231,8 @@ TEST_F(KeptScenario, IsKeptAmongTemporaryFilesUnlessToldOtherwise)
 {
     const Kind kind = kindOf([](const Commands&) -> Played { std::exit(7); });
     const char* const arguments[]{"monkey", "--runs", "1", "--seed", "4000000001"};
-    const std::filesystem::path file = std::filesystem::temp_directory_path() / "monkey_4000000001.scenario";
+    const std::filesystem::path file =
+        std::filesystem::temp_directory_path() / "a-monkey_4000000001.scenario";
     std::filesystem::remove(file);
     ::testing::internal::CaptureStdout();
     EXPECT_EQ(runProgram(5, arguments, kind), 1);
@@ -253,7 +255,7 @@ TEST_F(KeptScenario, NeedsItsFolder)
     ::testing::internal::CaptureStderr();
     EXPECT_EQ(run(kind, {"--keep", folder() + "/missing"}), 2);
     EXPECT_NE(::testing::internal::GetCapturedStderr().find("/missing"), std::string::npos);
-    EXPECT_THROW(keep({"a rule", {}}, folder() + "/missing", 1), std::runtime_error);
+    EXPECT_THROW(keep({"a rule", {}}, folder() + "/missing", "monkey", 1), std::runtime_error);
     EXPECT_THROW(readKept(folder() + "/missing"), std::runtime_error);
 }
 

@@ -103,7 +103,7 @@ int report(const Kind& kind, const Options& options, unsigned seed, const Findin
         kind);
     std::printf("  %zu commands are enough for it: ", least.commands.size());
     try {
-        std::printf("%s\n", keep(least, options.keep, seed).c_str());
+        std::printf("%s\n", keep(least, options.keep, kind.name, seed).c_str());
     } catch (const std::exception& error) {
         std::printf("%s\n%s", error.what(), scenarioOf(least).c_str());
     }

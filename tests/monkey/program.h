@@ -9,6 +9,7 @@ namespace servopanel::monkey {
 
 // What a program of random operation plays on.
 struct Kind {
+    std::string_view name; // of the program
     std::string_view usage;
     unsigned runs = 1000; // unless told otherwise
     unsigned commands = 1000;

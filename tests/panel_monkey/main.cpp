@@ -17,14 +17,15 @@ that the panel goes on to answer.
   --seed N        of the first run, at first 1
   --runs N        how many runs, at first 100, each with a new panel and the next seed
   --commands N    of each run, at first 500
-  --keep FOLDER   where a scenario is kept of a run that breaks a rule or crashes, at first the system's folder for
-                  temporary files; servo-replay plays what the library got, and for that what only a panel has stands in
-                  it as comments
+  --keep FOLDER   where a scenario is kept of a run that breaks a rule or crashes, as panel-monkey_SEED.scenario, at
+                  first the system's folder for temporary files; servo-replay plays what the library got, and for that
+                  what only a panel has stands in it as comments
   --play FILE     plays such a scenario again on a panel, with those comments
 
-With --days it leaves a panel with the demonstration project running for that many days in fast motion instead, with looks at
-servos, their diagnosis pages, trends, the reports and the menu, first with machines that answer and then with none that
-does, and compares the memory at the end with that after the first hours.
+With --days it leaves two panels with the demonstration project running for that many days in fast motion instead, with
+looks at servos, their diagnosis pages, trends, the reports and the menu; both at the same time, one with machines that
+answer and one with none that does. Of each it compares the least memory of the last seventh of the rounds with the least
+of the first seventh.
 
 Says at the end what was done, and how many commands were skipped because they could not be done then. Ends with 0 when
 all rules held and the memory stayed, with 1 when not, with 2 when nothing could be played.
@@ -36,7 +37,8 @@ int main(int count, char** arguments)
 {
     using namespace servopanel::monkey;
     return runProgram(count, arguments,
-        {.usage = usage,
+        {.name = "panel-monkey",
+            .usage = usage,
             .runs = 100,
             .commands = 500,
             .commandsOf = commandsOnPanel,
