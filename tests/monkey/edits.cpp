@@ -14,7 +14,6 @@ namespace servopanel::monkey {
 namespace {
 
 constexpr std::string_view confirm = "key 10";
-constexpr std::string_view offer = R"(call ServoMain.Fußzeile.0x68030007(10, "Standard\OK.wmf"))";
 constexpr std::string_view maskOpens = "put ServoMain.Eingabemaske.0x68030000 = true";
 
 bool isOneOf(std::string_view text, std::initializer_list<std::string_view> others)
@@ -48,7 +47,7 @@ std::int16_t itemOf(std::string_view operation)
     return static_cast<std::int16_t>(std::atoi(std::string{operation.substr(blank + 1)}.c_str()));
 }
 
-std::optional<std::string> Edits::begin(const TraceBlock& block, bool isOperators)
+std::optional<std::string> Edits::begin(const TraceBlock& block, bool isOperators, bool areAllNew)
 {
     isOperators_ = isOperators;
     isConfirm_ = false;
@@ -59,7 +58,7 @@ std::optional<std::string> Edits::begin(const TraceBlock& block, bool isOperator
         isConfirm_ = isWaiting();
         if (!isConfirm_) discard();
     }
-    if (block.verb() == "mask") return mask(block);
+    if (block.verb() == "mask") return mask(block, areAllNew || !isOperators);
     return std::nullopt;
 }
 
@@ -91,7 +90,7 @@ void Edits::discard()
 }
 
 // A mask is left with a number or without; where nothing waits then, all is read anew.
-std::optional<std::string> Edits::mask(const TraceBlock& block)
+std::optional<std::string> Edits::mask(const TraceBlock& block, bool areAllNew)
 {
     const std::int16_t item = std::exchange(inMask_, std::int16_t{0});
     const std::string text{block.operation.substr(std::min<std::size_t>(5, block.operation.size()))};
@@ -108,9 +107,7 @@ std::optional<std::string> Edits::mask(const TraceBlock& block)
         const auto shown = shown_.find(item);
         // An input that never showed a value is as good as 0 to the mask.
         // What the panel enters again after a failed confirm waits, also where the machine holds it by now.
-        const bool isNew = !isOperators_ || number != (shown == shown_.end() ? 0 : shown->second);
-        const bool isOffered = block.has(offer);
-        if (isNew ? own_.count(item) > 0 || isOffered : isOffered && !isWaiting()) {
+        if (areAllNew || number != (shown == shown_.end() ? 0 : shown->second)) {
             shown_[item] = servo_page::istZeichnung(item) ? std::round(number) : number;
             own_.insert(item);
             changed_.insert(fieldOf(item));

@@ -17,7 +17,8 @@ class Edits {
 public:
     // What an operation means for all that follows in its block; what is wrong with it, in words. isOperators: not one
     // that the panel makes in the operator's stead.
-    std::optional<std::string> begin(const TraceBlock& block, bool isOperators);
+    // areAllNew: every number that the mask takes in it is a change, also the one that the input shows.
+    std::optional<std::string> begin(const TraceBlock& block, bool isOperators, bool areAllNew);
     // A line of the block.
     std::optional<std::string> line(const TraceBlock& block, std::string_view line);
     // After the last one.
@@ -38,7 +39,7 @@ public:
     bool isTouched(std::int16_t field) const { return touched_.count(field) > 0; }
 
 private:
-    std::optional<std::string> mask(const TraceBlock& block);
+    std::optional<std::string> mask(const TraceBlock& block, bool areAllNew);
     std::optional<std::string> touch(const TraceBlock& block, std::string_view line);
     std::optional<std::string> turn(std::int16_t field, std::string_view state);
     std::optional<std::string> read(const TraceBlock& block, std::string_view line);

@@ -1,3 +1,4 @@
+#include "basic/error.h"
 #include "monkey/allocations.h"
 #include "monkey/kept_scenario.h"
 #include "monkey/parameters.h"
@@ -15,6 +16,7 @@
 #include <fstream>
 #include <iterator>
 #include <memory>
+#include <stdexcept>
 
 #include <unistd.h>
 
@@ -51,6 +53,7 @@ TEST(Monkey, BreaksNoRuleAndDoesWhatTheRulesAreAbout)
     for (const std::string_view what : {Tally::editors, Tally::failedWrites, Tally::scrolls, Tally::diagnosis,
              Tally::discards, Tally::refused})
         EXPECT_GE(tally.times(what), seldom) << what << " of " << tally.text();
+    EXPECT_GE(tally.times(Tally::unread), 1U) << tally.text();
 }
 
 TEST(Monkey, HoldsNoMoreTheSecondTime)
@@ -68,6 +71,14 @@ TEST(Monkey, SeesWhatIsNotGivenBack)
     const auto found = played({"create", "show", "terminate"}, leaking, allocationsAlive).finding;
     ASSERT_TRUE(found);
     EXPECT_EQ(found->rule, memoryRule);
+}
+
+TEST(Monkey, SeesWhatComesOutOfAnOperation)
+{
+    EXPECT_EQ(exceptionOf([] {}), std::nullopt);
+    EXPECT_EQ(exceptionOf([] { throw basic::Error{5, "", "no answer"}; }), "an error came out: no answer");
+    EXPECT_EQ(exceptionOf([] { throw std::runtime_error{"no room"}; }), "an exception came out: no room");
+    EXPECT_EQ(exceptionOf([] { throw 1; }), "an exception of another kind came out");
 }
 
 TEST(RandomOperator, DoesTheSameForTheSameSeed)

@@ -1,6 +1,7 @@
 #include "monkey/play.h"
 
 #include "basic/conversions.h"
+#include "basic/error.h"
 #include "monkey/kept_scenario.h"
 #include "monkey/project.h"
 #include "monkey/random_operator.h"
@@ -85,6 +86,7 @@ public:
         return isOpen("Eingabemaske", ids::Eingabemaske::Offen)
             || isOpen("IniEingabe", ids::IniEingabe::Offen);
     }
+    bool takesEveryNumber() override { return false; } // its mask compares each one
 
 private:
     static constexpr std::int16_t confirmKey = 10;
@@ -144,16 +146,16 @@ public:
         if (needsScreen(command) && !screen_.isOperable(command)) return skip();
         rules_->before();
         std::string trace;
-        try {
-            trace = replay_.run(command);
-        } catch (const recording::ScenarioError&) {
-            return skip(); // nothing that could be done now
-        } catch (const std::exception& error) {
-            return std::string{"an exception: "} + error.what();
-        } catch (...) {
-            return "an exception of another kind";
-        }
         wasPlayed_ = true;
+        const auto exception = exceptionOf([&] {
+            try {
+                trace = replay_.run(command);
+            } catch (const recording::ScenarioError&) {
+                wasPlayed_ = false; // nothing that could be done now
+            }
+        });
+        if (exception) return exception;
+        if (!wasPlayed_) return skip();
         rules_->tally().add(Tally::played);
         screen_.noteShow(command);
         return rules_->broken(trace);
@@ -201,6 +203,20 @@ bool isMoreTheSecondTime(Session& session, const Commands& commands, const Progr
 }
 
 } // namespace
+
+std::optional<std::string> exceptionOf(const std::function<void()>& operation)
+{
+    try {
+        operation();
+    } catch (const basic::Error& error) {
+        return "an error came out: " + error.description;
+    } catch (const std::exception& error) {
+        return std::string{"an exception came out: "} + error.what();
+    } catch (...) {
+        return "an exception of another kind came out";
+    }
+    return std::nullopt;
+}
 
 Commands commandsOf(unsigned seed, std::size_t count)
 {

@@ -32,6 +32,9 @@ using Pieces = std::size_t (*)();
 // The rule that is about them.
 inline constexpr std::string_view memoryRule = "pieces of memory are not given back";
 
+// What came out of an operation from which nothing may come, in words.
+std::optional<std::string> exceptionOf(const std::function<void()>& operation);
+
 // What the operator of this seed does.
 Commands commandsOf(unsigned seed, std::size_t count);
 

@@ -2,6 +2,7 @@
 
 #include "monkey/parameters.h"
 #include "monkey/project.h"
+#include "servo_page/felder.h"
 
 #include <array>
 
@@ -10,6 +11,7 @@ namespace servopanel::monkey {
 namespace {
 
 constexpr int highestLevel = 5;
+constexpr int mostOfLowerLimits = 20; // now and then above the upper ones
 
 std::string text(std::string_view first, int number) { return std::string{first} + std::to_string(number); }
 
@@ -55,6 +57,14 @@ std::string RandomOperator::input()
     case 6: return text("SollwertR ", 11 + upTo(9));
     default: return text("SollwertL ", 1 + upTo(9));
     }
+}
+
+// The first input that shows something of the family.
+std::string RandomOperator::inputOf(const Family& family)
+{
+    const bool isDrawing = servo_page::istZeichnung(family.firstField);
+    const bool isSwitch = servo_page::istSchalter(family.firstField);
+    return text(isDrawing ? "ZeichnungL " : isSwitch ? "SchalterL " : "SollwertL ", family.firstField);
 }
 
 std::string RandomOperator::next()
@@ -130,12 +140,14 @@ void RandomOperator::edit()
 // A confirm that does not reach the machine as a whole, and a second one that does.
 void RandomOperator::confirmWithFailure()
 {
-    for (int inputs = 2; inputs > 0; --inputs) {
-        then("touch " + input());
+    const Family& family = families[upTo(3)];
+    for (const std::string& touched : {inputOf(family), input()}) {
+        then("touch " + touched);
         then("mask " + valid());
     }
-    const Family& family = families[upTo(3)];
-    then((isRare(70) ? "fail write " : "fail read ") + servoVariable(opened_, family.name) + " 1");
+    // The page reads what it shows before it reads what it writes.
+    const std::string name = servoVariable(opened_, family.name);
+    then(isRare(50) ? "fail write " + name + " 1" : "fail read " + name + (isRare(70) ? " 2" : " 1"));
     then("key 10");
     then("timer");
     then("key 10");
@@ -239,13 +251,13 @@ std::string RandomOperator::operation()
 std::string RandomOperator::machine()
 {
     const int servo = servos[upTo(2)];
-    const auto numbers = [&](int count) {
+    const auto numbers = [&](int count, int most = 120) {
         std::string list = "[";
         for (int i = 0; i < count; ++i)
-            list.append(i == 0 ? "" : ", ").append(std::to_string(upTo(120))).append(".5");
+            list.append(i == 0 ? "" : ", ").append(std::to_string(upTo(most))).append(".5");
         return list + "]";
     };
-    switch (upTo(11)) {
+    switch (upTo(13)) {
     case 0: return text("var Ch-1.intern<.passwort> = ", upTo(6));
     case 1: return text("var Ch-1.intern<.servo_zeiger> = ", upTo(4) - 1);
     case 2: return setting(servoVariable(servo, "_servo_para_"), numbers(20));
@@ -266,6 +278,8 @@ std::string RandomOperator::machine()
     case 9: return std::string{"var Ch-1.param_client<.arabisch> = "} + (upTo(1) == 0 ? "true" : "false");
     case 10:
         return setting(servoVariable(servo, "_servo_para_"), isRare(50) ? "\"no numbers\"" : "[1, 2, 3]");
+    case 11: return setting(servoVariable(servo, "_servo_para_un_"), numbers(20, mostOfLowerLimits));
+    case 12: return setting(servoVariable(servo, "_servo_para2_un_"), numbers(4, mostOfLowerLimits));
     default: return text("input ", upTo(1) - 1);
     }
 }

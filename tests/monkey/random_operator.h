@@ -1,5 +1,7 @@
 #pragma once
 
+#include "monkey/parameters.h"
+
 #include <cstdint>
 #include <deque>
 #include <random>
@@ -30,6 +32,7 @@ private:
     std::string number();
     std::string valid();
     std::string input();
+    static std::string inputOf(const Family& family);
     std::string machine();
     std::string failure();
     std::string loss();

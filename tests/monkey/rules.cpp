@@ -7,12 +7,16 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace servopanel::monkey {
 
 namespace {
 
 using servo_page::familien::Geaendert;
+
+// Of the servo that is shown, among the servos.
+constexpr std::string_view placeVariable = "Ch-1.intern<.servo_zeiger>";
 
 // What only a write may change, of each servo.
 constexpr std::array<std::string_view, 9> kept{"_servo_para_", "_servo_para_un_", "_servo_para_ob_",
@@ -53,6 +57,13 @@ bool staysOnPage(const TraceBlock& block)
         || isOneOf(block.operation, {"key 1", "key 2", "key 3", "key 4"});
 }
 
+// How many places in the list of servos the operation goes on.
+int stepOf(const TraceBlock& block)
+{
+    if (isOneOf(block.operation, {"key 5", "key! 5"})) return -1;
+    return isOneOf(block.operation, {"key 6", "key! 6"}) ? 1 : 0;
+}
+
 bool isConfirmKey(const TraceBlock& block) { return isOneOf(block.operation, {"key 10", "key! 10"}); }
 
 // What panel and machine tell each other, apart from parameters: where it may come from, and what it may be.
@@ -68,14 +79,26 @@ std::optional<std::string> brokenOther(const Access& write, const TraceBlock& bl
     }
     if (write.name == "Ch-1.intern<.navi_password_countdown>")
         return block.verb() == "create" ? std::nullopt : std::optional{wrong};
-    if (write.name != "Ch-1.intern<.servo_zeiger>" || isConfirmKey(block)) return wrong;
+    if (write.name != placeVariable || isConfirmKey(block)) return wrong;
     if (!value) return std::nullopt;
-    const int place = basic::toInt32(*value);
+    const int told = basic::toInt32(*value);
     const bool leaves = isOneOf(block.operation, {"key 9", "key 11", "key 31", "menukey 11", "menukey 31"});
     // At its start the panel takes over whatever place is remembered.
-    if (place > static_cast<int>(std::size(servos)) || (leaves && place != 0))
-        return wrong + " as " + std::to_string(place);
+    if (told > static_cast<int>(std::size(servos)) || (leaves && told != 0))
+        return wrong + " as " + std::to_string(told);
     return std::nullopt;
+}
+
+// Whether the family could not be read when the confirm was about to write it. The page reads it before that as well, to
+// show what the machine holds, and afterwards anew.
+bool isUnreadable(const TraceBlock& block, std::string_view name, std::string_view flag)
+{
+    bool isFailed = false;
+    for (const std::string_view line : block.lines) {
+        if (line.starts_with(flag)) break;
+        if (const auto read = accessOf(line, "read "); read && read->name == name) isFailed = !read->value;
+    }
+    return isFailed;
 }
 
 } // namespace
@@ -89,6 +112,8 @@ Rules::Rules(Screen& screen)
 
 void Rules::before()
 {
+    wasInputOpen_ = screen_.isShown() && screen_.isSeen("ServoMain") && screen_.isInputOpen();
+    takesEveryNumber_ = wasInputOpen_ && screen_.takesEveryNumber();
     for (const auto& names : keptNames())
         for (const std::string& name : names) {
             const basic::Variant* const value = screen_.variable(name);
@@ -116,17 +141,26 @@ std::optional<std::string> Rules::broken(std::string_view trace)
 
 std::optional<std::string> Rules::brokenBlock(const TraceBlock& block, bool isOperators)
 {
-    hasTold_ = false;
+    written_.clear();
     confirmed_ = edits_.changed();
     const int servo = edits_.servo();
-    if (const auto wrong = edits_.begin(block, isOperators)) return wrong;
+    if (const auto wrong = edits_.begin(block, isOperators, takesEveryNumber_)) return wrong;
     const bool isConfirm = edits_.isConfirm();
-    for (const std::string_view line : block.lines) {
+    for (std::size_t i = 0; i < block.lines.size(); ++i) {
+        const std::string_view line = block.lines[i];
         if (line.starts_with("error 51 ")) return "an internal error: " + std::string{line};
-        if (const auto write = accessOf(line, "write "))
+        const auto write = accessOf(line, "write ");
+        const auto access = write ? write : accessOf(line, "read ");
+        if (access && !access->value && !block.isReported(i))
+            return inQuotes(access->name) + " cannot be " + (write ? "written" : "read")
+                + ", and nobody is told";
+        if (write)
             if (const auto wrong = brokenWrite(*write, block)) return wrong;
         if (const auto wrong = edits_.line(block, line)) return wrong;
     }
+    if (const auto wrong = brokenServo(block)) return wrong;
+    if (isOperators)
+        if (const auto wrong = unanswered(block)) return wrong;
     if (isConfirm) {
         if (const auto wrong = unwritten(block)) return wrong;
         tally_.add(Tally::confirms, std::to_string(servo));
@@ -141,29 +175,62 @@ std::optional<std::string> Rules::brokenWrite(const Access& write, const TraceBl
     if (block.isRefused)
         return inQuotes(write.name) + " is written by " + inQuotes(block.operation) + ", which was refused";
     const std::optional<ServoName> name = servoNameOf(write.name);
-    if (!name) return brokenOther(write, block);
+    if (!name) {
+        if (const auto wrong = brokenOther(write, block)) return wrong;
+        return write.name == placeVariable ? brokenPlace(write, block) : std::nullopt;
+    }
     if (name->written == nullptr && name->family != Geaendert)
         return inQuotes(write.name) + " is written by " + inQuotes(block.operation)
             + ", and nothing writes it";
     if (!isConfirmKey(block)) return inQuotes(write.name) + " is written by " + inQuotes(block.operation);
-    if (!edits_.isConfirm()) {
-        if (hasTold_) return inQuotes(write.name) + " is written after the confirm is over";
+    if (!edits_.isConfirm())
         return inQuotes(write.name) + " is written by " + inQuotes(block.operation)
             + ", and nothing was entered";
-    }
     if (name->servo != edits_.servo())
         return inQuotes(write.name) + " is written on the page of servo " + std::to_string(edits_.servo());
+    if (const auto wrong = brokenOrder(write)) return wrong;
     if (!write.value) {
         tally_.add(Tally::failedWrites);
-        return block.has("error ")
-            ? std::nullopt
-            : std::optional{inQuotes(write.name) + " cannot be written, and nobody is told"};
+        return std::nullopt;
     }
-    if (name->written == nullptr) {
-        hasTold_ = true;
-        return brokenFlag(write);
-    }
-    return brokenParameters(write, *name);
+    return name->written == nullptr ? brokenFlag(write) : brokenParameters(write, *name);
+}
+
+// The machine takes the parameters over when it is told of them: what comes later it would get at another time.
+std::optional<std::string> Rules::brokenOrder(const Access& write)
+{
+    const std::string flag = servoVariable(edits_.servo(), Geaendert);
+    if (written_.count(flag) > 0) return inQuotes(write.name) + " is written after the confirm is over";
+    if (!written_.emplace(write.name).second)
+        return inQuotes(write.name) + " is written twice by one confirm";
+    return std::nullopt;
+}
+
+// At the place that the panel tells the machine stands the servo whose parameters it reads. Without its list of servos,
+// which can get lost, it reads none of them.
+std::optional<std::string> Rules::brokenServo(const TraceBlock& block) const
+{
+    if (!place_ || *place_ < 1 || !block.has("write " + std::string{placeVariable})) return std::nullopt;
+    const int servo = servos[*place_ - 1];
+    const bool isListed = std::find(std::begin(servos), std::end(servos), edits_.servo()) != std::end(servos);
+    if (edits_.servo() == servo || !isListed) return std::nullopt;
+    return inQuotes(block.operation) + " leads to servo " + std::to_string(servo) + " and reads servo "
+        + std::to_string(edits_.servo());
+}
+
+// A key that leads to the next servo leads to the one beside the one that was shown. Whoever leaves the page has the place
+// forgotten, and the page keeps it for itself.
+std::optional<std::string> Rules::brokenPlace(const Access& write, const TraceBlock& block)
+{
+    const std::optional<basic::Variant> value = write.value ? valueOf(*write.value) : std::nullopt;
+    const std::optional<int> told =
+        value ? std::optional{static_cast<int>(basic::toInt32(*value))} : std::nullopt;
+    const int step = stepOf(block);
+    if (step == 0 && told == 0) return std::nullopt;
+    const std::optional<int> before = std::exchange(place_, told);
+    if (step == 0 || !before || !told || *told == *before + step) return std::nullopt;
+    return inQuotes(block.operation) + " leads from place " + std::to_string(*before) + " to place "
+        + std::to_string(*told);
 }
 
 std::optional<std::string> Rules::brokenFlag(const Access& write) const
@@ -213,7 +280,7 @@ std::optional<std::string> Rules::brokenElements(
 }
 
 // Everything that was entered is written, unless the machine does not answer or holds nothing that it could go into.
-std::optional<std::string> Rules::unwritten(const TraceBlock& block) const
+std::optional<std::string> Rules::unwritten(const TraceBlock& block)
 {
     const int servo = edits_.servo();
     const std::string flag = "write " + servoVariable(servo, Geaendert);
@@ -222,13 +289,28 @@ std::optional<std::string> Rules::unwritten(const TraceBlock& block) const
     for (const std::int16_t field : confirmed_) {
         const Family& family = familyOf(field);
         const std::string name = servoVariable(servo, family.name);
-        if (block.has("write " + name) || block.has("read " + name + " failed")) continue;
+        if (block.has("write " + name)) continue;
+        if (isUnreadable(block, name, flag)) {
+            tally_.add(Tally::unread);
+            continue;
+        }
         const auto before = held_.find(name);
         const Elements was = before == held_.end() ? Elements{} : elementsOf(family, before->second);
         if (static_cast<std::size_t>(field - family.firstField) < was.size())
             return inQuotes(name) + " was changed and confirmed, and is not written";
     }
     return std::nullopt;
+}
+
+// What the operator touches does something: the mask or the editor opens, the switch turns, or he is told why not. Where
+// one of the two is open already, the page goes on with that.
+std::optional<std::string> Rules::unanswered(const TraceBlock& block) const
+{
+    if (block.verb() != "touch" || block.isRefused || wasInputOpen_) return std::nullopt;
+    for (const std::string_view answer : {"put ServoMain.Eingabemaske.0x68030000 = true",
+             "put ServoMain.IniEingabe.0x68030009 = true", "put ServoMain.Schalter", "message "})
+        if (block.has(answer)) return std::nullopt;
+    return inQuotes(block.operation) + " does nothing";
 }
 
 std::optional<std::string> Rules::changedAlone(std::string_view trace) const

@@ -30,6 +30,8 @@ public:
     virtual bool isConfirmOn() = 0;
     // Whether the mask or the definition editor lies open over the page.
     virtual bool isInputOpen() = 0;
+    // Whether the mask began with a value that may not be the machine's, so that every number entered there is a change.
+    virtual bool takesEveryNumber() = 0;
 };
 
 // What holds after every command, whatever the operator and the machine did before:
@@ -37,7 +39,9 @@ public:
 //   - The parameters of a servo are written by a confirm alone, those of the servo that is shown, and with nothing but what
 //     the operator entered; everything that was entered is written, unless the machine cannot be read or written.
 //   - Nothing else is written but the few variables by which panel and machine tell each other where they are.
-//   - What the machine holds changes by a write alone. A parameter that cannot be written is reported.
+//   - What the machine holds changes by a write alone. What cannot be read or written is reported at once.
+//   - A confirm writes each family once, and after that it tells the machine, once.
+//   - A touch that is not refused does something. Keys 5 and 6 lead to the servos beside the one that is shown.
 //   - Only the page or the menu is to be seen. Just the inputs with a number of the operator's are marked, and a
 //     confirm is offered while something waits for it.
 //
@@ -62,7 +66,11 @@ private:
     std::optional<std::string> brokenElements(
         const Access& write, const Family& family, const Elements& is, const Elements& was) const;
     std::optional<std::string> brokenFlag(const Access& write) const;
-    std::optional<std::string> unwritten(const TraceBlock& block) const;
+    std::optional<std::string> brokenOrder(const Access& write);
+    std::optional<std::string> brokenPlace(const Access& write, const TraceBlock& block);
+    std::optional<std::string> unwritten(const TraceBlock& block);
+    std::optional<std::string> brokenServo(const TraceBlock& block) const;
+    std::optional<std::string> unanswered(const TraceBlock& block) const;
     std::optional<std::string> changedAlone(std::string_view trace) const;
     std::optional<std::string> brokenScreen();
     std::optional<std::string> brokenMarks();
@@ -73,7 +81,10 @@ private:
     Tally tally_;
     std::map<std::string, basic::Variant, std::less<>> held_; // by the machine before the command
     std::set<std::int16_t> confirmed_; // fields that the confirm of this block is about
-    bool hasTold_ = false; // the machine, that its parameters were changed
+    std::set<std::string, std::less<>> written_; // by this confirm, also where the machine did not take it
+    std::optional<int> place_; // of the servo that is shown, as the panel tells the machine
+    bool wasInputOpen_ = false; // before the command
+    bool takesEveryNumber_ = false;
 };
 
 } // namespace servopanel::monkey

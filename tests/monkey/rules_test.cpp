@@ -28,6 +28,7 @@ public:
     bool offersConfirm() override { return offered; }
     bool isConfirmOn() override { return confirmOn; }
     bool isInputOpen() override { return inputOpen; }
+    bool takesEveryNumber() override { return everyNumber; }
 
     std::map<std::string, Variant, std::less<>> variables;
     bool page = true;
@@ -36,10 +37,13 @@ public:
     bool offered = false;
     bool confirmOn = true;
     bool inputOpen = false;
+    bool everyNumber = false;
 };
 
 const std::string offer = "call ServoMain.Fußzeile.0x68030007(10, \"Standard\\OK.wmf\")\n";
 const std::string maskOpens = "put ServoMain.Eingabemaske.0x68030000 = true\n";
+
+const std::string report = "error 5 \"Ma WerteSchreiben\" \"no answer\"\n";
 
 class RulesTest : public ::testing::Test {
 protected:
@@ -185,9 +189,64 @@ TEST_F(RulesTest, WhatTheMachineDoesNotTakeIsReported)
     showServo(1);
     enter("SollwertL 1", "9");
     const std::string failed = "write " + name(3, "_servo_para_") + " failed\n";
-    EXPECT_EQ(confirmed(failed + "error 5 \"Ma WerteSchreiben\" \"no answer\"\n" + told(3)), "");
+    EXPECT_EQ(confirmed(failed + report + told(3)), "");
     enter("SollwertL 1", "9");
     EXPECT_RULE("cannot be written, and nobody is told", confirmed(failed + told(3)));
+    // A report of something else is none of this.
+    enter("SollwertL 1", "9");
+    EXPECT_RULE("cannot be written, and nobody is told", confirmed(report + failed + told(3) + report));
+}
+
+TEST_F(RulesTest, WhatTheMachineDoesNotGiveIsReported)
+{
+    showServo(1);
+    enter("SollwertL 1", "9");
+    const std::string failed = "read " + name(3, "_servo_para_") + " failed\n";
+    EXPECT_EQ(confirmed(failed + report + told(3)), "");
+    enter("SollwertL 1", "9");
+    EXPECT_RULE("cannot be read, and nobody is told", confirmed(report + failed + told(3) + report));
+    EXPECT_RULE("cannot be read, and nobody is told", after("> timer\n" + failed));
+}
+
+// The page reads a family to show it, then to write it, and then shows it again: it need not be written when the second of
+// these reads fails.
+TEST_F(RulesTest, WhatCanBeReadForAConfirmIsWritten)
+{
+    const std::string good = read(3, "_servo_para_", "[1.5, 2, 3]");
+    const std::string bad = "read " + name(3, "_servo_para_") + " failed\n" + report;
+    const std::string written = "was changed and confirmed, and is not written";
+    showServo(1);
+    enter("SollwertL 1", "9");
+    EXPECT_EQ(confirmed(good + bad + told(3) + good), "");
+    enter("SollwertL 1", "9");
+    EXPECT_RULE(written, confirmed(bad + good + told(3)));
+    enter("SollwertL 1", "8");
+    EXPECT_RULE(written, confirmed(good + told(3) + bad));
+}
+
+TEST_F(RulesTest, AConfirmWritesEachFamilyOnce)
+{
+    showServo(1);
+    enter("SollwertL 1", "9");
+    const std::string once = setpoints(3, 9, "9");
+    EXPECT_RULE("is written twice by one confirm", confirmed(once + once + told(3)));
+    enter("SollwertL 1", "9");
+    const std::string failed = "write " + name(3, "_servo_para_") + " failed\n" + report;
+    EXPECT_RULE("is written twice by one confirm", confirmed(failed + once + told(3)));
+}
+
+TEST_F(RulesTest, AfterTheMachineIsToldNothingIsWritten)
+{
+    const std::string over = "is written after the confirm is over";
+    showServo(1);
+    enter("SollwertL 1", "9");
+    EXPECT_RULE(over, confirmed(setpoints(3, 9, "9") + told(3) + told(3)));
+    enter("SollwertL 1", "8");
+    EXPECT_RULE(over, confirmed(told(3) + setpoints(3, 8, "8")));
+    // Nor when the machine did not take it.
+    enter("SollwertL 1", "7");
+    EXPECT_RULE(
+        over, confirmed("write " + name(3, "_servoaender_") + " failed\n" + report + setpoints(3, 7, "7")));
 }
 
 // The mask was left; on the way to another servo and back the touch is forgotten.
@@ -218,7 +277,81 @@ TEST_F(RulesTest, ATouchedInputIsWrittenAsItIsShown)
 TEST_F(RulesTest, NothingIsTakenBeyondItsLimits)
 {
     showServo(1);
+    EXPECT_EQ(enter("SollwertL 1", "100"), "");
     EXPECT_RULE("lies outside its limits", enter("SollwertL 1", "100.5"));
+    EXPECT_EQ(enter("SollwertL 1", "0"), "");
+    EXPECT_RULE("lies outside its limits", enter("SollwertL 1", "-0.5"));
+    after("> timer\n" + read(3, "_servo_para_un_", "[10, 0, 0]"));
+    EXPECT_RULE("lies outside its limits", enter("SollwertL 1", "9.5"));
+}
+
+TEST_F(RulesTest, ANumberIsEnteredInAnInput)
+{
+    showServo(1);
+    EXPECT_RULE("'mask 5' is taken, and no input was touched", after("> mask 5\n" + offer));
+}
+
+// Unless the mask began with a number that may not be the machine's.
+TEST_F(RulesTest, TheNumberThatStandsThereIsNoChange)
+{
+    const std::string noChange = "a confirm is offered, and nothing was entered";
+    showServo(1);
+    screen_.offered = true;
+    after("> touch SollwertL 1\n" + maskOpens);
+    EXPECT_RULE(noChange, after("> mask 1.5\n" + offer));
+    screen_.offered = false;
+    after("> touch SollwertL 1\n" + maskOpens);
+    EXPECT_EQ(after("> mask 1.5\n"), "");
+
+    screen_.everyNumber = screen_.inputOpen = true;
+    after("> touch SollwertL 1\n" + maskOpens);
+    screen_.inputOpen = false;
+    screen_.offered = true;
+    screen_.green = {1};
+    EXPECT_EQ(after("> mask 1.5\n" + offer), "");
+}
+
+TEST_F(RulesTest, ATouchThatIsNotRefusedDoesSomething)
+{
+    const std::string noAnswer = "'touch SollwertL 1' does nothing";
+    showServo(1);
+    EXPECT_RULE(noAnswer, after("> touch SollwertL 1\n"));
+    EXPECT_RULE(noAnswer, after("> touch SollwertL 1\nput ServoMain.Eingabemaske.Left = 3210\n"));
+    EXPECT_EQ(after("> touch SollwertL 1\nrefused touch\n"), "");
+    EXPECT_EQ(after("> touch SollwertL 1\nmessage \"No permission\"\n"), "");
+    EXPECT_EQ(after("> touch SollwertL 1\nput ServoMain.IniEingabe.0x68030009 = true\n"), "");
+    EXPECT_RULE("'touch SchalterL 31' does nothing", after("> touch SchalterL 31\n"));
+    screen_.inputOpen = true;
+    after("> timer\n");
+    EXPECT_EQ(after("> touch SollwertL 1\n"), ""); // one input at a time
+}
+
+TEST_F(RulesTest, KeysLeadToTheServoBeside)
+{
+    const auto to = [](int place, int servo) {
+        return "write Ch-1.intern<.servo_zeiger> = " + std::to_string(place) + "\n" + readAll(servo);
+    };
+    showServo(1);
+    EXPECT_EQ(after("> key 6\n" + to(2, 5)), "");
+    EXPECT_EQ(after("> key 5\n" + to(1, 3)), "");
+    EXPECT_RULE("'key 6' leads from place 1 to place 3", after("> key 6\n" + to(3, 7)));
+    EXPECT_RULE("'key 5' leads from place 3 to place 3", after("> key 5\n" + to(3, 7)));
+    // Forgotten for the next start is not forgotten by the page.
+    after("> key 6\n" + to(2, 5));
+    after("> key 11\nwrite Ch-1.intern<.servo_zeiger> = 0\n");
+    EXPECT_EQ(after("> key 6\n" + to(3, 7)), "");
+    // Whoever makes the control anew takes over what is remembered.
+    EXPECT_EQ(after("> create\n" + to(1, 3)), "");
+    // Where the machine was not told of the place, nobody knows where the keys lead.
+    EXPECT_EQ(after("> key 6\nwrite Ch-1.intern<.servo_zeiger> failed\n" + report + readAll(5)), "");
+    EXPECT_EQ(after("> key 6\n" + to(3, 7)), "");
+}
+
+TEST_F(RulesTest, TheServoOfThePlaceIsRead)
+{
+    showServo(1);
+    EXPECT_RULE("'key 6' leads to servo 5 and reads servo 7",
+        after("> key 6\nwrite Ch-1.intern<.servo_zeiger> = 2\n" + readAll(7)));
 }
 
 TEST_F(RulesTest, ATouchTurnsASwitch)
@@ -273,6 +406,35 @@ TEST_F(RulesTest, OtherVariablesAreWrittenByTheirKeysAlone)
     EXPECT_RULE("as 2", after("> key 11\nwrite Ch-1.intern<.servo_zeiger> = 2\n"));
     EXPECT_EQ(after("> key 11\nwrite Ch-1.intern<.servo_zeiger> = 0\n"), "");
     EXPECT_EQ(after("> create\nwrite Ch-1.intern<.ocxname> = \"Servo\"\n"), "");
+    EXPECT_RULE("' is written by 'create' with another name",
+        after("> create\nwrite Ch-1.intern<.ocxname> = \"Servos\"\n"));
+    EXPECT_RULE("' is written by 'create', and it is no value",
+        after("> create\nwrite Ch-1.intern<.ocxname> = Servo\n"));
+    const std::string countdown = "write Ch-1.intern<.navi_password_countdown> = 300\n";
+    EXPECT_EQ(after("> create\n" + countdown), "");
+    EXPECT_RULE("navi_password_countdown>' is written by 'show'", after("> show\n" + countdown));
+}
+
+// The three that tell of a write that cannot be compared with what the machine held before it.
+TEST_F(RulesTest, WhatIsWrittenIsOfTheKindThatTheMachineHolds)
+{
+    showServo(1);
+    enter("SollwertL 1", "9");
+    EXPECT_RULE("is written, and not as 1",
+        confirmed(setpoints(3, 9, "9") + write(3, "_servoaender_", Variant{std::int16_t{2}}, "2")));
+    enter("SollwertL 1", "8");
+    EXPECT_RULE("is written, and not as 1",
+        confirmed(setpoints(3, 8, "8") + "write " + name(3, "_servoaender_") + " = one\n"));
+    enter("SollwertL 1", "7");
+    EXPECT_RULE("has another length",
+        confirmed(write(3, "_servo_para_", Variant{basic::doubles({7, 2})}, "[7, 2]") + told(3)));
+    enter("SollwertL 1", "6");
+    EXPECT_RULE(
+        "came out of nothing", confirmed("write " + name(3, "_servo_para_") + " = rubbish\n" + told(3)));
+    screen_.variables.erase(name(3, "_servo_para_"));
+    rules_.before();
+    enter("SollwertL 1", "5");
+    EXPECT_RULE("came out of nothing", confirmed(setpoints(3, 5, "5") + told(3)));
 }
 
 TEST_F(RulesTest, WhatIsRefusedWritesNothing)

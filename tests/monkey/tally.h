@@ -11,9 +11,9 @@ class Tally {
 public:
     static constexpr std::string_view played = "commands played", skipped = "commands skipped",
                                       confirms = "confirms of servo ", values = "written ",
-                                      failedWrites = "failed writes", editors = "editor OKs",
-                                      refused = "refused", scrolls = "scrolls", diagnosis = "diagnosis pages",
-                                      discards = "discards";
+                                      failedWrites = "failed writes", unread = "not read for a confirm",
+                                      editors = "editor OKs", refused = "refused", scrolls = "scrolls",
+                                      diagnosis = "diagnosis pages", discards = "discards";
 
     void add(std::string_view what, std::size_t times = 1) { counts_[std::string{what}] += times; }
     void add(std::string_view what, std::string_view which, std::size_t times = 1)

@@ -12,6 +12,11 @@ bool TraceBlock::has(std::string_view beginning) const
         lines.begin(), lines.end(), [&](std::string_view line) { return line.starts_with(beginning); });
 }
 
+bool TraceBlock::isReported(std::size_t line) const
+{
+    return line + 1 < lines.size() && lines[line + 1].starts_with("error ");
+}
+
 std::vector<TraceBlock> blocksOf(std::string_view trace)
 {
     std::vector<TraceBlock> blocks(1);

@@ -17,6 +17,8 @@ struct TraceBlock {
 
     std::string_view verb() const { return operation.substr(0, operation.find(' ')); }
     bool has(std::string_view beginning) const;
+    // Whether what went wrong in a line is reported right after it, as each statement that fails is.
+    bool isReported(std::size_t line) const;
 };
 
 std::vector<TraceBlock> blocksOf(std::string_view trace);

@@ -167,6 +167,49 @@ TEST(PanelRun, SeesAPanelThatDoesNotAnswer)
         "broken: a touch of key 11 does nothing");
 }
 
+TEST(PanelRun, SeesAKeyBackThatLeadsNowhere)
+{
+    EXPECT_EQ(tracedOnPanel({"# panel: open", "menukey 11", "# panel: forge deaf", "# panel: probe"}),
+        "broken: the key back leads nowhere");
+}
+
+TEST(PanelRun, SeesWhatTakesNoTouch)
+{
+    const std::string numb = "# panel: forge numb";
+    const std::string reason = " does not reach the library, and nobody says why";
+    EXPECT_EQ(tracedOnPanel(onThePage({numb, "touch SollwertL 1"})), "broken: 'touch SollwertL 1'" + reason);
+    EXPECT_EQ(
+        tracedOnPanel(onThePage({numb, "touch SchalterL 31"})), "broken: 'touch SchalterL 31'" + reason);
+    EXPECT_EQ(tracedOnPanel(onThePage({"touch SollwertL 2", "mask 42.5", numb, "key 10"})),
+        "broken: 'key 10'" + reason);
+}
+
+TEST(PanelRun, SeesASwitchThatIsMarkedAndWasNotTurned)
+{
+    EXPECT_EQ(tracedOnPanel(onThePage({"# panel: forge turn"})),
+        "broken: switch 31 is marked as changed, and nobody turned it");
+}
+
+TEST(PanelRun, SeesASwitchThatWasTurnedAndIsNotMarked)
+{
+    EXPECT_EQ(tracedOnPanel(onThePage({"touch SchalterL 31", "# panel: forge settle"})),
+        "broken: switch 31 was turned, and it is not marked");
+}
+
+TEST(PanelRun, SeesWhatComesOutOfAnOperation)
+{
+    EXPECT_EQ(tracedOnPanel({"# panel: forge throw"}),
+        "broken: '# panel: forge throw': an exception came out: no room");
+}
+
+// A real panel keeps within both.
+TEST(PanelRun, SeesWhatGrowsWithoutEnd)
+{
+    EXPECT_EQ(brokenAmount("key 5", 200, 20'000), std::nullopt);
+    EXPECT_EQ(brokenAmount("key 5", 201, 0), "the list of reports grows without end");
+    EXPECT_EQ(brokenAmount("key 5", 0, 20'001), "'key 5' has no end");
+}
+
 TEST(PanelRun, StartsAnewForAnotherScreen)
 {
     const std::string trace = tracedOnPanel(onThePage({"touch SollwertL 1", "mask 42.5",

@@ -1,5 +1,6 @@
 #include "panel_monkey/panel_run.h"
 
+#include "basic/conversions.h"
 #include "monkey/parameters.h"
 #include "monkey/project.h"
 #include "monkey/rules.h"
@@ -8,6 +9,7 @@
 #include "panel/form/fusszeile.h"
 #include "panel/form/header.h"
 #include "panel/form/ini_eingabe.h"
+#include "panel/form/schalter.h"
 #include "panel/form/timer_child.h"
 #include "panel/test_project.h"
 #include "panel_monkey/by_hand.h"
@@ -18,16 +20,17 @@
 #include "recording/trace/path_names.h"
 #include "recording/trace/value_text.h"
 
+#include <QEvent>
 #include <QKeySequence>
 
 #include <algorithm>
 #include <array>
-#include <exception>
 #include <fstream>
 #include <iterator>
 #include <map>
 #include <set>
 #include <sstream>
+#include <stdexcept>
 
 namespace servopanel::monkey {
 
@@ -116,6 +119,18 @@ private:
     std::map<std::string, std::string> away_; // what stood in them
 };
 
+// Takes the touches of a widget away.
+class NoTouches : public QObject {
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        return event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonRelease;
+    }
+};
+
 // A panel under the hands of the operator, and what the rules see of it.
 class PanelRun : public Screen {
 public:
@@ -157,24 +172,25 @@ public:
     {
         const std::string command = ofThePanel(scenario);
         lastCommand_ = command;
+        noteMask(command);
         rules_->before();
         written_.clear();
         lastTrace_.clear();
         came_.clear();
         mayConfirm_ = false;
+        mustCome_.clear();
         std::optional<std::string> wrong;
         std::string_view counted = Tally::played;
-        try {
-            wrong = perform(command);
-        } catch (const NotThere&) {
-            counted = Tally::skipped; // nothing that could be done now
-        } catch (const recording::Malformed&) {
-            counted = Tally::skipped;
-        } catch (const basic::Error& error) {
-            return "an error came out of '" + command + "': " + error.description;
-        } catch (const std::exception& error) {
-            return "an exception came out of '" + command + "': " + error.what();
-        }
+        const auto exception = exceptionOf([&] {
+            try {
+                wrong = perform(command);
+            } catch (const NotThere&) {
+                counted = Tally::skipped; // nothing that could be done now
+            } catch (const recording::Malformed&) {
+                counted = Tally::skipped;
+            }
+        });
+        if (exception) return "'" + command + "': " + *exception;
         keepTimerStill();
         listen();
         rules_->tally().add(counted);
@@ -211,6 +227,7 @@ public:
         return page()->require<panel::EingabemaskeChild>("Eingabemaske").isOpen()
             || page()->require<panel::IniEingabeChild>("IniEingabe").isOpen();
     }
+    bool takesEveryNumber() override { return takesEveryNumber_; }
     const Tally& tally() const { return rules_->tally(); }
 
 private:
@@ -228,6 +245,9 @@ private:
     void tick();
     std::optional<std::string> probe();
     void closeWhatIsOpen();
+    void noteMask(const std::string& command);
+    std::string lineOfTouch(const std::string& command);
+    bool isInReach(QWidget& target);
     std::optional<std::string> brokenSwitch();
     std::optional<std::string> brokenOnScreen(const std::string& command, const std::string& trace);
 
@@ -301,6 +321,9 @@ private:
     std::set<std::string> written_; // by the library or the panel in this command
     bool mayConfirm_ = false; // the operator pressed the confirm key in this command
     bool offersConfirm_ = false; // the picture of that key says so
+    bool beganOld_ = false; // the mask that is open, with a number that may not be the machine's
+    bool takesEveryNumber_ = false; // the mask in this command
+    std::string mustCome_; // the beginning of what the library gets of this command
 };
 
 std::optional<std::string> PanelRun::perform(const std::string& command)
@@ -318,6 +341,7 @@ void PanelRun::doAsScenario(const std::string& command)
     Words words{command};
     const std::string verb = words.word();
     mayConfirm_ = verb == "key" && words.whole() == confirmKey;
+    mustCome_ = lineOfTouch(command);
     if (doneByHand(*hands_, command)) return;
     if (verb == "timer") {
         tick();
@@ -409,7 +433,23 @@ void PanelRun::forge(const std::string& what)
         cover->setGeometry(panel_->window().stage().rect());
         cover->show();
         cover->raise();
-    } else if (page() != nullptr) {
+    } else if (what == "throw") {
+        throw std::runtime_error{"no room"};
+    } else if (page() == nullptr) {
+        throw NotThere{"a page"};
+    } else if (what == "numb") {
+        auto* const filter = new NoTouches{&panel_->window().stage()};
+        page()->require<panel::SchalterChild>("SchalterL", 31).view().installEventFilter(filter);
+        page()->find("SollwertL", 1)->view().installEventFilter(filter);
+        page()->require<panel::FußzeileChild>("Fußzeile").bar().key(confirmKey).installEventFilter(filter);
+    } else if (what == "turn") {
+        // As if the library had turned it.
+        auto& lever = page()->require<panel::SchalterChild>("SchalterL", 31);
+        lever.put(platform::ids::Schalter::Zustand, {},
+            Variant{!basic::toBoolean(lever.get(platform::ids::Schalter::Zustand, {}))});
+    } else if (what == "settle") {
+        page()->require<panel::SchalterChild>("SchalterL", 31).settle();
+    } else {
         const Variant key{static_cast<std::int16_t>(std::atoi(what.c_str()))};
         page()->deliver(ChildId{"Fußzeile"}, "TasteClick", {&key, 1});
     }
@@ -547,7 +587,7 @@ std::optional<std::string> PanelRun::probe()
     if (panel_->servo() == nullptr) open();
     hands_->wait(0);
     ControlHost* const part = panel_->shownPart();
-    if (part == nullptr) return "nothing is shown that could be touched";
+    if (part == nullptr) throw NotThere{"a page or the menu"}; // which is a rule of its own
     auto& footer = part->require<panel::FußzeileChild>("Fußzeile");
     for (const int number : {leaveKey, 5, 6, 7, 8, 1, 2}) {
         if (!footer.enabled() || !footer.bar().key(number).isOn()) continue;
@@ -560,6 +600,45 @@ std::optional<std::string> PanelRun::probe()
         break;
     }
     return std::nullopt;
+}
+
+// Every number that is entered over an old one is a change. A mask that shows it still was left as it was.
+void PanelRun::noteMask(const std::string& command)
+{
+    const bool isOpen =
+        page() != nullptr && page()->require<panel::EingabemaskeChild>("Eingabemaske").isOpen();
+    const bool showsOld =
+        isOpen && page()->require<panel::EingabemaskeChild>("Eingabemaske").mask().showsOld();
+    beganOld_ = isOpen && (beganOld_ || showsOld);
+    takesEveryNumber_ = beganOld_ && (command.starts_with("mask ") || !showsOld);
+}
+
+// What the library gets of a touch on an input or a key that can be touched now; empty where it may get nothing.
+std::string PanelRun::lineOfTouch(const std::string& command)
+{
+    Words words{command};
+    const std::string verb = words.word();
+    ControlHost* const part = panel_->shownPart();
+    if (part == nullptr || (part == page() && isInputOpen())) return {};
+    if (verb == "touch" && part == page()) {
+        const std::string name = words.word();
+        const auto index = static_cast<std::int16_t>(words.whole());
+        const bool isFree = hands_->isFree(name, index) && isInReach(part->find(name, index)->view());
+        return isFree ? "> touch " : "";
+    }
+    if ((verb == "key" && part == page()) || (verb == "menukey" && part != page())) {
+        panel::TouchKey& key = part->require<panel::FußzeileChild>("Fußzeile").bar().key(words.whole());
+        return key.isOn() && isInReach(key) ? "> " + command + "\n" : "";
+    }
+    return {};
+}
+
+// Whether nothing lies over the middle of it.
+bool PanelRun::isInReach(QWidget& target)
+{
+    QWidget& stage = panel_->window().stage();
+    QWidget* const there = stage.childAt(target.mapTo(&stage, target.rect().center()));
+    return there != nullptr && (there == &target || target.isAncestorOf(there));
 }
 
 void PanelRun::noteConfirmKey(const std::string& trace)
@@ -588,11 +667,11 @@ std::optional<std::string> PanelRun::brokenSwitch()
 
 std::optional<std::string> PanelRun::brokenOnScreen(const std::string& command, const std::string& trace)
 {
-    constexpr std::size_t mostReports = 200; // lines of the list
-    constexpr std::size_t mostLinesOfACommand = 20'000;
-
     if (!mayConfirm_ && trace.find("> key 10\n") != std::string::npos)
         return "'" + command + "' confirms, and no confirm key was touched";
+    const bool isRefused = panel_->answers().isDue() && panel_->answers().isRefusal();
+    if (!mustCome_.empty() && !isRefused && trace.find(mustCome_) == std::string::npos)
+        return "'" + command + "' does not reach the library, and nobody says why";
     const std::size_t touched = trace.find("> touch ");
     if (touched != std::string::npos && command.starts_with("touch ")
         && trace.compare(touched + 2, command.size() + 1, command + "\n") != 0)
@@ -602,10 +681,8 @@ std::optional<std::string> PanelRun::brokenOnScreen(const std::string& command, 
     for (const std::string& name : written_)
         if (servoNameOf(name) && trace.find("write " + name + " = ") == std::string::npos)
             return "'" + name + "' was written past the library";
-    if (panel_->errors().entries().size() > mostReports) return "the list of reports grows without end";
-    if (static_cast<std::size_t>(std::count(trace.begin(), trace.end(), '\n')) > mostLinesOfACommand)
-        return "'" + command + "' has no end";
-    return std::nullopt;
+    return brokenAmount(command, panel_->errors().entries().size(),
+        static_cast<std::size_t>(std::count(trace.begin(), trace.end(), '\n')));
 }
 
 std::string resolutionCommand()
@@ -632,6 +709,15 @@ Commands commandsOnPanel(unsigned seed, std::size_t count)
     while (commands.size() < count)
         commands.push_back(hands.next());
     return commands;
+}
+
+std::optional<std::string> brokenAmount(const std::string& command, std::size_t reports, std::size_t lines)
+{
+    constexpr std::size_t mostReports = 200; // lines of the list
+    constexpr std::size_t mostLinesOfACommand = 20'000;
+    if (reports > mostReports) return "the list of reports grows without end";
+    if (lines > mostLinesOfACommand) return "'" + command + "' has no end";
+    return std::nullopt;
 }
 
 Played playedOnPanel(const Commands& commands, const Progress& progress, std::string* trace)

@@ -12,6 +12,9 @@ Commands commandsOnPanel(unsigned seed, std::size_t count);
 Played playedOnPanel(const Commands& commands, const Progress& progress = {}, std::string* trace = nullptr);
 std::optional<Finding> playOnPanel(const Commands& commands);
 
+// What is too much: reports in the list, lines of one command's trace.
+std::optional<std::string> brokenAmount(const std::string& command, std::size_t reports, std::size_t lines);
+
 // What crosses the library's border meanwhile, as the panel's own trace tells it; or the rule that is broken.
 std::string tracedOnPanel(const Commands& commands);
 
