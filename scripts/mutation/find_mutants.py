@@ -19,11 +19,16 @@ GAP = re.compile(rb"\s|//[^\n]*\n|/\*.*?\*/", re.S)
 STATEMENTS = (Kind.CALL_EXPR, Kind.BINARY_OPERATOR, Kind.COMPOUND_ASSIGNMENT_OPERATOR, Kind.UNARY_OPERATOR)
 FUNCTIONS = (Kind.FUNCTION_DECL, Kind.CXX_METHOD, Kind.CONSTRUCTOR, Kind.CONVERSION_FUNCTION, Kind.FUNCTION_TEMPLATE)
 ASSIGNMENT = re.compile(rb"([\w.\[\]\x80-\xff]+) = ([-\w.:\[\]\x80-\xff]+)")
-LATE_HEADERS = ("src/servo_page/structure/entwurf.h",)
 # In front of an array's size and first index.
 ARRAY = re.compile(rb"\b(CheckedArray|array)<[^;>]*$")
 NOT = re.compile(rb"!(?!=)")  # a != b may be made of a == b
 JUMPS = (Kind.CONTINUE_STMT, Kind.BREAK_STMT)
+OTHER_AXIS = {"X": "Y", "Y": "X", "x": "y", "y": "x"}
+# A length or a factor of one direction, such as FaktorX, that is neither given a value nor called here.
+AXIS = re.compile(r"(.*[a-z])([XY])|(t)([xy])")
+GIVEN = re.compile(rb"\s*=(?!=)|\(")
+CASES = (Kind.CASE_STMT, Kind.DEFAULT_STMT)
+TRAP = re.compile(rb"trap(?:\.(condition|decision))?\(")
 # A text as it is written in a source, and its single characters. Several that stand side by side are one text.
 LITERAL = re.compile(r'("(?:.*")?)((?:[^"\\]|\\.)*)("(?:sv)?)', re.S)
 CHARACTER = re.compile(r"\\x[0-9a-fA-F]+|\\[0-7]{1,3}|\\.|.")
@@ -77,8 +82,6 @@ class Source:
         self.name = name
         self.data = path.read_bytes()
         self.path = str(path)
-        # Elsewhere constants of headers mostly size arrays and label cases, which is done when compiling.
-        self.is_late = name.endswith(".cpp") or name in LATE_HEADERS
         self.places = []
         self.fixed = {}  # offsets of 'constexpr' that become 'const', and where that constant ends
         self.visit(unit.cursor, None)
@@ -127,20 +130,25 @@ class Source:
             return
         if kind == Kind.VAR_DECL:
             self.constant(cursor)
-        elif kind in (Kind.INTEGER_LITERAL, Kind.FLOATING_LITERAL):
-            self.number(cursor, parent)
+        elif kind in (Kind.INTEGER_LITERAL, Kind.FLOATING_LITERAL, Kind.CHARACTER_LITERAL):
+            self.number(cursor)
         elif kind == Kind.STRING_LITERAL:
             self.literal(cursor)
         elif kind == Kind.CXX_BOOL_LITERAL_EXPR:
             self.wrap(cursor, "constant", ("not " + self.text(cursor).decode(),), "(mutants::acts({}) != ", ")")
         elif kind == Kind.IF_STMT:
             self.condition(list(cursor.get_children())[0])
+        elif kind == Kind.SWITCH_STMT:
+            self.labels(cursor)
         elif kind == Kind.CONDITIONAL_OPERATOR:
             self.condition(list(cursor.get_children())[0])
         elif kind == Kind.UNARY_OPERATOR and NOT.match(self.text(cursor)) and parent.kind != Kind.IF_STMT:
             self.wrap(cursor, "condition", ("without !",), "(mutants::acts({}) != ", ")")
+        elif kind in (Kind.MEMBER_REF_EXPR, Kind.DECL_REF_EXPR):
+            self.axis(cursor)
         elif kind in (Kind.BINARY_OPERATOR, Kind.CALL_EXPR):
             self.operator(cursor)
+            self.trapped(cursor)
         if kind == Kind.COMPOUND_STMT:
             self.block(cursor)
 
@@ -175,9 +183,9 @@ class Source:
         if found:
             self.fixed[start + found.start()] = cursor.extent.end.offset
 
-    def number(self, cursor, parent):
+    def number(self, cursor):
         text = self.text(cursor)
-        if not text[:1].isdigit() and not text.startswith(b"."):
+        if not text[:1].isdigit() and text[:1] not in (b".", b"'"):
             return
         if cursor.kind == Kind.FLOATING_LITERAL and is_huge(text.decode()):
             return
@@ -188,6 +196,20 @@ class Source:
         if changed is not None:
             written = changed.replace("{", "{{").replace("}", "}}")
             self.wrap(cursor, "text", (f"becomes {changed}",), "mutants::text({}, ", f", {written})")
+
+    def labels(self, cursor):
+        """The numbers that a switch tells apart."""
+        value, body = list(cursor.get_children())[-2:]
+        found, cases = [], list(body.get_children())
+        while cases:
+            case = cases.pop(0)
+            if case.kind == Kind.CASE_STMT:
+                label, behind = list(case.get_children())
+                found.append(self.text(label).decode())
+                cases.insert(0, behind)
+        if all(label.isdigit() for label in found):
+            changes = tuple(f"case {label} becomes {label} + 1" for label in found)
+            self.wrap(value, "constant", changes, "mutants::switched({}, ", f", {{{{{', '.join(found)}}}}})")
 
     def condition(self, cursor):
         if not cursor.kind.is_expression():
@@ -223,6 +245,28 @@ class Source:
         changes = tuple(f"{sign} becomes {other}" for other in OTHER[sign])
         self.wrap(cursor, kind, changes, "mutants::" + names[sign] + "({}, ", ")", cut=(begin, end, ", "))
 
+    def axis(self, cursor):
+        """Width taken for height: what belongs to the other direction, where there is such a thing."""
+        extent = cursor.extent
+        if GIVEN.match(self.data[extent.end.offset:extent.end.offset + 8]):
+            return
+        text = self.text(cursor).decode()
+        name = AXIS.fullmatch(text)
+        if name is None or not text.endswith(cursor.spelling):
+            return
+        front, end = (part for part in name.groups() if part is not None)
+        other = front + OTHER_AXIS[end]
+        if re.search(rb"\b" + other.split(".")[-1].encode() + rb"\b", self.data):
+            self.wrap(cursor, "axis", (f"becomes {other}",), "mutants::other({}, ", f", {other})")
+
+    def trapped(self, cursor):
+        """What fails in the statement goes past its trap: what follows is lost with it, and others report it, or nobody."""
+        call = TRAP.match(self.text(cursor))
+        if cursor.kind == Kind.CALL_EXPR and call:
+            start = cursor.extent.start.offset
+            self.wrap(cursor, "trap", ("lets a failure through",), f"mutants::{(call[1] or b'statement').decode()}({{}}, ", "",
+                      cut=(start + len("trap"), start + call.end(), ", "))
+
     # -- statements
 
     def semicolon(self, cursor):
@@ -240,6 +284,11 @@ class Source:
     def block(self, cursor):
         run = []
         for child in list(cursor.get_children()) + [None]:
+            while child is not None and child.kind in CASES:
+                # The first of the statements for this case is a part of it.
+                self.swaps(run)
+                run = []
+                child = list(child.get_children())[-1]
             if child is not None and self.is_statement(child):
                 run.append(child)
                 continue
@@ -304,12 +353,10 @@ class Source:
         return {self.line_of(offset) for offset, end in self.fixed.items()
                 if self.line_of(offset) <= line <= self.line_of(end)}
 
-    def is_compiled_in(self, place, constant):
+    def is_compiled_in(self, place):
         """Whether the compiler works it out whatever is written there: then no mutant can act."""
-        if place.kind == "text":
-            return False
         before = self.data[self.data.rfind(b"\n", 0, place.start) + 1:place.start]
-        return (constant is not None and not self.is_late) or ARRAY.search(before) is not None
+        return place.kind != "text" and ARRAY.search(before) is not None
 
     def mutants(self, first, without_lines, kept_constants):
         """All mutants, numbered from `first`; the places with their numbers; how many numbers are taken; how many mutants
@@ -326,20 +373,28 @@ class Source:
             is_kept = constant is not None and self.line_of(constant) in kept_constants
             is_used = not is_kept and self.line_of(place.start) not in without_lines
             if is_used:
-                # Texts are needed when the program runs, in headers as well.
-                is_late = constant is not None and (self.is_late or place.kind == "text")
-                used.append((place, place.number.format(number) if is_late else number))
-            if is_used and not self.is_compiled_in(place, constant):
+                used.append((place, place.number.format(number) if constant is not None else number))
+            if is_used and not self.is_compiled_in(place):
                 for i, change in enumerate(place.changes):
                     if i in place.same:
                         continue
-                    start = place.steps[i - 1][0] if place.kind == "order" and i else place.start
-                    text = " ".join(self.data[start:place.end].decode().split())
-                    made.append(Mutant(number + i, self.name, self.line_of(start), place.kind, text[:160], change))
+                    where = place.steps[i - 1][0] if place.kind == "order" and i else place.start
+                    start, end = self.told(place, i)
+                    text = " ".join(self.data[start:end].decode().split())
+                    made.append(Mutant(number + i, self.name, self.line_of(where), place.kind, text[:160], change))
             else:
                 left_out[place.kind] += len(place.changes)
             number += len(place.changes)
         return made, used, number - first, left_out
+
+    def told(self, place, i):
+        """What to show of a place: of steps the two that are swapped, of a constant its whole line."""
+        if place.kind == "order":
+            steps = [place.start, *(offset for offset, _ in place.steps), place.end]
+            return steps[i], steps[i + 2]
+        if place.kind == "constant":
+            return self.data.rfind(b"\n", 0, place.start) + 1, self.data.find(b"\n", place.end)
+        return place.start, place.end
 
     # -- writing
 

@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <initializer_list>
 #include <string_view>
 #include <type_traits>
 #include <vector>
@@ -94,6 +95,28 @@ template <class L, class R>
 constexpr auto left(int id, const L& l, const R& r) -> decltype(l << r) { return acts(id) ? l >> r : l << r; }
 template <class L, class R>
 constexpr auto right(int id, const L& l, const R& r) -> decltype(l >> r) { return acts(id) ? l << r : l >> r; }
+
+// One mutant for each label of a switch: it stands for the number above.
+template <class T>
+constexpr T switched(int id, T value, std::initializer_list<int> labels)
+{
+    for (const int label : labels) {
+        if (acts(id)) return value == label + 1 ? static_cast<T>(label) : value == label ? T{-1} : value;
+        ++id;
+    }
+    return value;
+}
+
+template <class T>
+constexpr T other(int id, const T& one, const T& other) { return acts(id) ? other : one; }
+
+// A trap that lets through what fails in its statement.
+template <class Trap, class F>
+void statement(int id, Trap&& trap, F run) { acts(id) ? run() : trap(run); }
+template <class Trap, class F>
+bool condition(int id, Trap&& trap, F test) { return acts(id) ? test() : trap.condition(test); }
+template <class Trap, class F>
+auto decision(int id, Trap&& trap, F test) { return acts(id) ? test() : trap.decision(test); }
 
 // Which of `count` statements comes at a place; mutant id + i changes statement i with the next one.
 constexpr int step(int id, int count, int place)

@@ -48,19 +48,20 @@ def report(results, mutants, left_out, seconds, tried_now):
         if tried_now < len(results) else ""
     lines = ["# What the tests notice", "",
              "The library (`src/`) was broken on purpose, one place at a time, and its tests were run with each of these mutants:",
-             "conditions turned round, bounds moved, constants changed, statements dropped or swapped, texts misspelt by their last",
-             "character. A mutant is noticed when a test fails, crashes or does not end. Made by", "",
+             "conditions turned round, bounds moved, constants changed, statements dropped or swapped, width taken for height, traps",
+             "that let a failure through, texts misspelt by their last character. A mutant is noticed when a test fails, crashes or",
+             "does not end. Made by", "",
              "    apt-get install python3-clang-14",
              "    /usr/bin/python3 scripts/mutation/mutate.py --report docs/mutation.md", "",
              "which builds everything once in `build/mutation` (`--help` tells how to try single mutants). Why a mutant cannot be",
              "noticed, by any test, is kept in `scripts/mutation/survivors.txt` and told below.", "",
              f"{datetime.date.today().isoformat()}: {len(results)} of {mutants} mutants tried, in {seconds / 60:.0f} minutes.{again}",
-             f"{left_out.total()} more are not counted: the compiler works them out, so that none can act (sizes of arrays, constants",
-             f"of headers and the like), or does not take their line. {left_out['text'] or 'None'} of them are texts.", ""]
+             f"{left_out.total()} more are not counted: the compiler works them out, so that none can act (sizes of arrays and",
+             f"the like), or does not take their line. {left_out['text'] or 'None'} of them are texts.", ""]
     lines += table("folder", results, known, lambda entry: "/".join(entry["key"][0].split("/")[:2]))
     lines += table("kind", results, known, lambda entry: entry["key"][1])
     survivors = [entry for entry in results if entry["outcome"] not in NOTICED]
-    lines += [f"## Not noticed: {len(survivors)}", ""]
+    lines += [f"## Those that cannot be noticed, and others that were not: {len(survivors)}", ""]
     reasons = collections.defaultdict(list)
     for entry in survivors:
         reasons[known.get(tuple(entry["key"]), "Not explained.")].append(entry)
