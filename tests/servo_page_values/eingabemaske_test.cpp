@@ -160,10 +160,24 @@ protected:
 TEST_F(EingabemaskeAlone, ColoursNothingWithoutATarget)
 {
     EXPECT_EQ(greenWithoutATarget(), 0);
-    // Nor with one that an edit before has left.
+    // Nor with one that an edit before has left, nor with one whose mask went when the page was built anew.
     touch(5);
     page.control.Eingabemaske_Eingabefertig();
     EXPECT_EQ(greenWithoutATarget(), 0);
+    touch(5);
+    page.control.BildInit(1);
+    EXPECT_EQ(greenWithoutATarget(), 0);
+}
+
+// The drawing item of that mask takes no colour from a later one.
+TEST_F(EingabemaskeAlone, ColoursWhatItEditsAfterAMaskThatWentWithItsPage)
+{
+    touch(43);
+    page.control.BildInit(1);
+    touch(5);
+    page.control.Eingabemaske_EingabeAenderung();
+    EXPECT_EQ(puts("SollwertL", "Vordergrund = 32768"), 1);
+    EXPECT_EQ(puts("ZeichnungL", "Farbe = 32768"), 0);
 }
 
 TEST_F(EingabemaskeAlone, ColoursNothingWhenItCannotBeAsked)

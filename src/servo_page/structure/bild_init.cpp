@@ -98,6 +98,9 @@ void ServoMain::eingabenSchließen(StatementTrap& trap)
     trap([&] { zustand_.bearbeitung.ZweiterModus = display::falsch; });
     trap([&] { Eingabemaske{kind("Eingabemaske")}.Offen(false); });
     trap([&] { Eingabemaske{kind("Eingabemaske")}.Visible(false); });
+    // A mask that is closed edits nothing: the next change belongs to the input that is touched next.
+    trap([&] { zustand_.bearbeitung.AktiverSollwert = 0; });
+    trap([&] { zustand_.bearbeitung.AktiveZeichnung = 0; });
     trap([&] { IniEingabe{kind("IniEingabe")}.Offen(false); });
     trap([&] { IniEingabe{kind("IniEingabe")}.Visible(false); });
 }
