@@ -48,7 +48,7 @@ void ServoMenu::tasteBauen(StatementTrap& trap, std::int16_t taste, std::int16_t
     }
 
     // 2. The servo at this position. Positions and servo numbers beyond the lists fail with each statement that needs
-    //    them and leave the key as it was.
+    //    them: the key is shown, with the picture that it had.
     const auto servo = [&] { return gem.ServoNr[position]; };
 
     // 3. to 6. Its picture, unless the cache holds it already.

@@ -86,6 +86,15 @@ TEST_F(Aufbauen, GivesASmallSourceTheScaleOfAFullOne)
         "bitblt ServoMenu.TempPicQuelle ServoMenu.TempPicZwischen 22 12 200 73\n");
 }
 
+// 1575 x 600 / 1305 twips of canvas, less the source, a frame of 15 and 45 x 600 / 1024: 82.77, which is 5.52 pixels.
+TEST_F(Aufbauen, ScalesTheMarginBelowASourceByTheHeightOfThePanel)
+{
+    run(menuProject(1, "800") + "picture Servo\\Servo_1_800.gif 200 40\n");
+    run("create\nshow");
+    EXPECT_EQ(
+        replay.lines("bitblt"), "bitblt ServoMenu.TempPicQuelle ServoMenu.TempPicZwischen 27 6 200 40\n");
+}
+
 TEST_F(Aufbauen, PrefersAPictureDrawnForTheMenu)
 {
     shown(menuProject(1) + "picture Servo\\Servo_S_1_1280.gif 974 292\n");
@@ -230,6 +239,20 @@ TEST_F(Aufbauen, CountsScreenPixelsOfTwelveTwips)
         "stretch ServoMenu.TempPicZwischen ServoMenu.TempPicZiel 746 225\n");
 }
 
+TEST_F(Aufbauen, CountsScreenPixelsThatAreHigherThanWide)
+{
+    run("screen 12 15\n" + menuProject(1));
+    run("create\nshow");
+    EXPECT_EQ(replay.lines({"put ServoMenu.BildIm(1).Left", "put ServoMenu.BildIm(1).Top",
+                  "put ServoMenu.BildIm(1).Width", "put ServoMenu.BildIm(1).Height", "bitblt", "stretch"}),
+        "put ServoMenu.BildIm(1).Left = 129\n"
+        "put ServoMenu.BildIm(1).Top = 2370\n"
+        "put ServoMenu.BildIm(1).Width = 8955\n"
+        "put ServoMenu.BildIm(1).Height = 2685\n"
+        "bitblt ServoMenu.TempPicQuelle ServoMenu.TempPicZwischen 55 28 487 146\n"
+        "stretch ServoMenu.TempPicZwischen ServoMenu.TempPicZiel 746 179\n");
+}
+
 TEST_F(Aufbauen, ReportsPositionsBeyondTheListsEndAndShowsNothingThere)
 {
     shown(menuProject(49));
@@ -262,6 +285,8 @@ TEST_F(Aufbauen, GivesUpAServoNumberOutsideTheCaches)
         "");
     EXPECT_EQ(replay.lines("put ServoMenu.BildIm(2).Picture"),
         "put ServoMenu.BildIm(2).Picture = <picture C:\\Temp\\Velmora\\Servo\\Servo_2_1280.gif>\n");
+    EXPECT_EQ(replay.lines("put ServoMenu.BildIm(1).Picture"), "");
+    EXPECT_EQ(visibleKeys(), "11000000");
 }
 
 TEST_F(Aufbauen, BuildsNothingWhenTheListOffsetOverflows)

@@ -52,6 +52,16 @@ TEST_F(MenuZeiger, UsesTheWidthOfTheRightColumnOnSmallPanels)
     EXPECT_EQ(pressedKey("11386 1400"), 0);
 }
 
+TEST_F(MenuZeiger, EndsAKeyOnePixelBeforeItsWidthAndItsHeight)
+{
+    shown("screen 12 15\n" + menuProject(8));
+    EXPECT_EQ(pressedKey("9108 5085"), 1);
+    EXPECT_EQ(pressedKey("9109 5085"), 0);
+    EXPECT_EQ(pressedKey("9108 5086"), 0);
+    EXPECT_EQ(pressedKey("18198 5085"), 2);
+    EXPECT_EQ(pressedKey("18199 5085"), 0);
+}
+
 TEST_F(MenuZeiger, DrawsAPressedKeySunkenWithTwoRings)
 {
     shown(menuProject(8));
@@ -69,6 +79,25 @@ TEST_F(MenuZeiger, DrawsAPressedKeySunkenWithTwoRings)
         "line ServoMenu (120,2355)-(120,5070) 808080 6\n"
         "line ServoMenu (9090,2370)-(9090,5070) FFFFFF 6\n"
         "line ServoMenu (120,5070)-(9105,5070) FFFFFF 6\n");
+}
+
+TEST_F(MenuZeiger, DrawsAPressedKeyInPixelsThatAreHigherThanWide)
+{
+    shown("screen 12 15\n" + menuProject(8));
+    EXPECT_EQ(run("down 200 2400"),
+        "> down 200 2400\n"
+        "put ServoMenu.Beschriftung(1).Left = 972\n"
+        "put ServoMenu.Beschriftung(1).Top = 2385\n"
+        "put ServoMenu.BildIm(1).Left = 141\n"
+        "put ServoMenu.BildIm(1).Top = 2385\n"
+        "line ServoMenu (105,2340)-(9120,2340) 808080 6\n"
+        "line ServoMenu (105,2340)-(105,5085) 808080 6\n"
+        "line ServoMenu (9108,2355)-(9108,5085) FFFFFF 6\n"
+        "line ServoMenu (105,5085)-(9120,5085) FFFFFF 6\n"
+        "line ServoMenu (117,2355)-(9108,2355) 808080 6\n"
+        "line ServoMenu (117,2355)-(117,5070) 808080 6\n"
+        "line ServoMenu (9096,2370)-(9096,5070) FFFFFF 6\n"
+        "line ServoMenu (117,5070)-(9108,5070) FFFFFF 6\n");
 }
 
 TEST_F(MenuZeiger, DrawsOneRingOnSmallPanels)

@@ -25,6 +25,8 @@ TEST(ScrollBar_NeuePos, CountsInThePanelsPixels)
 {
     Page page{"screen 12 12\n"};
     EXPECT_EQ(page.run("pagescroll 3\n"), "> pagescroll 3\n" + moved("-24"));
+    Page narrow{"screen 12 15\n"};
+    EXPECT_EQ(narrow.run("pagescroll 11\n"), "> pagescroll 11\n" + moved("-150"));
 }
 
 TEST(ScrollBar_NeuePos, MovesEvenWhenTheEndOfTheListCannotBeTold)
