@@ -231,6 +231,7 @@ struct Losses {
     std::function<void(servo_menu::ServoMenu&)> call;
     const char* procedure;
     int reports;
+    std::int16_t servos = 0;
 };
 void PrintTo(const Losses& row, std::ostream* out) { *out << row.name; }
 
@@ -240,6 +241,7 @@ TEST_P(MenuLosses, CostOneStatementEach)
 {
     const Losses& row = GetParam();
     Lone<servo_menu::ServoMenu> menu;
+    menu.surround.zustand.ServoAnzahl = row.servos;
     menu.surround.zustand.ServoNr[1] = 1;
     menu.failing = true;
     row.call(menu.control);
@@ -256,6 +258,8 @@ const Losses losses[] = {
     {"fonts", build, "Ma TextFontsAendern", 36},
     {"captions", [](auto& m) { m.TextAusgabe(); }, "Me TextAusgabe", 8},
     {"keys_beyond_the_list", [](auto& m) { m.Aufbauen(); }, "Me Aufbauen", 8},
+    // Source, two sides of the canvas, copy, stretch, saving and loading; on the first key; is each of the 8 visible?
+    {"key_without_a_copy", [](auto& m) { m.Aufbauen(); }, "Me Aufbauen", 7 + 1 + 8, 1},
     {"withdrawal", [](auto& m) { m.FußzeileFreigabe(false); }, "Me FußzeileFreigabe", 30},
     {"drawing", [](auto& m) { m.TasteZeichnen(1, true); }, "Me TasteZeichnen", 4},
 };
@@ -275,6 +279,85 @@ TEST(MenuAufbauen, ReportsInTheOrderOfItsSteps)
     EXPECT_EQ(reports[0], (Report{9, "Me Aufbauen"}));
     EXPECT_EQ(reports[1], (Report{9, "Me Aufbauen"}));
     EXPECT_EQ(reports[2], (Report{91, "Me Aufbauen"}));
+}
+
+// Position 51 of a list that has 50 places.
+TEST(MenuChoice, IsReportedEvenWhenTheServoCannotBeStored)
+{
+    Lone<servo_menu::ServoMenu> menu;
+    menu.surround.zustand.ServoAnzahl = 51;
+    menu.fake("ScrollBar")->properties["POSITION"] = std::int16_t{26};
+    menu.control.TasteGedrueckt(1, true);
+    menu.control.TasteGedrueckt(1, false);
+    EXPECT_EQ(menu.surround.reports(), (Reports{{9, "Me TasteGedrueckt"}}));
+    EXPECT_EQ(menu.events, Texts{"ServoBildAufrufen 51"});
+}
+
+TEST(MenuChoice, LeavesNoKeyPressedWhenNobodyCanBeTold)
+{
+    Lone<servo_menu::ServoMenu> menu;
+    menu.surround.zustand.ServoAnzahl = 1;
+    menu.control.TasteGedrueckt(1, true);
+    menu.failing = true;
+    menu.control.TasteGedrueckt(1, false);
+    EXPECT_EQ(std::count(menu.surround.reports().begin(), menu.surround.reports().end(),
+                  Report{91, "Me TasteGedrueckt"}),
+        1);
+    EXPECT_EQ(menu.control.zustand().GedrückteTaste, 0);
+}
+
+// A source of 200 x 219 pixels on a screen whose pixels are higher than wide. The canvas has 2942.094 x 4027.5 twips:
+// 245 x 268 pixels.
+class MenuScaling : public ::testing::Test {
+protected:
+    MenuScaling()
+    {
+        menu.surround.world().variables["parameter<.aufloesung>"] = std::int16_t{1280};
+        menu.surround.world().twipsPerPixelX = 12;
+        menu.surround.zustand.SchriftStufe = 2;
+        menu.control.BildInit(1);
+        menu.surround.zustand.ServoAnzahl = 1;
+        menu.surround.zustand.ServoNr[1] = 1;
+        menu.fake("TempPicQuelle")->properties["WIDTH"] = 2400.0F;
+        menu.fake("TempPicQuelle")->properties["HEIGHT"] = 3285.0F;
+        menu.surround.errors.reports.clear();
+    }
+    // What is done to the work pictures for a servo without a copy.
+    const Texts& worked()
+    {
+        menu.worked.clear();
+        menu.surround.zustand.menüBilder.geladen[1] = display::falsch;
+        menu.control.Aufbauen();
+        return menu.worked;
+    }
+
+    Lone<servo_menu::ServoMenu> menu;
+};
+
+TEST_F(MenuScaling, StretchesTheWholeCanvas)
+{
+    EXPECT_EQ(worked(),
+        (Texts{"clear TempPicZwischen", "bitblt TempPicQuelle TempPicZwischen 23 44 200 219",
+            "refresh TempPicZwischen", "stretch TempPicZwischen TempPicZiel 245 268 746 179",
+            "refresh TempPicZiel"}));
+}
+
+TEST_F(MenuScaling, GoesOnAfterEachStepThatFails)
+{
+    const Texts all = worked();
+    EXPECT_EQ(all.size(), 5U);
+    for (const std::string& step : all) {
+        Texts others = all;
+        std::erase(others, step);
+        menu.refused = step;
+        EXPECT_EQ(worked(), others) << step;
+    }
+}
+
+TEST_F(MenuScaling, ClearsAndRefreshesPicturesThatDoNotAnswer)
+{
+    menu.failing = true;
+    EXPECT_EQ(worked(), (Texts{"clear TempPicZwischen", "refresh TempPicZwischen", "refresh TempPicZiel"}));
 }
 
 // Whoever asks while it is being built or shown must not start that a second time.

@@ -4,11 +4,14 @@
 #include "support/fakes.h"
 
 #include <functional>
+#include <initializer_list>
 #include <map>
 #include <memory>
 #include <set>
 #include <stdexcept>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace servopanel::testing {
@@ -25,6 +28,10 @@ public:
     bool failingSurface = false; // the control's own properties cannot be set
     int failingLines = 0; // so many lines cannot be drawn
     std::vector<std::string> drawn; // every line: "MainBereich(1) 0 15 9015 615 12632256 38"
+    // What else was done to pictures: "bitblt TempPicQuelle TempPicZwischen 22 12 200 73".
+    std::vector<std::string> worked;
+    std::string refused; // the one of these that fails
+    std::vector<std::string> events; // what the owner was told: "ServoBildAufrufen 6"
     std::function<float()> width = [] { return 0.0F; }; // of every text
     std::function<void()> raised = [] {};
 
@@ -68,29 +75,47 @@ public:
         if (failingLines-- > 0) basic::raise(basic::ErrorNumber::ObjectNotSet);
         std::string text{target.name};
         text += "(" + std::to_string(target.index) + ")";
-        for (const basic::Variant& part : {basic::Variant{x1}, basic::Variant{y1}, basic::Variant{x2},
-                 basic::Variant{y2}, basic::Variant{colour}, basic::Variant{flags}})
-            text += " " + basic::toText(part);
-        drawn.push_back(text);
+        const basic::Variant parts[]{x1, y1, x2, y2, colour, flags};
+        drawn.push_back(withParts(std::move(text), parts));
     }
-    void clear(platform::ChildId) override { }
-    void refresh(platform::ChildId) override { }
-    void bitBlt(
-        platform::ChildId, platform::ChildId, std::int32_t, std::int32_t, std::int32_t, std::int32_t) override
+    void clear(platform::ChildId target) override { work("clear", {target}, {}); }
+    void refresh(platform::ChildId target) override { work("refresh", {target}, {}); }
+    void bitBlt(platform::ChildId from, platform::ChildId to, std::int32_t x, std::int32_t y, std::int32_t w,
+        std::int32_t h) override
     {
+        work("bitblt", {from, to}, {x, y, w, h});
     }
-    void stretchBlt(
-        platform::ChildId, platform::ChildId, std::int32_t, std::int32_t, std::int32_t, std::int32_t) override
+    void stretchBlt(platform::ChildId from, platform::ChildId to, std::int32_t fromW, std::int32_t fromH,
+        std::int32_t w, std::int32_t h) override
     {
+        work("stretch", {from, to}, {fromW, fromH, w, h});
     }
-    void raise(std::string_view, platform::Args) override
+    void raise(std::string_view event, platform::Args args) override
     {
         if (broken) throw std::runtime_error{"a mistake of the host"};
         if (failing) basic::raise(basic::ErrorNumber::ObjectNotSet);
+        events.push_back(withParts(std::string{event}, args));
         raised();
     }
 
 private:
+    static std::string withParts(std::string text, platform::Args parts)
+    {
+        for (const basic::Variant& part : parts)
+            text += " " + basic::toText(part);
+        return text;
+    }
+    void work(std::string text, std::initializer_list<platform::ChildId> boxes,
+        std::initializer_list<std::int32_t> pixels)
+    {
+        for (const platform::ChildId& box : boxes)
+            text.append(" ").append(box.name);
+        const std::vector<basic::Variant> parts(pixels.begin(), pixels.end());
+        text = withParts(std::move(text), parts);
+        if (text == refused) basic::raise(basic::ErrorNumber::ObjectNotSet);
+        worked.push_back(text);
+    }
+
     std::map<std::string, std::shared_ptr<FakeControl>> children_;
 };
 
