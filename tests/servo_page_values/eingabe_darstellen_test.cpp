@@ -116,6 +116,23 @@ TEST_F(EingabeDarstellenAlone, SwitchesSetpointsWhoseColourCannotBeRead)
     EXPECT_EQ(puts("EinheitL", "Farbe = 0"), 12);
 }
 
+// As when the machine's definitions were changed while a change waited to be confirmed.
+TEST_F(EingabeDarstellenAlone, MakesALockedInputGreyThoughItIsGreen)
+{
+    page.surround.world().existing.insert("P:\\Servo\\Servo.mdb");
+    for (const char* family : {"_servo_para_", "_servo_zeich_"})
+        page.surround.platform.tables["P:\\Servo\\Servo.mdb"].rows.push_back({1,
+            {{"MACHINE_TYPE", "M1"}, {"VAR_NAME", variable(family)}, {"OFFSET_OR_BITNO", std::int16_t{0}},
+                {"ABS_MIN", 0.0}, {"ABS_MAX", 1000.0}, {"MIN", 1.0}, {"MAX", 99.0},
+                {"PASS", std::int16_t{6}}}});
+    page.control.IniLesen();
+    page.fake("SollwertL")->properties["VORDERGRUND"] = std::int32_t{32768};
+    page.fake("ZeichnungL")->properties["FARBE"] = std::int32_t{32768};
+    page.control.EingabeDarstellen(true);
+    EXPECT_EQ(puts("SollwertL", "Vordergrund = 8421504"), 1);
+    EXPECT_EQ(puts("ZeichnungL", "Farbe = 8421504"), 3);
+}
+
 TEST_F(EingabeDarstellenAlone, SwitchesADrawingNumberWhoseColourCannotBeRead)
 {
     drawWithout("ZeichnungR", "Farbe", 3);

@@ -196,6 +196,12 @@ const Losses losses[] = {
     {"withdrawal", nothing, [](ServoMain& m) { m.FußzeileFreigabe(false); }, "Ma FußzeileFreigabe", 33},
     {"change", nothing, [](ServoMain& m) { m.Eingabemaske_EingabeAenderung(); },
         "Ma Eingabemaske_EingabeAenderung", 7},
+    // Per setpoint its switch, its colour and three captions; per switch two; per drawing number three items twice, and
+    // a caption.
+    {"inputs", nothing, [](ServoMain& m) { m.EingabeDarstellen(false); }, "Ma EingabeDarstellen",
+        24 * 5 + 4 * 2 + 2 * 7},
+    // Keys; setpoints with their two limits, switches and drawing items of the servo that key 5 leads to.
+    {"full_read", key(5), [](ServoMain& m) { m.WerteLesen(false); }, "Ma WerteLesen", 4 + 24 * 3 + 4 + 6},
     {"scrolling", nothing, [](ServoMain& m) { m.ScrollbarAnzeigen(); }, "Ma ScrollbarAnzeigen", 2},
     {"language", nothing, [](ServoMain& m) { m.SpracheGeandert(1); }, "Ma Let SpracheGeandert", 8},
     {"key_5", nothing, key(5), "Ma Fußzeile_TasteClick", 3},
