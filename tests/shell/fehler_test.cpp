@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <stdexcept>
@@ -84,29 +85,42 @@ TEST(ShellEntryNames, AreThoseOfTheEvents)
     }
 }
 
+// No variable is known and no child is there. Each statement fails for itself.
 TEST(ShellErrorNames, AreThoseOfTheProceduresDuringTheStart)
 {
-    Lone<shell::Servo> servo;
-    servo.failing = true;
-    servo.control.initialize();
-    const Reports& reports = servo.surround.reports();
-    ASSERT_FALSE(reports.empty());
-    for (const Report& report : reports) {
-        EXPECT_TRUE(report.procedure == "UserControl_Initialize" || report.procedure == "HoleAufloesung")
-            << report.procedure;
+    const char* const start = "UserControl_Initialize";
+    for (const bool failingSurface : {false, true}) {
+        Lone<shell::Servo> servo;
+        servo.failing = true;
+        servo.failingSurface = failingSurface;
+        servo.control.initialize();
+        Reports expected;
+        const auto expect = [&](std::size_t count, const Report& report) {
+            expected.insert(expected.end(), count, report);
+        };
+        expect(2, {1001, "HoleAufloesung"}); // width of the panel, direction of reading
+        expect(5, {1001, start}); // machine, designation, servos, navigation, access level
+        if (failingSurface) expect(2, {91, start}); // height and width of the control itself
+        expect(1, {91, start}); // header
+        expect(1, {1001, start}); // remembered servo
+        expect(4, {91, start}); // places of menu and page
+        expect(1, {91, start}); // first view
+        EXPECT_EQ(servo.surround.reports(), expected) << failingSurface;
     }
-    // The first view, which cannot be built.
-    EXPECT_EQ(reports.back(), (Report{91, "UserControl_Initialize"}));
 }
 
-TEST(ShellStart, ReportsALibraryWithoutANameAndPublishesNone)
+// The height factor of the panel before stays on a panel of a width that has none of its own. A length beyond single
+// precision is an error and reaches neither screen nor header; a header without its height is not placed at all.
+TEST(ShellSize, IsNotSetBeyondSinglePrecision)
 {
     Lone<shell::Servo> servo;
-    servo.surround.world().fail("libraryName");
+    servo.surround.zustand.FaktorY = 3e38F;
+    servo.surround.world().variables["parameter<.aufloesung>"] = std::int16_t{900};
     servo.control.initialize();
     const Reports& reports = servo.surround.reports();
-    EXPECT_EQ(std::count(reports.begin(), reports.end(), Report{1000, "HoleOCXNamen"}), 1);
-    EXPECT_EQ(servo.surround.world().variables.at("Ch-1.intern<.ocxname>"), basic::Variant{""});
+    EXPECT_EQ(std::count(reports.begin(), reports.end(), Report{6, "UserControl_Initialize"}), 2);
+    EXPECT_EQ(servo.puts(), Texts{"Width = 13500"});
+    EXPECT_EQ(servo.fake("Header")->puts(), Texts{});
 }
 
 // After a start the number of the servo is never 0 without a menu, so only a test gets here.
@@ -134,65 +148,6 @@ TEST(UserControl_Terminate, ReportsNothingAndClosesTheDisplayOnce)
     EXPECT_EQ(display->closings, 1);
     EXPECT_EQ(servo.surround.zustand.FehlerAnzeige, nullptr);
     EXPECT_TRUE(servo.surround.reports().empty());
-}
-
-// What only the shared arrays tell: no file name and no key differs between the picture variants -1, 0 and 1.
-TEST(ShellStart, FillsTheSharedStateByActivePosition)
-{
-    Lone<shell::Servo> servo;
-    World& world = servo.surround.world();
-    world.variables = {
-        {"parameter<.aufloesung>", std::int16_t{1280}},
-        {"Ch-1.param_client<.arabisch>", false},
-        {"Ch-1.intern<.aktuelle_maschine>", std::int16_t{1}},
-        {"parameter<.maschinenbez_1>", "M1"},
-        {"parameter<.servo_anzahl_1>", std::int16_t{4}},
-        {"parameter<.mit_navi>", false},
-        {"Ch-1.intern<.passwort>", std::int16_t{3}},
-        {"Ch-1.intern<.servo_zeiger>", std::int16_t{0}},
-        {"Ch1.M1_T_servo_11<.mM1_servopassiv_11>", false},
-        {"Ch1.M1_T_servo_12<.mM1_servopassiv_12>", true},
-        {"Ch1.M1_T_servo_13<.mM1_servopassiv_13>", false},
-        {"Ch1.M1_T_servo_14<.mM1_servopassiv_14>", false},
-    };
-    world.profiles["P:\\Parameter\\Program.ini"] = {
-        {"[1Machine] Servo1", "11"},
-        {"[1Machine] Servo2", "12"},
-        {"[1Machine] Servo3", "13"},
-        {"[1Machine] Servo4", "14"},
-        {"[1Machine] ServoPic1", "0"},
-        {"[1Machine] ServoPic3", "2"},
-        {"[1Machine] Diag2Servo4", "TRUE"},
-        {"[Project] ServoWithMachineType", "1"},
-        {"[Project] ServoWithFault", "true"},
-    };
-    servo.control.initialize();
-
-    const display::GemeinsamerZustand& zustand = servo.surround.zustand;
-    ASSERT_EQ(zustand.ServoAnzahl, 3);
-    const std::int16_t numbers[]{11, 13, 14};
-    const std::int16_t pictures[]{1, 2, 1};
-    const bool secondPages[]{false, false, true};
-    for (std::int32_t position = 1; position <= 3; ++position) {
-        const auto i = static_cast<std::size_t>(position - 1);
-        EXPECT_EQ(zustand.ServoNr[position], numbers[i]) << position;
-        EXPECT_EQ(zustand.ServoPic[position], pictures[i]) << position;
-        EXPECT_EQ(zustand.Diag2Servo[position], secondPages[i]) << position;
-    }
-    EXPECT_TRUE(zustand.MitMaschinenTyp);
-    EXPECT_EQ(zustand.MaschinenPrefix, "M1_");
-    EXPECT_TRUE(zustand.MitStoerung);
-    EXPECT_FALSE(zustand.MitMenu);
-    EXPECT_EQ(zustand.AktServo, 1);
-    EXPECT_EQ(zustand.PasswortStufe, 3);
-    EXPECT_EQ(zustand.SchriftStufe, 2);
-    EXPECT_TRUE(servo.surround.reports().empty());
-
-    // Without the option the next start takes it all back.
-    world.profiles["P:\\Parameter\\Program.ini"].erase("[Project] ServoWithMachineType");
-    servo.control.initialize();
-    EXPECT_FALSE(zustand.MitMaschinenTyp);
-    EXPECT_EQ(zustand.MaschinenPrefix, "");
 }
 
 // Whoever asks for the servo while page or menu are changed is told the new one.

@@ -53,6 +53,9 @@ public:
         return known;
     }
 
+    // "Width = 19200" for each property of its own that was set, in order.
+    std::vector<std::string> puts() const { return own_.puts(); }
+
     platform::ControlRef child(platform::ChildId id) override
     {
         if (broken) throw std::runtime_error{"a mistake of the host"};
@@ -65,9 +68,10 @@ public:
     void load(platform::ChildId) override { }
     float textWidth(platform::ChildId, std::string_view) override { return width(); }
     basic::Variant get(const platform::Member&) override { return {}; }
-    void put(const platform::Member&, const basic::Variant&) override
+    void put(const platform::Member& member, const basic::Variant& value) override
     {
         if (failingSurface) basic::raise(basic::ErrorNumber::ObjectNotSet);
+        own_.put(member, value);
     }
     void line(platform::ChildId target, float x1, float y1, float x2, float y2, std::int32_t colour,
         std::int16_t flags) override
@@ -116,6 +120,7 @@ private:
         worked.push_back(text);
     }
 
+    FakeControl own_{"itself"};
     std::map<std::string, std::shared_ptr<FakeControl>> children_;
 };
 
