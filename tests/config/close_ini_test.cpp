@@ -87,6 +87,23 @@ TEST_F(CloseIni, WritesOnlyWhatFoundRoom)
     EXPECT_EQ(reports().size(), before);
 }
 
+// The section behind the entries that found no room is not lost with them.
+TEST_F(CloseIni, WritesOnlyTheEntriesThatFoundRoom)
+{
+    std::vector<std::string> lines{"[A]"};
+    for (int i = 1; i <= 10003; ++i)
+        lines.push_back("e" + std::to_string(i) + "=1");
+    lines.emplace_back("[B]");
+    openChanged(lines);
+    const std::size_t before = reports().size();
+    service.CloseIni();
+    EXPECT_EQ(std::count(written().begin(), written().end(), '\n'), 10002);
+    EXPECT_TRUE(written().starts_with("[A]\r\ne1=1\r\n"));
+    EXPECT_TRUE(written().ends_with("e9999=1\r\ne10000=1\r\n[B]\r\n"));
+    EXPECT_EQ(reports().size(), before);
+    EXPECT_FALSE(speicher.IniGeoeffnet);
+}
+
 TEST_F(CloseIni, TakesAnotherFileAfterwards)
 {
     openChanged({"[A]", "x=1"});

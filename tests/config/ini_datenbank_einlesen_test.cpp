@@ -256,6 +256,21 @@ TEST_F(IniDatenbankEinlesen, CountsTheRowThatFindsNoRoomAndReportsItsStore)
     EXPECT_EQ(reports().size(), 1U);
 }
 
+TEST_F(IniDatenbankEinlesen, StopsCountingAtTheEndOf16Bits)
+{
+    for (int i = 1; i <= 32768; ++i)
+        row("M1", "a", 1);
+    EXPECT_EQ(read(), 32767);
+    EXPECT_EQ(modul.ParamDefAnzahl(), 32767);
+    const auto reported = [this](std::int32_t number) {
+        return std::count(reports().begin(), reports().end(),
+            servopanel::testing::Report{number, "INI_Datenbank_Einlesen"});
+    };
+    EXPECT_EQ(reported(6), 1);
+    // Each one from the 2001st on finds no room.
+    EXPECT_EQ(reported(9), 32768 - 2000);
+}
+
 // The only row of a database; of it nothing but its machine type can be read. Each failure has a number of its own.
 class BrokenRow final : public platform::RecordSet {
 public:

@@ -28,6 +28,16 @@ struct LoadIniBoolean : LoadIni {
 
 const Texts notFound{"File 'Parameter\\Program.ini' or Section [S] or Entry 'e' not found"};
 
+TEST_F(LoadIni, AnswersAllTheSameWhenItsMessageCannotBeShown)
+{
+    surround.world().fail("message");
+    EXPECT_EQ(service.LoadIniInteger("S", "e", program, true, true), -1);
+    EXPECT_EQ(service.LoadIniString("S", "e", program, true, true), "");
+    EXPECT_FALSE(service.LoadIniBoolean("S", "e", program, true, true));
+    EXPECT_EQ(
+        reports(), (Reports{{1000, "LoadIniInteger"}, {1000, "LoadIniString"}, {1000, "LoadIniBoolean"}}));
+}
+
 TEST_F(LoadIniInteger, ReadsSignAndLeadingDigits)
 {
     struct Row {

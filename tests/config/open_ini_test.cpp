@@ -1,6 +1,8 @@
 #include "ini_fixture.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <utility>
 
 namespace {
@@ -9,7 +11,13 @@ using namespace servopanel;
 using servopanel::testing::Reports;
 using servopanel::testing::Texts;
 
-struct OpenIni : servopanel::testing::IniTest { };
+struct OpenIni : servopanel::testing::IniTest {
+    // How often this error was reported.
+    std::ptrdiff_t reported(std::int32_t number) const
+    {
+        return std::count(reports().begin(), reports().end(), servopanel::testing::Report{number, "OpenIni"});
+    }
+};
 
 TEST_F(OpenIni, NumbersSectionsAndEntries)
 {
@@ -158,6 +166,22 @@ TEST_F(OpenIni, GivesUpTheOpenFileInsteadOfOpeningASecondOne)
     EXPECT_EQ(find("B", "y"), "2");
 }
 
+// The file of before is given up all the same, and keeps its name.
+TEST_F(OpenIni, GivesUpTheOpenFileEvenWhenThePathOfTheSecondCannotBeMade)
+{
+    file("a.ini", {"[A]", "x=1"});
+    EXPECT_TRUE(open("a.ini"));
+    surround.world().log.clear();
+    surround.world().fail("path b.ini");
+    EXPECT_FALSE(open("b.ini"));
+    EXPECT_EQ(surround.world().log, (Texts{"path b.ini", "close"}));
+    EXPECT_EQ(speicher.IniSektionAnzahl, 0);
+    EXPECT_EQ(speicher.IniEintragAnzahl, 0);
+    EXPECT_TRUE(speicher.IniGeoeffnet);
+    EXPECT_EQ(speicher.IniDateiName, "P:\\a.ini");
+    EXPECT_EQ(reports(), (Reports{{1000, "OpenIni"}}));
+}
+
 TEST_F(OpenIni, ReportsAFileThatCannotBeOpenedOnce)
 {
     file("a.ini", {"[A]", "x=1"});
@@ -204,6 +228,23 @@ TEST_F(OpenIni, CountsTheSectionThatFindsNoRoomAndReportsItsStore)
     EXPECT_EQ(reports(), (Reports{{9, "OpenIni"}}));
 }
 
+// The entries have room, but there is no section to end with them.
+TEST_F(OpenIni, StoresTheEntriesOfASectionThatFoundNoRoom)
+{
+    std::vector<std::string> lines;
+    for (int i = 1; i <= 1001; ++i)
+        lines.push_back("[S" + std::to_string(i) + "]");
+    lines.insert(lines.end(), {"x=1", "y=2"});
+    file("a.ini", lines);
+    EXPECT_TRUE(open("a.ini"));
+    EXPECT_EQ(reports(), Reports(3, {9, "OpenIni"}));
+    EXPECT_EQ(speicher.IniEintragAnzahl, 2);
+    EXPECT_EQ(speicher.IniEintraege[1].Name, "x");
+    EXPECT_EQ(speicher.IniEintraege[2].Name, "y");
+    EXPECT_EQ(speicher.IniEintraege[2].Wert, "2");
+    EXPECT_EQ(speicher.IniSektionen[1000].LetzterEintrag, 0);
+}
+
 TEST_F(OpenIni, CountsTheEntryThatFindsNoRoomAndReportsItsStore)
 {
     std::vector<std::string> lines{"[A]"};
@@ -222,7 +263,34 @@ TEST_F(OpenIni, StopsCountingAtTheEndOf16Bits)
     file("a.ini", std::vector<std::string>(32769, "x=1"));
     EXPECT_TRUE(open("a.ini"));
     EXPECT_EQ(speicher.IniEintragAnzahl, 32767);
-    EXPECT_EQ(std::count(reports().begin(), reports().end(), servopanel::testing::Report{6, "OpenIni"}), 2);
+    EXPECT_EQ(reported(6), 2);
+}
+
+TEST_F(OpenIni, StopsCountingSectionsAtTheEndOf16Bits)
+{
+    file("a.ini", std::vector<std::string>(32768, "[A]"));
+    EXPECT_TRUE(open("a.ini"));
+    EXPECT_EQ(speicher.IniSektionAnzahl, 32767);
+    EXPECT_EQ(reported(6), 1);
+    // Each one from the 1001st on finds no room.
+    EXPECT_EQ(reported(9), 32768 - 1000);
+}
+
+// No number is left for its first entry, so the one of the section that had the slot before stays.
+TEST_F(OpenIni, KeepsTheSlotsFirstEntryForASectionBehindTheLastNumber)
+{
+    file("a.ini", {"x=1", "[Z]", "y=2"});
+    EXPECT_TRUE(open("a.ini"));
+    service.CloseIni();
+    std::vector<std::string> lines(32767, "x=1");
+    lines.emplace_back("[A]");
+    file("b.ini", lines);
+    EXPECT_TRUE(open("b.ini"));
+    EXPECT_EQ(reported(6), 1);
+    ASSERT_EQ(speicher.IniSektionAnzahl, 1);
+    EXPECT_EQ(speicher.IniSektionen[1].Name, "A");
+    EXPECT_EQ(speicher.IniSektionen[1].ErsterEintrag, 2);
+    EXPECT_EQ(speicher.IniSektionen[1].LetzterEintrag, 0);
 }
 
 TEST_F(OpenIni, CountsAsOpenFromTheEndOfTheReadingOn)
