@@ -144,6 +144,14 @@ public:
         ++done_.rounds;
     }
 
+    void turnPages(std::size_t pages)
+    {
+        goOn("menudown BildIm 1");
+        for (std::size_t page = 1; page < pages; ++page)
+            goOn(page % 2 == 1 ? "key 6" : "key 5");
+        goOn("key 11");
+    }
+
     const Done& done() const { return done_; }
     std::int64_t passed() { return start_.msecsTo(panel_.now()); }
 
@@ -250,6 +258,8 @@ PanelInMotion::PanelInMotion(FastMotion::Link link, Looks looks, Machine machine
 PanelInMotion::~PanelInMotion() = default;
 
 void PanelInMotion::playRound() { impl_->playRound(); }
+
+void PanelInMotion::turnPages(std::size_t pages) { impl_->turnPages(pages); }
 
 const PanelInMotion::Done& PanelInMotion::done() const { return impl_->done(); }
 

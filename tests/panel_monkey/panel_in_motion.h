@@ -28,6 +28,8 @@ public:
 
     // Until the operator has come round and is in the menu again.
     void playRound();
+    // Goes from servo to servo, so many pages, and back to the menu. No tick passes and no value moves meanwhile.
+    void turnPages(std::size_t pages);
 
     // What was done, so that it is seen that something was.
     struct Done {

@@ -41,6 +41,24 @@ TEST(PanelInMotion, HoldsNoMoreMemoryNorReportsThanTheListTakesWithoutAnAnswer)
     EXPECT_EQ(done.lists, done.rounds);
 }
 
+// While no value moves nothing is drawn for the first time, and a single piece that is lost with each page is seen.
+class Pages : public ::testing::TestWithParam<Link> { };
+
+TEST_P(Pages, GiveBackWhatTheyTake)
+{
+    constexpr std::size_t pages = 100;
+    PanelInMotion motion{GetParam(), shortLooks, PanelInMotion::Machine::Still};
+    motion.turnPages(2 * pages); // until the list of reports is full
+    const std::size_t before = allocationsAlive();
+    const std::size_t readsBefore = motion.done().reads;
+    motion.turnPages(pages);
+    EXPECT_LT(allocationsAlive(), before + pages / 2);
+    EXPECT_GT(motion.done().reads, readsBefore + 5 * pages);
+    EXPECT_EQ(motion.done().refused, 0U);
+}
+
+INSTANTIATE_TEST_SUITE_P(PanelInMotion, Pages, ::testing::Values(Link::Good, Link::Dead));
+
 TEST(PanelInMotion, DoesWhatAnOperatorDoesAndTakesNoTimeForIt)
 {
     constexpr std::size_t steps = 20; // of a round

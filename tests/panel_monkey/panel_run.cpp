@@ -12,6 +12,8 @@
 #include "panel/form/schalter.h"
 #include "panel/form/timer_child.h"
 #include "panel/test_project.h"
+#include "panel/widgets/switch_view.h"
+#include "panel/widgets/text_view.h"
 #include "panel_monkey/by_hand.h"
 #include "panel_monkey/random_hands.h"
 #include "panel_monkey/words.h"
@@ -131,6 +133,15 @@ protected:
     }
 };
 
+// Whether the widget is told to show its value as changed.
+bool isMarked(panel::Child& child)
+{
+    if (auto* const lever = dynamic_cast<panel::SwitchView*>(child.viewOrNull()))
+        return lever->marks().changed;
+    auto* const text = dynamic_cast<panel::TextView*>(child.viewOrNull());
+    return text != nullptr && text->marks().changed;
+}
+
 // A panel under the hands of the operator, and what the rules see of it.
 class PanelRun : public Screen {
 public:
@@ -212,7 +223,7 @@ public:
     {
         std::set<std::int16_t> found;
         page()->forEach([&](std::string_view name, std::int16_t index, panel::Child& child) {
-            if (child.isChanged() && !isSwitch(name)) found.insert(index);
+            if (isMarked(child) && !isSwitch(name)) found.insert(index);
         });
         return found;
     }
@@ -657,9 +668,9 @@ std::optional<std::string> PanelRun::brokenSwitch()
     page()->forEach([&](std::string_view name, std::int16_t index, panel::Child& child) {
         if (!isSwitch(name)) return;
         const bool waits = rules_->edits().changed().count(index) > 0;
-        if (child.isChanged() && !waits)
+        if (isMarked(child) && !waits)
             wrong = "switch " + std::to_string(index) + " is marked as changed, and nobody turned it";
-        if (!child.isChanged() && waits)
+        if (!isMarked(child) && waits)
             wrong = "switch " + std::to_string(index) + " was turned, and it is not marked";
     });
     return wrong;
