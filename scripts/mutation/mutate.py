@@ -45,7 +45,8 @@ CONSTANT = re.compile(r"\s*(inline |static )*constexpr ")
 LEFT_OUT = HERE / "left_out.json"
 # The tests that exercise the library. Those of hosts and adapters come by it as well, but expect less of it and cost more.
 PROGRAMS = [f"{folder}_test" for folder in ("basic", "config", "display", "platform", "portable", "recording", "servo_menu",
-                                            "servo_page_structure", "servo_page_values", "shell", "monkey", "traces")]
+                                            "servo_page_structure", "servo_page_values", "shell", "monkey", "one_failure",
+                                            "traces")]
 # Without its last statement a function may go on where it must not. The compiler would take it for granted that this
 # does not happen, and leave the mutant out; so it crashes instead.
 ENDS = "-fsanitize=return,unreachable -fsanitize-undefined-trap-on-error"

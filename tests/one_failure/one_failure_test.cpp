@@ -1,0 +1,159 @@
+#include "one_failure/failing_seam.h"
+#include "one_failure/losses.h"
+#include "support/standard_project.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+using servopanel::recording::parseScenario;
+using servopanel::recording::Replay;
+using servopanel::recording::Step;
+using servopanel::testing::Crossings;
+using servopanel::testing::Loss;
+
+const fs::path folder = fs::path{SERVOPANEL_TESTS_DIR} / "one_failure";
+
+std::string contentOf(const fs::path& file)
+{
+    std::ifstream in{file, std::ios::binary};
+    return {std::istreambuf_iterator<char>{in}, {}};
+}
+
+// A scenario behind the standard project: what leads to a state, and from the mark on what is played with failures.
+class Scenario {
+public:
+    explicit Scenario(const std::string& text)
+    {
+        const std::size_t at = text.find("# fail\n");
+        steps_ = parseScenario(servopanel::testing::standardProject + text.substr(0, at));
+        mark_ = steps_.size();
+        for (Step& step : parseScenario(text.substr(at)))
+            steps_.push_back(std::move(step));
+    }
+
+    // One command behind the mark and what fails in it.
+    struct Command {
+        std::size_t step;
+        std::vector<std::string> trace;
+        std::vector<std::string> crossings;
+        std::vector<std::size_t> failing; // positions in crossings
+    };
+
+    // The same crossing between the same neighbours belongs to the same statement: it fails where it comes first, and
+    // not at all when it comes before the mark; another scenario fails it there.
+    std::vector<Command> commands() const
+    {
+        Run run;
+        std::vector<Command> found;
+        std::set<std::string> known;
+        for (std::size_t step = 0; step < steps_.size(); ++step) {
+            run.trace.clear();
+            run.seam->listen();
+            run.replay.play({steps_[step]});
+            Command command{step, servopanel::testing::linesOf(run.trace), run.seam->names(), {}};
+            for (std::size_t i = 0; i < command.crossings.size(); ++i)
+                if (known.insert(withNeighbours(command.crossings, i)).second) command.failing.push_back(i);
+            if (step >= mark_ && !command.failing.empty()) found.push_back(std::move(command));
+        }
+        return found;
+    }
+
+    // The trace of the command when one crossing fails in it.
+    std::vector<std::string> failed(std::size_t step, std::size_t crossing) const
+    {
+        Run run;
+        run.replay.play({steps_.begin(), steps_.begin() + static_cast<std::ptrdiff_t>(step)});
+        run.trace.clear();
+        run.seam->failAt(crossing);
+        run.replay.play({steps_[step]});
+        return servopanel::testing::linesOf(run.trace);
+    }
+
+private:
+    struct Run {
+        std::shared_ptr<Crossings> seam = std::make_shared<Crossings>();
+        std::string trace;
+        Replay replay{
+            servopanel::testing::libraryBehind(seam), [this](std::string_view lines) { trace += lines; }};
+    };
+
+    static std::string withNeighbours(const std::vector<std::string>& crossings, std::size_t at)
+    {
+        const std::string before = at > 0 ? general(crossings[at - 1]) : std::string{};
+        const std::string after = at + 1 < crossings.size() ? general(crossings[at + 1]) : std::string{};
+        return before + "\n" + general(crossings[at]) + "\n" + after;
+    }
+
+    // Whichever servo it is: names of variables, texts and files without the numbers in them.
+    static std::string general(std::string crossing)
+    {
+        for (const std::string_view named : {"read ", "write ", "text ", "path ", "picture ", "profile "})
+            if (crossing.starts_with(named))
+                std::erase_if(crossing, [](char sign) { return sign >= '0' && sign <= '9'; });
+        return crossing;
+    }
+
+    std::vector<Step> steps_;
+    std::size_t mark_ = 0;
+};
+
+std::vector<fs::path> scenarios()
+{
+    std::vector<fs::path> found;
+    for (const auto& entry : fs::directory_iterator{folder})
+        if (entry.path().extension() == ".scenario") found.push_back(entry.path());
+    std::sort(found.begin(), found.end());
+    return found;
+}
+
+class OneFailure : public ::testing::TestWithParam<fs::path> { };
+
+TEST_P(OneFailure, CostsJustItsStatement)
+{
+    const Scenario scenario{contentOf(GetParam())};
+    const std::vector<Scenario::Command> commands = scenario.commands();
+    ASSERT_FALSE(commands.empty());
+
+    std::vector<Loss> losses;
+    for (const Scenario::Command& command : commands) {
+        for (const std::size_t i : command.failing) {
+            const std::string& crossing = command.crossings[i];
+            losses.push_back(
+                servopanel::testing::compared(crossing, command.trace, scenario.failed(command.step, i)));
+            EXPECT_LE(losses.back().reports.size(), 1U) << crossing;
+        }
+    }
+    const std::string table = servopanel::testing::table(losses);
+
+    const fs::path expected = fs::path{GetParam()}.replace_extension(".losses");
+    if (std::getenv("PANEL_UPDATE_LOSSES") != nullptr) {
+        std::ofstream{expected, std::ios::binary} << table;
+        return;
+    }
+    const std::string recorded = contentOf(expected);
+    if (recorded == table) return;
+    const fs::path actual = fs::path{ACTUAL_LOSSES} / expected.filename().replace_extension(".actual");
+    std::ofstream{actual, std::ios::binary} << table;
+    const auto differs = std::mismatch(recorded.begin(), recorded.end(), table.begin(), table.end());
+    const auto line = std::count(recorded.begin(), differs.first, '\n') + 1;
+    ADD_FAILURE() << expected.string() << ":" << line << " differs, all of it: " << actual;
+}
+
+std::string nameOf(const ::testing::TestParamInfo<fs::path>& tested) { return tested.param.stem().string(); }
+
+INSTANTIATE_TEST_SUITE_P(Scenarios, OneFailure, ::testing::ValuesIn(scenarios()), nameOf);
+
+} // namespace
