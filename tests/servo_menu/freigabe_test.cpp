@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <string>
 
 namespace servopanel::testing {
@@ -64,6 +65,23 @@ TEST_F(MenuFußzeileFreigabe, WithdrawsTenKeysEachAfterReadingItsSetting)
     }
     menu.FußzeileFreigabe(false);
     EXPECT_EQ(calls(), expected);
+}
+
+// afterCall comes with each operation of the footer; the one on this key fails.
+TEST_F(MenuFußzeileFreigabe, GoesOnAfterAKeyThatCannotBeReleased)
+{
+    for (const std::uint8_t key : {std::uint8_t{1}, std::uint8_t{9}}) {
+        FakeControl& footer = *lone.fake("Fußzeile");
+        footer.crossings.clear();
+        lone.surround.errors.reports.clear();
+        footer.afterCall = [&] {
+            if (footer.crossings.back().args.front() == basic::Variant{key})
+                basic::raise(basic::ErrorNumber::ObjectNotSet);
+        };
+        menu.FußzeileFreigabe(true);
+        EXPECT_EQ(calls(), "Freigabe 1 True\nFreigabe 9 True\nFreigabe 10 True\n") << int{key};
+        EXPECT_EQ(lone.surround.reports(), (Reports{{91, "Me FußzeileFreigabe"}})) << int{key};
+    }
 }
 
 } // namespace servopanel::testing

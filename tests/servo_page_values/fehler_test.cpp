@@ -369,6 +369,20 @@ TEST_F(PageAlone, ReportsAPositionBeforeTheScrollBarThatHasNone)
     EXPECT_EQ(reports(), (Reports{{6, "Ma ScrollBar_NeuePos"}, {438, "Ma ScrollBar_NeuePos"}}));
 }
 
+// As many positions as 16 bits count, while the first one is still being shown.
+TEST_F(PageAlone, ReportsThePositionThatCannotBeCountedAnyMore)
+{
+    bool came = false;
+    page.fake("MainBereich")->afterPut = [&] {
+        if (std::exchange(came, true)) return;
+        const basic::Variant position{std::int16_t{2}};
+        for (int i = 0; i < 32767; ++i)
+            page.control.deliver({"ScrollBar"}, "NeuePos", {&position, 1});
+    };
+    page.control.ScrollBar_NeuePos(2);
+    EXPECT_EQ(reports(), (Reports{{6, "Ma ScrollbarAnzeigen"}}));
+}
+
 // Touched before any value of this servo was read: whatever it shows is not even looked at.
 TEST_F(PageAlone, DoesNotAskADrawingNumberThatShowsNothingOfThisServo)
 {

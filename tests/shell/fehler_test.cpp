@@ -42,6 +42,15 @@ TEST(ShellErrorNames, AreThoseOfTheHandlersAndEachStatementFailsForItself)
     EXPECT_EQ(servo.surround.zustand.AktServo, 2);
 }
 
+TEST(ShellErrorNames, AChildThatTakesNoLanguageKeepsItFromNoOther)
+{
+    Lone<shell::Servo> servo;
+    servo.fake("ServoMain")->missing = {"SPRACHEGEANDERT"};
+    servo.control.Header_SpracheGeandert(1);
+    EXPECT_EQ(servo.fake("ServoMenu")->puts(), Texts{"SpracheGeandert = 1"});
+    EXPECT_EQ(servo.surround.reports(), (Reports{{438, "Header_SpracheGeandert"}}));
+}
+
 TEST(ShellErrorNames, AreThoseOfTheHandlersForEventsWithoutTheirArgument)
 {
     Lone<shell::Servo> servo;

@@ -353,4 +353,14 @@ TEST_F(UserControlInitialize, KeepsTheAccessLevelOfTheControlBeforeWhenItCannotB
         "call ServoMenu.Fußzeile.0x68030007(3, \"Standard\\F_Pass_2_1280.gif\")\n");
 }
 
+TEST_F(UserControlInitialize, PassesOverAServoWhoseFlagIsAWholeArray)
+{
+    created("var Ch1.M1_T_servo_2<.mM1_servopassiv_2> = [0]\n");
+    EXPECT_EQ(replay.lines({"error", "put ServoMenu.BildInit"}),
+        "error 13 \"UserControl_Initialize\" \"Type mismatch\"\nput ServoMenu.BildInit = true\n");
+    run("show");
+    EXPECT_EQ(replay.lines("text Servo.M1.Servo2"), "");
+    EXPECT_NE(replay.lines("text Servo.M1.Servo4"), "");
+}
+
 } // namespace servopanel::testing
