@@ -37,13 +37,21 @@ std::string fileText(std::string_view path)
     return std::string{path};
 }
 
-// "(5)" for operations on a footer key, whose number comes first.
-std::string keyText(Args args)
+// "(5, true)". Names of pictures are left out.
+std::string argumentText(Args args)
 {
-    if (args.empty()) return "()";
-    if (args[0].type() == basic::VariantType::Byte) return "(" + basic::toText(args[0]) + ")";
-    if (const auto* text = args[0].get<std::string>()) return "(\"" + *text + "\")";
-    return "(?)";
+    std::string text;
+    for (const basic::Variant& value : args)
+        if (!value.holds<std::string>()) text += (text.empty() ? "" : ", ") + basic::toText(value);
+    return "(" + text + ")";
+}
+
+// " = true": what is switched on and off belongs to different statements.
+std::string switchText(const basic::Variant& value)
+{
+    const auto* on = value.get<bool>();
+    if (on == nullptr) return {};
+    return *on ? " = true" : " = false";
 }
 
 class FailingControl : public platform::Control {
@@ -64,7 +72,7 @@ public:
     }
     void put(const Member& member, Args args, const basic::Variant& value) override
     {
-        crossings_.cross([&] { return "put " + memberName(member); });
+        crossings_.cross([&] { return "put " + memberName(member) + switchText(value); });
         inner_->put(member, args, value);
     }
     void putRef(const Member& member, Args args, const basic::Variant& object) override;
@@ -72,7 +80,7 @@ public:
     {
         crossings_.cross([&] {
             const auto* key = args.size() == 1 ? args[0].get<std::string>() : nullptr;
-            return key ? "text " + *key : "call " + memberName(member) + keyText(args);
+            return key ? "text " + *key : "call " + memberName(member) + argumentText(args);
         });
         return inner_->call(member, args);
     }

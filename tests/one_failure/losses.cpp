@@ -39,7 +39,11 @@ std::string keyOf(const std::string& line)
         constexpr std::string_view failed = " failed";
         return key.ends_with(failed) ? key.substr(0, key.size() - failed.size()) : key;
     }
-    if (first == "exists") return line.substr(0, line.rfind(' '));
+    if (first == "exists") {
+        for (const std::string_view answer : {" yes", " no", " failed"})
+            if (line.ends_with(answer)) return line.substr(0, line.size() - answer.size());
+        return line;
+    }
     if (first == "raise") return upTo("(");
     if (first == "bitblt" || first == "stretch") {
         std::istringstream words{line};
@@ -50,7 +54,8 @@ std::string keyOf(const std::string& line)
     }
     if (first == "line") {
         // Object and flags; points and colour are left out.
-        return line.substr(0, line.find(" (")) + line.substr(line.rfind(' '));
+        const std::size_t points = line.find(" (");
+        return points == std::string::npos ? line : line.substr(0, points) + line.substr(line.rfind(' '));
     }
     if (first == "call") {
         // A footer key's number comes first.
@@ -60,7 +65,7 @@ std::string keyOf(const std::string& line)
     }
     if (first == "error") {
         const std::size_t description = line.find("\" \"");
-        return line.substr(0, description + 1);
+        return description == std::string::npos ? line : line.substr(0, description + 1);
     }
     return line;
 }
@@ -367,7 +372,7 @@ std::vector<std::string> linesOf(const std::string& trace)
 Loss compared(const std::string& crossing, const std::vector<std::string>& whole,
     const std::vector<std::string>& failed)
 {
-    Loss loss{withoutTextNumber(crossing), {}, {}, {}, {}};
+    Loss loss{keyOf(crossing), {}, {}, {}, {}};
     Difference found = difference(whole, failed);
     const std::string own = "error " + std::to_string(Crossings::errorNumber) + " \"";
     for (const std::string& line : found.added) {

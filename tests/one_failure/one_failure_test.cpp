@@ -10,6 +10,7 @@
 #include <fstream>
 #include <iterator>
 #include <memory>
+#include <numeric>
 #include <set>
 #include <string>
 #include <string_view>
@@ -52,8 +53,8 @@ public:
         std::vector<std::size_t> failing; // positions in crossings
     };
 
-    // The same crossing between the same neighbours belongs to the same statement: it fails where it comes first, and
-    // not at all when it comes before the mark; another scenario fails it there.
+    // The same crossing between the same accesses belongs to the same statement: it fails where it comes first, and not
+    // at all when it comes before the mark; another scenario fails it there.
     std::vector<Command> commands() const
     {
         Run run;
@@ -64,7 +65,7 @@ public:
             run.seam->listen();
             run.replay.play({steps_[step]});
             Command command{step, servopanel::testing::linesOf(run.trace), run.seam->names(), {}};
-            for (std::size_t i = 0; i < command.crossings.size(); ++i)
+            for (const std::size_t i : ordered(command.crossings))
                 if (known.insert(withNeighbours(command.crossings, i)).second) command.failing.push_back(i);
             if (step >= mark_ && !command.failing.empty()) found.push_back(std::move(command));
         }
@@ -90,11 +91,42 @@ private:
             servopanel::testing::libraryBehind(seam), [this](std::string_view lines) { trace += lines; }};
     };
 
+    // Look-ups of children and reads of properties. In which order an expression makes them is the compiler's choice.
+    static bool isRead(const std::string& crossing)
+    {
+        return crossing.starts_with("child ") || crossing.starts_with("get ");
+    }
+
+    // All positions in their order, but reads that follow each other by their names.
+    static std::vector<std::size_t> ordered(const std::vector<std::string>& crossings)
+    {
+        std::vector<std::size_t> positions(crossings.size());
+        std::iota(positions.begin(), positions.end(), std::size_t{0});
+        const auto by = [&](std::size_t left, std::size_t right) {
+            return crossings[left] < crossings[right];
+        };
+        for (auto begin = positions.begin(); begin != positions.end();) {
+            const auto end = std::find_if_not(
+                begin, positions.end(), [&](std::size_t position) { return isRead(crossings[position]); });
+            std::stable_sort(begin, end, by);
+            begin = end == positions.end() ? end : std::next(end);
+        }
+        return positions;
+    }
+
+    // The crossing, which one of its name it is among the reads before it, and what stands before and behind the reads.
     static std::string withNeighbours(const std::vector<std::string>& crossings, std::size_t at)
     {
-        const std::string before = at > 0 ? general(crossings[at - 1]) : std::string{};
-        const std::string after = at + 1 < crossings.size() ? general(crossings[at + 1]) : std::string{};
-        return before + "\n" + general(crossings[at]) + "\n" + after;
+        std::size_t begin = at;
+        std::size_t count = 0;
+        for (; begin > 0 && isRead(crossings[begin - 1]); --begin)
+            if (crossings[begin - 1] == crossings[at]) ++count;
+        std::size_t end = at + 1;
+        while (end < crossings.size() && isRead(crossings[end]))
+            ++end;
+        const std::string before = begin > 0 ? general(crossings[begin - 1]) : std::string{};
+        const std::string behind = end < crossings.size() ? general(crossings[end]) : std::string{};
+        return before + "\n" + general(crossings[at]) + " " + std::to_string(count) + "\n" + behind;
     }
 
     // Whichever servo it is: names of variables, texts and files without the numbers in them.
