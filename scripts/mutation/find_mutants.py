@@ -265,7 +265,13 @@ class Source:
         if cursor.kind == Kind.CALL_EXPR and call:
             start = cursor.extent.start.offset
             self.wrap(cursor, "trap", ("lets a failure through",), f"mutants::{(call[1] or b'statement').decode()}({{}}, ", "",
-                      cut=(start + len("trap"), start + call.end(), ", "))
+                      cut=(start + len("trap"), start + call.end(), ", "), same=() if self.calls(cursor) else (0,))
+
+    @staticmethod
+    def calls(trap):
+        """Whether the statement in the trap calls anything; numbers that are kept or compared cannot fail."""
+        statement = next((inner for inner in trap.walk_preorder() if inner.kind == Kind.COMPOUND_STMT), trap)
+        return any(inner.kind == Kind.CALL_EXPR for inner in statement.walk_preorder())
 
     # -- statements
 
