@@ -168,6 +168,7 @@ TEST_P(OneFailure, CostsJustItsStatement)
             EXPECT_LE(losses.back().reports.size(), 1U) << crossing;
         }
     }
+    RecordProperty("failures", static_cast<int>(losses.size()));
     const std::string table = servopanel::testing::table(losses);
 
     const fs::path expected = fs::path{GetParam()}.replace_extension(".losses");
