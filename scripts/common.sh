@@ -1,5 +1,5 @@
 # shellcheck shell=bash disable=SC2034
-# Shared by ./run, ./test and .ci/run: packages, building, log files. Sourced by bash from the project's root folder.
+# Shared by the scripts: packages, building, log files. Sourced by bash from the project's root folder.
 
 set -u -o pipefail
 
