@@ -20,7 +20,7 @@ STATEMENTS = (Kind.CALL_EXPR, Kind.BINARY_OPERATOR, Kind.COMPOUND_ASSIGNMENT_OPE
 FUNCTIONS = (Kind.FUNCTION_DECL, Kind.CXX_METHOD, Kind.CONSTRUCTOR, Kind.CONVERSION_FUNCTION, Kind.FUNCTION_TEMPLATE)
 ASSIGNMENT = re.compile(rb"([\w.\[\]\x80-\xff]+) = ([-\w.:\[\]\x80-\xff]+)")
 # In front of an array's size and first index.
-ARRAY = re.compile(rb"\b(CheckedArray|array)<[^;>]*$")
+ARRAY = re.compile(rb"\b(CheckedArray|GrowingArray|array)<[^;>]*$")
 NOT = re.compile(rb"!(?!=)")  # a != b may be made of a == b
 JUMPS = (Kind.CONTINUE_STMT, Kind.BREAK_STMT)
 OTHER_AXIS = {"X": "Y", "Y": "X", "x": "y", "y": "x"}

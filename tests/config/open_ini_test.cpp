@@ -166,6 +166,15 @@ TEST_F(OpenIni, GivesUpTheOpenFileInsteadOfOpeningASecondOne)
     EXPECT_EQ(find("B", "y"), "2");
 }
 
+TEST_F(OpenIni, ReportsAFailedClosingOfTheFileThatIsGivenUp)
+{
+    file("a.ini", {"[A]", "x=1"});
+    EXPECT_TRUE(open("a.ini"));
+    surround.world().fail("close");
+    EXPECT_FALSE(open("b.ini"));
+    EXPECT_EQ(reports(), (Reports{{1000, "OpenIni"}}));
+}
+
 // The file of before is given up all the same, and keeps its name.
 TEST_F(OpenIni, GivesUpTheOpenFileEvenWhenThePathOfTheSecondCannotBeMade)
 {

@@ -342,6 +342,19 @@ TEST_F(MenuScaling, StretchesTheWholeCanvas)
             "refresh TempPicZiel"}));
 }
 
+// Twips of the key grid: 495 of height less five pixels, two pixels below the row at 2340.
+TEST_F(MenuScaling, PutsCaptionsIntoTheFrameByTheHeightOfAPixel)
+{
+    const Texts puts = menu.fake("Beschriftung")->puts();
+    const auto first = [&](std::string_view name) {
+        const auto put = std::find_if(
+            puts.begin(), puts.end(), [&](const std::string& line) { return line.starts_with(name); });
+        return put == puts.end() ? std::string{} : *put;
+    };
+    EXPECT_EQ(first("Height"), "Height = 420");
+    EXPECT_EQ(first("Top"), "Top = 2370");
+}
+
 TEST_F(MenuScaling, GoesOnAfterEachStepThatFails)
 {
     const Texts all = worked();
