@@ -98,6 +98,15 @@ TEST_F(MemoryDatabase, HasNoCurrentRowWhenTheBookmarksRowIsGone)
     EXPECT_EQ(errorNumber([&] { return all->moveTo(bookmark), 0; }), 3167);
 }
 
+TEST_F(MemoryDatabase, HasNoCurrentRowAfterABookmarkThatIsNone)
+{
+    const auto all = rows();
+    all->moveTo(bookmarkOf("B"));
+    EXPECT_NE(errorNumber([&] { return all->moveTo(basic::Variant{}), 0; }), 0);
+    EXPECT_TRUE(all->atEnd());
+    EXPECT_EQ(errorNumber([&] { return all->edit(), 0; }), 3021);
+}
+
 TEST_F(MemoryDatabase, ChangesARowAtItsUpdateOnly)
 {
     const auto all = rows();

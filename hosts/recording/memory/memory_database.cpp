@@ -73,6 +73,7 @@ public:
     void moveTo(const basic::Variant& bookmark) override
     {
         edited_.reset();
+        position_ = table_->rows.size();
         const std::uint32_t id = idOf(bookmark);
         const auto row = std::find_if(table_->rows.begin(), table_->rows.end(),
             [id](const DefinitionRow& candidate) { return static_cast<std::uint32_t>(candidate.id) == id; });
