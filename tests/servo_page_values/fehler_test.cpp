@@ -195,7 +195,7 @@ const Losses losses[] = {
         "Ma AdressenUmschalten", 236},
     {"withdrawal", nothing, [](ServoMain& m) { m.FußzeileFreigabe(false); }, "Ma FußzeileFreigabe", 33},
     {"change", nothing, [](ServoMain& m) { m.Eingabemaske_EingabeAenderung(); },
-        "Ma Eingabemaske_EingabeAenderung", 7},
+        "Ma Eingabemaske_EingabeAenderung", 6},
     // Per setpoint its switch, its colour and three captions; per switch two; per drawing number three items twice, and
     // a caption.
     {"inputs", nothing, [](ServoMain& m) { m.EingabeDarstellen(false); }, "Ma EingabeDarstellen",

@@ -31,19 +31,20 @@ void ServoMain::Eingabemaske_EingabeAenderung()
     trap([&] { Fußzeile{kind("Fußzeile")}.Freigabe(11, true); });
 }
 
-// The open mask has changed its input: green until it is written. A toggled switch comes here without a mask and has no
-// colour.
+// The open mask has changed its input: green until it is written. A toggled switch comes here with nothing in the mask
+// and has no colour.
 void ServoMain::geändertFärben(basic::StatementTrap& trap)
 {
     const std::int16_t sollwert = zustand_.bearbeitung.AktiverSollwert;
     const std::int16_t item = zustand_.bearbeitung.AktiveZeichnung;
+    if (!istZeichnung(item) && !istSollwert(sollwert)) return;
     if (!trap.condition([&] { return platform::Eingabemaske{kind("Eingabemaske")}.Offen(); })) return;
     if (istZeichnung(item))
         trap([&] {
             zustand_.bearbeitung.Gezeigt[item] = true;
             platform::Textanzeige{kind(zeichnungName(item), item)}.Farbe(farben::Grün);
         });
-    else if (istSollwert(sollwert))
+    else
         trap([&] {
             zustand_.bearbeitung.Gezeigt[sollwert] = true;
             platform::Sollwert{kind(sollwertName(sollwert), sollwert)}.Vordergrund(farben::Grün);
