@@ -83,6 +83,16 @@ public:
         return servopanel::testing::linesOf(run.trace);
     }
 
+    // What the operator could not do although nothing failed.
+    std::vector<std::string> refused() const
+    {
+        Run run;
+        run.replay.play(steps_);
+        std::vector<std::string> lines = servopanel::testing::linesOf(run.trace);
+        std::erase_if(lines, [](const std::string& line) { return !line.starts_with("refused"); });
+        return lines;
+    }
+
 private:
     struct Run {
         std::shared_ptr<Crossings> seam = std::make_shared<Crossings>();
@@ -114,13 +124,17 @@ private:
         return positions;
     }
 
-    // The crossing, which one of its name it is among the reads before it, and what stands before and behind the reads.
+    // The crossing, which one of its name it is among the reads before it or of the lines in a row, and what stands
+    // before and behind the reads.
     static std::string withNeighbours(const std::vector<std::string>& crossings, std::size_t at)
     {
         std::size_t begin = at;
         std::size_t count = 0;
         for (; begin > 0 && isRead(crossings[begin - 1]); --begin)
             if (crossings[begin - 1] == crossings[at]) ++count;
+        if (crossings[at].starts_with("line "))
+            for (std::size_t line = at; line > 0 && crossings[line - 1] == crossings[at]; --line)
+                ++count;
         std::size_t end = at + 1;
         while (end < crossings.size() && isRead(crossings[end]))
             ++end;
@@ -158,6 +172,7 @@ TEST_P(OneFailure, CostsJustItsStatement)
     const Scenario scenario{contentOf(GetParam())};
     const std::vector<Scenario::Command> commands = scenario.commands();
     ASSERT_FALSE(commands.empty());
+    EXPECT_EQ(scenario.refused(), std::vector<std::string>{});
 
     std::vector<Loss> losses;
     for (const Scenario::Command& command : commands) {
@@ -188,5 +203,51 @@ TEST_P(OneFailure, CostsJustItsStatement)
 std::string nameOf(const ::testing::TestParamInfo<fs::path>& tested) { return tested.param.stem().string(); }
 
 INSTANTIATE_TEST_SUITE_P(Scenarios, OneFailure, ::testing::ValuesIn(scenarios()), nameOf);
+
+// The definition of setpoint 2 has lost its row; its values reach no other one, and that row stays as it was.
+TEST(DefinitionWithoutABookmark, IsWrittenToNoRow)
+{
+    const std::string page = std::string{servopanel::testing::standardProject} + R"(
+var Ch-1.intern<.servo_zeiger> = 1
+var Ch-1.intern<.passwort> = 5
+db Servo\Servo.mdb empty
+create
+show
+db Servo\Servo.mdb M1 Ch1.M1_T_servo_5<.mM1_servo_para_5> 0 0 1000 10 20 1
+db Servo\Servo.mdb M1 Ch1.M1_T_servo_5<.mM1_servo_para_5> 1 0 1000 30 40 2
+)";
+    const auto seam = std::make_shared<Crossings>();
+    Replay whole{servopanel::testing::libraryBehind(seam)};
+    whole.run(page);
+    seam->listen();
+    whole.run("key 6\n");
+    const std::vector<std::string>& names = seam->names();
+    const auto first = std::find(names.begin(), names.end(), "db row");
+    ASSERT_NE(first, names.end());
+    const auto second = std::find(std::next(first), names.end(), "db row");
+    ASSERT_NE(second, names.end());
+    const auto failing = static_cast<std::size_t>(second - names.begin());
+
+    Replay replay{servopanel::testing::libraryBehind(seam)};
+    replay.run(page);
+    seam->failAt(failing);
+    replay.run("key 6\nkey 4\ntouch SollwertL 1\nini 11 21 3\n");
+    EXPECT_EQ(replay.lines({"db update"}), "db update Ch1.M1_T_servo_5<.mM1_servo_para_5> 0\n");
+
+    // Read anew, the editor shows what the rows hold: access level, largest and smallest value.
+    const auto shown = [&](const std::string& commands) {
+        replay.run(commands);
+        return replay.lines({"put ServoMain.IniEingabe.0x68030004", "put ServoMain.IniEingabe.0x68030005",
+            "put ServoMain.IniEingabe.0x68030006"});
+    };
+    EXPECT_EQ(shown("key 4\nkey 5\nkey 6\nkey 4\ntouch SollwertL 1\n"),
+        "put ServoMain.IniEingabe.0x68030004 = 3\n"
+        "put ServoMain.IniEingabe.0x68030005 = 21\n"
+        "put ServoMain.IniEingabe.0x68030006 = 11\n");
+    EXPECT_EQ(shown("ini cancel\ntouch SollwertL 2\n"),
+        "put ServoMain.IniEingabe.0x68030004 = 2\n"
+        "put ServoMain.IniEingabe.0x68030005 = 40\n"
+        "put ServoMain.IniEingabe.0x68030006 = 30\n");
+}
 
 } // namespace
