@@ -33,6 +33,19 @@ TEST(GrowingArray, KeepsWhatWasWritten)
     EXPECT_EQ(std::as_const(texts)[999], "999");
 }
 
+// Room for the few that most use, then for all: INI files are read much, and moving records is what costs.
+TEST(GrowingArray, MovesItsElementsOnceOnly)
+{
+    Texts texts;
+    const std::string* first = &texts[0];
+    texts[127] = "x";
+    EXPECT_EQ(&texts[0], first);
+    texts[128] = "y";
+    first = &texts[0];
+    texts[999] = "z";
+    EXPECT_EQ(&texts[0], first);
+}
+
 TEST(GrowingArray, RefusesIndicesOutsideWithError9)
 {
     Texts texts;

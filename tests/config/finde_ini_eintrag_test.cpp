@@ -76,6 +76,10 @@ TEST_F(FindeIniEintrag, TakesTheUnusedRecordBehindTheLastForASectionWithoutAName
     EXPECT_EQ(find("", "x"), "1");
     EXPECT_EQ(find("", "y"), "");
     EXPECT_TRUE(reports().empty());
+    // The same with records that were made, and then not used.
+    speicher.IniSektionen[5];
+    EXPECT_EQ(find("", "x"), "1");
+    EXPECT_EQ(find("", "y"), "");
 }
 
 TEST_F(FindeIniEintrag, TellsTheOperatorWhenAsked)
@@ -153,6 +157,8 @@ TEST_F(FindeIniEintrag, AnswersNothingForNoName)
 {
     file("a.ini", {"=5"});
     open("a.ini");
+    EXPECT_EQ(find("", ""), "");
+    speicher.IniSektionen[5];
     EXPECT_EQ(find("", ""), "");
 }
 

@@ -130,6 +130,23 @@ TEST(MenuTasteZeichnen, KnowsNoKeyBeforeTheFirst)
     EXPECT_EQ(menu.surround.reports(), Reports{});
 }
 
+TEST(MenuTasteZeichnen, ReportsAKeyBehindTheLast)
+{
+    Lone<servo_menu::ServoMenu> menu;
+    menu.control.TasteZeichnen(9, true);
+    EXPECT_EQ(menu.drawn, Texts{});
+    EXPECT_EQ(menu.surround.reports(), (Reports{{9, "Me TasteZeichnen"}}));
+}
+
+// 400 machines make screen numbers beyond 16 bits.
+TEST(MenuFooter, ReturnsAfterAScreenWhoseNumberIsTooLarge)
+{
+    Lone<servo_menu::ServoMenu> menu;
+    menu.surround.zustand.AktuelleMaschine = 400;
+    menu.control.Fußzeile_TasteClick(11);
+    EXPECT_EQ(menu.surround.reports(), (Reports{{6, "Me Fußzeile_TasteClick"}}));
+}
+
 TEST(MenuAtFirst, HasNotBeenBuiltOrShown)
 {
     Lone<servo_menu::ServoMenu> menu;

@@ -51,6 +51,59 @@ TEST(ShellErrorNames, AChildThatTakesNoLanguageKeepsItFromNoOther)
     EXPECT_EQ(servo.surround.reports(), (Reports{{438, "Header_SpracheGeandert"}}));
 }
 
+// Each as the last statement of its handler, which returns all the same.
+TEST(ShellErrorNames, AreThoseOfTheHandlersForTheMenuThatTakesNothing)
+{
+    const basic::Variant built{std::int16_t{-1}};
+    const basic::Variant hidden{std::int16_t{0}};
+    struct Row {
+        const char* name;
+        const char* missing;
+        basic::Variant shown;
+        std::function<void(shell::Servo&)> call;
+    };
+    const Row rows[]{
+        {"UserControl_Show", "BILDSHOW", hidden, [](auto& servo) { servo.UserControl_Show(); }},
+        {"ServoMain_MenuAnzeigen", "VISIBLE", built, [](auto& servo) { servo.ServoMain_MenuAnzeigen(); }},
+        {"Header_SpracheGeandert", "SPRACHEGEANDERT", built,
+            [](auto& servo) { servo.Header_SpracheGeandert(1); }},
+    };
+    for (const Row& row : rows) {
+        Lone<shell::Servo> servo;
+        servo.surround.zustand.MitMenu = true;
+        FakeControl& menu = *servo.fake("ServoMenu");
+        menu.properties["BILDINIT"] = built;
+        menu.properties["BILDSHOW"] = row.shown;
+        menu.missing = {row.missing};
+        row.call(servo.control);
+        EXPECT_EQ(servo.surround.reports(), (Reports{{438, row.name}})) << row.name;
+    }
+}
+
+TEST(ShellErrorNames, AreThoseOfTheHandlersForTheMenuThatIsNotShown)
+{
+    Lone<shell::Servo> servo;
+    FakeControl& menu = *servo.fake("ServoMenu");
+    menu.properties["BILDINIT"] = std::int16_t{-1};
+    menu.properties["BILDSHOW"] = std::int16_t{0};
+    menu.afterPut = [] { basic::raise(basic::ErrorNumber::ObjectNotSet); };
+    servo.control.ServoMain_MenuAnzeigen();
+    EXPECT_EQ(servo.surround.reports(), (Reports{{91, "ServoMain_MenuAnzeigen"}}));
+}
+
+TEST(ShellErrorNames, AreThoseOfTheStartWhoseFirstViewFails)
+{
+    for (const bool withMenu : {false, true}) {
+        Lone<shell::Servo> servo;
+        auto& world = servo.surround.world();
+        world.profiles["P:\\Parameter\\Program.ini"]["[Project] ServoWithMenu"] = withMenu ? "TRUE" : "FALSE";
+        world.variables["Ch-1.intern<.servo_zeiger>"] = std::int16_t{0};
+        servo.fake(withMenu ? "ServoMenu" : "ServoMain")->missing = {"BILDINIT"};
+        servo.control.UserControl_Initialize();
+        EXPECT_EQ(servo.surround.reports().back(), (Report{438, "UserControl_Initialize"})) << withMenu;
+    }
+}
+
 TEST(ShellErrorNames, AreThoseOfTheHandlersForEventsWithoutTheirArgument)
 {
     Lone<shell::Servo> servo;
