@@ -587,7 +587,13 @@ TEST(LockedPanelTest, TheSystemsOwnMessageComesWhateverIsKnownOfTheMachine)
     const std::string permission = R"("input": -1)";
     ASSERT_NE(file.find(permission), std::string::npos);
     project.write("project.json", file.replace(file.find(permission), permission.size(), R"("input": 0)"));
-    Panel panel{project.settings()};
+    panel::PanelSettings settings = project.settings();
+    settings.wrapVariables = [](std::shared_ptr<platform::ProcessVarAccess> inner) {
+        auto flaky = std::make_shared<FlakyVariables>(std::move(inner));
+        flaky->unreadable = {switches};
+        return flaky;
+    };
+    Panel panel{settings};
     panel.window().show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&panel.window()));
     panel.openServo();
@@ -600,6 +606,7 @@ TEST(LockedPanelTest, TheSystemsOwnMessageComesWhateverIsKnownOfTheMachine)
     panel.setLink({false, "The controller does not answer"});
     const MessageReader reader{panel};
     hands.input("SollwertL", 1);
+    ASSERT_TRUE(panel.shownPart()->require<panel::SchalterChild>("SchalterL", 31).lever().isUnknown());
     hands.input("SchalterL", 31);
     ASSERT_EQ(reader.texts().size(), 2U);
     EXPECT_EQ(reader.texts()[0], panel.text("Standard.15000"));

@@ -2,6 +2,7 @@
 #include "servo_page_test.h"
 
 #include "basic/conversions.h"
+#include "panel/form/ini_eingabe.h"
 #include "portable/temporary_folder.h"
 
 #include <limits>
@@ -54,6 +55,26 @@ protected:
             const std::string whole = "[123456789, 7000012]";
             file.replace(file.find(whole), whole.size(), "[123456789.5, 7000012.5]");
             project_.write("project.json", file);
+        }}
+    {
+    }
+};
+
+// An engineer, who may change definitions.
+class ForeignDefinitionsTest : public ForeignValuesTest {
+protected:
+    ForeignDefinitionsTest()
+        : ForeignValuesTest{[](panel::PanelSettings& settings) { settings.level = 5; }}
+    {
+    }
+};
+
+// A machine whose switches are a number that is too large for bits.
+class SwitchWithoutBitsTest : public ForeignValuesTest {
+protected:
+    SwitchWithoutBitsTest()
+        : ForeignValuesTest{[this](panel::PanelSettings&) {
+            project_.replaceInFile("project.json", switches + R"(": 5)", switches + R"(": 5e12)");
         }}
     {
     }
@@ -122,13 +143,38 @@ TEST_F(ForeignValuesTest, AWrittenFieldIsFreshAtOnce)
     EXPECT_TRUE(answer().find("Written") != std::string::npos) << answer();
 }
 
-TEST_F(ForeignValuesTest, ASwitchThatNobodyCanSeeTakesNoTouch)
+TEST_F(ForeignValuesTest, ASwitchThatNobodyCanSeeIsNotTurnedAndSaysWhy)
 {
+    const std::string reason = "Cannot be changed: Synchronous: cannot be read";
     comeBackUnread(switches);
     EXPECT_TRUE(lever().isUnknown());
+    EXPECT_FALSE(lever().marks().locked); // no access level forbids it
     hands_->tap(lever());
+    EXPECT_EQ(answer(), reason);
+    panel_->answers().showWritten({});
+    hands_->input("BeschriftungL", 31); // stands for the switch
+    EXPECT_EQ(answer(), reason);
     EXPECT_FALSE(lever().marks().changed);
     EXPECT_TRUE(lever().isUnknown());
+}
+
+// It is read, and the page can make no state of it.
+TEST_F(SwitchWithoutBitsTest, IsNotTurnedAndSaysWhy)
+{
+    EXPECT_TRUE(lever().isUnknown());
+    hands_->tap(lever());
+    EXPECT_EQ(answer(), "Cannot be changed: Synchronous: cannot be read");
+    EXPECT_FALSE(lever().marks().changed);
+}
+
+TEST_F(ForeignDefinitionsTest, TheDefinitionOfASwitchIsEditedThoughNobodyCanSeeTheSwitch)
+{
+    comeBackUnread(switches);
+    hands_->footerKey(4);
+    ASSERT_TRUE(lever().isUnknown());
+    hands_->tap(lever());
+    EXPECT_TRUE(panel_->shownPart()->require<panel::IniEingabeChild>("IniEingabe").isOpen());
+    EXPECT_FALSE(lever().marks().changed);
 }
 
 // Else a changed project would wait for ever for the end of the input.

@@ -72,10 +72,9 @@ ValueState SchalterChild::valueState() const
 void SchalterChild::adapt()
 {
     if (viewOrNull() == nullptr) return;
-    // Nobody may turn over what he cannot see.
     lever().setFree(takesTouch());
     lever().setMarks({changed_, false, machine_ != ValueState::Fresh});
-    lever().setUnknown(valueState() == ValueState::Unknown);
+    lever().setUnknown(!isSeen());
 }
 
 void SchalterChild::languageChanged()

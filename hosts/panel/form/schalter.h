@@ -16,7 +16,9 @@ public:
     void setBeingEdited(bool edited) override;
     // What the operator has toggled was written, refused or discarded: nothing waits any more.
     void settle();
-    bool takesTouch() const { return free_ && enabled() && valueState() != ValueState::Unknown; }
+    bool takesTouch() const { return free_ && enabled(); }
+    // Whether the operator can see how it stands.
+    bool isSeen() const { return valueState() != ValueState::Unknown; }
 
     SwitchView& lever() { return static_cast<SwitchView&>(view()); }
 

@@ -5,6 +5,7 @@
 #include "panel/form/definition_mode.h"
 #include "panel/form/input_caption.h"
 #include "panel/form/input_value.h"
+#include "panel/form/schalter.h"
 #include "panel/form/vws_var.h"
 #include "platform/ids.h"
 
@@ -24,6 +25,13 @@ bool isSame(std::optional<double> one, std::optional<double> other)
 {
     const bool isNoNumber = one && other && std::isnan(*one) && std::isnan(*other);
     return isNoNumber || one == other;
+}
+
+// Nobody may turn over what he cannot see. A number that is not seen is entered anew.
+bool isUnseenSwitch(ControlHost& page, platform::ChildId id)
+{
+    const auto* const lever = dynamic_cast<const SchalterChild*>(page.find(id.name, id.index));
+    return lever != nullptr && !lever->isSeen();
 }
 
 } // namespace
@@ -80,7 +88,8 @@ void EditCheck::confirmEnds(const std::vector<ValueSource>& waiting)
 bool EditCheck::mayEdit(ControlHost& page, platform::ChildId id, const ValueSource& source)
 {
     if (isLocked_) return true;
-    const bool isGood = variables_.state(source) == ValueState::Fresh;
+    const bool isRead = variables_.state(source) == ValueState::Fresh;
+    const bool isGood = isRead && !isUnseenSwitch(page, id);
     if (isGood && !isViewing_) {
         begin(page, id, source);
         return true;
@@ -88,7 +97,7 @@ bool EditCheck::mayEdit(ControlHost& page, platform::ChildId id, const ValueSour
     const WatchedVariables::Read* const read = variables_.latest(source.family);
     const RefusalReason reason = !variables_.linkIsGood() ? RefusalReason::NoLink
         : isGood                                          ? RefusalReason::ReadOnly
-        : read == nullptr                                 ? RefusalReason::NotReadable
+        : read == nullptr || isRead                       ? RefusalReason::NotReadable
         : read->problem.empty()                           ? RefusalReason::Old
                                                           : reasonOf(read->error, true);
     strip_.showLocked(words_(PanelText::NotEditable),

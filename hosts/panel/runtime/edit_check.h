@@ -18,10 +18,11 @@
 namespace servopanel::panel {
 
 // Keeps the operator from working on numbers that are not the machine's: an input whose variable is not good is not
-// edited, and a change is confirmed only while every variable that it concerns is good and the machine holds what the edit
-// began from. Otherwise the strip says why not, and everything entered stays as it is. Where the machine holds another
-// value by now, or some of what was changed cannot be read and therefore not be written, a further press confirms in the
-// knowledge of it: of the one that the strip names, and not before it can have been read.
+// edited, nor a switch turned that does not show how it stands, and a change is confirmed only while every variable
+// that it concerns is good and the machine holds what the edit began from. Otherwise the strip says why not, and
+// everything entered stays as it is. Where the machine holds another value by now, or some of what was changed cannot
+// be read and therefore not be written, a further press confirms in the knowledge of it: of the one that the strip
+// names, and not before it can have been read.
 class EditCheck {
 public:
     // note: a line for the list of reports.
