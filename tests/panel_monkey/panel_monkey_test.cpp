@@ -120,6 +120,23 @@ TEST(PanelScenario, IsPlayedByTheReplayWhenItIsShrunk)
     EXPECT_EQ(writesOfReplay(scenario), writesIn(trace));
 }
 
+// Else nothing could be left out of it, and playing what was kept would show another finding.
+TEST(PanelScenario, BreaksTheSameRuleWhereTheLibraryGotNothing)
+{
+    const Commands before = onThePage({"timer", "# panel: forge numb"});
+    for (const char* const touch : {"touch SchalterL 31", "touch SollwertL 1"}) {
+        Commands commands = before;
+        commands.push_back(touch);
+        const Finding found = *playOnPanel(commands);
+        const std::optional<Finding> again = playOnPanel(commandsIn(scenarioOf(found)));
+        ASSERT_TRUE(again) << touch;
+        EXPECT_EQ(again->rule, found.rule);
+        EXPECT_EQ(again->commands, found.commands);
+        const std::size_t withoutTheTimer = commands.size() - 1;
+        EXPECT_EQ(shrunk(found, playOnPanel).commands.size(), withoutTheTimer) << touch;
+    }
+}
+
 TEST(PanelScenario, ARestartBeginsAnewInTheReplay)
 {
     std::string trace;
@@ -182,6 +199,16 @@ TEST(PanelRun, SeesWhatTakesNoTouch)
         tracedOnPanel(onThePage({numb, "touch SchalterL 31"})), "broken: 'touch SchalterL 31'" + reason);
     EXPECT_EQ(tracedOnPanel(onThePage({"touch SollwertL 2", "mask 42.5", numb, "key 10"})),
         "broken: 'key 10'" + reason);
+}
+
+// It never had a state that could be turned over.
+TEST(PanelRun, HearsWhyAnUnreadSwitchTakesNoTouch)
+{
+    const std::string trace =
+        tracedOnPanel({"# panel: open", "fail read Ch1.M1_T_servo_3<.mM1_servo_schalt_3>",
+            "menudown BildIm 1 100 100", "touch SchalterL 31"});
+    EXPECT_NE(trace.find("read Ch1.M1_T_servo_3<.mM1_servo_schalt_3> failed"), std::string::npos) << trace;
+    EXPECT_EQ(trace.find("broken"), std::string::npos) << trace;
 }
 
 TEST(PanelRun, SeesASwitchThatIsMarkedAndWasNotTurned)

@@ -121,6 +121,19 @@ private:
     std::map<std::string, std::string> away_; // what stood in them
 };
 
+// What is done for such a command. One that a scenario has as well is a comment there when the library got something
+// else of it, and is the same command still: a rule names it alike.
+std::string operationOf(const std::string& scenario)
+{
+    constexpr std::array<std::string_view, 12> ofScreen{
+        "at", "drag", "press", "back", "open", "restart", "link", "lose", "spoil", "bring", "forge", "probe"};
+    const std::string command = ofThePanel(scenario);
+    if (!command.starts_with(panelOnly)) return command;
+    const std::string done = command.substr(panelOnly.size());
+    const bool isOfScreen = std::find(ofScreen.begin(), ofScreen.end(), Words{done}.word()) != ofScreen.end();
+    return isOfScreen ? command : done;
+}
+
 // Takes the touches of a widget away.
 class NoTouches : public QObject {
 public:
@@ -181,7 +194,7 @@ public:
     // What the command broke.
     std::optional<std::string> play(const std::string& scenario)
     {
-        const std::string command = ofThePanel(scenario);
+        const std::string command = operationOf(scenario);
         lastCommand_ = command;
         noteMask(command);
         rules_->before();
@@ -244,7 +257,7 @@ public:
 private:
     std::optional<std::string> perform(const std::string& command);
     void doAsScenario(const std::string& command);
-    bool doToScreen(const std::string& command);
+    void doToScreen(const std::string& command);
     void restart(int resolution);
     void forge(const std::string& what);
     void machine(std::string_view rest);
@@ -339,10 +352,13 @@ private:
 
 std::optional<std::string> PanelRun::perform(const std::string& command)
 {
-    const bool isOfScreenAlone = command.starts_with(panelOnly);
-    const std::string done = isOfScreenAlone ? command.substr(panelOnly.size()) : command;
+    if (!command.starts_with(panelOnly)) {
+        doAsScenario(command);
+        return std::nullopt;
+    }
+    const std::string done = command.substr(panelOnly.size());
     if (done == "probe") return probe();
-    if (!isOfScreenAlone || !doToScreen(done)) doAsScenario(done);
+    doToScreen(done);
     return std::nullopt;
 }
 
@@ -372,8 +388,8 @@ void PanelRun::doAsScenario(const std::string& command)
     }
 }
 
-// What only a screen and its surroundings have. Whether it was such a thing.
-bool PanelRun::doToScreen(const std::string& command)
+// What only a screen and its surroundings have.
+void PanelRun::doToScreen(const std::string& command)
 {
     Words words{command};
     const std::string verb = words.word();
@@ -408,10 +424,7 @@ bool PanelRun::doToScreen(const std::string& command)
         tellLoss(verb, name);
     } else if (verb == "forge") {
         forge(words.word());
-    } else {
-        return false;
     }
-    return true;
 }
 
 // The panel's program ends and begins again. Its machine is in the same program, and with it all variables begin anew.
