@@ -295,7 +295,7 @@ def main():
     parser.add_argument("--every", type=int, default=1, metavar="N", help="only each N-th mutant")
     parser.add_argument("--minutes", type=int, default=1440, metavar="N", help="stops after so much running of tests")
     parser.add_argument("--again", action="store_true",
-                        help="only those that were not tried or not noticed the last time, and all of changed sources")
+                        help="only those that were not tried the last time, or neither noticed nor explained, and all of changed sources")
     parser.add_argument("--report", type=pathlib.Path, metavar="FILE", help="writes the report that docs/mutation.md is")
     options = parser.parse_args()
 
@@ -317,8 +317,10 @@ def main():
             tried = {tuple(entry["key"]): entry for entry in last["results"] if entry["key"][0] in same}
             results = {mutant.number: {**tried[known[mutant.number]], "line": mutant.line, "number": mutant.number}
                        for mutant in mutants if known[mutant.number] in tried}
+            explained = report.explanations()
             chosen = [mutant for mutant in chosen if mutant.number not in results
-                      or results[mutant.number]["outcome"] not in report.NOTICED]
+                      or (results[mutant.number]["outcome"] not in report.NOTICED
+                          and known[mutant.number] not in explained)]
         # From all over the library, in case that the time does not last.
         chosen = [mutant for i in range(PARTS) for mutant in chosen[i::PARTS]]
         print(f"{len(mutants)} mutants, {len(chosen)} of them to be tried", flush=True)

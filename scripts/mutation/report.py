@@ -44,7 +44,7 @@ def table(heading, results, known, group):
 
 def report(results, mutants, left_out, seconds, tried_now):
     known = explanations()
-    again = f" {tried_now} of them in the last run: those of changed sources and those that were not noticed before." \
+    again = f" {tried_now} of them in the last run: those of changed sources, and those that were neither noticed nor explained before." \
         if tried_now < len(results) else ""
     lines = ["# What the tests notice", "",
              "The library (`src/`) was broken on purpose, one place at a time, and its tests were run with each of these mutants:",
