@@ -190,6 +190,17 @@ TEST(PanelRun, SeesAKeyBackThatLeadsNowhere)
         "broken: the key back leads nowhere");
 }
 
+TEST(PanelRun, KnowsThatTheWayOutClosesTheListOfReportsFirst)
+{
+    const std::string theList = "# panel: at 561 36";
+    const std::string trace =
+        tracedOnPanel({"# panel: open", theList, "menudown BildIm 3 100 100", "key 11", "key 11"});
+    EXPECT_EQ(trace.find("broken"), std::string::npos) << trace;
+    const std::size_t first = trace.find("> key 11\n");
+    ASSERT_NE(first, std::string::npos) << trace;
+    EXPECT_EQ(trace.find("> key 11\n", first + 1), std::string::npos) << trace;
+}
+
 TEST(PanelRun, SeesWhatTakesNoTouch)
 {
     const std::string numb = "# panel: forge numb";

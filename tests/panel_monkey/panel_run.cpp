@@ -271,6 +271,7 @@ private:
     void closeWhatIsOpen();
     void noteMask(const std::string& command);
     std::string lineOfTouch(const std::string& command);
+    bool isSheetOpen();
     bool isInReach(QWidget& target);
     std::optional<std::string> brokenSwitch();
     std::optional<std::string> brokenOnScreen(const std::string& command, const std::string& trace);
@@ -651,10 +652,22 @@ std::string PanelRun::lineOfTouch(const std::string& command)
         return isFree ? "> touch " : "";
     }
     if ((verb == "key" && part == page()) || (verb == "menukey" && part != page())) {
-        panel::TouchKey& key = part->require<panel::FußzeileChild>("Fußzeile").bar().key(words.whole());
+        const int number = words.whole();
+        // The way out closes what lies on the page first.
+        if (number == leaveKey && isSheetOpen()) return {};
+        panel::TouchKey& key = part->require<panel::FußzeileChild>("Fußzeile").bar().key(number);
         return key.isOn() && isInReach(key) ? "> " + command + "\n" : "";
     }
     return {};
+}
+
+// The list of reports, trends, or the list of languages.
+bool PanelRun::isSheetOpen()
+{
+    if (panel_->errors().isOpen() || panel_->trends().isOpen()) return true;
+    auto* const header = dynamic_cast<panel::HeaderChild*>(panel_->servo()->find("Header"));
+    const QWidget* const languages = header == nullptr ? nullptr : header->bar().languageSheet();
+    return languages != nullptr && languages->isVisible();
 }
 
 // Whether nothing lies over the middle of it.
