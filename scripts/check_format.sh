@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Compares every C++ file of the library, its hosts, tests and examples with .clang-format; "scripts/check_format.sh --fix" rewrites those that differ.
+# Compares every C++ file of the library, its hosts, tests and examples with .clang-format;
+# "scripts/check_format.sh --fix" rewrites those that differ.
 
 cd "$(dirname "$(readlink -f "$0")")/.." || exit 1
 

@@ -1,22 +1,13 @@
 #include "check/planted.h"
+#include "support/lines_of.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <sstream>
 
 namespace servopanel::check::tests {
 
 namespace {
-
-std::vector<std::string> linesOf(const std::string& text)
-{
-    std::vector<std::string> lines;
-    std::istringstream in{text};
-    for (std::string line; std::getline(in, line);)
-        lines.push_back(line);
-    return lines;
-}
 
 std::string together(const std::vector<std::string>& lines)
 {
@@ -55,7 +46,7 @@ TEST(Check, FindsEveryPlantedMistakeAndNothingElse)
 
     const Report report = checkProject(copy.path(), plainReader);
     EXPECT_EQ(report.result, Report::Result::Findings);
-    std::vector<std::string> found = linesOf(report.text);
+    std::vector<std::string> found = testing::linesOf(report.text);
     ASSERT_FALSE(found.empty());
     const std::string count = found.back();
     found.pop_back();

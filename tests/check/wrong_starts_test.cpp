@@ -3,24 +3,15 @@
 
 #include "jet/servo_defs/definition_list.h"
 #include "jet/servo_defs/tool.h"
+#include "support/lines_of.h"
 
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <vector>
 
 namespace servopanel::check::tests {
 
 namespace {
-
-std::vector<std::string> lines(const std::string& text)
-{
-    std::vector<std::string> lines;
-    std::istringstream in{text};
-    for (std::string line; std::getline(in, line);)
-        lines.push_back(line);
-    return lines;
-}
 
 std::string found(const ProjectCopy& copy) { return checkProject(copy.path(), plainReader).text; }
 
@@ -67,7 +58,7 @@ TEST(HiddenItems, AreToldForEachServo)
     const ProjectCopy copy;
     std::string csv;
     for (const std::string& line :
-        lines(jet::toCsv(jet::loadDefinitions(copy.place("Servo/Servo.mdb")).rows))) {
+        testing::linesOf(jet::toCsv(jet::loadDefinitions(copy.place("Servo/Servo.mdb")).rows))) {
         const bool isSetpoint = line.find("<.mM1_servo_para_5>") != std::string::npos;
         const bool isSwitch = line.find("<.mM1_servo_schalt_3>,") != std::string::npos;
         if (!isSetpoint && !isSwitch) csv += line + '\n';

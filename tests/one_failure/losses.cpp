@@ -360,15 +360,6 @@ bool Loss::isPlain() const
     return missing.size() == 1 && isOwnLine(missing.front(), crossing);
 }
 
-std::vector<std::string> linesOf(const std::string& trace)
-{
-    std::vector<std::string> lines;
-    std::istringstream in{trace};
-    for (std::string line; std::getline(in, line);)
-        lines.push_back(line);
-    return lines;
-}
-
 Loss compared(const std::string& crossing, const std::vector<std::string>& whole,
     const std::vector<std::string>& failed)
 {

@@ -18,9 +18,6 @@ struct Loss {
     bool isPlain() const;
 };
 
-// The lines of a trace without the scenario's commands.
-std::vector<std::string> linesOf(const std::string& trace);
-
 // Compares the trace of a run in which the crossing failed with that of the run without.
 Loss compared(const std::string& crossing, const std::vector<std::string>& whole,
     const std::vector<std::string>& failed);

@@ -1,5 +1,6 @@
 #include "one_failure/failing_seam.h"
 #include "one_failure/losses.h"
+#include "support/lines_of.h"
 #include "support/standard_project.h"
 
 #include <gtest/gtest.h>

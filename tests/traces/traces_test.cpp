@@ -1,3 +1,4 @@
+#include "support/lines_of.h"
 #include "support/replay_fixture.h"
 
 #include <algorithm>
@@ -17,18 +18,10 @@ namespace fs = std::filesystem;
 using servopanel::recording::parseScenario;
 using servopanel::recording::Replay;
 using servopanel::recording::ScenarioError;
+using servopanel::testing::linesOf;
 using servopanel::testing::standardProject;
 
 const fs::path folder = fs::path{SERVOPANEL_TESTS_DIR} / "traces";
-
-std::vector<std::string> linesOf(const std::string& text)
-{
-    std::vector<std::string> lines;
-    std::istringstream in{text};
-    for (std::string line; std::getline(in, line);)
-        lines.push_back(line);
-    return lines;
-}
 
 std::optional<std::string> contentOf(const fs::path& file)
 {
